@@ -1,0 +1,78 @@
+# Compiler settings shared by every target, and the few helpers that the folders use.
+
+set(CMAKE_CXX_STANDARD 17)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_AUTOMOC ON)
+set(CMAKE_AUTORCC ON)
+set(CMAKE_AUTOGEN_PARALLEL 2)
+
+if(NOT CMAKE_BUILD_TYPE)
+  set(CMAKE_BUILD_TYPE Release CACHE STRING "Build type" FORCE)
+endif()
+# Line tables are what a back trace needs; full debug information doubles the build.
+set(CMAKE_CXX_FLAGS_DEBUG "-O0 -g1")
+
+# One place for everything that can be started or loaded, so that run paths are short.
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/bin")
+set(CMAKE_LIBRARY_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/lib")
+
+find_program(TE2_CCACHE ccache)
+if(TE2_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
+  # The build folders of one work tree share their cache.
+  set(CMAKE_CXX_COMPILER_LAUNCHER
+    "${CMAKE_COMMAND};-E;env;CCACHE_BASEDIR=${CMAKE_SOURCE_DIR};CCACHE_NOHASHDIR=1;${TE2_CCACHE}")
+endif()
+
+add_library(te2_settings INTERFACE)
+target_compile_options(te2_settings INTERFACE
+  -Wall -Wextra -Wpedantic -Wshadow -Woverloaded-virtual -Wnon-virtual-dtor
+  $<$<BOOL:${TE2_WARNINGS_AS_ERRORS}>:-Werror>)
+target_compile_definitions(te2_settings INTERFACE
+  QT_NO_KEYWORDS QT_NO_FOREACH QT_NO_NARROWING_CONVERSIONS_IN_CONNECT QT_DISABLE_DEPRECATED_BEFORE=0x050F00)
+if(TE2_SANITIZE)
+  target_compile_options(te2_settings INTERFACE -fsanitize=address,undefined -fno-omit-frame-pointer)
+  target_link_options(te2_settings INTERFACE -fsanitize=address,undefined)
+endif()
+
+# Product code names the encoding of every literal; tests may be briefer.
+add_library(te2_strict INTERFACE)
+target_link_libraries(te2_strict INTERFACE te2_settings)
+target_compile_definitions(te2_strict INTERFACE QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII)
+
+# te2_add_host_library(<name> SOURCES ... LINKS ...): one of the host's shared libraries.
+function(te2_add_host_library name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
+  add_library(${name} SHARED ${ARG_SOURCES})
+  target_include_directories(${name} PUBLIC "${CMAKE_SOURCE_DIR}/host")
+  target_link_libraries(${name} PUBLIC ${ARG_LINKS} PRIVATE te2_strict)
+endfunction()
+
+# te2_add_folder(<name> SOURCES ...): one object library of the plug-in. The folders call each
+# other both ways, which static libraries cannot do without naming each other in circles.
+function(te2_add_folder name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
+  add_library(te2_${name} OBJECT ${ARG_SOURCES})
+  target_include_directories(te2_${name} PUBLIC "${CMAKE_SOURCE_DIR}/src")
+  # Hidden inline statics do not become unique symbols, and so the module can be unloaded.
+  set_target_properties(te2_${name} PROPERTIES CXX_VISIBILITY_PRESET hidden
+    VISIBILITY_INLINES_HIDDEN ON)
+  target_link_libraries(te2_${name} PUBLIC Qt5::Widgets maya_api ${ARG_LINKS} PRIVATE te2_strict)
+  set_property(GLOBAL APPEND PROPERTY TE2_FOLDERS te2_${name})
+endfunction()
+
+# te2_add_test(<program> CLASSES A B SOURCES ... LINKS ...): one Qt Test program per subsystem;
+# each class is an entry of its own in the test list and runs in a process of its own.
+function(te2_add_test name)
+  cmake_parse_arguments(ARG "" "" "CLASSES;SOURCES;LINKS" ${ARGN})
+  add_executable(${name} ${ARG_SOURCES})
+  target_include_directories(${name} PRIVATE "${CMAKE_SOURCE_DIR}/tests")
+  target_compile_definitions(${name} PRIVATE "TEST_DATA_DIR=\"${CMAKE_CURRENT_SOURCE_DIR}/data\"")
+  target_link_libraries(${name} PRIVATE test_support ${ARG_LINKS} Qt5::Test te2_settings)
+  foreach(class IN LISTS ARG_CLASSES)
+    add_test(NAME ${name}.${class} COMMAND ${name} ${class})
+    set_tests_properties(${name}.${class} PROPERTIES TIMEOUT 120
+      ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8;TE2_BUILD_DIR=${CMAKE_BINARY_DIR};ASAN_OPTIONS=fast_unwind_on_malloc=0;LSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/tests/support/lsan.supp")
+  endforeach()
+endfunction()

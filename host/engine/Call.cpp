@@ -1,0 +1,454 @@
+#include "engine/Call.h"
+
+namespace host {
+
+namespace {
+
+QString TypeText(ArgumentType type)
+{
+    switch (type) {
+    case ArgumentType::Bool: return QStringLiteral("boolean");
+    case ArgumentType::Int:
+    case ArgumentType::Unsigned: return QStringLiteral("int");
+    case ArgumentType::Float: return QStringLiteral("double");
+    case ArgumentType::Length: return QStringLiteral("distance");
+    case ArgumentType::Angle: return QStringLiteral("angle");
+    case ArgumentType::Time: return QStringLiteral("time");
+    case ArgumentType::String:
+    case ArgumentType::Name: return QStringLiteral("string");
+    case ArgumentType::Script: return QStringLiteral("script");
+    }
+    return {};
+}
+
+/// Python's word for what a flag wanted or got.
+QString PythonTypeText(ArgumentType type)
+{
+    switch (type) {
+    case ArgumentType::Bool: return QStringLiteral("bool");
+    case ArgumentType::Float: return QStringLiteral("float");
+    case ArgumentType::String:
+    case ArgumentType::Name: return QStringLiteral("str");
+    default: return TypeText(type);
+    }
+}
+
+QString PythonTypeText(const Word& word)
+{
+    if (word.callable)
+        return QStringLiteral("function");
+    switch (word.value.GetKind()) {
+    case Value::Kind::None: return QStringLiteral("NoneType");
+    case Value::Kind::Bool: return QStringLiteral("bool");
+    case Value::Kind::Int: return QStringLiteral("int");
+    case Value::Kind::Float: return QStringLiteral("float");
+    case Value::Kind::String: return QStringLiteral("str");
+    default: return QStringLiteral("list");
+    }
+}
+
+const char* const TRUE_WORDS[] = {"on", "yes", "true", "1"};
+const char* const FALSE_WORDS[] = {"off", "no", "false", "0"};
+
+std::optional<bool> ReadBool(const Word& word)
+{
+    if (word.value.IsNumber())
+        return word.value.ToBool();
+    const QString text = word.Text();
+    for (const char* name : TRUE_WORDS) {
+        if (text == QLatin1String(name))
+            return true;
+    }
+    for (const char* name : FALSE_WORDS) {
+        if (text == QLatin1String(name))
+            return false;
+    }
+    return std::nullopt;
+}
+
+bool IsNumeric(ArgumentType type)
+{
+    return type == ArgumentType::Int || type == ArgumentType::Unsigned
+        || type == ArgumentType::Float || type == ArgumentType::Length
+        || type == ArgumentType::Angle || type == ArgumentType::Time;
+}
+
+/// Turns the word into the type wanted; false when it cannot be.
+bool Convert(Word& word, ArgumentType type)
+{
+    if (word.callable)
+        return type == ArgumentType::Script;
+    if (word.value.IsNone() || word.value.IsArray())
+        return false;
+    if (type == ArgumentType::Bool) {
+        const std::optional<bool> yes = ReadBool(word);
+        if (yes)
+            word.value = *yes;
+        return yes.has_value();
+    }
+    if (!IsNumeric(type)) {
+        word.value = word.Text();
+        return true;
+    }
+    bool exact = true;
+    const double number = word.value.ToFloat(&exact);
+    if (type == ArgumentType::Int || type == ArgumentType::Unsigned)
+        word.value = word.value.ToInt();
+    else
+        word.value = number;
+    return exact && (type != ArgumentType::Unsigned || number >= 0);
+}
+
+} // namespace
+
+/// Builds a Call step by step. Both front ends feed it flags with their words; the texts of the
+/// errors are the only difference between them.
+class CallReader
+{
+public:
+    CallReader(const Command& command, Language language)
+        : m_command(command)
+    {
+        m_read.call.m_command = &command;
+        m_read.call.m_language = language;
+    }
+
+    void FromWords(const QVector<Word>& words);
+    void FromKeywords(const QVector<Word>& positional, const QVector<Keyword>& keywords);
+    ReadCall Take() { return std::move(m_read); }
+
+private:
+    bool Python() const { return m_read.call.m_language == Language::Python; }
+    bool Fail(const QString& text, ErrorKind kind = ErrorKind::Runtime);
+    bool SetMode(Mode mode);
+    const Flag* FindFlag(const QString& name);
+    bool WantsArguments(const Flag& flag) const;
+    bool AddUse(const Flag& flag, QVector<Word> arguments);
+    bool ReadMelFlag(const QVector<Word>& words, int& position);
+    bool ReadPythonFlag(const Keyword& keyword);
+    void AddObjects(const QVector<Word>& words);
+    void CheckObjects();
+    bool ReadModes(const QString& name);
+
+    const Command& m_command;
+    ReadCall m_read;
+};
+
+bool CallReader::Fail(const QString& text, ErrorKind kind)
+{
+    if (!m_read.error)
+        m_read.error = Error{text, kind};
+    return false;
+}
+
+bool CallReader::SetMode(Mode mode)
+{
+    if (m_read.call.m_mode != Create && m_read.call.m_mode != mode)
+        return Fail(QStringLiteral("Cannot edit and query at the same time"));
+    m_read.call.m_mode = mode;
+    return true;
+}
+
+/// True when `name` is the query or edit flag; the mode is set then.
+bool CallReader::ReadModes(const QString& name)
+{
+    if (m_command.CanQuery() && (name == QLatin1String("q") || name == QLatin1String("query")))
+        return SetMode(Query) || true;
+    if (m_command.CanEdit() && (name == QLatin1String("e") || name == QLatin1String("edit")))
+        return SetMode(Edit) || true;
+    return false;
+}
+
+const Flag* CallReader::FindFlag(const QString& name)
+{
+    const Flag* flag = m_command.FindFlag(name);
+    if (!flag) {
+        if (Python())
+            Fail(QStringLiteral("Invalid flag '%1'").arg(name), ErrorKind::Type);
+        else
+            Fail(QStringLiteral("Invalid flag '-%1'").arg(name));
+    }
+    return flag;
+}
+
+bool CallReader::WantsArguments(const Flag& flag) const
+{
+    // What exists is asked for without a value, with or without the query flag.
+    return m_read.call.m_mode != Query || flag.queryTakesArguments;
+}
+
+bool CallReader::AddUse(const Flag& flag, QVector<Word> arguments)
+{
+    // Some flags that change things are accepted without the edit flag; none can be queried by
+    // chance.
+    if (m_read.call.m_mode == Query && !(flag.modes & Query))
+        return Fail(QStringLiteral("Flag '-%1' cannot be used in query mode.").arg(flag.longName));
+    for (int i = 0; i < arguments.size(); ++i) {
+        const ArgumentType type = flag.arguments.value(qMin(i, flag.arguments.size() - 1));
+        const QString got = PythonTypeText(arguments[i]);
+        if (Convert(arguments[i], type))
+            continue;
+        if (Python()) {
+            return Fail(QStringLiteral("Invalid arguments for flag '%1'.  Expected %2, got %3")
+                            .arg(flag.shortName, PythonTypeText(type), got),
+                ErrorKind::Type);
+        }
+        return Fail(QStringLiteral("Flag '-%1' must be passed a %2 argument")
+                        .arg(flag.longName, TypeText(type)));
+    }
+    if (!m_read.call.m_given.contains(flag.longName))
+        m_read.call.m_given += flag.longName;
+    m_read.call.m_uses.append({flag.longName, std::move(arguments)});
+    return true;
+}
+
+bool CallReader::ReadMelFlag(const QVector<Word>& words, int& position)
+{
+    const QString name = words[position++].value.ToText().mid(1);
+    if (ReadModes(name))
+        return !m_read.error;
+    const Flag* flag = FindFlag(name);
+    if (!flag)
+        return false;
+    QVector<Word> arguments;
+    if (!WantsArguments(*flag))
+        return AddUse(*flag, arguments);
+    int wanted = flag->arguments.size();
+    while (position < words.size() && !words[position].isFlag
+        && (arguments.size() < wanted || flag->takesList)) {
+        arguments += words[position++];
+    }
+    if (arguments.size() < wanted && flag->queryTakesArguments && m_read.call.m_mode == Query
+        && arguments.isEmpty()) {
+        wanted = 0; // The name may be left out of such a query.
+    }
+    if (arguments.size() < wanted) {
+        return Fail(QStringLiteral("Flag '-%1' must be passed a %2 argument")
+                        .arg(flag->longName, TypeText(flag->arguments.value(arguments.size()))));
+    }
+    return AddUse(*flag, arguments);
+}
+
+void CallReader::FromWords(const QVector<Word>& words)
+{
+    m_read.call.m_words = words;
+    if (m_command.takesRawWords)
+        return;
+    // The mode decides whether flags take values, so it has to be known before them.
+    for (const Word& word : words) {
+        if (word.isFlag)
+            ReadModes(word.value.ToText().mid(1));
+    }
+    QVector<Word> objects;
+    int position = 0;
+    while (position < words.size() && !m_read.error) {
+        if (words[position].isFlag)
+            ReadMelFlag(words, position);
+        else
+            objects += words[position++];
+    }
+    AddObjects(objects);
+}
+
+bool CallReader::ReadPythonFlag(const Keyword& keyword)
+{
+    const Flag* flag = FindFlag(keyword.name);
+    if (!flag)
+        return false;
+    for (const QVector<Word>& use : keyword.uses) {
+        // A query says which flag by name=True; only a flag that wants a value reads it.
+        const bool plainTrue = use.size() == 1 && use.first().value.GetKind() == Value::Kind::Bool;
+        if (flag->arguments.isEmpty() || !WantsArguments(*flag)
+            || (m_read.call.m_mode == Query && plainTrue)) {
+            if (use.isEmpty() || use.first().callable || use.first().value.IsNone()
+                || use.first().value.ToBool() || use.first().value.IsString())
+                AddUse(*flag, {});
+            continue;
+        }
+        if (use.size() < flag->arguments.size()
+            || (use.size() > flag->arguments.size() && !flag->takesList)) {
+            QStringList wanted;
+            for (const ArgumentType type : flag->arguments)
+                wanted += PythonTypeText(type);
+            QString list = wanted.join(QStringLiteral(", "));
+            if (wanted.size() > 1)
+                list = QStringLiteral("( %1 )").arg(list);
+            return Fail(QStringLiteral("Invalid arguments for flag '%1'.  Expected %2, got %3")
+                            .arg(keyword.name, list,
+                                use.isEmpty() ? QStringLiteral("[]") : PythonTypeText(use.first())),
+                ErrorKind::Type);
+        }
+        if (!AddUse(*flag, use))
+            return false;
+    }
+    return true;
+}
+
+void CallReader::FromKeywords(const QVector<Word>& positional, const QVector<Keyword>& keywords)
+{
+    QVector<Word>& words = m_read.call.m_words;
+    for (const Keyword& keyword : keywords) {
+        const bool given = keyword.uses.isEmpty() || keyword.uses.first().isEmpty()
+            || keyword.uses.first().first().value.ToBool();
+        if (given)
+            ReadModes(keyword.name);
+    }
+    for (const Keyword& keyword : keywords) {
+        if (m_read.error)
+            return;
+        const bool isMode
+            = (m_command.CanQuery()
+                  && (keyword.name == QLatin1String("q") || keyword.name == QLatin1String("query")))
+            || (m_command.CanEdit()
+                && (keyword.name == QLatin1String("e") || keyword.name == QLatin1String("edit")));
+        for (const QVector<Word>& use : keyword.uses) {
+            words += Word::FlagNamed(keyword.name);
+            const Flag* flag = m_command.FindFlag(keyword.name);
+            if (!isMode && (!flag || !flag->arguments.isEmpty()))
+                words += use;
+        }
+        if (!isMode && !m_command.takesRawWords)
+            ReadPythonFlag(keyword);
+    }
+    words = positional + words;
+    AddObjects(positional);
+}
+
+void CallReader::AddObjects(const QVector<Word>& words)
+{
+    if (m_read.error)
+        return;
+    for (const Word& word : words) {
+        if (word.value.IsArray()) {
+            for (int i = 0; i < word.value.Count(); ++i)
+                m_read.call.m_objects += word.value.At(i);
+        } else if (!word.spelling.isEmpty() && !word.value.IsNumber()) {
+            m_read.call.m_objects += Value(word.spelling);
+        } else {
+            m_read.call.m_objects += word.value;
+        }
+    }
+    if (!m_command.takesRawWords)
+        CheckObjects();
+}
+
+void CallReader::CheckObjects()
+{
+    const Objects& wanted = m_command.GetObjects();
+    QVector<Value>& objects = m_read.call.m_objects;
+    if (wanted.maximum != Objects::UNLIMITED && objects.size() > wanted.maximum) {
+        Fail(QStringLiteral("Too many objects or values."));
+        return;
+    }
+    if (m_read.call.m_mode == Create && objects.size() < wanted.minimum) {
+        Fail(QStringLiteral("This command requires at least %1 argument(s) to be specified or "
+                            "selected; found %2.")
+                 .arg(wanted.minimum)
+                 .arg(objects.size()));
+        return;
+    }
+    for (int i = 0; i < objects.size() && !wanted.types.isEmpty(); ++i) {
+        Word word{objects[i], {}, false, {}};
+        const ArgumentType type = wanted.types.at(qMin(i, wanted.types.size() - 1));
+        if (Convert(word, type))
+            objects[i] = word.value;
+        else
+            Fail(QStringLiteral("Error while parsing arguments."), ErrorKind::Type);
+    }
+}
+
+const Word* Call::FindArgument(const char* flag, int index, int use) const
+{
+    Q_ASSERT_X(m_command->FindFlag(QLatin1String(flag)), "Call", flag);
+    for (const Use& candidate : m_uses) {
+        if (candidate.flag != QLatin1String(flag) || use-- > 0)
+            continue;
+        return index < candidate.arguments.size() ? &candidate.arguments.at(index) : nullptr;
+    }
+    return nullptr;
+}
+
+int Call::UseCount(const char* flag) const
+{
+    int count = 0;
+    for (const Use& use : m_uses)
+        count += use.flag == QLatin1String(flag) ? 1 : 0;
+    return count;
+}
+
+Value Call::Argument(const char* flag, int index, int use) const
+{
+    const Word* word = FindArgument(flag, index, use);
+    return word ? word->value : Value();
+}
+
+int Call::Int(const char* flag, int index, int use) const
+{
+    return Argument(flag, index, use).ToInt();
+}
+
+double Call::Float(const char* flag, int index, int use) const
+{
+    return Argument(flag, index, use).ToFloat();
+}
+
+QString Call::Text(const char* flag, int index, int use) const
+{
+    return Argument(flag, index, use).ToText();
+}
+
+bool Call::Bool(const char* flag, int index, int use) const
+{
+    const Word* word = FindArgument(flag, index, use);
+    return word ? word->value.ToBool() : Has(flag);
+}
+
+Script Call::GetScript(const char* flag, int index, int use) const
+{
+    const Word* word = FindArgument(flag, index, use);
+    if (!word)
+        return {m_language, {}, nullptr};
+    return {m_language, word->callable ? QString() : word->value.ToText(), word->callable};
+}
+
+QStringList Call::Texts(const char* flag) const
+{
+    QStringList texts;
+    for (const Use& use : m_uses) {
+        if (use.flag != QLatin1String(flag))
+            continue;
+        for (const Word& word : use.arguments)
+            texts += word.value.ToText();
+    }
+    return texts;
+}
+
+QStringList Call::ObjectTexts() const
+{
+    QStringList texts;
+    for (const Value& object : m_objects)
+        texts += object.ToText();
+    return texts;
+}
+
+QString Call::ObjectText(int index) const
+{
+    return index < m_objects.size() ? m_objects.at(index).ToText() : QString();
+}
+
+ReadCall ReadWords(const Command& command, const QVector<Word>& words)
+{
+    CallReader reader(command, Language::Mel);
+    reader.FromWords(words);
+    return reader.Take();
+}
+
+ReadCall ReadKeywords(
+    const Command& command, const QVector<Word>& positional, const QVector<Keyword>& keywords)
+{
+    CallReader reader(command, Language::Python);
+    reader.FromKeywords(positional, keywords);
+    return reader.Take();
+}
+
+} // namespace host

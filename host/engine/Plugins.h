@@ -1,0 +1,62 @@
+#pragma once
+
+#include "engine/Outcome.h"
+
+#include <memory>
+#include <vector>
+
+namespace host {
+
+/// A loaded plug-in. Its address is what an API object handle points to; it stays valid until the
+/// plug-in is unloaded.
+struct Plugin
+{
+    QString name; ///< file name without directory and suffix
+    QString path; ///< absolute
+    QString vendor = QStringLiteral("Unknown");
+    QString version = QStringLiteral("Unknown");
+    QString apiVersion = QStringLiteral("Any");
+    QStringList commands; ///< registered by it and not deregistered since
+    void* library = nullptr; ///< the loader's handle
+};
+
+/// Opens, starts, stops and closes plug-in files: the part that knows the API.
+class PluginLoader
+{
+public:
+    virtual ~PluginLoader() = default;
+    /// Opens plugin.path and runs its entry point. On failure everything it registered is gone and
+    /// the file is closed again.
+    virtual Outcome Load(Plugin& plugin) = 0;
+    /// Runs the exit point and closes the file. On failure the plug-in stays loaded, unless forced.
+    virtual Outcome Unload(Plugin& plugin, bool force) = 0;
+};
+
+/// The plug-ins of this process. Main thread only.
+class Plugins
+{
+public:
+    void SetLoader(std::unique_ptr<PluginLoader> loader) { m_loader = std::move(loader); }
+
+    /// Absolute path of the file that `nameOrPath` means: as it is, in the current directory, or
+    /// along MAYA_PLUG_IN_PATH; the suffix ".so" may be missing. Empty when there is none.
+    static QString FindFile(const QString& nameOrPath);
+
+    /// The plug-in's name. An error when it cannot be loaded; loading again is `alreadyLoaded`.
+    Outcome Load(const QString& nameOrPath, bool* alreadyLoaded = nullptr);
+    Outcome Unload(const QString& name, bool force);
+    /// By name, file name or path. Null when it is not loaded.
+    Plugin* Find(const QString& nameOrPath) const;
+    QStringList Names() const;
+
+    /// Plug-ins that a layout or the user wants loaded at every start, by name.
+    QStringList autoload;
+
+    static QString NameOf(const QString& path);
+
+private:
+    std::vector<std::unique_ptr<Plugin>> m_plugins;
+    std::unique_ptr<PluginLoader> m_loader;
+};
+
+} // namespace host
