@@ -25,28 +25,28 @@ if(TE2_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
     "${CMAKE_COMMAND};-E;env;CCACHE_BASEDIR=${CMAKE_SOURCE_DIR};CCACHE_NOHASHDIR=1;${TE2_CCACHE}")
 endif()
 
-add_library(te2_settings INTERFACE)
-target_compile_options(te2_settings INTERFACE
+add_library(te2_flags INTERFACE)
+target_compile_options(te2_flags INTERFACE
   -Wall -Wextra -Wpedantic -Wshadow -Woverloaded-virtual -Wnon-virtual-dtor
   $<$<BOOL:${TE2_WARNINGS_AS_ERRORS}>:-Werror>)
-target_compile_definitions(te2_settings INTERFACE
+target_compile_definitions(te2_flags INTERFACE
   QT_NO_KEYWORDS QT_NO_FOREACH QT_NO_NARROWING_CONVERSIONS_IN_CONNECT QT_DISABLE_DEPRECATED_BEFORE=0x050F00)
 if(TE2_SANITIZE)
-  target_compile_options(te2_settings INTERFACE -fsanitize=address,undefined -fno-omit-frame-pointer)
-  target_link_options(te2_settings INTERFACE -fsanitize=address,undefined)
+  target_compile_options(te2_flags INTERFACE -fsanitize=address,undefined -fno-omit-frame-pointer)
+  target_link_options(te2_flags INTERFACE -fsanitize=address,undefined)
 endif()
 
 # Product code names the encoding of every literal; tests may be briefer.
-add_library(te2_strict INTERFACE)
-target_link_libraries(te2_strict INTERFACE te2_settings)
-target_compile_definitions(te2_strict INTERFACE QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII)
+add_library(te2_strict_flags INTERFACE)
+target_link_libraries(te2_strict_flags INTERFACE te2_flags)
+target_compile_definitions(te2_strict_flags INTERFACE QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII)
 
 # te2_add_host_library(<name> SOURCES ... LINKS ...): one of the host's shared libraries.
 function(te2_add_host_library name)
   cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
   add_library(${name} SHARED ${ARG_SOURCES})
   target_include_directories(${name} PUBLIC "${CMAKE_SOURCE_DIR}/host")
-  target_link_libraries(${name} PUBLIC ${ARG_LINKS} PRIVATE te2_strict)
+  target_link_libraries(${name} PUBLIC ${ARG_LINKS} PRIVATE te2_strict_flags)
 endfunction()
 
 # te2_add_folder(<name> SOURCES ...): one object library of the plug-in. The folders call each
@@ -58,7 +58,7 @@ function(te2_add_folder name)
   # Hidden inline statics do not become unique symbols, and so the module can be unloaded.
   set_target_properties(te2_${name} PROPERTIES CXX_VISIBILITY_PRESET hidden
     VISIBILITY_INLINES_HIDDEN ON)
-  target_link_libraries(te2_${name} PUBLIC Qt5::Widgets maya_api ${ARG_LINKS} PRIVATE te2_strict)
+  target_link_libraries(te2_${name} PUBLIC Qt5::Widgets maya_api ${ARG_LINKS} PRIVATE te2_strict_flags)
   set_property(GLOBAL APPEND PROPERTY TE2_FOLDERS te2_${name})
 endfunction()
 
@@ -69,7 +69,7 @@ function(te2_add_test name)
   add_executable(${name} ${ARG_SOURCES})
   target_include_directories(${name} PRIVATE "${CMAKE_SOURCE_DIR}/tests")
   target_compile_definitions(${name} PRIVATE "TEST_DATA_DIR=\"${CMAKE_CURRENT_SOURCE_DIR}/data\"")
-  target_link_libraries(${name} PRIVATE test_support ${ARG_LINKS} Qt5::Test te2_settings)
+  target_link_libraries(${name} PRIVATE test_support ${ARG_LINKS} Qt5::Test te2_flags)
   foreach(class IN LISTS ARG_CLASSES)
     add_test(NAME ${name}.${class} COMMAND ${name} ${class})
     set_tests_properties(${name}.${class} PROPERTIES TIMEOUT 120
