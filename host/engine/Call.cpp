@@ -99,6 +99,39 @@ bool Convert(Word& word, ArgumentType type)
     return exact && (type != ArgumentType::Unsigned || number >= 0);
 }
 
+/// The elements of an array as words of their own.
+QVector<Word> Spread(const Word& word)
+{
+    if (!word.value.IsArray())
+        return {word};
+    QVector<Word> words;
+    for (int i = 0; i < word.value.Count(); ++i)
+        words += Word{word.value.At(i), {}, false, {}};
+    return words;
+}
+
+/// True for query=True and query="name", false for query=False and query=None.
+bool SwitchesOn(const Keyword& keyword)
+{
+    if (keyword.uses.isEmpty() || keyword.uses.first().isEmpty())
+        return true;
+    const Word& word = keyword.uses.first().first();
+    return word.value.IsString() ? ReadBool(word).value_or(true) : word.value.ToBool();
+}
+
+/// The object that query="name" carries besides the mode.
+QVector<Word> ObjectsInMode(const Keyword& keyword)
+{
+    QVector<Word> objects;
+    for (const QVector<Word>& use : keyword.uses) {
+        for (const Word& word : use) {
+            if (word.value.IsString() && !ReadBool(word))
+                objects += word;
+        }
+    }
+    return objects;
+}
+
 } // namespace
 
 /// Builds a Call step by step. Both front ends feed it flags with their words; the texts of the
@@ -123,7 +156,7 @@ private:
     bool SetMode(Mode mode);
     const Flag* FindFlag(const QString& name);
     bool WantsArguments(const Flag& flag) const;
-    bool AddUse(const Flag& flag, QVector<Word> arguments);
+    bool AddUse(const Flag& flag, QVector<Word> arguments, const QString& spelling = {});
     bool ReadMelFlag(const QVector<Word>& words, int& position);
     bool ReadPythonFlag(const Keyword& keyword);
     void AddObjects(const QVector<Word>& words);
@@ -177,7 +210,7 @@ bool CallReader::WantsArguments(const Flag& flag) const
     return m_read.call.m_mode != Query || flag.queryTakesArguments;
 }
 
-bool CallReader::AddUse(const Flag& flag, QVector<Word> arguments)
+bool CallReader::AddUse(const Flag& flag, QVector<Word> arguments, const QString& spelling)
 {
     // Some flags that change things are accepted without the edit flag; none can be queried by
     // chance.
@@ -190,7 +223,7 @@ bool CallReader::AddUse(const Flag& flag, QVector<Word> arguments)
             continue;
         if (Python()) {
             return Fail(QStringLiteral("Invalid arguments for flag '%1'.  Expected %2, got %3")
-                            .arg(flag.shortName, PythonTypeText(type), got),
+                            .arg(spelling, PythonTypeText(type), got),
                 ErrorKind::Type);
         }
         return Fail(QStringLiteral("Flag '-%1' must be passed a %2 argument")
@@ -216,7 +249,8 @@ bool CallReader::ReadMelFlag(const QVector<Word>& words, int& position)
     int wanted = flag->arguments.size();
     while (position < words.size() && !words[position].isFlag
         && (arguments.size() < wanted || flag->takesList)) {
-        arguments += words[position++];
+        arguments += flag->takesList ? Spread(words[position]) : QVector<Word>{words[position]};
+        ++position;
     }
     if (arguments.size() < wanted && flag->queryTakesArguments && m_read.call.m_mode == Query
         && arguments.isEmpty()) {
@@ -278,7 +312,7 @@ bool CallReader::ReadPythonFlag(const Keyword& keyword)
                                 use.isEmpty() ? QStringLiteral("[]") : PythonTypeText(use.first())),
                 ErrorKind::Type);
         }
-        if (!AddUse(*flag, use))
+        if (!AddUse(*flag, use, keyword.name))
             return false;
     }
     return true;
@@ -287,11 +321,10 @@ bool CallReader::ReadPythonFlag(const Keyword& keyword)
 void CallReader::FromKeywords(const QVector<Word>& positional, const QVector<Keyword>& keywords)
 {
     QVector<Word>& words = m_read.call.m_words;
+    QVector<Word> objects = positional;
     for (const Keyword& keyword : keywords) {
-        const bool given = keyword.uses.isEmpty() || keyword.uses.first().isEmpty()
-            || keyword.uses.first().first().value.ToBool();
-        if (given)
-            ReadModes(keyword.name);
+        if (SwitchesOn(keyword) && ReadModes(keyword.name))
+            objects += ObjectsInMode(keyword);
     }
     for (const Keyword& keyword : keywords) {
         if (m_read.error)
@@ -310,8 +343,8 @@ void CallReader::FromKeywords(const QVector<Word>& positional, const QVector<Key
         if (!isMode && !m_command.takesRawWords)
             ReadPythonFlag(keyword);
     }
-    words = positional + words;
-    AddObjects(positional);
+    words = objects + words;
+    AddObjects(objects);
 }
 
 void CallReader::AddObjects(const QVector<Word>& words)

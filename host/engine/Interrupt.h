@@ -19,7 +19,12 @@ public:
 
     void Request() { m_requested = true; }
     bool IsRequested() const { return m_requested; }
-    void Clear() { m_requested = false; }
+    /// Main thread only; the next script's time starts anew.
+    void Clear()
+    {
+        m_requested = false;
+        m_sincePoll.invalidate();
+    }
     /// True when the running script has to stop. Cheap enough for every few hundred steps.
     bool Poll();
 

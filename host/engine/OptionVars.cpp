@@ -14,6 +14,8 @@ namespace {
 const QString KIND = QStringLiteral("type");
 const QString VALUE = QStringLiteral("value");
 
+const QString BROKEN_SUFFIX = QStringLiteral(".broken");
+
 QJsonValue ScalarToJson(const Value& value)
 {
     switch (value.GetKind()) {
@@ -78,8 +80,14 @@ QString OptionVars::Load(const QString& path)
     QJsonParseError error;
     const QJsonDocument document = QJsonDocument::fromJson(file.readAll(), &error);
     if (!document.isObject()) {
-        return QStringLiteral("Cannot understand preferences file \"%1\": %2")
-            .arg(path, error.errorString());
+        // The next save replaces the file, so what a person may still repair goes aside.
+        const QString copy = path + BROKEN_SUFFIX;
+        QFile::remove(copy);
+        const QString kept = QFile::copy(path, copy)
+            ? QStringLiteral(" A copy is kept as \"%1\".").arg(copy)
+            : QString();
+        return QStringLiteral("Cannot understand preferences file \"%1\": %2.%3")
+            .arg(path, error.errorString(), kept);
     }
     const QJsonObject entries = document.object();
     for (auto entry = entries.begin(); entry != entries.end(); ++entry) {

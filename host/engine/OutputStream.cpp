@@ -71,9 +71,13 @@ void OutputStream::Write(MessageType type, const QString& text)
     }
     bool keptBack = false;
     for (const Entry& entry : qAsConst(entries)) {
-        if ((entry.role == Role::Display && keptBack) || !IsPresent(entry.id))
-            continue;
-        keptBack = (*entry.call)(message) || keptBack;
+        if (entry.role != Role::Display && IsPresent(entry.id))
+            keptBack = (*entry.call)(message) || keptBack;
+    }
+    // Only now, as a filter may have been added after the display that it speaks for.
+    for (const Entry& entry : qAsConst(entries)) {
+        if (entry.role == Role::Display && !keptBack && IsPresent(entry.id))
+            (*entry.call)(message);
     }
     --nesting;
 }

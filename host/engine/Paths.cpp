@@ -57,7 +57,10 @@ QStringList Paths::ScriptPath() const
 {
     QStringList path{UserScriptsDirectory(), m_applicationDirectory + QLatin1String("/scripts")};
     path += qEnvironmentVariable("MAYA_SCRIPT_PATH").split(QLatin1Char(':'), Qt::SkipEmptyParts);
-    path += m_installDirectory + QLatin1String("/scripts");
+    const QString own = m_installDirectory + QLatin1String("/scripts");
+    path += own;
+    for (const QString& folder : QDir(own).entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name))
+        path += own + QLatin1Char('/') + folder;
     return path;
 }
 
@@ -66,8 +69,9 @@ QString Paths::FindScript(const QString& name) const
     if (name.isEmpty())
         return {};
     QStringList candidates{name};
+    // Beside "tool.mel" there may be a program or a folder called "tool".
     if (!name.endsWith(QLatin1String(".mel")))
-        candidates += name + QLatin1String(".mel");
+        candidates.prepend(name + QLatin1String(".mel"));
     const QStringList folders = QDir::isAbsolutePath(name) ? QStringList{QString()} : ScriptPath();
     for (const QString& folder : folders) {
         for (const QString& candidate : qAsConst(candidates)) {

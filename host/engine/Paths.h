@@ -22,7 +22,7 @@ public:
     QString InstallDirectory() const { return m_installDirectory; }
 
     /// Folders in which MEL files are looked for: the user's first, then MAYA_SCRIPT_PATH, then the
-    /// host's own.
+    /// host's own folder and the folders in it.
     QStringList ScriptPath() const;
     /// Absolute path of a file found along the script path ("" when absent); the suffix ".mel" may
     /// be missing.

@@ -20,7 +20,16 @@ QString ExistingFile(const QString& path)
     return {};
 }
 
+const QString NO_LOADER = QStringLiteral("This host cannot load plug-ins.");
+
 } // namespace
+
+void Plugins::Forget(const Plugin* plugin)
+{
+    m_plugins.erase(std::remove_if(m_plugins.begin(), m_plugins.end(),
+                        [&](const auto& other) { return other.get() == plugin; }),
+        m_plugins.end());
+}
 
 QString Plugins::NameOf(const QString& path)
 {
@@ -75,6 +84,8 @@ Outcome Plugins::Load(const QString& nameOrPath, bool* alreadyLoaded)
         return Error{
             QStringLiteral("Plug-in, \"%1\", was not found on MAYA_PLUG_IN_PATH.").arg(nameOrPath)};
     }
+    if (!m_loader)
+        return Error{NO_LOADER};
     auto plugin = std::make_unique<Plugin>();
     plugin->path = path;
     plugin->name = NameOf(path);
@@ -83,8 +94,7 @@ Outcome Plugins::Load(const QString& nameOrPath, bool* alreadyLoaded)
     m_plugins.push_back(std::move(plugin));
     const Outcome outcome = m_loader->Load(record);
     if (!outcome.Ok()) {
-        m_plugins.erase(std::find_if(m_plugins.begin(), m_plugins.end(),
-            [&](const auto& other) { return other.get() == &record; }));
+        Forget(&record);
         return outcome;
     }
     return record.name;
@@ -95,12 +105,15 @@ Outcome Plugins::Unload(const QString& name, bool force)
     Plugin* plugin = Find(name);
     if (!plugin)
         return Error{QStringLiteral("Plug-in, \"%1\", is not loaded.").arg(name)};
+    if (plugin->unloading)
+        return Error{QStringLiteral("Plug-in, \"%1\", is being unloaded already.").arg(name)};
+    plugin->unloading = true;
     const Outcome outcome = m_loader->Unload(*plugin, force);
+    plugin->unloading = false;
     if (!outcome.Ok())
         return outcome;
     const QString unloaded = plugin->name;
-    m_plugins.erase(std::find_if(m_plugins.begin(), m_plugins.end(),
-        [&](const auto& other) { return other.get() == plugin; }));
+    Forget(plugin);
     return unloaded;
 }
 

@@ -18,6 +18,7 @@ struct Plugin
     QString apiVersion = QStringLiteral("Any");
     QStringList commands; ///< registered by it and not deregistered since
     void* library = nullptr; ///< the loader's handle
+    bool unloading = false; ///< its exit point is running
 };
 
 /// Opens, starts, stops and closes plug-in files: the part that knows the API.
@@ -55,6 +56,8 @@ public:
     static QString NameOf(const QString& path);
 
 private:
+    void Forget(const Plugin* plugin);
+
     std::vector<std::unique_ptr<Plugin>> m_plugins;
     std::unique_ptr<PluginLoader> m_loader;
 };
