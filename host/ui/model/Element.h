@@ -2,16 +2,15 @@
 
 #include "engine/Script.h"
 
+#include <QAction>
 #include <QHash>
+#include <QMenu>
 #include <QObject>
 #include <QPointer>
 #include <QVector>
+#include <QWidget>
 
 #include <functional>
-
-class QAction;
-class QMenu;
-class QWidget;
 
 namespace host::ui {
 
@@ -84,18 +83,13 @@ public:
     std::function<void(Element& child)> placeChild;
     /// Called when children came, went or changed their label.
     std::function<void()> childrenChanged;
-    /// Called before the element goes, while its widget still stands.
+    /// Called before the element goes; its widget may be gone already.
     std::function<void()> aboutToGo;
-
-Q_SIGNALS:
-    /// Just before it is deleted; the name is still valid.
-    void Going();
 
 private:
     friend class InterfaceModel;
 
     Element(ElementKind kind, const QString& type, const QString& name, Element* parent);
-    void Watch(QObject* object);
     void Place(Element& child);
 
     ElementKind m_kind;

@@ -86,9 +86,13 @@ private:
 
     QString DefaultName(const QString& type, const Element* parent);
     QWidget* FindWidget(const QString& name, int kinds, const QWidget* ancestor) const;
-    void Register(QObject* object, Element* element);
+    bool HasChildNamed(const Element* parent, const QString& name) const;
+    QString FreeObjectName(const QWidget* control) const;
+    void Watch(QObject* object, Element* element);
     void OnObjectDestroyed(QObject* object);
+    /// Takes the element and its children off every list and deletes them; touches no widget.
     void Remove(Element* element);
+    void SetParent(Element* element, Element* parent);
 
     /// In the order of their creation.
     QVector<Element*> m_elements;
