@@ -250,7 +250,9 @@ bool CallReader::ReadMelFlag(const QVector<Word>& words, int& position)
     while (position < words.size() && !words[position].isFlag
         && (arguments.size() < wanted || flag->takesList)) {
         arguments += flag->takesList ? Spread(words[position]) : QVector<Word>{words[position]};
-        ++position;
+        // A whole array is the whole list; what follows it are objects.
+        if (words[position++].value.IsArray() && flag->takesList)
+            break;
     }
     if (arguments.size() < wanted && flag->queryTakesArguments && m_read.call.m_mode == Query
         && arguments.isEmpty()) {

@@ -50,6 +50,8 @@ public:
     IdleQueue idle;
     Interrupt interrupt;
     EchoState echo;
+    /// What the commands' library keeps (commands/Session.h).
+    std::shared_ptr<void> commandState;
 
     /// Set by the interpreters' libraries; not owned. Null until then.
     ScriptLanguage* mel = nullptr;

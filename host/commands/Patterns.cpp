@@ -1,0 +1,127 @@
+#include "commands/Patterns.h"
+
+namespace host::commands {
+
+namespace {
+
+const auto OPTIONS
+    = QRegularExpression::DotMatchesEverythingOption | QRegularExpression::DontCaptureOption;
+
+QString Literal(QChar character)
+{
+    return QRegularExpression::escape(QString(character));
+}
+
+/// Position of the "]" that closes the set opened at `open`, -1 when there is none. A "]" right
+/// after the opening belongs to the set.
+int SetEnd(const QString& pattern, int open, const QString& negations)
+{
+    int position = open + 1;
+    if (position < pattern.size() && negations.contains(pattern.at(position)))
+        ++position;
+    ++position;
+    while (position < pattern.size() && pattern.at(position) != QLatin1Char(']')) {
+        if (pattern.at(position) == QLatin1Char('\\') && position + 1 < pattern.size())
+            ++position;
+        ++position;
+    }
+    return position < pattern.size() ? position : -1;
+}
+
+/// The set between `open` and `end` in the library's notation. A "-" between two characters stays a
+/// range; a backslash counts as itself unless it stands before something special.
+QString Set(const QString& pattern, int open, int end, const QString& negations)
+{
+    QString set(QLatin1Char('['));
+    int position = open + 1;
+    if (negations.contains(pattern.at(position))) {
+        set += QLatin1Char('^');
+        ++position;
+    }
+    static const QString special = QStringLiteral("]\\-^[");
+    while (position < end) {
+        const QChar character = pattern.at(position);
+        const bool range = character == QLatin1Char('-') && position > open + 1
+            && position + 1 < end && !set.endsWith(QLatin1Char('^'));
+        if (range) {
+            set += character;
+        } else if (character == QLatin1Char('\\') && position + 1 < end
+            && special.contains(pattern.at(position + 1))) {
+            set += Literal(pattern.at(++position));
+        } else {
+            set += Literal(character);
+        }
+        ++position;
+    }
+    return set + QLatin1Char(']');
+}
+
+/// Two repeats in a row mean what the wider of them means; the library would read the second one as
+/// a change of manner.
+void AddRepeat(QString& expression, QChar repeat, int& lastRepeat)
+{
+    if (lastRepeat < 0) {
+        lastRepeat = expression.size();
+        expression += repeat;
+    } else if (expression.at(lastRepeat) != repeat) {
+        expression[lastRepeat] = QLatin1Char('*');
+    }
+}
+
+} // namespace
+
+QRegularExpression MatchExpression(const QString& pattern)
+{
+    QString expression;
+    int lastRepeat = -1;
+    for (int i = 0; i < pattern.size(); ++i) {
+        const QChar character = pattern.at(i);
+        if (QStringLiteral("*+?").contains(character)) {
+            AddRepeat(expression, character, lastRepeat);
+            continue;
+        }
+        lastRepeat = -1;
+        const int setEnd
+            = character == QLatin1Char('[') ? SetEnd(pattern, i, QStringLiteral("^")) : -1;
+        if (setEnd >= 0) {
+            expression += Set(pattern, i, setEnd, QStringLiteral("^"));
+            i = setEnd;
+        } else if (character == QLatin1Char('\\') && i + 1 < pattern.size()) {
+            expression += Literal(pattern.at(++i));
+        } else if (character == QLatin1Char('(')) {
+            expression += QLatin1String("(?:");
+        } else if (character == QLatin1Char('$')) {
+            expression += QLatin1String("\\z"); // "$" would also match before a last line feed
+        } else if (QStringLiteral(".^)|[").contains(character)) {
+            expression += character; // a "[" here is never closed: the library reports it
+        } else {
+            expression += Literal(character);
+        }
+    }
+    return QRegularExpression(expression, OPTIONS);
+}
+
+QRegularExpression ShellExpression(const QString& pattern)
+{
+    QString expression;
+    for (int i = 0; i < pattern.size(); ++i) {
+        const QChar character = pattern.at(i);
+        const int setEnd
+            = character == QLatin1Char('[') ? SetEnd(pattern, i, QStringLiteral("!^")) : -1;
+        if (setEnd >= 0) {
+            expression += Set(pattern, i, setEnd, QStringLiteral("!^"));
+            i = setEnd;
+        } else if (character == QLatin1Char('*')) {
+            expression += QLatin1String(".*");
+        } else if (character == QLatin1Char('?')) {
+            expression += QLatin1Char('.');
+        } else if (character == QLatin1Char('\\') && i + 1 < pattern.size()) {
+            expression += Literal(pattern.at(++i));
+        } else {
+            expression += Literal(character);
+        }
+    }
+    return QRegularExpression(QStringLiteral("\\A(?:%1)\\z").arg(expression), OPTIONS);
+}
+
+} // namespace host::commands

@@ -1,0 +1,14 @@
+#include "commands/Session.h"
+
+#include "engine/Engine.h"
+
+namespace host::commands {
+
+Session& Session::Current()
+{
+    auto* session = static_cast<Session*>(Engine::Current().commandState.get());
+    Q_ASSERT_X(session, "Session", "RegisterCommands was not called for this engine");
+    return *session;
+}
+
+} // namespace host::commands
