@@ -1,0 +1,69 @@
+#include "python/PythonCallable.h"
+
+#include "python/Execution.h"
+#include "python/PythonErrors.h"
+#include "python/PythonValue.h"
+
+namespace host::python {
+
+namespace {
+
+Reference ArgumentTuple(const QVector<Value>& arguments)
+{
+    Reference tuple = Reference::Take(PyTuple_New(arguments.size()));
+    for (int i = 0; tuple && i < arguments.size(); ++i) {
+        PyObject* argument = FromValue(arguments.at(i));
+        if (!argument)
+            return {};
+        PyTuple_SET_ITEM(tuple.Get(), i, argument);
+    }
+    return tuple;
+}
+
+} // namespace
+
+PythonCallable::PythonCallable(PyObject* function)
+    : m_function(function)
+{
+    Py_INCREF(m_function);
+}
+
+PythonCallable::~PythonCallable()
+{
+    // What outlives the interpreter was taken down with it.
+    if (!InterpreterIsRunning())
+        return;
+    const InterpreterLock lock;
+    Py_DECREF(m_function);
+}
+
+Outcome PythonCallable::Call(const QVector<Value>& arguments)
+{
+    if (!InterpreterIsRunning())
+        return Error{QStringLiteral("Python is not running.")};
+    const Execution execution;
+    if (!execution.IsAllowed()) {
+        PyErr_SetString(PyExc_RecursionError, qUtf8Printable(Execution::RefusalText()));
+        return ReportRaisedError();
+    }
+    // A control may be deleted, and its callback with it, by the callback itself.
+    const Reference function = Reference::Share(m_function);
+    const Reference tuple = ArgumentTuple(arguments);
+    const Reference result
+        = Reference::Take(tuple ? PyObject_CallObject(function.Get(), tuple.Get()) : nullptr);
+    if (!result)
+        return ReportRaisedError();
+    return ToValue(result.Get());
+}
+
+QString PythonCallable::Description() const
+{
+    if (!InterpreterIsRunning())
+        return {};
+    const InterpreterLock lock;
+    const QString text = Representation(m_function);
+    PyErr_Clear();
+    return text;
+}
+
+} // namespace host::python

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "engine/Script.h"
+#include "python/PythonApi.h"
+
+namespace host::python {
+
+/// A Python function (or anything else that can be called) that the host keeps. May be destroyed on
+/// any thread, also after the interpreter is gone.
+class PythonCallable : public Callable
+{
+public:
+    /// The interpreter lock is held.
+    explicit PythonCallable(PyObject* function);
+    ~PythonCallable() override;
+    PythonCallable(const PythonCallable&) = delete;
+    PythonCallable& operator=(const PythonCallable&) = delete;
+
+    Outcome Call(const QVector<Value>& arguments) override;
+    QString Description() const override;
+
+private:
+    PyObject* m_function; ///< a reference of its own
+};
+
+} // namespace host::python

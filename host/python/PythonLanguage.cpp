@@ -1,0 +1,99 @@
+#include "python/PythonLanguage.h"
+
+#include "engine/Engine.h"
+#include "python/Execution.h"
+#include "python/Interpreter.h"
+#include "python/PythonErrors.h"
+#include "python/PythonSource.h"
+#include "python/PythonValue.h"
+
+namespace host::python {
+
+namespace {
+
+PythonLanguage* current = nullptr;
+
+/// MEL's python("text"): the value of an expression.
+Outcome RunPythonText(FunctionCall& call)
+{
+    const ScriptResult result = Engine::Current().Execute(Language::Python, call.Text(0), false);
+    if (result.failed)
+        return Error{result.errorText, ErrorKind::Runtime, true};
+    return result.value.Normalized();
+}
+
+const FunctionRow FUNCTIONS[] = {
+    {"any python(string)", RunPythonText},
+};
+
+ScriptResult Failure(const Error& error)
+{
+    ScriptResult result;
+    result.failed = true;
+    result.errorText = error.text;
+    return result;
+}
+
+} // namespace
+
+PythonLanguage::PythonLanguage(Engine& engine)
+    : m_engine(engine)
+{
+    const QString problem = StartInterpreter(engine.paths);
+    if (!problem.isEmpty())
+        qFatal("%s", qUtf8Printable(problem));
+    m_stopWatcher = std::make_unique<StopWatcher>();
+    if (!m_stopWatcher->InstallSignalHandler())
+        ReportRaisedError();
+    current = this;
+    engine.python = this;
+    engine.commands.Register(FUNCTIONS);
+    PyEval_SaveThread();
+}
+
+PythonLanguage::~PythonLanguage()
+{
+    PyGILState_Ensure(); // never released: it ends with the interpreter
+    m_stopWatcher.reset();
+    StopInterpreter();
+    m_engine.python = nullptr;
+    current = nullptr;
+}
+
+PythonLanguage& PythonLanguage::Current()
+{
+    Q_ASSERT(current);
+    return *current;
+}
+
+ScriptResult PythonLanguage::Run(const QString& text)
+{
+    const Execution execution;
+    if (!execution.IsAllowed()) {
+        PyErr_SetString(PyExc_RecursionError, qUtf8Printable(Execution::RefusalText()));
+        return Failure(ReportRaisedError());
+    }
+    const Compiled compiled = CompileText(text);
+    const Reference value = Reference::Take(compiled.code ? RunCode(compiled.code.Get()) : nullptr);
+    if (!value)
+        return Failure(ReportRaisedError());
+    ScriptResult result;
+    if (!compiled.isExpression || value.Get() == Py_None)
+        return result;
+    result.resultText = ResultText(value.Get());
+    if (PyErr_Occurred())
+        return Failure(ReportRaisedError());
+    result.value = ToValue(value.Get());
+    return result;
+}
+
+ScriptResult PythonLanguage::RunFile(const QString& path)
+{
+    const Execution execution;
+    const QString found = FindSource(path);
+    const Reference code = Reference::Take(CompileFile(found.isEmpty() ? path : found));
+    const Reference value = Reference::Take(code ? RunFileCode(code.Get(), found) : nullptr);
+    return value ? ScriptResult() : Failure(ReportRaisedError());
+}
+
+} // namespace host::python

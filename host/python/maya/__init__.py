@@ -1,0 +1,1 @@
+"""The host's Python package."""

@@ -1,0 +1,41 @@
+"""What the host calls when Python starts and ends."""
+
+import sys
+import threading
+import _maya_host
+
+# Seconds that threads get to finish when the host is closed.
+THREAD_LIMIT = 2.0
+
+
+def _on_thread_exception(arguments):
+    if arguments.exc_type is not SystemExit:
+        _maya_host.showException(
+            arguments.exc_type, arguments.exc_value, arguments.exc_traceback)
+
+
+def _on_unraisable(problem):
+    what = problem.err_msg or "Exception ignored in"
+    _maya_host.show(_maya_host.WARNING, "%s: %r" % (what, problem.object))
+    _maya_host.showException(problem.exc_type, problem.exc_value, problem.exc_traceback)
+
+
+def start():
+    sys.excepthook = _maya_host.showException
+    sys.unraisablehook = _on_unraisable
+    threading.excepthook = _on_thread_exception
+
+
+def stop():
+    """Waits for the threads that are not daemons, but not for ever: the host has to close."""
+    wait_for_all = threading._shutdown
+    helper = threading.Thread(target=wait_for_all, name="shutdown", daemon=True)
+    helper.start()
+    helper.join(THREAD_LIMIT)
+    if not helper.is_alive():
+        return
+    names = [thread.name for thread in threading.enumerate()
+             if not thread.daemon and thread is not threading.main_thread()]
+    _maya_host.show(_maya_host.WARNING,
+                    "Python threads that did not end were left: %s" % ", ".join(names))
+    threading._shutdown = lambda: None

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "engine/Engine.h"
+#include "python/PythonLanguage.h"
+
+#include <QMutex>
+#include <QTemporaryDir>
+
+/// An engine with Python alone, and everything that it prints.
+class PythonFixture
+{
+public:
+    explicit PythonFixture(host::RunState state = host::RunState::Interactive);
+
+    /// Runs the text as the console does and gives what was shown, see Transcript.
+    QStringList Run(const QString& text);
+    host::ScriptResult Execute(const QString& text)
+    {
+        return engine.Execute(host::Language::Python, text, false);
+    }
+    /// One "Kind: text" per message since the last call, pieces of printed text joined.
+    QStringList TakeTranscript();
+    QVector<host::Message> TakeMessages();
+
+    QTemporaryDir directory;
+    host::Engine engine;
+    host::python::PythonLanguage python;
+
+private:
+    QMutex m_mutex;
+    QVector<host::Message> m_messages;
+};
