@@ -3,6 +3,7 @@
 #include <QRegularExpression>
 
 #include <algorithm>
+#include <utility>
 
 namespace host {
 
@@ -131,9 +132,38 @@ Command::Command(const QString& name, CommandOrigin origin, CommandHandler run)
     , m_origin(origin)
 { }
 
+bool Command::CanQuery() const
+{
+    ReadOnce();
+    return m_canQuery;
+}
+
+bool Command::CanEdit() const
+{
+    ReadOnce();
+    return m_canEdit;
+}
+
+void Command::SetDescriber(std::function<void(Command&)> describe)
+{
+    m_describe = std::move(describe);
+    m_read = false;
+}
+
+void Command::ReadOnce() const
+{
+    if (m_read)
+        return;
+    m_read = true;
+    // Only commands that were made changeable get a describer.
+    if (const auto describe = std::exchange(m_describe, nullptr))
+        describe(const_cast<Command&>(*this));
+    else
+        ReadRow();
+}
+
 void Command::ReadRow() const
 {
-    m_read = true;
     m_flags = ReadFlags(m_flagText);
     if (m_sharedFlagText)
         m_flags += ReadFlags(m_sharedFlagText);
@@ -147,20 +177,19 @@ void Command::ReadRow() const
 
 const Objects& Command::GetObjects() const
 {
+    ReadOnce();
     return m_objects;
 }
 
 const QVector<Flag>& Command::GetFlags() const
 {
-    if (!m_read)
-        ReadRow();
+    ReadOnce();
     return m_flags;
 }
 
 const Flag* Command::FindFlag(const QString& name) const
 {
-    if (!m_read)
-        ReadRow();
+    ReadOnce();
     const auto found = m_flagIndex.constFind(name);
     return found == m_flagIndex.constEnd() ? nullptr : &m_flags.at(*found);
 }

@@ -72,8 +72,8 @@ public:
     const QString& GetName() const { return m_name; }
     CommandOrigin GetOrigin() const { return m_origin; }
     Value::Kind GetResultKind() const { return m_resultKind; }
-    bool CanQuery() const { return m_canQuery; }
-    bool CanEdit() const { return m_canEdit; }
+    bool CanQuery() const;
+    bool CanEdit() const;
     const Objects& GetObjects() const;
     /// Sorted by long name; `-edit` and `-query` are not among them.
     const QVector<Flag>& GetFlags() const;
@@ -91,8 +91,11 @@ public:
     void SetModes(bool canQuery, bool canEdit);
     void SetObjects(const Objects& objects);
     void AddFlag(const Flag& flag);
+    /// Called once, when flags, objects or modes are first asked for, to set them.
+    void SetDescriber(std::function<void(Command&)> describe);
 
 private:
+    void ReadOnce() const;
     void ReadRow() const;
 
     QString m_name;
@@ -103,6 +106,7 @@ private:
     const char* m_flagText = nullptr;
     const char* m_sharedFlagText = nullptr;
     mutable bool m_read = true;
+    mutable std::function<void(Command&)> m_describe;
     mutable Objects m_objects;
     mutable QVector<Flag> m_flags;
     mutable QHash<QString, int> m_flagIndex;
