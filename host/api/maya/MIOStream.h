@@ -1,0 +1,22 @@
+#pragma once
+
+#include <fstream>
+#include <iomanip>
+#include <iostream>
+#include <sstream>
+
+/// The standard streams by their plain names.
+
+using std::cerr;
+using std::cin;
+using std::clog;
+using std::cout;
+using std::endl;
+using std::flush;
+using std::fstream;
+using std::ifstream;
+using std::ios;
+using std::iostream;
+using std::istream;
+using std::ofstream;
+using std::ostream;
