@@ -8,13 +8,20 @@ namespace host::commands {
 
 void RegisterCommands(Engine& engine)
 {
-    engine.commandState = std::make_shared<Session>();
+    engine.commandState = std::make_shared<Session>(engine);
     void (*const themes[])(CommandRegistry&) = {
+        RegisterAbout,
         RegisterArrays,
+        RegisterDisplayStrings,
         RegisterFiles,
         RegisterFileSystem,
         RegisterMathematics,
+        RegisterOptionVar,
+        RegisterOutput,
+        RegisterPlugins,
+        RegisterRunTimeCommands,
         RegisterStrings,
+        RegisterSystem,
         RegisterTime,
         RegisterVectors,
     };
@@ -24,7 +31,7 @@ void RegisterCommands(Engine& engine)
 
 void ReleaseCommands(Engine& engine)
 {
-    engine.commandState = std::make_shared<Session>();
+    engine.commandState = std::make_shared<Session>(engine);
 }
 
 } // namespace host::commands

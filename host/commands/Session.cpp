@@ -4,6 +4,12 @@
 
 namespace host::commands {
 
+Session::Session(Engine& engine)
+    : runTimeCommands(engine)
+{
+    m_clock.start();
+}
+
 Session& Session::Current()
 {
     auto* session = static_cast<Session*>(Engine::Current().commandState.get());

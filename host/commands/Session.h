@@ -1,7 +1,13 @@
 #pragma once
 
+#include "commands/Deferred.h"
+#include "commands/HelpRequests.h"
+#include "commands/HistoryFile.h"
+#include "commands/LastError.h"
 #include "commands/OpenFiles.h"
 #include "commands/Random.h"
+#include "commands/RunTimeCommands.h"
+#include "engine/Value.h"
 
 #include <QElapsedTimer>
 #include <QMap>
@@ -16,7 +22,7 @@ namespace host::commands {
 class Session
 {
 public:
-    Session() { m_clock.start(); }
+    explicit Session(Engine& engine);
 
     static Session& Current();
 
@@ -27,6 +33,19 @@ public:
     OpenFiles files;
     QHash<QString, double> timers; ///< when each was started, see Seconds
     QMap<QString, std::optional<QStringList>> intersections; ///< none: no array was given yet
+    QMap<QString, QString> displayStrings;
+    QMap<QString, Value> stashedOptions;
+    QMap<QString, Value> optionDefaults;
+    QMap<QString, QString> optionCategories;
+    Deferred deferred;
+    HelpRequests helpRequests;
+    HistoryFile historyFile;
+    LastError lastError;
+    RunTimeCommands runTimeCommands;
+    int waitCursors = 0; ///< requests not yet taken back
+    bool suppressStackWindow = false; ///< kept for those who ask: there is no such window here
+    bool refreshSuspended = false;
+    bool undoState = true;
 
 private:
     QElapsedTimer m_clock;

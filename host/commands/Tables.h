@@ -7,11 +7,18 @@ class CommandRegistry;
 namespace host::commands {
 
 // Each theme's file ends in its tables and registers them here.
+void RegisterAbout(CommandRegistry& registry);
 void RegisterArrays(CommandRegistry& registry);
-void RegisterFiles(CommandRegistry& registry);
+void RegisterDisplayStrings(CommandRegistry& registry);
 void RegisterFileSystem(CommandRegistry& registry);
+void RegisterFiles(CommandRegistry& registry);
 void RegisterMathematics(CommandRegistry& registry);
+void RegisterOptionVar(CommandRegistry& registry);
+void RegisterOutput(CommandRegistry& registry);
+void RegisterPlugins(CommandRegistry& registry);
+void RegisterRunTimeCommands(CommandRegistry& registry);
 void RegisterStrings(CommandRegistry& registry);
+void RegisterSystem(CommandRegistry& registry);
 void RegisterTime(CommandRegistry& registry);
 void RegisterVectors(CommandRegistry& registry);
 

@@ -357,6 +357,9 @@ void CallReader::AddObjects(const QVector<Word>& words)
         if (word.value.IsArray()) {
             for (int i = 0; i < word.value.Count(); ++i)
                 m_read.call.m_objects += word.value.At(i);
+        } else if (word.callable) {
+            m_read.call.m_objectCallables.insert(m_read.call.m_objects.size(), word.callable);
+            m_read.call.m_objects += Value();
         } else if (!word.spelling.isEmpty() && !word.value.IsNumber()) {
             m_read.call.m_objects += Value(word.spelling);
         } else {
@@ -383,7 +386,7 @@ void CallReader::CheckObjects()
         return;
     }
     for (int i = 0; i < objects.size() && !wanted.types.isEmpty(); ++i) {
-        Word word{objects[i], {}, false, {}};
+        Word word{objects[i], {}, false, m_read.call.m_objectCallables.value(i)};
         const ArgumentType type = wanted.types.at(qMin(i, wanted.types.size() - 1));
         if (Convert(word, type))
             objects[i] = word.value;
@@ -469,6 +472,11 @@ QStringList Call::ObjectTexts() const
 QString Call::ObjectText(int index) const
 {
     return index < m_objects.size() ? m_objects.at(index).ToText() : QString();
+}
+
+Script Call::GetObjectScript(int index) const
+{
+    return {m_language, ObjectText(index), m_objectCallables.value(index)};
 }
 
 ReadCall ReadWords(const Command& command, const QVector<Word>& words)

@@ -61,6 +61,8 @@ public:
     QStringList ObjectTexts() const;
     /// Object `index` as text; "" when not given.
     QString ObjectText(int index = 0) const;
+    /// Object `index` as a script; an empty one when not given.
+    Script GetObjectScript(int index = 0) const;
 
     /// Everything after the command's name as it was given (arrays not spread).
     const QVector<Word>& GetWords() const { return m_words; }
@@ -81,6 +83,7 @@ private:
     QVector<Use> m_uses;
     QStringList m_given;
     QVector<Value> m_objects;
+    QHash<int, std::shared_ptr<Callable>> m_objectCallables; ///< by index in m_objects
     QVector<Word> m_words;
 };
 

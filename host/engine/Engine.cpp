@@ -44,6 +44,8 @@ Engine::Engine(RunState runState, const QString& applicationDirectory)
 Engine::~Engine()
 {
     idle.Close();
+    // While there still is an engine: what the commands keep may reach for it.
+    commandState.reset();
     current = nullptr;
 }
 

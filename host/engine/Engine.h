@@ -21,6 +21,7 @@ struct EchoState
     bool echoAll = false;
     bool lineNumbers = true;
     bool stackTrace = false;
+    bool duplicateVariableWarnings = false; ///< told when a variable is declared twice
     QStringList filter; ///< commands that are not echoed
 };
 

@@ -62,11 +62,18 @@ Value FromJson(const QJsonObject& entry)
 void OptionVars::Set(const QString& name, const Value& value)
 {
     m_values.insert(name, value.Normalized());
+    if (changed)
+        changed(name);
 }
 
 bool OptionVars::Remove(const QString& name)
 {
-    return m_values.remove(name) > 0;
+    m_transient.remove(name);
+    if (m_values.remove(name) == 0)
+        return false;
+    if (changed)
+        changed(name);
+    return true;
 }
 
 QString OptionVars::Load(const QString& path)
@@ -102,6 +109,8 @@ QString OptionVars::Save(const QString& path) const
 {
     QJsonObject entries;
     for (auto it = m_values.begin(); it != m_values.end(); ++it) {
+        if (m_transient.contains(it.key()))
+            continue;
         QJsonValue json;
         if (it->IsArray()) {
             QJsonArray array;

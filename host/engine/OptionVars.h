@@ -3,6 +3,9 @@
 #include "engine/Value.h"
 
 #include <QMap>
+#include <QSet>
+
+#include <functional>
 
 namespace host {
 
@@ -17,6 +20,11 @@ public:
     void Set(const QString& name, const Value& value);
     bool Remove(const QString& name);
     QStringList Names() const { return m_values.keys(); }
+    /// Keeps the value out of the file, until the name is removed.
+    void SetTransient(const QString& name) { m_transient.insert(name); }
+
+    /// Called after a value was set or removed by name, if anybody wants to know.
+    std::function<void(const QString& name)> changed;
 
     /// Adds the file's values. A missing file is no error; an unreadable entry is left out. The
     /// text tells what went wrong, empty when nothing did.
@@ -26,6 +34,7 @@ public:
 
 private:
     QMap<QString, Value> m_values;
+    QSet<QString> m_transient;
 };
 
 } // namespace host

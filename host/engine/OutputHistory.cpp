@@ -8,11 +8,18 @@ namespace {
 /// one entry per page instead of one per line.
 constexpr int JOIN_LIMIT = 4096;
 
+unsigned BitOf(MessageType type)
+{
+    return 1U << static_cast<unsigned>(type);
+}
+
 } // namespace
 
 void OutputHistory::Append(const Message& message)
 {
     const QMutexLocker lock(&m_mutex);
+    if (m_suppressed & BitOf(message.type))
+        return;
     m_characters += message.text.size();
     if (message.type == MessageType::Display && m_messages.size() > m_firstMessage) {
         Message& last = m_messages.last();
@@ -40,6 +47,18 @@ void OutputHistory::Clear()
     m_messages.clear();
     m_firstMessage = 0;
     m_characters = 0;
+}
+
+void OutputHistory::SetSuppressed(MessageType type, bool suppressed)
+{
+    const QMutexLocker lock(&m_mutex);
+    m_suppressed = suppressed ? m_suppressed | BitOf(type) : m_suppressed & ~BitOf(type);
+}
+
+bool OutputHistory::IsSuppressed(MessageType type) const
+{
+    const QMutexLocker lock(&m_mutex);
+    return (m_suppressed & BitOf(type)) != 0;
 }
 
 QString OutputHistory::Text(const std::function<bool(const Message&)>& wanted) const

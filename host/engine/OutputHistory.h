@@ -14,6 +14,10 @@ public:
     void Append(const Message& message);
     void Clear();
 
+    /// A suppressed type is not taken up any more; what stands in the log stays.
+    void SetSuppressed(MessageType type, bool suppressed);
+    bool IsSuppressed(MessageType type) const;
+
     /// The framed text of the messages that `wanted` accepts, oldest first.
     QString Text(const std::function<bool(const Message&)>& wanted = {}) const;
 
@@ -22,6 +26,7 @@ private:
     QVector<Message> m_messages;
     int m_firstMessage = 0; ///< older ones are dropped already but not yet removed
     qint64 m_characters = 0;
+    unsigned m_suppressed = 0; ///< one bit per MessageType
 };
 
 } // namespace host

@@ -1,0 +1,149 @@
+#include "commands/PluginPreferences.h"
+#include "commands/Tables.h"
+#include "engine/Engine.h"
+
+#include <QDir>
+
+namespace host::commands {
+
+namespace {
+
+Plugins& AllPlugins()
+{
+    return Engine::Current().plugins;
+}
+
+/// Every plug-in file along the search path, by name.
+QStringList InstalledPlugins()
+{
+    QStringList names;
+    const QStringList folders
+        = qEnvironmentVariable("MAYA_PLUG_IN_PATH").split(QLatin1Char(':'), Qt::SkipEmptyParts);
+    for (const QString& folder : folders) {
+        const QStringList files
+            = QDir(folder).entryList({QStringLiteral("*.so")}, QDir::Files, QDir::Name);
+        for (const QString& file : files)
+            names += Plugins::NameOf(file);
+    }
+    names.removeDuplicates();
+    return names;
+}
+
+Outcome LoadPlugin(Call& call)
+{
+    const QStringList wanted = call.Has("allPlugins") ? InstalledPlugins() : call.ObjectTexts();
+    if (wanted.isEmpty() && !call.Has("allPlugins"))
+        return Error{QStringLiteral("loadPlugin needs the name of a plug-in.")};
+    QStringList loaded;
+    for (const QString& name : wanted) {
+        bool already = false;
+        const Outcome outcome = AllPlugins().Load(name, &already);
+        if (!outcome.Ok())
+            return outcome;
+        if (!already) {
+            loaded += outcome.GetValue().ToText();
+        } else if (!call.Has("quiet")) {
+            Engine::Current().output.Warning(
+                QStringLiteral("Plug-in, \"%1\", is already loaded.").arg(name));
+        }
+    }
+    return loaded;
+}
+
+Outcome UnloadPlugin(Call& call)
+{
+    QStringList unloaded;
+    for (const QString& name : call.ObjectTexts()) {
+        const Outcome outcome = AllPlugins().Unload(name, call.Has("force"));
+        if (!outcome.Ok())
+            return outcome;
+        unloaded += outcome.GetValue().ToText();
+    }
+    return unloaded;
+}
+
+Outcome SetAutoload(const QString& name, bool on)
+{
+    if (name.isEmpty())
+        return Error{QStringLiteral("pluginInfo needs the name of a plug-in.")};
+    QStringList& autoload = AllPlugins().autoload;
+    autoload.removeAll(Plugins::NameOf(name));
+    if (on)
+        autoload += Plugins::NameOf(name);
+    const QString problem = WritePluginPreferences(Engine::Current());
+    return problem.isEmpty() ? Outcome() : Outcome(Error{problem});
+}
+
+struct DetailRow
+{
+    const char* flag;
+    Value (*value)(const Plugin&);
+};
+
+constexpr DetailRow DETAILS[] = {
+    {"apiVersion", [](const Plugin& plugin) { return Value(plugin.apiVersion); }},
+    {"command", [](const Plugin& plugin) { return Value(plugin.commands); }},
+    {"name", [](const Plugin& plugin) { return Value(plugin.name); }},
+    {"path", [](const Plugin& plugin) { return Value(plugin.path); }},
+    {"unloadOk", [](const Plugin& plugin) { return Value(!plugin.unloading); }},
+    {"vendor", [](const Plugin& plugin) { return Value(plugin.vendor); }},
+    {"version", [](const Plugin& plugin) { return Value(plugin.version); }},
+};
+
+Outcome QueryPlugin(const Call& call)
+{
+    const QString name = call.ObjectText();
+    if (call.Has("listPlugins"))
+        return AllPlugins().Names();
+    if (call.Has("listPluginsPath")) {
+        QStringList paths;
+        for (const QString& loaded : AllPlugins().Names())
+            paths += AllPlugins().Find(loaded)->path;
+        return paths;
+    }
+    if (call.Has("autoload"))
+        return AllPlugins().autoload.contains(Plugins::NameOf(name));
+    const Plugin* plugin = AllPlugins().Find(name);
+    if (call.Has("loaded") || call.Has("registered"))
+        return plugin != nullptr;
+    if (!plugin)
+        return Error{QStringLiteral("Plug-in, \"%1\", is not loaded.").arg(name)};
+    for (const DetailRow& row : DETAILS) {
+        if (call.Has(row.flag))
+            return row.value(*plugin);
+    }
+    return Error{QStringLiteral("pluginInfo: the query needs a flag.")};
+}
+
+Outcome PluginInfo(Call& call)
+{
+    if (call.IsQuery())
+        return QueryPlugin(call);
+    if (call.Has("autoload"))
+        return SetAutoload(call.ObjectText(), call.Bool("autoload"));
+    QString problem;
+    if (call.Has("savePluginPrefs"))
+        problem = WritePluginPreferences(Engine::Current());
+    else if (call.Has("loadPluginPrefs"))
+        problem = ReadPluginPreferences(Engine::Current());
+    return problem.isEmpty() ? Outcome() : Outcome(Error{problem});
+}
+
+const CommandRow COMMANDS[] = {
+    {"loadPlugin", "string[]", "", "[String...]", "allPlugins/a - c; quiet/qt - c", LoadPlugin},
+    {"unloadPlugin", "string[]", "", "String [String...]", "force/f - c", UnloadPlugin},
+    {"pluginInfo", "any", "QE", "[String]",
+        "apiVersion/av - q; autoload/a B cqe; command/c - q; listPlugins/ls - q;"
+        "listPluginsPath/lsp - q; loadPluginPrefs/lpp - c; loaded/l - q; name/n - q; path/p - q;"
+        "registered/r - q; savePluginPrefs/spp - c; unloadOk/uo - q; vendor/vd - q; version/v - q",
+        PluginInfo},
+};
+
+} // namespace
+
+void RegisterPlugins(CommandRegistry& registry)
+{
+    registry.Register(COMMANDS);
+}
+
+} // namespace host::commands

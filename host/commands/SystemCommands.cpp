@@ -1,0 +1,169 @@
+#include "commands/Session.h"
+#include "commands/Tables.h"
+#include "engine/Engine.h"
+
+#include <QCursor>
+#include <QGuiApplication>
+#include <QThread>
+
+#include <cstdlib>
+
+namespace host::commands {
+
+namespace {
+
+constexpr int PAUSE_STEP_MS = 20; ///< how often a pause looks for a stop request
+constexpr double STANDARD_DPI = 96;
+
+Outcome EvalDeferred(Call& call)
+{
+    Deferred& deferred = Session::Current().deferred;
+    if (call.Has("list"))
+        return deferred.Texts();
+    const Script script = call.GetObjectScript();
+    if (script.IsEmpty())
+        return Error{QStringLiteral("evalDeferred needs a script.")};
+    const auto place = call.Has("evaluateNext") ? Deferred::Place::Next
+        : call.Has("lowestPriority")            ? Deferred::Place::Lowest
+                                                : Deferred::Place::Low;
+    deferred.Add(script, place);
+    return {};
+}
+
+Outcome Quit(Call& call)
+{
+    if (call.Has("abort"))
+        std::_Exit(call.Has("exitCode") ? call.Int("exitCode") : EXIT_FAILURE);
+    if (!Engine::Current().quit)
+        return Error{QStringLiteral("This host cannot be ended by a script.")};
+    Engine::Current().quit(call.Int("exitCode"));
+    return {};
+}
+
+Outcome Pause(Call& call)
+{
+    const double end = Session::Current().Seconds() + call.Int("seconds");
+    while (Session::Current().Seconds() < end && !Engine::Current().interrupt.Poll())
+        QThread::msleep(PAUSE_STEP_MS);
+    return {};
+}
+
+Outcome WaitCursor(Call& call)
+{
+    if (call.IsQuery())
+        return Session::Current().waitCursors > 0;
+    const bool on = call.Bool("state");
+    int& depth = Session::Current().waitCursors;
+    if (!on && depth == 0)
+        return {};
+    depth += on ? 1 : -1;
+    if (!qobject_cast<QGuiApplication*>(QCoreApplication::instance()))
+        return {};
+    if (on)
+        QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+    else
+        QGuiApplication::restoreOverrideCursor();
+    return {};
+}
+
+Outcome Refresh(Call& call)
+{
+    bool& suspended = Session::Current().refreshSuspended;
+    if (call.Has("suspend"))
+        suspended = call.Bool("suspend");
+    else if (!suspended)
+        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    return {};
+}
+
+Outcome DpiSetting(Call& call)
+{
+    if (!call.IsQuery()) {
+        return Error{
+            QStringLiteral("The scale of this host's interface follows the system and cannot be "
+                           "set.")};
+    }
+    const UserInterface* ui = Engine::Current().ui;
+    const double scale = ui ? ui->ScaleFactor() : 1.0;
+    if (call.Has("mode"))
+        return 0;
+    return call.Has("systemDpi") ? STANDARD_DPI * scale : scale;
+}
+
+Outcome ShowHelp(Call& call)
+{
+    if (call.IsQuery())
+        return call.Has("version") ? QString::fromLatin1(RELEASE) : QString();
+    HelpRequest request;
+    request.target = call.ObjectText();
+    if (call.Has("docs"))
+        request.kind = HelpRequest::Kind::Docs;
+    else if (call.Has("absolute"))
+        request.kind = HelpRequest::Kind::Address;
+    else if (call.Has("helpTable"))
+        request.kind = HelpRequest::Kind::Table;
+    HelpRequests::Current().Add(request);
+    return {};
+}
+
+/// Nothing that this host does can be undone, so the queues are always empty.
+Outcome Undo(Call& call)
+{
+    Engine::Current().output.Warning(
+        QStringLiteral("There are no more commands to %1.").arg(call.GetCommand().GetName()));
+    return {};
+}
+
+Outcome UndoInfo(Call& call)
+{
+    bool& state = Session::Current().undoState;
+    if (!call.IsQuery()) {
+        for (const char* flag : {"state", "stateWithoutFlush"}) {
+            if (call.Has(flag))
+                state = call.Bool(flag);
+        }
+        return {};
+    }
+    const QString asked = call.GivenFlags().value(0);
+    if (asked == QLatin1String("state") || asked == QLatin1String("stateWithoutFlush"))
+        return state;
+    if (asked.endsWith(QLatin1String("QueueEmpty")))
+        return true;
+    if (asked == QLatin1String("infinity"))
+        return false;
+    if (asked == QLatin1String("length"))
+        return 0;
+    return QString();
+}
+
+const CommandRow COMMANDS[] = {
+    {"evalDeferred", "any", "", "[Script]",
+        "evaluateNext/en - c; list/ls - c; lowPriority/low - c; lowestPriority/lp - c",
+        EvalDeferred},
+    {"quit", "none", "", "", "abort/a - c; exitCode/ec int c; force/f - c", Quit},
+    {"pause", "none", "", "", "seconds/sec int c", Pause},
+    {"waitCursor", "int", "Q", "", "state/st B cq", WaitCursor},
+    {"refresh", "none", "", "", "currentView/cv - c; force/f - c; suspend/su B c", Refresh},
+    {"mayaDpiSetting", "any", "Q", "",
+        "mode/m int cq; realScaleValue/rsv - q; scaleValue/sv float cq; systemDpi/sd - q",
+        DpiSetting},
+    {"showHelp", "any", "Q", "[String]",
+        "absolute/a - c; docs/d - cq; helpTable/ht - cq; version/v - q", ShowHelp},
+    {"undo", "none", "", "", "", Undo},
+    {"redo", "none", "", "", "", Undo},
+    {"undoInfo", "any", "Q", "",
+        "chunkName/cn str cq; closeChunk/cck - c; infinity/infinity B cq; length/l int cq;"
+        "openChunk/ock - c; printQueue/pq - q; printRedoQueue/prq - q; redoName/rn - q;"
+        "redoQueueEmpty/rqe - q; state/st B cq; stateWithoutFlush/swf B cq; undoName/un - q;"
+        "undoQueueEmpty/uqe - q",
+        UndoInfo},
+};
+
+} // namespace
+
+void RegisterSystem(CommandRegistry& registry)
+{
+    registry.Register(COMMANDS);
+}
+
+} // namespace host::commands
