@@ -7,6 +7,7 @@ bool CommandRegistry::Register(std::unique_ptr<Command> command)
     if (Contains(command->GetName()))
         return false;
     const QString name = command->GetName();
+    const QMutexLocker lock(&m_mutex);
     m_commands.insert(name, std::shared_ptr<const Command>(std::move(command)));
     return true;
 }
@@ -22,11 +23,21 @@ bool CommandRegistry::RegisterFunction(std::unique_ptr<Function> function)
 
 bool CommandRegistry::Unregister(const QString& name)
 {
-    return m_commands.remove(name) > 0;
+    std::shared_ptr<const Command>
+        removed; // goes after the lock: what its handler keeps may need others
+    const QMutexLocker lock(&m_mutex);
+    removed = m_commands.take(name);
+    return removed != nullptr;
 }
 
 std::shared_ptr<const Command> CommandRegistry::FindCommand(const QString& name) const
 {
+    return m_commands.value(name);
+}
+
+std::shared_ptr<const Command> CommandRegistry::FindCommandFromAnyThread(const QString& name) const
+{
+    const QMutexLocker lock(&m_mutex);
     return m_commands.value(name);
 }
 
@@ -50,7 +61,11 @@ QStringList CommandRegistry::Names() const
 
 QStringList CommandRegistry::CommandNames() const
 {
-    QStringList names = m_commands.keys();
+    QStringList names;
+    {
+        const QMutexLocker lock(&m_mutex);
+        names = m_commands.keys();
+    }
     names.sort();
     return names;
 }

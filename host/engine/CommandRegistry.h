@@ -4,6 +4,7 @@
 #include "engine/Function.h"
 
 #include <QHash>
+#include <QMutex>
 
 #include <memory>
 
@@ -35,16 +36,21 @@ public:
 
     /// Null when there is none.
     std::shared_ptr<const Command> FindCommand(const QString& name) const;
+    /// The same, from any thread.
+    std::shared_ptr<const Command> FindCommandFromAnyThread(const QString& name) const;
     const Function* FindFunction(const QString& name) const;
     bool Contains(const QString& name) const;
     /// Sorted names of all commands and functions.
     QStringList Names() const;
+    /// Any thread.
     QStringList CommandNames() const;
 
     /// Runs a call that was read for this command.
     static Outcome Run(ReadCall read);
 
 private:
+    /// Held by those who write, and by those who read on any thread.
+    mutable QMutex m_mutex;
     QHash<QString, std::shared_ptr<const Command>> m_commands;
     QHash<QString, std::shared_ptr<const Function>> m_functions;
 };
