@@ -1,6 +1,7 @@
 #include "python/Execution.h"
 
 #include "engine/Engine.h"
+#include "python/PythonErrors.h"
 #include "python/PythonLanguage.h"
 
 namespace host::python {
@@ -25,13 +26,17 @@ Execution::~Execution()
 
 bool Execution::IsAllowed() const
 {
-    return executions <= PythonLanguage::MAXIMUM_NESTING;
+    if (executions <= PythonLanguage::MAXIMUM_NESTING)
+        return true;
+    PyErr_Format(PyExc_RecursionError, "Python scripts run inside each other more than %d times.",
+        PythonLanguage::MAXIMUM_NESTING);
+    return false;
 }
 
-QString Execution::RefusalText()
+Error Execution::Report() const
 {
-    return QStringLiteral("Python scripts run inside each other more than %1 times.")
-        .arg(PythonLanguage::MAXIMUM_NESTING);
+    const StopWatcher::Pause pause(PythonLanguage::Current().GetStopWatcher());
+    return ReportRaisedError();
 }
 
 HostWork::HostWork()

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "engine/Outcome.h"
 #include "engine/OutputStream.h"
 #include "python/PythonApi.h"
 #include "python/StopWatcher.h"
@@ -16,9 +17,11 @@ public:
     Execution(const Execution&) = delete;
     Execution& operator=(const Execution&) = delete;
 
-    /// False when too many executions run inside each other; nothing may be run then.
+    /// False, with an exception set, when too many executions run inside each other; nothing may
+    /// be run then.
     bool IsAllowed() const;
-    static QString RefusalText();
+    /// Shows the exception that is set. A stop request that ended the script leaves this alone.
+    Error Report() const;
 
 private:
     InterpreterLock m_lock;

@@ -161,7 +161,7 @@ void RunDeferred(const CallPointer& call)
     const Execution execution;
     const Reference result = Reference::Take(call->Call());
     if (!result)
-        ReportRaisedError();
+        execution.Report();
 }
 
 void RunForWaiter(const CallPointer& call)

@@ -156,7 +156,7 @@ private:
         for (Py_ssize_t i = 0; i < count; ++i) {
             PyObject* argument = single ? value : PySequence_Fast_GET_ITEM(value, i);
             Word word;
-            if (IsList(argument) || !ReadScalar(argument, word))
+            if (!ReadArgument(argument, word))
                 return Refuse(argument, static_cast<int>(i));
             if (!FitsFlag(word, static_cast<int>(i)))
                 return false;
@@ -164,6 +164,14 @@ private:
         }
         m_keyword.uses += use;
         return true;
+    }
+
+    bool ReadArgument(PyObject* argument, Word& word) const
+    {
+        if (!IsList(argument) && ReadScalar(argument, word))
+            return true;
+        // The name of the flag is the greater mistake, and query=None means no query.
+        return !m_flag && !PyErr_Occurred();
     }
 
     ArgumentType TypeAt(int index) const

@@ -1,7 +1,6 @@
 #include "python/PythonCallable.h"
 
 #include "python/Execution.h"
-#include "python/PythonErrors.h"
 #include "python/PythonValue.h"
 
 namespace host::python {
@@ -42,17 +41,15 @@ Outcome PythonCallable::Call(const QVector<Value>& arguments)
     if (!InterpreterIsRunning())
         return Error{QStringLiteral("Python is not running.")};
     const Execution execution;
-    if (!execution.IsAllowed()) {
-        PyErr_SetString(PyExc_RecursionError, qUtf8Printable(Execution::RefusalText()));
-        return ReportRaisedError();
-    }
+    if (!execution.IsAllowed())
+        return execution.Report();
     // A control may be deleted, and its callback with it, by the callback itself.
     const Reference function = Reference::Share(m_function);
     const Reference tuple = ArgumentTuple(arguments);
     const Reference result
         = Reference::Take(tuple ? PyObject_CallObject(function.Get(), tuple.Get()) : nullptr);
     if (!result)
-        return ReportRaisedError();
+        return execution.Report();
     return ToValue(result.Get());
 }
 

@@ -7,6 +7,7 @@
 #include "python/PythonOutput.h"
 #include "python/PythonValue.h"
 
+#include <algorithm>
 #include <exception>
 #include <iterator>
 
@@ -33,6 +34,41 @@ const char* const NONE_FOR_NOTHING[] = {
     "listRelatives",
     "lsUI",
 };
+
+Outcome RaiseErrorText(Call& call)
+{
+    return Error{call.ObjectTexts().join(QLatin1Char(' '))};
+}
+
+Outcome ShowWarning(Call& call)
+{
+    Engine::Current().output.Warning(call.ObjectTexts().join(QLatin1Char(' ')));
+    return {};
+}
+
+// clang-format off
+/// Language elements of MEL that scripts find here too. A registered command goes first.
+const CommandRow LANGUAGE_COMMANDS[] = {
+    {"error",   "none", "", "String [String...]", "noContext/n - c; showLineNumber/sl B c", RaiseErrorText},
+    {"warning", "none", "", "String [String...]", "noContext/n - c; showLineNumber/sl B c", ShowWarning},
+};
+// clang-format on
+
+/// Null when Python has no such command. Any thread.
+std::shared_ptr<const Command> LookUp(const QString& name)
+{
+    if (!Engine::Exists())
+        return nullptr;
+    const std::shared_ptr<const Command> command
+        = Engine::Current().commands.FindCommandFromAnyThread(name);
+    if (command)
+        return command->inPython ? command : nullptr;
+    for (const CommandRow& row : LANGUAGE_COMMANDS) {
+        if (name == QLatin1String(row.name))
+            return std::make_shared<Command>(row);
+    }
+    return nullptr;
+}
 
 bool GivesNoneForNothing(const Call& call)
 {
@@ -81,7 +117,7 @@ PyObject* CallFunction(PyObject* self, PyObject* arguments, PyObject* keywords)
     const QString name = ToText(reinterpret_cast<CommandFunction*>(self)->name);
     if (!RequireMainThread("maya.cmds"))
         return nullptr;
-    const std::shared_ptr<const Command> command = Engine::Current().commands.FindCommand(name);
+    const std::shared_ptr<const Command> command = LookUp(name);
     if (!command) {
         RaiseError({QStringLiteral("Cannot find procedure \"%1\".").arg(name)});
         return nullptr;
@@ -184,15 +220,15 @@ bool RequireMainThread(const char* what)
     return false;
 }
 
-PyObject* FindCommand(PyObject*, PyObject* name)
+PyObject* FindCommand(PyObject* module, PyObject* name)
 {
     if (!PyUnicode_Check(name))
         return PyErr_Format(PyExc_TypeError, "attribute name must be string");
-    const std::shared_ptr<const Command> command
-        = Engine::Exists() ? Engine::Current().commands.FindCommand(ToText(name)) : nullptr;
-    if (!command || !command->inPython || !functions) {
+    // "from maya.cmds import *" asks for it.
+    if (PyUnicode_CompareWithASCIIString(name, "__all__") == 0)
+        return CommandNames(module, nullptr);
+    if (!functions || !LookUp(ToText(name)))
         return PyErr_Format(PyExc_AttributeError, "module 'maya.cmds' has no attribute '%U'", name);
-    }
     PyObject* known = PyDict_GetItemWithError(functions, name);
     if (!known)
         return PyErr_Occurred() ? nullptr : MakeFunction(name);
@@ -203,11 +239,16 @@ PyObject* FindCommand(PyObject*, PyObject* name)
 PyObject* CommandNames(PyObject*, PyObject*)
 {
     StringList names;
-    const CommandRegistry& registry = Engine::Current().commands;
-    for (const QString& name : registry.CommandNames()) {
-        if (registry.FindCommand(name)->inPython)
-            names += name;
+    if (Engine::Exists())
+        names = Engine::Current().commands.CommandNames();
+    for (const CommandRow& row : LANGUAGE_COMMANDS) {
+        if (!names.contains(QLatin1String(row.name)))
+            names += QLatin1String(row.name);
     }
+    names.erase(std::remove_if(
+                    names.begin(), names.end(), [](const QString& name) { return !LookUp(name); }),
+        names.end());
+    names.sort();
     return FromValue(names);
 }
 

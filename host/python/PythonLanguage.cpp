@@ -69,20 +69,18 @@ PythonLanguage& PythonLanguage::Current()
 ScriptResult PythonLanguage::Run(const QString& text)
 {
     const Execution execution;
-    if (!execution.IsAllowed()) {
-        PyErr_SetString(PyExc_RecursionError, qUtf8Printable(Execution::RefusalText()));
-        return Failure(ReportRaisedError());
-    }
+    if (!execution.IsAllowed())
+        return Failure(execution.Report());
     const Compiled compiled = CompileText(text);
     const Reference value = Reference::Take(compiled.code ? RunCode(compiled.code.Get()) : nullptr);
     if (!value)
-        return Failure(ReportRaisedError());
+        return Failure(execution.Report());
     ScriptResult result;
     if (!compiled.isExpression || value.Get() == Py_None)
         return result;
     result.resultText = ResultText(value.Get());
     if (PyErr_Occurred())
-        return Failure(ReportRaisedError());
+        return Failure(execution.Report());
     result.value = ToValue(value.Get());
     return result;
 }
@@ -90,10 +88,12 @@ ScriptResult PythonLanguage::Run(const QString& text)
 ScriptResult PythonLanguage::RunFile(const QString& path)
 {
     const Execution execution;
+    if (!execution.IsAllowed())
+        return Failure(execution.Report());
     const QString found = FindSource(path);
     const Reference code = Reference::Take(CompileFile(found.isEmpty() ? path : found));
     const Reference value = Reference::Take(code ? RunFileCode(code.Get(), found) : nullptr);
-    return value ? ScriptResult() : Failure(ReportRaisedError());
+    return value ? ScriptResult() : Failure(execution.Report());
 }
 
 } // namespace host::python

@@ -2,7 +2,6 @@
 
 #include "engine/Engine.h"
 
-#include <chrono>
 #include <csignal>
 
 namespace host::python {
@@ -14,6 +13,8 @@ constexpr std::chrono::milliseconds TICK{Interrupt::POLL_INTERVAL_MS};
 constexpr int PATIENCE = 3;
 /// Ticks without Python code after which the thread sleeps until it is woken.
 constexpr int IDLE_TICKS = 10;
+/// How long handlers and "finally" blocks may work before the request is raised once more.
+constexpr std::chrono::milliseconds CLEAN_UP_TIME{1000};
 /// Ignored unless somebody asks for it, so that a late one does no harm.
 constexpr int WAKE_SIGNAL = SIGURG;
 
@@ -70,7 +71,7 @@ PyObject* StopWatcher::OnSignal(PyObject* capsule, PyObject*)
 int StopWatcher::Poll()
 {
     m_queued = false;
-    if (m_watches == 0 || !Engine::Exists())
+    if (m_watches == 0 || m_pauses > 0 || !Engine::Exists() || IsCleaningUp())
         return 0;
     bool stop = false;
     {
@@ -78,9 +79,16 @@ int StopWatcher::Poll()
         const InterpreterUnlock unlock;
         stop = Engine::Current().interrupt.Poll();
     }
-    if (stop)
-        PyErr_SetString(PyExc_KeyboardInterrupt, "Stopped on request.");
-    return stop ? -1 : 0;
+    if (!stop)
+        return 0;
+    m_raised = std::chrono::steady_clock::now();
+    PyErr_SetString(PyExc_KeyboardInterrupt, "Stopped on request.");
+    return -1;
+}
+
+bool StopWatcher::IsCleaningUp() const
+{
+    return m_raised && std::chrono::steady_clock::now() - *m_raised < CLEAN_UP_TIME;
 }
 
 void StopWatcher::Run()
@@ -118,6 +126,7 @@ StopWatcher::Watch::Watch(StopWatcher& watcher)
 {
     if (m_watcher.m_watches++ > 0)
         return;
+    m_watcher.m_raised.reset();
     const std::lock_guard lock(m_watcher.m_mutex);
     if (std::exchange(m_watcher.m_asleep, false))
         m_watcher.m_changed.notify_all();

@@ -3,8 +3,10 @@
 #include "python/PythonApi.h"
 
 #include <atomic>
+#include <chrono>
 #include <condition_variable>
 #include <mutex>
+#include <optional>
 #include <pthread.h>
 #include <thread>
 
@@ -57,6 +59,7 @@ private:
     static int OnPendingCall(void* watcher);
     static PyObject* OnSignal(PyObject* capsule, PyObject* arguments);
     int Poll();
+    bool IsCleaningUp() const;
     void Run();
     void Tick();
 
@@ -66,6 +69,8 @@ private:
     bool m_asleep = true; ///< guarded by m_mutex
     std::atomic<int> m_watches{0};
     std::atomic<int> m_pauses{0};
+    /// When the last stop request was raised: cleaning up after it gets some time.
+    std::optional<std::chrono::steady_clock::time_point> m_raised; ///< main thread only
     std::atomic<bool> m_queued{false}; ///< a pending call waits for the main thread
     int m_missedTicks = 0; ///< of the thread
     const pthread_t m_mainThread;
