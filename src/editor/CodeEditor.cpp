@@ -1,0 +1,342 @@
+// Identity, text, cursor and notifications of the code editor.
+
+#include "editor/CodeEditor.h"
+
+#include "editor/CodeEditorBlockData.h"
+#include "editor/CodeEditorLineNumbers.h"
+#include "editor/TextColumns.h"
+
+#include <QDragEnterEvent>
+#include <QFile>
+#include <QFileSystemWatcher>
+#include <QMimeData>
+#include <QRegularExpression>
+#include <QScrollBar>
+#include <QTextBlock>
+#include <QTimer>
+
+namespace {
+
+constexpr int TEXT_CHANGE_DELAY = 250; // ms
+constexpr QChar PARAGRAPH_SEPARATOR(0x2029);
+
+} // namespace
+
+CodeEditor::CodeEditor(
+    const CodeEditorProperties& properties, KeyBindings* keyBindings, QWidget* parent)
+    : QPlainTextEdit(parent)
+    , m_lineNumbers(new CodeEditorLineNumbers(this))
+    , m_keyBindings(keyBindings)
+    , m_textChangeTimer(new QTimer(this))
+    , m_extraSelectionsTimer(new QTimer(this))
+{
+    setFrameShape(QFrame::NoFrame);
+    setMouseTracking(true);
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+    setCenterOnScroll(false);
+    setContextMenuPolicy(Qt::CustomContextMenu);
+    m_textChangeTimer->setSingleShot(true);
+    m_textChangeTimer->setInterval(TEXT_CHANGE_DELAY);
+    m_extraSelectionsTimer->setSingleShot(true);
+    m_extraSelectionsTimer->setInterval(0);
+
+    SetProperties(properties, true);
+    UpdateFontsAndColors();
+    UpdateLineNumberWidth();
+    CreateConnections();
+}
+
+void CodeEditor::CreateConnections()
+{
+    connect(this, &QPlainTextEdit::blockCountChanged, this, &CodeEditor::UpdateLineNumberWidth);
+    connect(this, &QPlainTextEdit::updateRequest, this, &CodeEditor::UpdateLineNumbers);
+    connect(
+        this, &QPlainTextEdit::cursorPositionChanged, this, &CodeEditor::ScheduleExtraSelections);
+    connect(this, &QPlainTextEdit::selectionChanged, this, &CodeEditor::ScheduleExtraSelections);
+    connect(
+        verticalScrollBar(), &QScrollBar::valueChanged, this, &CodeEditor::ScheduleExtraSelections);
+    connect(this, &QPlainTextEdit::textChanged, this, &CodeEditor::OnTextChanged);
+    connect(this, &QPlainTextEdit::modificationChanged, this, &CodeEditor::OnModificationChanged);
+    connect(this, &QWidget::customContextMenuRequested, this, &CodeEditor::ShowContextMenu);
+    connect(m_textChangeTimer, &QTimer::timeout, this, &CodeEditor::OnTextChangedDelay);
+    connect(m_extraSelectionsTimer, &QTimer::timeout, this, &CodeEditor::UpdateExtraSelections);
+}
+
+void CodeEditor::GetProperties(CodeEditorProperties& properties) const
+{
+    properties = {m_type, m_language, m_filePath, m_label};
+}
+
+void CodeEditor::SetProperties(const CodeEditorProperties& properties, bool force)
+{
+    const bool languageChanged = force || properties.language != m_language;
+    WatchFile(properties);
+    m_type = properties.type;
+    m_language = properties.language;
+    m_filePath = properties.filePath;
+    m_label = properties.label;
+    setAccessibleName(m_label);
+    if (languageChanged)
+        UpdateTextOptions();
+}
+
+void CodeEditor::WatchFile(const CodeEditorProperties& properties)
+{
+    if (m_fileWatcher && !m_filePath.isEmpty())
+        m_fileWatcher->removePath(m_filePath);
+    if (properties.type != CodeEditorType::File || properties.filePath.isEmpty())
+        return;
+    if (!m_fileWatcher) {
+        m_fileWatcher = new QFileSystemWatcher(this);
+        connect(m_fileWatcher, &QFileSystemWatcher::fileChanged, this, &CodeEditor::OnFileChanged);
+    }
+    m_fileWatcher->addPath(properties.filePath);
+}
+
+// Editors that save by replacing the file lose the watch on it.
+void CodeEditor::OnFileChanged(const QString& path)
+{
+    if (QFile::exists(path) && !m_fileWatcher->files().contains(path))
+        m_fileWatcher->addPath(path);
+    Q_EMIT FileChanged(path);
+}
+
+QString CodeEditor::GetText() const
+{
+    const QString text = toPlainText();
+    return text.isNull() ? QStringLiteral("") : text;
+}
+
+void CodeEditor::SetText(const QString& text)
+{
+    setPlainText(text);
+}
+
+QString CodeEditor::GetSelectedText() const
+{
+    return textCursor().selectedText();
+}
+
+QString CodeEditor::GetSelectedTextForExecute() const
+{
+    return GetSelectedText().replace(PARAGRAPH_SEPARATOR, QLatin1Char('\n'));
+}
+
+QString CodeEditor::GetCurrentLineText() const
+{
+    return textCursor().block().text();
+}
+
+QString CodeEditor::GetCurrentLineForExecute() const
+{
+    return GetCurrentLineText().trimmed();
+}
+
+QString CodeEditor::GetTextForPythonProcessing() const
+{
+    static const QRegularExpression BLANKS_AT_THE_END(QStringLiteral("[ \\t]+\\z"));
+    QString text = GetText();
+    text.remove(BLANKS_AT_THE_END);
+    text.append(QLatin1Char('\n'));
+    text.replace(QLatin1String("\\"), QLatin1String("\\\\"));
+    text.replace(QLatin1String("\n"), QLatin1String("\\n"));
+    text.replace(QLatin1String("\""), QLatin1String("\\\""));
+    return text;
+}
+
+int CodeEditor::GetSelectedStartPosition() const
+{
+    return textCursor().selectionStart();
+}
+
+int CodeEditor::GetSelectedEndPosition() const
+{
+    return textCursor().selectionEnd();
+}
+
+void CodeEditor::ClearSelection()
+{
+    QTextCursor cursor = textCursor();
+    cursor.clearSelection();
+    setTextCursor(cursor);
+}
+
+void CodeEditor::ClearSelectionAndInsertText(const QString& text)
+{
+    QTextCursor cursor = textCursor();
+    cursor.setPosition(cursor.selectionEnd());
+    cursor.insertText(text);
+    setTextCursor(cursor);
+}
+
+bool CodeEditor::IsModified() const
+{
+    return document()->isModified();
+}
+
+void CodeEditor::SetModified(bool modified)
+{
+    document()->setModified(modified);
+}
+
+QChar CodeEditor::CharacterAt(int position) const
+{
+    return document()->characterAt(position);
+}
+
+QString CodeEditor::SpacesStr(int count) const
+{
+    return QString(qMax(0, count), QLatin1Char(' '));
+}
+
+int CodeEditor::GetCurrentLine() const
+{
+    return textCursor().blockNumber() + 1;
+}
+
+int CodeEditor::GetLineCount() const
+{
+    return blockCount();
+}
+
+void CodeEditor::SetCurrentLine(int line)
+{
+    if (line < 1 || line > GetLineCount())
+        return;
+    setCenterOnScroll(true);
+    setTextCursor(QTextCursor(document()->findBlockByNumber(line - 1)));
+    ensureCursorVisible();
+    setCenterOnScroll(false);
+}
+
+int CodeEditor::GetCursorPosition() const
+{
+    return textCursor().position();
+}
+
+void CodeEditor::SetCursorPosition(int position, bool home, bool centre)
+{
+    QTextCursor cursor = textCursor();
+    cursor.setPosition(qBound(0, position, document()->characterCount() - 1));
+    setTextCursor(cursor);
+    if (home)
+        OnHomeKeyPressed(false, false);
+    if (centre)
+        centerCursor();
+}
+
+void CodeEditor::SetCursorSelection(int start, int end)
+{
+    const int last = document()->characterCount() - 1;
+    QTextCursor cursor = textCursor();
+    cursor.setPosition(qBound(0, start, last));
+    cursor.setPosition(qBound(0, end, last), QTextCursor::KeepAnchor);
+    setTextCursor(cursor);
+    centerCursor();
+}
+
+int CodeEditor::GetVerticalScrollBarValue() const
+{
+    return verticalScrollBar()->value();
+}
+
+void CodeEditor::SetVerticalScrollBarValue(int value)
+{
+    verticalScrollBar()->setValue(value);
+}
+
+int CodeEditor::GetVerticalScrollBarWidth() const
+{
+    return verticalScrollBar()->width();
+}
+
+void CodeEditor::GetCursorStatus(
+    const QTextCursor& cursor, int& line, int& column, int& selectionLength) const
+{
+    line = cursor.blockNumber() + 1;
+    column = VisualWidth(cursor.block().text().left(cursor.positionInBlock()), m_tabSize) + 1;
+    selectionLength = cursor.selectionEnd() - cursor.selectionStart();
+}
+
+void CodeEditor::GetCursorStatus(int& line, int& column, int& selectionLength) const
+{
+    GetCursorStatus(textCursor(), line, column, selectionLength);
+}
+
+CodeEditorBlockData* CodeEditor::GetBlockData(const QTextBlock& block) const
+{
+    return static_cast<CodeEditorBlockData*>(block.userData());
+}
+
+CodeEditorBlockData* CodeEditor::GetBlockData(const QTextCursor& cursor) const
+{
+    return GetBlockData(cursor.block());
+}
+
+CodeEditorBlockData* CodeEditor::GetPreviousBlockData(const QTextCursor& cursor) const
+{
+    return GetBlockData(cursor.block().previous());
+}
+
+bool CodeEditor::IsIgnoredBlockDataPosition(const QTextCursor& cursor) const
+{
+    const CodeEditorBlockData* lineData = GetBlockData(cursor);
+    return lineData && lineData->IsIgnoredPosition(cursor.positionInBlock());
+}
+
+int CodeEditor::GetBlockCommentOpenPosition(const QTextCursor& cursor) const
+{
+    int column = cursor.positionInBlock();
+    for (QTextBlock block = cursor.block(); block.isValid(); block = block.previous()) {
+        const CodeEditorBlockData* lineData = GetBlockData(block);
+        const int found = lineData ? lineData->OpenBlockCommentPosition(column) : -1;
+        if (found >= 0)
+            return block.position() + found;
+        column = block.previous().length();
+    }
+    return -1;
+}
+
+int CodeEditor::GetBlockCommentClosePosition(const QTextCursor& cursor, int from) const
+{
+    int column = from;
+    for (QTextBlock block = cursor.block(); block.isValid(); block = block.next()) {
+        const CodeEditorBlockData* lineData = GetBlockData(block);
+        const int found = lineData ? lineData->CloseBlockCommentPosition(column) : -1;
+        if (found >= 0)
+            return block.position() + found;
+        column = -1;
+    }
+    return -1;
+}
+
+void CodeEditor::OnTextChanged()
+{
+    m_textChangeTimer->start();
+}
+
+void CodeEditor::OnTextChangedDelay()
+{
+    Q_EMIT TextChanged(m_filePath, GetText());
+}
+
+void CodeEditor::OnModificationChanged(bool modified)
+{
+    Q_EMIT ModificationChanged(modified, this);
+}
+
+void CodeEditor::focusInEvent(QFocusEvent* event)
+{
+    QPlainTextEdit::focusInEvent(event);
+    Q_EMIT ReceivedFocus();
+}
+
+void CodeEditor::dragEnterEvent(QDragEnterEvent* event)
+{
+    // Dropped files are opened by whoever holds the editor, not inserted as text.
+    if (event->mimeData()->hasUrls())
+        event->ignore();
+    else
+        QPlainTextEdit::dragEnterEvent(event);
+}

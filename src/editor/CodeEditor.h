@@ -1,0 +1,204 @@
+#pragma once
+
+#include "editor/CodeEditorProperties.h"
+
+#include <QPlainTextEdit>
+
+class CodeEditorBlockData;
+class CodeEditorLineNumbers;
+class KeyBindings;
+class QFileSystemWatcher;
+class QMenu;
+class QTextCharFormat;
+class QTimer;
+
+/// The editor of one script: text with line numbers, the rules of what is handed to the host when
+/// the user executes, and a change notification that waits for a pause in typing. Owned by its
+/// group; lives on the interface thread; speaks to its owner by signals alone.
+class CodeEditor : public QPlainTextEdit
+{
+    Q_OBJECT
+
+public:
+    /// One line number to paint: from 1, in pixels of the viewport.
+    struct VisibleLine
+    {
+        int number = 0;
+        int top = 0;
+        int height = 0;
+    };
+
+    /// `keyBindings` outlives the editor and is not owned.
+    CodeEditor(const CodeEditorProperties& properties, KeyBindings* keyBindings,
+        QWidget* parent = nullptr);
+
+    // Identity
+    void GetProperties(CodeEditorProperties& properties) const;
+    /// Watches a file's path; with `force` also re-derives what hangs on the language.
+    void SetProperties(const CodeEditorProperties& properties, bool force);
+    CodeEditorType GetType() const { return m_type; }
+    CodeEditorLanguage GetLanguage() const { return m_language; }
+    QString GetFilePath() const { return m_filePath; }
+    QString GetLabel() const { return m_label; }
+
+    // Text
+    /// Never null, not even of an empty document.
+    QString GetText() const;
+    void SetText(const QString& text);
+    /// With the text widget's own paragraph separators (U+2029).
+    QString GetSelectedText() const;
+    /// With line feeds; otherwise unchanged.
+    QString GetSelectedTextForExecute() const;
+    QString GetCurrentLineText() const;
+    /// Trimmed at both ends.
+    QString GetCurrentLineForExecute() const;
+    /// The text as the inside of a Python string literal, for syntax checks.
+    QString GetTextForPythonProcessing() const;
+    int GetSelectedStartPosition() const;
+    int GetSelectedEndPosition() const;
+    void ClearSelection();
+    /// Inserts at the far end of what was selected.
+    void ClearSelectionAndInsertText(const QString& text);
+    bool IsModified() const;
+    void SetModified(bool modified);
+    /// The null character outside the text.
+    QChar CharacterAt(int position) const;
+    QString SpacesStr(int count) const;
+    QString SpacesForTab() const { return SpacesStr(m_tabSize); }
+
+    // Cursor and view
+    /// From 1.
+    int GetCurrentLine() const;
+    int GetLineCount() const;
+    /// Shows the line centred; a line outside the text is ignored.
+    void SetCurrentLine(int line);
+    int GetCursorPosition() const;
+    void SetCursorPosition(int position, bool home, bool centre);
+    void SetCursorSelection(int start, int end);
+    int GetVerticalScrollBarValue() const;
+    void SetVerticalScrollBarValue(int value);
+    int GetVerticalScrollBarWidth() const;
+    /// Line and column from 1, the column with tabs expanded; the length in characters.
+    void GetCursorStatus(
+        const QTextCursor& cursor, int& line, int& column, int& selectionLength) const;
+    void GetCursorStatus(int& line, int& column, int& selectionLength) const;
+
+    // Line data; null where no highlighter has been
+    CodeEditorBlockData* GetBlockData(const QTextBlock& block) const;
+    CodeEditorBlockData* GetBlockData(const QTextCursor& cursor) const;
+    CodeEditorBlockData* GetPreviousBlockData(const QTextCursor& cursor) const;
+    bool IsIgnoredBlockDataPosition(const QTextCursor& cursor) const;
+    /// Searches up from the cursor's line for a comment's opener: its document position or -1.
+    int GetBlockCommentOpenPosition(const QTextCursor& cursor) const;
+    /// Searches down from column `from` of the cursor's line for a closer: its position or -1.
+    int GetBlockCommentClosePosition(const QTextCursor& cursor, int from) const;
+
+    // Brackets and quotes
+    /// The null character for anything but a bracket.
+    static QChar GetMatchingBrace(QChar character);
+    static bool IsOpeningBrace(QChar character);
+    static bool IsClosingBrace(QChar character);
+    static bool IsMatchingBraces(QChar open, QChar close);
+    bool IsQuoteForLanguage(QChar character) const;
+
+    // Options of the editor's language
+    bool IsDisplayErrorsEnabled() const;
+    bool IsPylintEnabled() const;
+    bool IsAutoIndentEnabled() const;
+    bool IsSmartIndentEnabled() const;
+    bool IsIndentToParenthesesEnabled() const;
+    bool IsInsertClosingBraceEnabled() const;
+    bool IsInsertClosingQuoteEnabled() const;
+    bool IsBackspaceToTabStopEnabled() const;
+
+    // Re-reading the settings
+    void UpdateFontsAndColors();
+    void UpdateFont();
+    void UpdateTextOptions();
+
+    // What the margin paints
+    QVector<VisibleLine> GetVisibleLines() const;
+    int GetGutterWidth() const;
+
+Q_SIGNALS:
+    void ReceivedFocus();
+    void OverwriteModeChanged();
+    void EscapeKeyPressed();
+    void IncreaseFontSizeRequested();
+    void DecreaseFontSizeRequested();
+    void ExecuteRequested();
+    void ExecuteAllRequested();
+    void ExecuteLineRequested();
+    void SaveScriptToShelfRequested();
+    void PythonUpdateModuleStateRequested();
+    void PythonRevertModuleStateRequested();
+    void TogglePythonRevertModuleStateOnExecuteRequested();
+    /// 250 ms after the last change.
+    void TextChanged(const QString& filePath, const QString& text);
+    void FileChanged(const QString& path);
+    void ModificationChanged(bool modified, CodeEditor* editor);
+
+public Q_SLOTS:
+    void Execute() { Q_EMIT ExecuteRequested(); }
+    void ExecuteAll() { Q_EMIT ExecuteAllRequested(); }
+    void ExecuteLine() { Q_EMIT ExecuteLineRequested(); }
+    void SaveScriptToShelf() { Q_EMIT SaveScriptToShelfRequested(); }
+    void PythonUpdateModuleState() { Q_EMIT PythonUpdateModuleStateRequested(); }
+    void PythonRevertModuleState() { Q_EMIT PythonRevertModuleStateRequested(); }
+    void TogglePythonRevertModuleStateOnExecute()
+    {
+        Q_EMIT TogglePythonRevertModuleStateOnExecuteRequested();
+    }
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+private Q_SLOTS:
+    void OnTextChanged();
+    void OnTextChangedDelay();
+    void OnModificationChanged(bool modified);
+    void OnFileChanged(const QString& path);
+    void ShowContextMenu(const QPoint& point);
+    void UpdateLineNumberWidth();
+    void UpdateLineNumbers(const QRect& area, int scrolled);
+    void ScheduleExtraSelections();
+    void UpdateExtraSelections();
+
+private:
+    void CreateConnections();
+    void WatchFile(const CodeEditorProperties& properties);
+
+    // Keys, each step tells whether it took the key
+    bool HandleKeypadEnter(QKeyEvent* event);
+    bool HandleReturn(QKeyEvent* event);
+    bool HandleNavigationKey(QKeyEvent* event);
+    void SendKeyAgain(Qt::Key key, Qt::KeyboardModifiers modifiers);
+    void InsertNewLine();
+    void ToggleOverwriteMode();
+    void OnHomeKeyPressed(bool shift, bool ctrl);
+    void IncreaseIndent(bool force);
+    void DecreaseIndent();
+    void ShiftIndent(int columns);
+    void SetIndentWidth(const QTextBlock& block, int width);
+
+    void AddMenuEntry(QMenu& menu, const QString& label, int binding, void (CodeEditor::*slot)());
+    void AddPythonMenu(QMenu& menu);
+
+    CodeEditorLineNumbers* m_lineNumbers;
+    CodeEditorType m_type = CodeEditorType::Buffer;
+    CodeEditorLanguage m_language = CodeEditorLanguage::Text;
+    QString m_filePath;
+    QString m_label;
+    int m_tabSize = 4; ///< columns
+    bool m_insertSpaces = true;
+    bool m_autoIndent = true;
+    KeyBindings* m_keyBindings; ///< not owned
+    QFileSystemWatcher* m_fileWatcher = nullptr; ///< made for the first file
+    QTimer* m_textChangeTimer;
+    QTimer* m_extraSelectionsTimer;
+};

@@ -1,0 +1,360 @@
+// Editors and tabs of a code editor group; its tool bar is in CodeEditorGroupToolbar.cpp.
+
+#include "editor/CodeEditorGroup.h"
+
+#include "editor/CodeEditor.h"
+#include "editor/CodeEditorGroupTabBar.h"
+#include "plugin/Logger.h"
+#include "settings/Settings.h"
+
+#include <QStackedWidget>
+
+CodeEditorGroup::CodeEditorGroup(int id, KeyBindings* keyBindings, QWidget* parent)
+    : QWidget(parent)
+    , m_id(id)
+    , m_keyBindings(keyBindings)
+{
+    setObjectName(QStringLiteral("codeEditorGroup%1").arg(id));
+    setAccessibleName(tr("Editor group %1").arg(id + 1));
+    CreateWidgets();
+    CreateLayout();
+    CreateConnections();
+    UpdatePreferences();
+}
+
+int CodeEditorGroup::GetCount() const
+{
+    return m_stack->count();
+}
+
+int CodeEditorGroup::GetCurrentIndex() const
+{
+    return m_tabBar->GetCurrentIndex();
+}
+
+void CodeEditorGroup::SetCurrentIndex(int index)
+{
+    m_tabBar->SetCurrentIndex(index);
+}
+
+CodeEditor* CodeEditorGroup::GetCodeEditor(int index) const
+{
+    return qobject_cast<CodeEditor*>(m_stack->widget(index));
+}
+
+CodeEditor* CodeEditorGroup::GetCurrent() const
+{
+    return GetCodeEditor(GetCurrentIndex());
+}
+
+int CodeEditorGroup::GetCodeEditorIndex(const QString& path) const
+{
+    for (int i = 0; i < GetCount(); ++i) {
+        if (GetCodeEditor(i)->GetFilePath() == path)
+            return i;
+    }
+    return -1;
+}
+
+QList<CodeEditorProperties> CodeEditorGroup::GetAllProperties() const
+{
+    QList<CodeEditorProperties> all;
+    for (int i = 0; i < GetCount(); ++i)
+        all.append(GetProperties(i));
+    return all;
+}
+
+QList<CodeEditorProperties> CodeEditorGroup::GetLastUsedEditors() const
+{
+    QList<CodeEditorProperties> ordered;
+    for (const QString& path : m_lastUsedPaths) {
+        const int index = GetCodeEditorIndex(path);
+        if (index >= 0)
+            ordered.append(GetProperties(index));
+    }
+    for (const CodeEditorProperties& properties : GetAllProperties()) {
+        if (!m_lastUsedPaths.contains(properties.filePath))
+            ordered.append(properties);
+    }
+    return ordered;
+}
+
+CodeEditorProperties CodeEditorGroup::GetProperties(int index) const
+{
+    CodeEditorProperties properties;
+    if (const CodeEditor* editor = GetCodeEditor(index))
+        editor->GetProperties(properties);
+    return properties;
+}
+
+CodeEditorType CodeEditorGroup::GetType(int index) const
+{
+    return GetProperties(index).type;
+}
+
+CodeEditorLanguage CodeEditorGroup::GetLanguage(int index) const
+{
+    return GetProperties(index).language;
+}
+
+QString CodeEditorGroup::GetFilePath(int index) const
+{
+    return GetProperties(index).filePath;
+}
+
+QString CodeEditorGroup::GetLabel(int index) const
+{
+    return GetProperties(index).label;
+}
+
+QString CodeEditorGroup::GetText(int index) const
+{
+    const CodeEditor* editor = GetCodeEditor(index);
+    return editor ? editor->GetText() : QString();
+}
+
+void CodeEditorGroup::SetText(int index, const QString& text)
+{
+    if (CodeEditor* editor = GetCodeEditor(index))
+        editor->SetText(text);
+}
+
+QString CodeEditorGroup::GetSelectedTextForExecute(int index) const
+{
+    const CodeEditor* editor = GetCodeEditor(index);
+    return editor ? editor->GetSelectedTextForExecute() : QString();
+}
+
+QString CodeEditorGroup::GetCurrentLineForExecute(int index) const
+{
+    const CodeEditor* editor = GetCodeEditor(index);
+    return editor ? editor->GetCurrentLineForExecute() : QString();
+}
+
+bool CodeEditorGroup::IsModified(int index) const
+{
+    const CodeEditor* editor = GetCodeEditor(index);
+    return editor && editor->IsModified();
+}
+
+void CodeEditorGroup::SetModified(int index, bool modified)
+{
+    if (CodeEditor* editor = GetCodeEditor(index))
+        editor->SetModified(modified);
+}
+
+int CodeEditorGroup::GetCursorPosition(int index) const
+{
+    const CodeEditor* editor = GetCodeEditor(index);
+    return editor ? editor->GetCursorPosition() : 0;
+}
+
+void CodeEditorGroup::SetCursorPosition(int index, int position)
+{
+    if (CodeEditor* editor = GetCodeEditor(index))
+        editor->SetCursorPosition(position, false, false);
+}
+
+void CodeEditorGroup::SetCursorSelection(int index, int start, int end)
+{
+    if (CodeEditor* editor = GetCodeEditor(index))
+        editor->SetCursorSelection(start, end);
+}
+
+int CodeEditorGroup::GetVerticalScrollBarValue(int index) const
+{
+    const CodeEditor* editor = GetCodeEditor(index);
+    return editor ? editor->GetVerticalScrollBarValue() : 0;
+}
+
+void CodeEditorGroup::SetVerticalScrollBarValue(int index, int value)
+{
+    if (CodeEditor* editor = GetCodeEditor(index))
+        editor->SetVerticalScrollBarValue(value);
+}
+
+int CodeEditorGroup::InsertCodeEditor(
+    int index, const CodeEditorProperties& properties, const QString& text)
+{
+    auto* editor = new CodeEditor(properties, m_keyBindings, this);
+    editor->SetText(text);
+    editor->SetModified(false);
+    const int place = InsertCodeEditor(index, editor);
+    if (place < 0)
+        delete editor;
+    return place;
+}
+
+int CodeEditorGroup::InsertCodeEditor(int index, CodeEditor* editor)
+{
+    if (!CheckCounts("Failed to insert code editor. Tab and code editor count mismatch."))
+        return -1;
+    const int place = index < 0 || index > GetCount() ? GetCount() : index;
+    CodeEditorProperties properties;
+    editor->GetProperties(properties);
+    // The bar makes its first tab current at once, so the editor is there before it.
+    m_stack->insertWidget(place, editor);
+    m_tabBar->InsertTab(place, properties.label);
+    m_tabBar->SetTabType(place, properties.type);
+    m_tabBar->SetTabLanguage(place, properties.language);
+    SetTabLabel(place, properties.label, editor->IsModified(), properties.type);
+    SetTabToolTip(place, properties);
+    ConnectEditor(editor);
+    return place;
+}
+
+void CodeEditorGroup::ConnectEditor(CodeEditor* editor)
+{
+    using E = CodeEditor;
+    using G = CodeEditorGroup;
+    connect(editor, &E::ReceivedFocus, this, &G::OnCodeEditorReceivedFocus);
+    connect(editor, &E::TextChanged, this, &G::TextChanged);
+    connect(editor, &E::ModificationChanged, this, &G::OnModificationChanged);
+    connect(editor, &E::FileChanged, this, &G::FileChanged);
+
+    static constexpr std::pair<void (E::*)(), void (G::*)()> RELAYS[] = {
+        {&E::OverwriteModeChanged, &G::OverwriteModeChanged},
+        {&E::IncreaseFontSizeRequested, &G::IncreaseFontSizeRequested},
+        {&E::DecreaseFontSizeRequested, &G::DecreaseFontSizeRequested},
+        {&E::ExecuteRequested, &G::ExecutePressed},
+        {&E::ExecuteAllRequested, &G::ExecuteAllPressed},
+        {&E::ExecuteLineRequested, &G::ExecuteLinePressed},
+        {&E::SaveScriptToShelfRequested, &G::SaveScriptToShelfPressed},
+        {&E::PythonUpdateModuleStateRequested, &G::PythonUpdateModuleStateRequested},
+        {&E::PythonRevertModuleStateRequested, &G::PythonRevertModuleStateRequested},
+        {&E::TogglePythonRevertModuleStateOnExecuteRequested,
+            &G::TogglePythonRevertModuleStateOnExecuteRequested},
+    };
+    for (const auto& relay : RELAYS)
+        connect(editor, relay.first, this, relay.second);
+    connect(editor, &QPlainTextEdit::cursorPositionChanged, this, &G::CursorPositionChanged);
+    // The selection's length is part of what the status bar says about the cursor.
+    connect(editor, &QPlainTextEdit::selectionChanged, this, &G::CursorPositionChanged);
+}
+
+CodeEditor* CodeEditorGroup::RemoveCodeEditor(int index)
+{
+    if (!CheckCounts("Failed to remove code editor. Tab and code editor count mismatch."))
+        return nullptr;
+    CodeEditor* editor = GetCodeEditor(index);
+    if (!editor)
+        return nullptr;
+    disconnect(editor, nullptr, this, nullptr);
+    m_stack->removeWidget(editor);
+    m_tabBar->RemoveTab(index);
+    editor->setParent(nullptr);
+    return editor;
+}
+
+void CodeEditorGroup::DeleteCodeEditor(int index)
+{
+    if (CheckCounts("Failed to delete code editor. Tab and code editor count mismatch."))
+        delete RemoveCodeEditor(index);
+}
+
+bool CodeEditorGroup::CheckCounts(const char* failure) const
+{
+    if (m_tabBar->GetCount() == m_stack->count())
+        return true;
+    Logger::Error(QString::fromLatin1(failure));
+    return false;
+}
+
+void CodeEditorGroup::SetProperties(int index, const CodeEditorProperties& properties)
+{
+    CodeEditor* editor = GetCodeEditor(index);
+    if (!editor)
+        return;
+    editor->SetProperties(properties, false);
+    m_tabBar->SetTabType(index, properties.type);
+    m_tabBar->SetTabLanguage(index, properties.language);
+    SetTabLabel(index, properties.label, editor->IsModified(), properties.type);
+    SetTabToolTip(index, properties);
+}
+
+void CodeEditorGroup::SetTabLabel(
+    int index, const QString& label, bool modified, CodeEditorType type)
+{
+    m_tabBar->SetTabText(index, label);
+    m_tabBar->SetTabType(index, type);
+    m_tabBar->SetTabModified(index, modified && type == CodeEditorType::File);
+}
+
+void CodeEditorGroup::SetTabToolTip(int index, const CodeEditorProperties& properties)
+{
+    m_tabBar->SetTabToolTip(
+        index, properties.type == CodeEditorType::File ? properties.filePath : properties.label);
+}
+
+int CodeEditorGroup::GetTabBarScrollValue() const
+{
+    return m_tabBar->GetScrollValue();
+}
+
+void CodeEditorGroup::SetTabBarScrollValue(int value)
+{
+    m_tabBar->SetScrollValue(value);
+}
+
+void CodeEditorGroup::FocusCurrentCodeEditor()
+{
+    if (CodeEditor* editor = GetCurrent())
+        editor->setFocus(Qt::OtherFocusReason);
+}
+
+void CodeEditorGroup::OnCurrentTabChanged(int index)
+{
+    m_stack->setCurrentIndex(index);
+    UpdateLastUsedEditorOrder();
+    Q_EMIT CurrentTabChanged();
+}
+
+void CodeEditorGroup::UpdateLastUsedEditorOrder()
+{
+    const CodeEditor* editor = GetCurrent();
+    if (!editor)
+        return;
+    m_lastUsedPaths.removeAll(editor->GetFilePath());
+    m_lastUsedPaths.prepend(editor->GetFilePath());
+}
+
+void CodeEditorGroup::OnModificationChanged(bool modified, CodeEditor* editor)
+{
+    const int index = m_stack->indexOf(editor);
+    if (index >= 0)
+        SetTabLabel(index, editor->GetLabel(), modified, editor->GetType());
+}
+
+void CodeEditorGroup::UpdateTextOptions()
+{
+    for (int i = 0; i < GetCount(); ++i)
+        GetCodeEditor(i)->UpdateTextOptions();
+}
+
+void CodeEditorGroup::UpdateFontsAndColors()
+{
+    for (int i = 0; i < GetCount(); ++i)
+        GetCodeEditor(i)->UpdateFontsAndColors();
+    update();
+}
+
+void CodeEditorGroup::UpdateFont()
+{
+    for (int i = 0; i < GetCount(); ++i)
+        GetCodeEditor(i)->UpdateFont();
+}
+
+void CodeEditorGroup::UpdateOverwriteMode()
+{
+    for (int i = 0; i < GetCount(); ++i)
+        GetCodeEditor(i)->setOverwriteMode(Settings::overwriteEnabled);
+}
+
+void CodeEditorGroup::UpdatePreferences()
+{
+    UpdateFontsAndColors();
+    UpdateTextOptions();
+    UpdateKeyBindings();
+    m_tabBar->parentWidget()->setVisible(Settings::showTabBar);
+    SetMiniToolbarVisible(Settings::showTabBarMiniToolbar);
+}

@@ -1,0 +1,218 @@
+// Widgets, layout and mini tool bar of a code editor group.
+
+#include "editor/CodeEditor.h"
+#include "editor/CodeEditorGroup.h"
+#include "editor/CodeEditorGroupTabBar.h"
+#include "settings/KeyBindings.h"
+#include "settings/Settings.h"
+#include "window/chrome/FlatButton.h"
+#include "window/chrome/Theme.h"
+
+#include <QHBoxLayout>
+#include <QMenu>
+#include <QPainter>
+#include <QStackedWidget>
+#include <QTimer>
+
+namespace {
+
+// Design pixels.
+constexpr int BUTTON_EXTENT = 26;
+constexpr int SEPARATOR_HEIGHT = 16;
+constexpr int SEPARATOR_MARGIN = 4;
+constexpr int TOOLBAR_MARGIN = 6;
+constexpr int MINIMUM_EXTENT = 100; // pixels, of the whole group
+constexpr int SCROLL_INTERVAL = 40; // ms between steps while a scroll button is held
+
+QWidget* Separator(QWidget* parent)
+{
+    auto* line = new QWidget(parent);
+    line->setFixedSize(Theme::Hairline(), Theme::Dp(SEPARATOR_HEIGHT));
+    QPalette palette = line->palette();
+    palette.setColor(QPalette::Window, Theme::Color(Theme::Role::RaiseEdge));
+    line->setPalette(palette);
+    line->setAutoFillBackground(true);
+    return line;
+}
+
+} // namespace
+
+/// An execute button: what it shows, and the option that hides it.
+struct CodeEditorGroup::MiniButton
+{
+    FlatButton* CodeEditorGroup::*button;
+    const char* label;
+    int binding;
+    bool* shown;
+};
+
+const CodeEditorGroup::MiniButton* CodeEditorGroup::MiniButtons()
+{
+    using G = CodeEditorGroup;
+    using K = KeyBindings;
+    static const MiniButton BUTTONS[] = {
+        {&G::m_executeButton, QT_TR_NOOP("Execute"), K::Execute,
+            &Settings::showCodeEditorExecuteBtn},
+        {&G::m_executeAllButton, QT_TR_NOOP("Execute All"), K::ExecuteAll,
+            &Settings::showCodeEditorExecuteAllBtn},
+        {&G::m_executeLineButton, QT_TR_NOOP("Execute Line"), K::ExecuteLine,
+            &Settings::showCodeEditorExecuteLineBtn},
+        {nullptr, nullptr, 0, nullptr},
+    };
+    return BUTTONS;
+}
+
+void CodeEditorGroup::CreateWidgets()
+{
+    setMinimumSize(MINIMUM_EXTENT, MINIMUM_EXTENT);
+    auto* row = new QWidget(this);
+    row->setObjectName(QStringLiteral("tabRow"));
+    m_tabBar = new CodeEditorGroupTabBar(row);
+    m_tabBar->setObjectName(QStringLiteral("m_tabBar"));
+    m_tabBar->setAccessibleName(tr("Tabs of editor group %1").arg(m_id + 1));
+    m_stack = new QStackedWidget(this);
+    m_miniToolbar = new QWidget(row);
+    m_miniToolbar->setObjectName(QStringLiteral("m_miniToolbar"));
+    m_miniToolbar->setContextMenuPolicy(Qt::CustomContextMenu);
+
+    const auto own = FlatButton::Tint::Own;
+    const auto computed = FlatButton::Tint::Computed;
+    m_scrollLeftButton = new FlatButton(
+        QStringLiteral("scroll_left"), tr("Scroll Tabs Left"), computed, m_miniToolbar);
+    m_scrollRightButton = new FlatButton(
+        QStringLiteral("scroll_right"), tr("Scroll Tabs Right"), computed, m_miniToolbar);
+    m_executeButton = new FlatButton(QStringLiteral("execute"), tr("Execute"), own, m_miniToolbar);
+    m_executeAllButton
+        = new FlatButton(QStringLiteral("execute_all"), tr("Execute All"), own, m_miniToolbar);
+    m_executeLineButton
+        = new FlatButton(QStringLiteral("execute_line"), tr("Execute Line"), own, m_miniToolbar);
+    m_openEditorsButton = new FlatButton(
+        QStringLiteral("list_code_editors"), tr("Open Editors"), computed, m_miniToolbar);
+    m_executeButton->setObjectName(QStringLiteral("m_executeButton"));
+    m_executeAllButton->setObjectName(QStringLiteral("m_executeAllButton"));
+    m_executeLineButton->setObjectName(QStringLiteral("m_executeLineButton"));
+    m_openEditorsButton->setObjectName(QStringLiteral("m_openEditorsButton"));
+    for (FlatButton* button : m_miniToolbar->findChildren<FlatButton*>())
+        button->SetExtent(BUTTON_EXTENT);
+    m_scrollTimer = new QTimer(this);
+    m_scrollTimer->setInterval(SCROLL_INTERVAL);
+}
+
+void CodeEditorGroup::CreateLayout()
+{
+    auto* tools = new QHBoxLayout(m_miniToolbar);
+    tools->setContentsMargins(Theme::Dp(TOOLBAR_MARGIN), 0, Theme::Dp(TOOLBAR_MARGIN), 0);
+    tools->setSpacing(Theme::Hairline());
+    tools->addWidget(m_scrollLeftButton);
+    tools->addWidget(m_scrollRightButton);
+    const auto addSeparator = [this, tools] {
+        tools->addSpacing(Theme::Dp(SEPARATOR_MARGIN));
+        tools->addWidget(Separator(m_miniToolbar));
+        tools->addSpacing(Theme::Dp(SEPARATOR_MARGIN));
+    };
+    addSeparator();
+    tools->addWidget(m_executeButton);
+    tools->addWidget(m_executeAllButton);
+    tools->addWidget(m_executeLineButton);
+    addSeparator();
+    tools->addWidget(m_openEditorsButton);
+
+    QWidget* row = m_tabBar->parentWidget();
+    auto* rowLayout = new QHBoxLayout(row);
+    rowLayout->setContentsMargins(0, 0, 0, 0);
+    rowLayout->setSpacing(0);
+    rowLayout->addWidget(m_tabBar, 1);
+    rowLayout->addWidget(m_miniToolbar);
+
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(row);
+    layout->addWidget(m_stack, 1);
+}
+
+void CodeEditorGroup::CreateConnections()
+{
+    using G = CodeEditorGroup;
+    connect(m_tabBar, &CustomTabBar::CurrentChanged, this, &G::OnCurrentTabChanged);
+    connect(m_tabBar, &CustomTabBar::Activated, this, &G::FocusCurrentCodeEditor);
+    connect(m_tabBar, &CustomTabBar::ScrollRangeChanged, this, &G::UpdateMiniToolbar);
+    connect(m_executeButton, &QAbstractButton::clicked, this, &G::ExecutePressed);
+    connect(m_executeAllButton, &QAbstractButton::clicked, this, &G::ExecuteAllPressed);
+    connect(m_executeLineButton, &QAbstractButton::clicked, this, &G::ExecuteLinePressed);
+    connect(
+        m_openEditorsButton, &QAbstractButton::clicked, this, &G::ShowOpenCodeEditorContextMenu);
+    connect(
+        m_miniToolbar, &QWidget::customContextMenuRequested, this, &G::ShowMiniToolbarContextMenu);
+    connect(m_scrollTimer, &QTimer::timeout, this, &G::ScrollTabs);
+    connect(m_scrollLeftButton, &QAbstractButton::pressed, this, [this] { BeginScroll(-1); });
+    connect(m_scrollRightButton, &QAbstractButton::pressed, this, [this] { BeginScroll(1); });
+    connect(m_scrollLeftButton, &QAbstractButton::released, m_scrollTimer, &QTimer::stop);
+    connect(m_scrollRightButton, &QAbstractButton::released, m_scrollTimer, &QTimer::stop);
+}
+
+void CodeEditorGroup::BeginScroll(int direction)
+{
+    m_scrollDirection = direction;
+    ScrollTabs();
+    m_scrollTimer->start();
+}
+
+void CodeEditorGroup::ScrollTabs()
+{
+    m_tabBar->ScrollBy(m_scrollDirection);
+}
+
+void CodeEditorGroup::UpdateKeyBindings()
+{
+    for (const MiniButton* row = MiniButtons(); row->label; ++row)
+        (this->*row->button)->SetToolTip(m_keyBindings->GetToolTip(row->binding, tr(row->label)));
+}
+
+void CodeEditorGroup::SetMiniToolbarVisible(bool visible)
+{
+    m_miniToolbar->setVisible(visible);
+    UpdateMiniToolbar();
+}
+
+void CodeEditorGroup::UpdateMiniToolbar()
+{
+    m_scrollLeftButton->setEnabled(m_tabBar->CanScroll(-1));
+    m_scrollRightButton->setEnabled(m_tabBar->CanScroll(1));
+    for (const MiniButton* row = MiniButtons(); row->label; ++row)
+        (this->*row->button)->setVisible(*row->shown);
+}
+
+void CodeEditorGroup::SetActive(bool active)
+{
+    m_tabBar->SetActive(active);
+    for (FlatButton* button : m_miniToolbar->findChildren<FlatButton*>())
+        button->SetDimmed(!active);
+}
+
+void CodeEditorGroup::ShowOpenCodeEditorContextMenu()
+{
+    QMenu menu(this);
+    for (int i = 0; i < GetCount(); ++i)
+        menu.addAction(GetLabel(i))->setData(i);
+    const QPoint below = m_openEditorsButton->mapToGlobal({0, m_openEditorsButton->height()});
+    if (const QAction* chosen = menu.exec(below))
+        SetCurrentIndex(chosen->data().toInt());
+}
+
+void CodeEditorGroup::ShowMiniToolbarContextMenu(const QPoint& point)
+{
+    if (!Settings::showTabBarMiniToolbar)
+        return;
+    QMenu menu(this);
+    for (const MiniButton* row = MiniButtons(); row->label; ++row) {
+        QAction* action = menu.addAction(tr(row->label));
+        action->setCheckable(true);
+        action->setChecked(*row->shown);
+        connect(action, &QAction::toggled, this, [row](bool on) { *row->shown = on; });
+    }
+    if (!menu.exec(m_miniToolbar->mapToGlobal(point)))
+        return;
+    UpdateMiniToolbar();
+    Q_EMIT MiniToolbarDisplayModified();
+}

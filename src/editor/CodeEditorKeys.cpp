@@ -1,0 +1,176 @@
+// Keys, wheel and context menu of the code editor.
+
+#include "editor/CodeEditor.h"
+#include "language/MelVariableSelection.h"
+#include "settings/KeyBindings.h"
+#include "settings/Settings.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QMenu>
+#include <QTextBlock>
+#include <QToolTip>
+
+void CodeEditor::keyPressEvent(QKeyEvent* event)
+{
+    QToolTip::hideText();
+    const bool handled
+        = HandleKeypadEnter(event) || HandleReturn(event) || HandleNavigationKey(event);
+    if (!handled)
+        QPlainTextEdit::keyPressEvent(event);
+}
+
+/// The keypad's Enter executes: sent again as Ctrl+Enter, it is ignored here and taken by the
+/// window.
+bool CodeEditor::HandleKeypadEnter(QKeyEvent* event)
+{
+    if (event->key() != Qt::Key_Enter || event->modifiers() & Qt::ControlModifier)
+        return false;
+    if (event->modifiers() & (Qt::AltModifier | Qt::MetaModifier))
+        event->ignore();
+    else if (event->modifiers() & Qt::ShiftModifier)
+        SendKeyAgain(Qt::Key_Enter, Qt::NoModifier);
+    else
+        SendKeyAgain(Qt::Key_Enter, Qt::ControlModifier);
+    return true;
+}
+
+bool CodeEditor::HandleReturn(QKeyEvent* event)
+{
+    if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter)
+        return false;
+    const Qt::KeyboardModifiers modifiers = event->modifiers() & ~Qt::KeypadModifier;
+    if (modifiers == Qt::ShiftModifier)
+        SendKeyAgain(Qt::Key_Return, Qt::NoModifier);
+    else if (modifiers & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier))
+        event->ignore();
+    else
+        InsertNewLine();
+    return true;
+}
+
+bool CodeEditor::HandleNavigationKey(QKeyEvent* event)
+{
+    const bool shift = event->modifiers() & Qt::ShiftModifier;
+    const bool ctrl = event->modifiers() & Qt::ControlModifier;
+    switch (event->key()) {
+    case Qt::Key_Escape: Q_EMIT EscapeKeyPressed(); return true;
+    case Qt::Key_Tab: IncreaseIndent(false); return true;
+    case Qt::Key_Backtab: DecreaseIndent(); return true;
+    case Qt::Key_Home: OnHomeKeyPressed(shift, ctrl); return true;
+    case Qt::Key_Insert:
+        if (shift || ctrl)
+            return false;
+        ToggleOverwriteMode();
+        return true;
+    default: return false;
+    }
+}
+
+void CodeEditor::SendKeyAgain(Qt::Key key, Qt::KeyboardModifiers modifiers)
+{
+    QKeyEvent again(QEvent::KeyPress, key, modifiers);
+    QApplication::sendEvent(this, &again);
+}
+
+void CodeEditor::InsertNewLine()
+{
+    QTextCursor cursor = textCursor();
+    cursor.beginEditBlock();
+    cursor.insertBlock();
+    cursor.endEditBlock();
+    setTextCursor(cursor);
+    ensureCursorVisible();
+}
+
+void CodeEditor::ToggleOverwriteMode()
+{
+    Settings::overwriteEnabled = !Settings::overwriteEnabled;
+    setOverwriteMode(Settings::overwriteEnabled);
+    Q_EMIT OverwriteModeChanged();
+}
+
+void CodeEditor::OnHomeKeyPressed(bool shift, bool ctrl)
+{
+    const auto mode = shift ? QTextCursor::KeepAnchor : QTextCursor::MoveAnchor;
+    QTextCursor cursor = textCursor();
+    if (ctrl) {
+        cursor.movePosition(QTextCursor::Start, mode);
+        setTextCursor(cursor);
+        return;
+    }
+    const QString text = cursor.block().text();
+    int firstWord = 0;
+    while (firstWord < text.size() && text.at(firstWord).isSpace())
+        ++firstWord;
+    const int column = cursor.positionInBlock() == firstWord ? 0 : firstWord;
+    cursor.setPosition(cursor.block().position() + column, mode);
+    setTextCursor(cursor);
+}
+
+void CodeEditor::wheelEvent(QWheelEvent* event)
+{
+    if (event->modifiers() != Qt::ControlModifier
+        || !Settings::codeEditorMouseWheelChangesFontSize) {
+        QPlainTextEdit::wheelEvent(event);
+        return;
+    }
+    if (event->angleDelta().y() > 0)
+        Q_EMIT IncreaseFontSizeRequested();
+    else if (event->angleDelta().y() < 0)
+        Q_EMIT DecreaseFontSizeRequested();
+}
+
+void CodeEditor::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    QPlainTextEdit::mouseDoubleClickEvent(event);
+    if (m_language == CodeEditorLanguage::Mel && Settings::melDoubleClickIncludesDollarSign)
+        setTextCursor(WithDollarSign(textCursor()));
+}
+
+void CodeEditor::ShowContextMenu(const QPoint& point)
+{
+    using K = KeyBindings;
+    QMenu menu(this);
+    AddMenuEntry(menu, tr("Cut"), K::Cut, &CodeEditor::cut);
+    AddMenuEntry(menu, tr("Copy"), K::Copy, &CodeEditor::copy);
+    AddMenuEntry(menu, tr("Paste"), K::Paste, &CodeEditor::paste);
+    menu.addSeparator();
+    AddMenuEntry(menu, tr("Select All"), K::SelectAll, &CodeEditor::selectAll);
+    menu.addSeparator();
+    AddMenuEntry(menu, tr("Execute"), K::Execute, &CodeEditor::Execute);
+    AddMenuEntry(menu, tr("Execute Line"), K::ExecuteLine, &CodeEditor::ExecuteLine);
+    AddMenuEntry(menu, tr("Execute All"), K::ExecuteAll, &CodeEditor::ExecuteAll);
+    menu.addSeparator();
+    AddMenuEntry(
+        menu, tr("Save Script to Shelf"), K::SaveScriptToShelf, &CodeEditor::SaveScriptToShelf);
+    if (m_language == CodeEditorLanguage::Python) {
+        menu.addSeparator();
+        AddPythonMenu(menu);
+    }
+    menu.exec(mapToGlobal(point));
+}
+
+void CodeEditor::AddPythonMenu(QMenu& menu)
+{
+    using K = KeyBindings;
+    QMenu& python = *menu.addMenu(QStringLiteral("Python"));
+    AddMenuEntry(python, QStringLiteral("Update Module State"), K::PythonUpdateModuleState,
+        &CodeEditor::PythonUpdateModuleState);
+    AddMenuEntry(python, QStringLiteral("Revert Module State"), K::PythonRevertModuleState,
+        &CodeEditor::PythonRevertModuleState);
+    python.addSeparator();
+    AddMenuEntry(python, QStringLiteral("Revert Module State on Execute"),
+        K::PythonRevertModuleStateOnExecute, &CodeEditor::TogglePythonRevertModuleStateOnExecute);
+    QAction* onExecute = python.actions().constLast();
+    onExecute->setCheckable(true);
+    onExecute->setChecked(Settings::pythonRevertModuleStateOnExecute);
+}
+
+void CodeEditor::AddMenuEntry(
+    QMenu& menu, const QString& label, int binding, void (CodeEditor::*slot)())
+{
+    QAction* action = menu.addAction(label, this, slot);
+    action->setShortcut(m_keyBindings->GetShortcut(binding));
+    action->setShortcutVisibleInContextMenu(true);
+}

@@ -1,0 +1,166 @@
+// What the settings say about editors of each language, and brackets and quotes.
+
+#include "editor/CodeEditor.h"
+#include "settings/ColorSettings.h"
+#include "settings/Settings.h"
+#include "window/chrome/TextLook.h"
+
+#include <QTextDocument>
+
+namespace {
+
+/// One option by language; null stands for off.
+struct LanguageOption
+{
+    const bool* mel;
+    const bool* python;
+};
+
+bool IsOn(const LanguageOption& option, CodeEditorLanguage language)
+{
+    switch (language) {
+    case CodeEditorLanguage::Mel: return option.mel && *option.mel;
+    case CodeEditorLanguage::Python: return option.python && *option.python;
+    case CodeEditorLanguage::Text: return false;
+    }
+    return false;
+}
+
+struct TabOptions
+{
+    int size;
+    bool insertSpaces;
+    bool autoIndent;
+};
+
+TabOptions TabOptionsOf(CodeEditorLanguage language)
+{
+    if (language == CodeEditorLanguage::Mel && !Settings::tabsUseDefaultsMel)
+        return {Settings::tabsSizeMel, Settings::tabsInsertSpacesMel, Settings::tabsAutoIndentMel};
+    if (language == CodeEditorLanguage::Python && !Settings::tabsUseDefaultsPython)
+        return {Settings::tabsSizePython, Settings::tabsInsertSpacesPython,
+            Settings::tabsAutoIndentPython};
+    return {Settings::tabsSizeDefault, Settings::tabsInsertSpacesDefault,
+        Settings::tabsAutoIndentDefault};
+}
+
+constexpr int FALLBACK_TAB_SIZE = 4;
+
+} // namespace
+
+bool CodeEditor::IsDisplayErrorsEnabled() const
+{
+    return IsOn({&Settings::melDisplayErrors, &Settings::pythonDisplayErrors}, m_language);
+}
+
+bool CodeEditor::IsPylintEnabled() const
+{
+    return IsOn({nullptr, &Settings::pylintEnabled}, m_language);
+}
+
+bool CodeEditor::IsAutoIndentEnabled() const
+{
+    return TabOptionsOf(m_language).autoIndent;
+}
+
+bool CodeEditor::IsSmartIndentEnabled() const
+{
+    return IsOn({&Settings::melSmartIndent, &Settings::pythonSmartIndent}, m_language);
+}
+
+bool CodeEditor::IsIndentToParenthesesEnabled() const
+{
+    return IsOn(
+        {&Settings::melIndentToParentheses, &Settings::pythonIndentToParentheses}, m_language);
+}
+
+bool CodeEditor::IsInsertClosingBraceEnabled() const
+{
+    return IsOn({&Settings::melInsertClosingParentheses, &Settings::pythonInsertClosingParentheses},
+        m_language);
+}
+
+bool CodeEditor::IsInsertClosingQuoteEnabled() const
+{
+    return IsOn(
+        {&Settings::melInsertClosingQuotes, &Settings::pythonInsertClosingQuotes}, m_language);
+}
+
+bool CodeEditor::IsBackspaceToTabStopEnabled() const
+{
+    return IsOn({&Settings::codeEditorBackspaceToTabStop, &Settings::codeEditorBackspaceToTabStop},
+        m_language);
+}
+
+void CodeEditor::UpdateFontsAndColors()
+{
+    UpdateFont();
+    TextLook::ApplyColors(*this,
+        ColorSettings::GetCodeEditorFormat(ColorSettings::PLAIN_TEXT, false),
+        ColorSettings::GetCodeEditorFormat(ColorSettings::SELECTED_TEXT, false));
+    ScheduleExtraSelections();
+    update();
+}
+
+void CodeEditor::UpdateFont()
+{
+    setFont(TextLook::ZoomedFont(Settings::codeEditorFont, Settings::codeEditorZoom));
+    UpdateTextOptions();
+    UpdateLineNumberWidth();
+}
+
+void CodeEditor::UpdateTextOptions()
+{
+    const TabOptions tabs = TabOptionsOf(m_language);
+    m_tabSize = tabs.size < 1 ? FALLBACK_TAB_SIZE : tabs.size;
+    m_insertSpaces = tabs.insertSpaces;
+    m_autoIndent = tabs.autoIndent;
+
+    QTextOption option = TextLook::Option(font(), m_tabSize, Settings::wordWrapEnabled);
+    QTextOption::Flags flags;
+    flags.setFlag(QTextOption::ShowTabsAndSpaces, Settings::renderWhitespace);
+    flags.setFlag(QTextOption::ShowLineAndParagraphSeparators, Settings::renderEndOfLine);
+    option.setFlags(flags);
+    document()->setDefaultTextOption(option);
+}
+
+QChar CodeEditor::GetMatchingBrace(QChar character)
+{
+    switch (character.unicode()) {
+    case '(': return QLatin1Char(')');
+    case ')': return QLatin1Char('(');
+    case '[': return QLatin1Char(']');
+    case ']': return QLatin1Char('[');
+    case '{': return QLatin1Char('}');
+    case '}': return QLatin1Char('{');
+    default: return {};
+    }
+}
+
+bool CodeEditor::IsOpeningBrace(QChar character)
+{
+    return character == QLatin1Char('(') || character == QLatin1Char('[')
+        || character == QLatin1Char('{');
+}
+
+bool CodeEditor::IsClosingBrace(QChar character)
+{
+    return character == QLatin1Char(')') || character == QLatin1Char(']')
+        || character == QLatin1Char('}');
+}
+
+// A square bracket is deliberately matched by a second opening one only: typing a quote between
+// "[" and "]" relies on it. Guarded by BraceTest::SquareBracketsMatchOnlyThemselves.
+bool CodeEditor::IsMatchingBraces(QChar open, QChar close)
+{
+    return (open == QLatin1Char('(') && close == QLatin1Char(')'))
+        || (open == QLatin1Char('{') && close == QLatin1Char('}'))
+        || (open == QLatin1Char('[') && close == QLatin1Char('['));
+}
+
+bool CodeEditor::IsQuoteForLanguage(QChar character) const
+{
+    return character == QLatin1Char('"')
+        || (m_language == CodeEditorLanguage::Mel && character == QLatin1Char('`'))
+        || (m_language == CodeEditorLanguage::Python && character == QLatin1Char('\''));
+}

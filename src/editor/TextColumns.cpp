@@ -1,0 +1,10 @@
+#include "editor/TextColumns.h"
+
+int VisualWidth(const QString& text, int tabSize)
+{
+    const int step = qMax(1, tabSize);
+    int width = 0;
+    for (const QChar character : text)
+        width += character == QLatin1Char('\t') ? step - width % step : 1;
+    return width;
+}

@@ -1,0 +1,7 @@
+#pragma once
+
+#include <QString>
+
+/// Width in columns of `text` with tabs expanded to stops every `tabSize` columns (at least 1).
+/// Columns count from 0; a tab that starts on a stop fills a whole stop.
+int VisualWidth(const QString& text, int tabSize);

@@ -1,0 +1,134 @@
+#pragma once
+
+#include <QElapsedTimer>
+#include <QList>
+#include <QPlainTextEdit>
+#include <QRegularExpression>
+
+#include <memory>
+
+struct ExtraSelectionProperties;
+class KeyBindings;
+class QFile;
+class QTextStream;
+class QTimer;
+
+/// The console: shows everything the host prints, as finished text, and keeps the last lines of it.
+/// Owned by the output panel; interface thread only.
+///
+/// A burst of output costs little: what one turn of the event loop appends is inserted at once only
+/// for a short while; then it is joined and inserted at the end of the turn, at the repaint that
+/// shows progress, or when somebody reads the text. Every reader therefore goes through this
+/// class's own operations (the inherited ones of the same names are hidden), and the document they
+/// see is the same as if each piece had been inserted by itself.
+class OutputTextEdit : public QPlainTextEdit
+{
+    Q_OBJECT
+
+public:
+    /// `keyBindings` outlives the console and is not owned.
+    explicit OutputTextEdit(KeyBindings* keyBindings, QWidget* parent = nullptr);
+    ~OutputTextEdit() override;
+
+    /// Shows the text behind everything else and lets the view follow it. While the console is
+    /// hidden it is kept and inserted when the console is shown.
+    void AppendText(const QString& text);
+    void ClearAll();
+    void ScrollToEnd();
+    /// The most lines kept; 0 for no limit.
+    void SetLineLimit(int lines);
+
+    /// Copies everything that arrives from now on to a file, which is overwritten. False, and
+    /// logged, when it cannot be opened.
+    bool BeginWriteToFile(const QString& path);
+    void EndWriteToFile();
+    bool IsWriteToFileActive() const { return m_logFile != nullptr; }
+    /// Empty when not writing.
+    QString GetWriteToFilePath() const;
+
+    QString GetText();
+    QString GetSelectedText();
+    QString GetSelectedTextForExecute();
+    int GetSelectedStartPosition();
+    int GetSelectedEndPosition();
+
+    // Readers that first insert what was joined; they hide the inherited ones.
+    QString toPlainText();
+    QTextDocument* document();
+    QTextCursor textCursor();
+    int blockCount();
+
+    // Re-reading the settings
+    void UpdateFontsAndColors();
+    void UpdateFont();
+    void UpdateTextOptions();
+
+Q_SIGNALS:
+    void ReceivedFocus();
+    void IncreaseFontSizeRequested();
+    void DecreaseFontSizeRequested();
+
+public Q_SLOTS:
+    void UpdateExtraSelections();
+
+protected:
+    bool event(QEvent* event) override;
+    bool viewportEvent(QEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+
+private Q_SLOTS:
+    void QueueUpdateExtraSelections(int sliderAction);
+    void ShowContextMenu(const QPoint& point);
+    void ScheduleExtraSelections();
+    /// The end of an event-loop turn in which something was appended.
+    void FinishTurn();
+
+private:
+    void CreateConnections();
+
+    // Appending
+    void WriteToLog(const QString& text);
+    void KeepPending(const QString& text);
+    void Join(const QString& text);
+    void InsertText(const QString& text);
+    void FlushJoined();
+    void FollowOutput();
+    void RepaintIfDue();
+    bool AnswersUserInput(const QEvent& event) const;
+
+    // Extra selections
+    void HighlightUserDefinedSelections(int start, int end);
+    void HighlightMatchedSelection(int start, int end);
+    QRegularExpression MatchedSelectionExpression(const QString& selected) const;
+    void AppendSelection(int start, int end, const QTextCharFormat& format);
+    void UpdateRules();
+
+    struct Rule
+    {
+        QRegularExpression expression;
+        QTextCharFormat format;
+        bool wholeLine = false;
+    };
+
+    KeyBindings* m_keyBindings; ///< not owned
+    QList<QTextEdit::ExtraSelection> m_extraSelections;
+    QString m_pendingText; ///< arrived while hidden
+    int m_pendingCutSize = 0; ///< length at which the pending text is cut to the limit again
+    std::unique_ptr<QFile> m_logFile; ///< null when not writing
+    std::unique_ptr<QTextStream> m_logStream; ///< null when not writing
+    QElapsedTimer m_repaintTimer;
+
+    QTimer* m_turnTimer; ///< 0 ms: fires at the end of a turn
+    QString m_joinedText; ///< appended in this turn and not inserted yet
+    qint64 m_turnNanoseconds = 0; ///< spent on appending in this turn
+    bool m_followDue = false;
+    bool m_extraSelectionsDue = false;
+
+    QVector<Rule> m_rules;
+    QString m_rulesKey; ///< what m_rules was made of
+};

@@ -1,0 +1,86 @@
+#pragma once
+
+#include <QKeySequence>
+#include <QList>
+#include <QString>
+
+class QAction;
+class QSettings;
+
+/// One keyboard command: what it is called, which keys it has by default and which are in force.
+struct KeyBinding
+{
+    int id = 0;
+    QString label; ///< shown to people
+    QString name; ///< key in the bindings file
+    QList<QKeySequence> defaultSequences;
+    QList<QKeySequence> userSequences;
+    QAction* action = nullptr; ///< not owned; null until SetAction
+    bool fixed = false; ///< the user's sequences are ignored
+};
+
+/// The table of every keyboard command of the editor window. A member of the window; interface
+/// thread only. The ids are the places in the table, counted from 1.
+class KeyBindings
+{
+public:
+    enum KeySequenceType : int {
+        // clang-format off
+        None = 0,
+        NewBuffer, NewMelBuffer, NewPythonBuffer, OpenFile, ReopenClosedFile,
+        Save, SaveAs, SaveAll, Rename, SaveScriptToShelf, SourceScript,
+        RevertFile, CloseFile, CloseAllFiles, SaveState,
+        OpenWorkspace, SaveWorkspaceAs, AddFolderToWorkspace,
+        Undo, Redo, Cut, Copy, Paste, SelectAll,
+        Find, Replace, FindInFiles, ReplaceInFiles, FindNext, FindPrevious,
+        SelectAndFindNext, SelectAndFindPrevious, FindInFilesNext, FindInFilesPrevious,
+        ReplaceNext, ReplaceAll,
+        IncreaseIndent, DecreaseIndent, CopyLineUp, CopyLineDown, MoveLineUp, MoveLineDown,
+        DeleteLine, ToggleComment, ToggleBlockComment, ConvertTabsToSpaces, InsertPath,
+        ClearOutput, Preferences, IncreaseFontSize, DecreaseFontSize, ResetFontSize,
+        ToggleEchoAllCommands, ToggleLineNumbersInErrors, ToggleShowStackTrace,
+        ToggleSuppressStackWindow, ToggleWriteOutputToFile,
+        Execute, ExecuteAlt, ExecuteLine, ExecuteAll,
+        ToggleRenderWhitespace, ToggleWordWrap, ToggleCodeEditor, ToggleOutput, ToggleSideBar,
+        ToggleActivityBar, ToggleStatusBar, ToggleCodeEditorLayout, ToggleSidebarPosition,
+        Explorer, QuickHelp, NextEditor, PreviousEditor, NextUsedEditor, PreviousUsedEditor,
+        NextEditorGroup, PreviousEditorGroup, GotoFile, GotoSymbolInFile, GotoLine,
+        CommandReference, PythonSelectionDir, PythonSelectionHelp, PythonUpdateModuleState,
+        PythonRevertModuleState, PythonRevertModuleStateOnExecute, Escape,
+        // clang-format on
+    };
+
+    KeyBindings();
+
+    const QList<KeyBinding>& GetKeySequences() const { return m_bindings; }
+
+    /// Attaches an action; id 0 and unknown ids are ignored. Update gives it its keys.
+    void SetAction(int id, QAction* action);
+    /// The first sequence in force; empty when there is none or the id is unknown.
+    QKeySequence GetShortcut(int id) const;
+    /// "label (shortcut)", or the label alone when nothing is bound.
+    QString GetToolTip(int id, const QString& label) const;
+
+    /// Gives every attached action its keys. Of two commands with the same key the one with the
+    /// lower id keeps it; the other is named in a warning.
+    void Update();
+    /// False takes every key away; true gives them back.
+    void SetBindingsEnabled(bool enabled);
+    /// Takes the user's sequences of the records given, by id.
+    void UpdateUserSequences(const QList<KeyBinding>& bindings);
+
+    void ReadUserKeyBindings();
+    void WriteUserKeyBindings() const;
+    static QString GetUserKeyBindingsPath();
+
+private:
+    void InitializeBindings();
+    KeyBinding& InitializeBinding(int id, const QString& label, const QString& name,
+        const QKeySequence& sequence, bool fixed);
+    static void AppendBinding(KeyBinding& binding, const QKeySequence& sequence);
+    const QList<QKeySequence>& SequencesInForce(const KeyBinding& binding) const;
+    void ReadKeyBinding(QSettings& settings, KeyBinding& binding);
+    void WriteKeyBinding(QSettings& settings, const KeyBinding& binding) const;
+
+    QList<KeyBinding> m_bindings;
+};

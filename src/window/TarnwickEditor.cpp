@@ -1,0 +1,242 @@
+// Construction, life and events of the editor window.
+
+#include "window/TarnwickEditor.h"
+
+#include "editor/CodeEditor.h"
+#include "editor/CodeEditorGroup.h"
+#include "output/OutputTextEdit.h"
+#include "plugin/MayaUtil.h"
+#include "settings/ColorSettings.h"
+#include "settings/Settings.h"
+#include "window/chrome/PanelGroup.h"
+#include "window/chrome/StatusBar.h"
+#include "window/chrome/TarnwickStyle.h"
+#include "window/chrome/Theme.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QSplitter>
+#include <QSplitterHandle>
+#include <QStatusTipEvent>
+
+TarnwickEditor::TarnwickEditor(QWidget* parent)
+    : QWidget(parent)
+    , m_mainWindow(MayaUtil::GetMainWindow())
+{
+    setWindowTitle(Settings::APPLICATION_TITLE);
+    InitializeForMaya();
+    ApplyTheme();
+    CreateActions();
+    CreateMenus();
+    CreateWidgets();
+    CreateLayout();
+    CreateConnections();
+    ApplyPreferences();
+    NewMelBuffer();
+    NewPythonBuffer();
+    SetActiveCodeEditorGroup(GetActiveCodeEditorGroup(), true);
+    m_keyBindings.ReadUserKeyBindings();
+    for (CodeEditorGroup* group : qAsConst(m_groups))
+        group->UpdateKeyBindings();
+    m_outputPanel->UpdateKeyBindings();
+    m_outputPanel->OutputAppendText(MayaUtil::GetExistingHistory());
+    if (m_mainWindow)
+        m_mainWindow->installEventFilter(this);
+}
+
+TarnwickEditor::~TarnwickEditor()
+{
+    if (m_mainWindow)
+        m_mainWindow->removeEventFilter(this);
+    // Children go after the members, so they must not need the style any more.
+    setStyleSheet(QString());
+    setStyle(nullptr);
+    // Nothing of what follows may call back into a window that is half gone.
+    disconnect(qApp, nullptr, this, nullptr);
+    qDeleteAll(findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly));
+}
+
+void TarnwickEditor::InitializeForMaya()
+{
+    // 101 in the host's toolkit: no native windows for the widgets around this one.
+    setAttribute(Qt::WA_DontCreateNativeAncestors);
+    setAttribute(Qt::WA_StyledBackground);
+    if (objectName().isEmpty())
+        setObjectName(Settings::APPLICATION_NAME);
+}
+
+void TarnwickEditor::ApplyTheme()
+{
+    if (!m_style) {
+        m_style = std::make_unique<TarnwickStyle>();
+        setStyle(m_style.get());
+    }
+    setStyleSheet(Theme::StyleSheet());
+}
+
+void TarnwickEditor::ApplyPreferences()
+{
+    for (CodeEditorGroup* group : qAsConst(m_groups))
+        group->UpdatePreferences();
+    m_outputPanel->ApplyPreferences();
+    RefreshCodeEditorGroups(false);
+}
+
+void TarnwickEditor::CreateConnections()
+{
+    using T = TarnwickEditor;
+    for (CodeEditorGroup* group : qAsConst(m_groups))
+        ConnectGroup(group);
+    OutputTextEdit* const output = m_outputPanel->GetOutput();
+    connect(m_outputPanel, &PanelGroup::EchoAllCommandsChanged, this, &T::OnEchoAllCommandsChanged);
+    connect(m_outputPanel, &PanelGroup::WriteToFileUpdated, this, &T::OnWriteToFileUpdated);
+    connect(output, &OutputTextEdit::IncreaseFontSizeRequested, this, &T::IncreaseOutputFontSize);
+    connect(output, &OutputTextEdit::DecreaseFontSizeRequested, this, &T::DecreaseOutputFontSize);
+    // Automatic: at once from this thread, queued from any other.
+    connect(this, &T::AppendToOutputRequested, this, &T::AppendToOutput);
+    connect(qApp, &QApplication::focusChanged, this, &T::OnApplicationFocusChanged);
+}
+
+void TarnwickEditor::ConnectGroup(CodeEditorGroup* group)
+{
+    using G = CodeEditorGroup;
+    using T = TarnwickEditor;
+    static constexpr std::pair<void (G::*)(), void (T::*)()> SLOTS[] = {
+        {&G::CurrentTabChanged, &T::OnCurrentTabChanged},
+        {&G::CursorPositionChanged, &T::UpdateCursorPosition},
+        {&G::OverwriteModeChanged, &T::OnOverwriteModeChanged},
+        {&G::ExecutePressed, &T::Execute},
+        {&G::ExecuteAllPressed, &T::ExecuteAll},
+        {&G::ExecuteLinePressed, &T::ExecuteLine},
+        {&G::SaveScriptToShelfPressed, &T::SaveScriptToShelf},
+        {&G::PythonUpdateModuleStateRequested, &T::PythonUpdateModuleState},
+        {&G::PythonRevertModuleStateRequested, &T::PythonRevertModuleState},
+        {&G::TogglePythonRevertModuleStateOnExecuteRequested,
+            &T::OnTogglePythonRevertModuleStateOnExecuteRequested},
+        {&G::IncreaseFontSizeRequested, &T::IncreaseCodeEditorFontSize},
+        {&G::DecreaseFontSizeRequested, &T::DecreaseCodeEditorFontSize},
+    };
+    for (const auto& row : SLOTS)
+        connect(group, row.first, this, row.second);
+    connect(group, &G::ReceivedFocus, this, &T::OnCodeEditorGroupReceivedFocus);
+}
+
+void TarnwickEditor::Shutdown()
+{
+    disconnect(qApp, &QApplication::focusChanged, this, &TarnwickEditor::OnApplicationFocusChanged);
+    SaveAll(true, Settings::saveAllOnExit);
+    WriteUserConfigs();
+}
+
+void TarnwickEditor::WriteUserConfigs()
+{
+    SaveWindowGeometry(false);
+    SaveSplitterState();
+    Settings::WriteUserConfig();
+    ColorSettings::WriteUserConfig();
+    m_keyBindings.WriteUserKeyBindings();
+}
+
+void TarnwickEditor::showEvent(QShowEvent* event)
+{
+    QWidget::showEvent(event);
+    RestoreSplitterState();
+    SyncActions();
+    if (Settings::codeEditorVisible)
+        FocusActiveCodeEditor();
+    UpdateTitleBar();
+    if (!m_pythonModuleStateUpdated) {
+        // What was loaded before the window first appeared is the baseline; nobody is asked.
+        MayaUtil::PythonUpdateModuleState();
+        m_pythonModuleStateUpdated = true;
+    }
+    if (MayaUtil::EchoAllCommandsEnabled())
+        MayaUtil::SetEchoAllCommandsEnabled(true);
+}
+
+void TarnwickEditor::hideEvent(QHideEvent* event)
+{
+    SaveWindowGeometry(true);
+    SaveSplitterState();
+    QWidget::hideEvent(event);
+}
+
+void TarnwickEditor::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() != Qt::Key_Enter) {
+        QWidget::keyPressEvent(event);
+        return;
+    }
+    Execute();
+    event->accept();
+}
+
+bool TarnwickEditor::eventFilter(QObject* watched, QEvent* event)
+{
+    // The host may still ask and stay; unsaved buffers are safe either way.
+    if (watched == m_mainWindow && event->type() == QEvent::Close)
+        SaveAll(true, false);
+    if (watched == m_outputSplitter->handle(1)) {
+        if (event->type() == QEvent::MouseButtonDblClick)
+            SetDefaultSplitterSizes();
+        if (event->type() == QEvent::MouseButtonRelease)
+            SaveSplitterState();
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+bool TarnwickEditor::event(QEvent* event)
+{
+    // Not accepted: the host's own help line shows the tip as well.
+    if (event->type() == QEvent::StatusTip)
+        m_statusBar->ShowTip(static_cast<QStatusTipEvent*>(event)->tip());
+    return QWidget::event(event);
+}
+
+/// While the window is docked its shortcuts work only as long as the focus is inside it.
+void TarnwickEditor::OnApplicationFocusChanged(QWidget*, QWidget* now)
+{
+    const bool wanted = MayaUtil::WorkspaceControlFloating() || IsTarnwickEditorWidget(now);
+    if (wanted == m_bindingsEnabled)
+        return;
+    m_keyBindings.SetBindingsEnabled(wanted);
+    m_bindingsEnabled = wanted;
+}
+
+bool TarnwickEditor::IsTarnwickEditorWidget(const QWidget* widget) const
+{
+    while (widget && widget != this)
+        widget = widget->parentWidget();
+    return widget != nullptr;
+}
+
+void TarnwickEditor::UpdateTitleBar()
+{
+    const CodeEditor* editor = GetActiveCodeEditor();
+    MayaUtil::SetWorkspaceLabel(editor
+            ? QStringLiteral("%1 - %2").arg(editor->GetLabel(), Settings::APPLICATION_TITLE)
+            : QString(Settings::APPLICATION_TITLE));
+}
+
+void TarnwickEditor::UpdateInterpreter()
+{
+    const CodeEditor* editor = GetActiveCodeEditor();
+    m_statusBar->SetInterpreter(editor ? static_cast<int>(editor->GetLanguage()) : 0);
+}
+
+void TarnwickEditor::UpdateCursorPosition()
+{
+    int line = 0;
+    int column = 0;
+    int selectionLength = 0;
+    if (const CodeEditor* editor = GetActiveCodeEditor())
+        editor->GetCursorStatus(line, column, selectionLength);
+    m_statusBar->SetCursorPosition(line, column, selectionLength);
+}
+
+void TarnwickEditor::OnOverwriteModeChanged()
+{
+    for (CodeEditorGroup* group : qAsConst(m_groups))
+        group->UpdateOverwriteMode();
+    m_statusBar->SetOverwrite(Settings::overwriteEnabled);
+}

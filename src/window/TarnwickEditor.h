@@ -1,0 +1,247 @@
+#pragma once
+
+#include "editor/CodeEditorProperties.h"
+#include "settings/KeyBindings.h"
+
+#include <QList>
+#include <QVector>
+#include <QWidget>
+
+#include <memory>
+
+class CodeEditor;
+class CodeEditorGroup;
+class PanelGroup;
+class QFileInfo;
+class QMenu;
+class QMenuBar;
+class QSplitter;
+class StatusBar;
+class TarnwickStyle;
+
+/// The editor window, placed in the host's workspace control: owns the code editor groups, the
+/// output panel and the status bar, decides what is executed, and carries the host's output into
+/// the console. Made and deleted by the editor command. Everything is for the interface thread but
+/// AppendToOutputThreadSafe.
+class TarnwickEditor : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /// What of an editor's text is executed.
+    enum ExecuteKind {
+        ExecuteWhole = 0,
+        ExecuteSelection = 1, ///< everything when nothing is selected
+        ExecuteCurrentLine = 2,
+    };
+
+    explicit TarnwickEditor(QWidget* parent = nullptr);
+    ~TarnwickEditor() override;
+
+    /// Saves what must outlive the window; called before it is deleted.
+    void Shutdown();
+    void WriteUserConfigs();
+    void SaveState() { WriteUserConfigs(); }
+    void ApplyPreferences();
+
+    // Groups and editors
+    int GetCodeEditorGroupCount() const { return m_groups.size(); }
+    int GetCodeEditorGroupIndex(const CodeEditorGroup* group) const;
+    CodeEditorGroup* GetCodeEditorGroupByIndex(int index) const;
+    int GetActiveCodeEditorGroupIndex() const;
+    CodeEditorGroup* GetActiveCodeEditorGroup() const;
+    CodeEditor* GetActiveCodeEditor() const;
+    CodeEditor* GetCodeEditorWithFocus() const;
+    CodeEditor* GetCodeEditor(const QString& path) const;
+    CodeEditorGroup* GetCodeEditorGroupByPath(const QString& path) const;
+    int GetCodeEditorIndex(const CodeEditorGroup* group, const QString& path) const;
+    bool CodeEditorExists(const QString& path) const;
+    int GetCodeEditorCount() const;
+    QStringList GetCodeEditorPaths() const;
+    void SetActiveCodeEditorGroup(CodeEditorGroup* group, bool force);
+    void SetActiveCodeEditor(int groupIndex, int tabIndex, bool focus);
+    void SetActiveCodeEditor(const QString& path);
+    void FocusActiveCodeEditor();
+    /// The new tab's index; -1 when the file is open already (its tab becomes current) or there is
+    /// no group.
+    int CreateCodeEditor(CodeEditorType type, CodeEditorLanguage language, const QString& path,
+        const QString& label, const QString& text, CodeEditorGroup* group, int index);
+    static CodeEditorLanguage GetLanguageFromFilename(const QFileInfo& info);
+
+    // Files and buffers
+    void NewBuffer(CodeEditorLanguage language);
+    void NewMelBuffer();
+    void NewPythonBuffer();
+    void SaveAll(bool saveBuffers, bool saveFiles);
+    bool SaveCodeEditor(int groupIndex, int tabIndex);
+
+    // Module state
+    bool IsPythonModuleStateUpdated() const { return m_pythonModuleStateUpdated; }
+
+    // Output
+    /// Shows the text in the console. Any thread: touches nothing, only emits a signal.
+    void AppendToOutputThreadSafe(const QString& text);
+
+Q_SIGNALS:
+    void AppendToOutputRequested(const QString& text);
+
+public Q_SLOTS:
+    // Execution; only ever of the editor that has the focus
+    void Execute(int kind);
+    void Execute() { Execute(ExecuteSelection); }
+    void ExecuteAll() { Execute(ExecuteWhole); }
+    void ExecuteLine() { Execute(ExecuteCurrentLine); }
+    void SourceScript();
+    void SaveScriptToShelf();
+    void PythonUpdateModuleState();
+    void PythonRevertModuleState();
+    void UpdatePythonRevertModuleStateOnExecute();
+    void OnTogglePythonRevertModuleStateOnExecuteRequested();
+    void PrintPythonPath();
+    void PrintPythonEnviron();
+    /// Prints the variable that the sending action is named after.
+    void PrintMayaEnvVarPaths();
+
+    // Output
+    void AppendToOutput(const QString& text);
+    void ClearHistory();
+    /// Tells the three verbosities apart by the sending action.
+    void UpdateOutputVerbosity();
+    void OnEchoAllCommandsChanged();
+    void ToggleLineNumbersInErrors();
+    void ToggleShowStackTrace();
+    void ToggleSuppressStackWindow();
+    void ToggleEchoAllCommands();
+    void ToggleWriteOutputToFile();
+
+    // Editing, in the editor or the console that has the focus
+    void Undo();
+    void Redo();
+    void Cut();
+    void Copy();
+    void Paste();
+    void SelectAll();
+    void IncreaseFontSize();
+    void DecreaseFontSize();
+    void ResetFontSize();
+    void IncreaseCodeEditorFontSize();
+    void DecreaseCodeEditorFontSize();
+    void IncreaseOutputFontSize();
+    void DecreaseOutputFontSize();
+    void ToggleRenderWhitespace();
+    void ToggleWordWrap();
+
+    // Host
+    void UpdateOverrideScriptEditorButton();
+    void MelCommandReference();
+    void PythonCommandReference();
+    void NodeAndAttributeReference();
+
+    // Keeping the views in step
+    void OnActiveCodeEditorChanged();
+    void UpdateInterpreter();
+    void UpdateCursorPosition();
+    void UpdateTitleBar();
+    void UpdateStatusBarInfo();
+    void OnApplicationFocusChanged(QWidget* old, QWidget* now);
+
+protected:
+    void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    bool event(QEvent* event) override;
+
+private Q_SLOTS:
+    void OnCurrentTabChanged();
+    void OnCodeEditorGroupReceivedFocus(CodeEditorGroup* group);
+    void OnOverwriteModeChanged();
+    void OnWriteToFileUpdated(bool active);
+    void OnShowOutputVerbosityMenu();
+
+private:
+    struct ActionSpec;
+    struct MenuRow;
+
+    // Construction
+    void InitializeForMaya();
+    void CreateActions();
+    void CreateMenus();
+    void CreateWidgets();
+    void CreateLayout();
+    void CreateConnections();
+    void ConnectGroup(CodeEditorGroup* group);
+    void ApplyTheme();
+    void SyncActions();
+
+    // Groups
+    void RefreshCodeEditorGroups(bool focus);
+    bool IsTarnwickEditorWidget(const QWidget* widget) const;
+    QString ExecuteText(const CodeEditor& editor, int kind) const;
+    QString BufferPath(CodeEditorLanguage language) const;
+    bool IsOutputFocused() const;
+    void SetCodeEditorZoom(int zoom);
+    void SetOutputZoom(int zoom);
+
+    // Layout
+    void RestoreSplitterState();
+    void SaveSplitterState();
+    void SetDefaultSplitterSizes();
+    void SaveWindowGeometry(bool hiding);
+
+    static const ActionSpec ACTIONS[];
+    static const MenuRow MENUS[];
+
+    std::unique_ptr<TarnwickStyle> m_style; ///< outlives the children's use of it
+    QWidget* m_mainWindow = nullptr; ///< the host's; not owned
+    QList<CodeEditorGroup*> m_groups; ///< owned by the widget tree
+    KeyBindings m_keyBindings;
+    QMenuBar* m_menuBar = nullptr;
+    QSplitter* m_codeEditorSplitter = nullptr;
+    QSplitter* m_outputSplitter = nullptr;
+    PanelGroup* m_outputPanel = nullptr;
+    StatusBar* m_statusBar = nullptr;
+    bool m_bindingsEnabled = true;
+    bool m_pythonModuleStateUpdated = false;
+
+    QAction* m_undoAction = nullptr;
+    QAction* m_redoAction = nullptr;
+    QAction* m_cutAction = nullptr;
+    QAction* m_copyAction = nullptr;
+    QAction* m_pasteAction = nullptr;
+    QAction* m_selectAllAction = nullptr;
+    QAction* m_clearOutputAction = nullptr;
+    QAction* m_renderWhitespaceAction = nullptr;
+    QAction* m_wordWrapAction = nullptr;
+    QAction* m_increaseFontSizeAction = nullptr;
+    QAction* m_decreaseFontSizeAction = nullptr;
+    QAction* m_resetFontSizeAction = nullptr;
+    QAction* m_saveScriptToShelfAction = nullptr;
+    QAction* m_sourceScriptAction = nullptr;
+    QAction* m_echoAllAction = nullptr;
+    QAction* m_normalAction = nullptr;
+    QAction* m_minimalAction = nullptr;
+    QAction* m_echoAllCommandsAction = nullptr;
+    QAction* m_lineNumbersInErrorsAction = nullptr;
+    QAction* m_showStackTraceAction = nullptr;
+    QAction* m_suppressStackWindowAction = nullptr;
+    QAction* m_writeOutputToFileAction = nullptr;
+    QAction* m_executeAction = nullptr;
+    QAction* m_executeAltAction = nullptr;
+    QAction* m_executeLineAction = nullptr;
+    QAction* m_executeAllAction = nullptr;
+    QAction* m_scriptPathAction = nullptr;
+    QAction* m_pluginPathAction = nullptr;
+    QAction* m_modulePathAction = nullptr;
+    QAction* m_shelfPathAction = nullptr;
+    QAction* m_bitmapPathAction = nullptr;
+    QAction* m_pythonPathAction = nullptr;
+    QAction* m_sysPathAction = nullptr;
+    QAction* m_environAction = nullptr;
+    QAction* m_updateModuleStateAction = nullptr;
+    QAction* m_revertModuleStateAction = nullptr;
+    QAction* m_revertModuleStateOnExecuteAction = nullptr;
+    QAction* m_melReferenceAction = nullptr;
+    QAction* m_pythonReferenceAction = nullptr;
+    QAction* m_nodeReferenceAction = nullptr;
+};

@@ -1,0 +1,180 @@
+// Actions and menus of the editor window.
+
+#include "plugin/MayaUtil.h"
+#include "settings/Settings.h"
+#include "window/TarnwickEditor.h"
+#include "window/chrome/PanelGroup.h"
+#include "window/chrome/StatusBar.h"
+
+#include <QAction>
+#include <QMenuBar>
+#include <QSplitter>
+
+namespace {
+
+using T = TarnwickEditor;
+using K = KeyBindings;
+
+enum class ActionKind { Plain, Checkable };
+
+} // namespace
+
+struct TarnwickEditor::ActionSpec
+{
+    QAction* TarnwickEditor::*member;
+    const char* text;
+    int binding; ///< 0: no keys
+    void (TarnwickEditor::*slot)();
+    ActionKind kind = ActionKind::Plain;
+};
+
+struct TarnwickEditor::MenuRow
+{
+    enum Kind { Begin, End, Entry, Separator };
+    Kind kind;
+    QAction* TarnwickEditor::*action = nullptr;
+    const char* title = nullptr;
+    void (TarnwickEditor::*onShow)() = nullptr;
+};
+
+// clang-format off
+const TarnwickEditor::ActionSpec TarnwickEditor::ACTIONS[] = {
+    {&T::m_saveScriptToShelfAction,          QT_TR_NOOP("Save Script to Shelf..."), K::SaveScriptToShelf,         &T::SaveScriptToShelf},
+    {&T::m_sourceScriptAction,               QT_TR_NOOP("Source Script..."),        K::SourceScript,              &T::SourceScript},
+    {&T::m_undoAction,                       QT_TR_NOOP("Undo"),                    K::Undo,                      &T::Undo},
+    {&T::m_redoAction,                       QT_TR_NOOP("Redo"),                    K::Redo,                      &T::Redo},
+    {&T::m_cutAction,                        QT_TR_NOOP("Cut"),                     K::Cut,                       &T::Cut},
+    {&T::m_copyAction,                       QT_TR_NOOP("Copy"),                    K::Copy,                      &T::Copy},
+    {&T::m_pasteAction,                      QT_TR_NOOP("Paste"),                   K::Paste,                     &T::Paste},
+    {&T::m_selectAllAction,                  QT_TR_NOOP("Select All"),              K::SelectAll,                 &T::SelectAll},
+    {&T::m_clearOutputAction,                QT_TR_NOOP("Clear Output"),            K::ClearOutput,               &T::ClearHistory},
+    {&T::m_renderWhitespaceAction,           QT_TR_NOOP("Toggle Render Whitespaces"), K::ToggleRenderWhitespace,  &T::ToggleRenderWhitespace},
+    {&T::m_wordWrapAction,                   QT_TR_NOOP("Toggle Word Wrap"),        K::ToggleWordWrap,            &T::ToggleWordWrap},
+    {&T::m_increaseFontSizeAction,           QT_TR_NOOP("Increase Font Size"),      K::IncreaseFontSize,          &T::IncreaseFontSize},
+    {&T::m_decreaseFontSizeAction,           QT_TR_NOOP("Decrease Font Size"),      K::DecreaseFontSize,          &T::DecreaseFontSize},
+    {&T::m_resetFontSizeAction,              QT_TR_NOOP("Reset Font Size"),         K::ResetFontSize,             &T::ResetFontSize},
+    {&T::m_echoAllAction,                    QT_TR_NOOP("Echo All"),                K::None,                      &T::UpdateOutputVerbosity,      ActionKind::Checkable},
+    {&T::m_normalAction,                     QT_TR_NOOP("Normal"),                  K::None,                      &T::UpdateOutputVerbosity,      ActionKind::Checkable},
+    {&T::m_minimalAction,                    QT_TR_NOOP("Minimal"),                 K::None,                      &T::UpdateOutputVerbosity,      ActionKind::Checkable},
+    {&T::m_echoAllCommandsAction,            QT_TR_NOOP("Echo All Commands"),       K::ToggleEchoAllCommands,     &T::ToggleEchoAllCommands,      ActionKind::Checkable},
+    {&T::m_lineNumbersInErrorsAction,        QT_TR_NOOP("Line Numbers in Errors"),  K::ToggleLineNumbersInErrors, &T::ToggleLineNumbersInErrors,  ActionKind::Checkable},
+    {&T::m_showStackTraceAction,             QT_TR_NOOP("Show Stack Trace"),        K::ToggleShowStackTrace,      &T::ToggleShowStackTrace,       ActionKind::Checkable},
+    {&T::m_suppressStackWindowAction,        QT_TR_NOOP("Suppress Stack Window"),   K::ToggleSuppressStackWindow, &T::ToggleSuppressStackWindow,  ActionKind::Checkable},
+    {&T::m_writeOutputToFileAction,          QT_TR_NOOP("Write Output to File"),    K::ToggleWriteOutputToFile,   &T::ToggleWriteOutputToFile,    ActionKind::Checkable},
+    {&T::m_executeAction,                    QT_TR_NOOP("Execute"),                 K::Execute,                   &T::Execute},
+    {&T::m_executeAltAction,                 QT_TR_NOOP("Execute Alt"),             K::ExecuteAlt,                &T::Execute},
+    {&T::m_executeLineAction,                QT_TR_NOOP("Execute Line"),            K::ExecuteLine,               &T::ExecuteLine},
+    {&T::m_executeAllAction,                 QT_TR_NOOP("Execute All"),             K::ExecuteAll,                &T::ExecuteAll},
+    {&T::m_scriptPathAction,                 "MAYA_SCRIPT_PATH",                    K::None,                      &T::PrintMayaEnvVarPaths},
+    {&T::m_pluginPathAction,                 "MAYA_PLUG_IN_PATH",                   K::None,                      &T::PrintMayaEnvVarPaths},
+    {&T::m_modulePathAction,                 "MAYA_MODULE_PATH",                    K::None,                      &T::PrintMayaEnvVarPaths},
+    {&T::m_shelfPathAction,                  "MAYA_SHELF_PATH",                     K::None,                      &T::PrintMayaEnvVarPaths},
+    {&T::m_bitmapPathAction,                 "XBMLANGPATH",                         K::None,                      &T::PrintMayaEnvVarPaths},
+    {&T::m_pythonPathAction,                 "PYTHONPATH",                          K::None,                      &T::PrintMayaEnvVarPaths},
+    {&T::m_sysPathAction,                    "sys.path",                            K::None,                      &T::PrintPythonPath},
+    {&T::m_environAction,                    "os.environ",                          K::None,                      &T::PrintPythonEnviron},
+    {&T::m_updateModuleStateAction,          QT_TR_NOOP("Update Module State"),     K::PythonUpdateModuleState,   &T::PythonUpdateModuleState},
+    {&T::m_revertModuleStateAction,          QT_TR_NOOP("Revert Module State"),     K::PythonRevertModuleState,   &T::PythonRevertModuleState},
+    {&T::m_revertModuleStateOnExecuteAction, QT_TR_NOOP("Revert Module State on Execute"), K::PythonRevertModuleStateOnExecute, &T::UpdatePythonRevertModuleStateOnExecute, ActionKind::Checkable},
+    {&T::m_melReferenceAction,               QT_TR_NOOP("MEL Command Reference"),   K::None,                      &T::MelCommandReference},
+    {&T::m_pythonReferenceAction,            QT_TR_NOOP("Python Command Reference"), K::None,                     &T::PythonCommandReference},
+    {&T::m_nodeReferenceAction,              QT_TR_NOOP("Node and Attribute Reference"), K::None,                 &T::NodeAndAttributeReference},
+};
+
+#define MENU(title) {MenuRow::Begin, nullptr, title}
+#define ENTRY(member) {MenuRow::Entry, &T::member}
+#define SEPARATOR {MenuRow::Separator}
+#define END {MenuRow::End}
+const TarnwickEditor::MenuRow TarnwickEditor::MENUS[] = {
+    MENU(QT_TR_NOOP("File")),
+        ENTRY(m_saveScriptToShelfAction), ENTRY(m_sourceScriptAction),
+    END,
+    MENU(QT_TR_NOOP("Edit")),
+        ENTRY(m_undoAction), ENTRY(m_redoAction), SEPARATOR,
+        ENTRY(m_cutAction), ENTRY(m_copyAction), ENTRY(m_pasteAction), ENTRY(m_selectAllAction), SEPARATOR,
+        ENTRY(m_clearOutputAction),
+    END,
+    MENU(QT_TR_NOOP("View")),
+        ENTRY(m_renderWhitespaceAction), ENTRY(m_wordWrapAction), SEPARATOR,
+        ENTRY(m_increaseFontSizeAction), ENTRY(m_decreaseFontSizeAction), ENTRY(m_resetFontSizeAction),
+    END,
+    MENU(QT_TR_NOOP("Output")),
+        {MenuRow::Begin, nullptr, QT_TR_NOOP("Verbosity"), &T::OnShowOutputVerbosityMenu},
+            ENTRY(m_echoAllAction), ENTRY(m_normalAction), ENTRY(m_minimalAction),
+        END, SEPARATOR,
+        ENTRY(m_lineNumbersInErrorsAction), ENTRY(m_showStackTraceAction), SEPARATOR,
+        ENTRY(m_suppressStackWindowAction), SEPARATOR,
+        ENTRY(m_writeOutputToFileAction),
+    END,
+    MENU(QT_TR_NOOP("Command")),
+        ENTRY(m_executeAction), ENTRY(m_executeLineAction), ENTRY(m_executeAllAction), SEPARATOR,
+        MENU(QT_TR_NOOP("Environment Variables")),
+            ENTRY(m_scriptPathAction), ENTRY(m_pluginPathAction), ENTRY(m_modulePathAction),
+            ENTRY(m_shelfPathAction), ENTRY(m_bitmapPathAction), SEPARATOR, ENTRY(m_pythonPathAction),
+        END, SEPARATOR,
+        MENU(QT_TR_NOOP("Python")),
+            ENTRY(m_sysPathAction), ENTRY(m_environAction), SEPARATOR,
+            ENTRY(m_updateModuleStateAction), ENTRY(m_revertModuleStateAction), SEPARATOR,
+            ENTRY(m_revertModuleStateOnExecuteAction),
+        END,
+    END,
+    MENU(QT_TR_NOOP("Help")),
+        ENTRY(m_melReferenceAction), ENTRY(m_pythonReferenceAction), ENTRY(m_nodeReferenceAction),
+    END,
+};
+#undef MENU
+#undef ENTRY
+#undef SEPARATOR
+#undef END
+// clang-format on
+
+void TarnwickEditor::CreateActions()
+{
+    for (const ActionSpec& spec : ACTIONS) {
+        auto* action = new QAction(tr(spec.text), this);
+        this->*spec.member = action;
+        action->setStatusTip(action->text().remove(QLatin1Char('.')));
+        action->setCheckable(spec.kind == ActionKind::Checkable);
+        m_keyBindings.SetAction(spec.binding, action);
+        addAction(action);
+        connect(action, &QAction::triggered, this, spec.slot);
+    }
+}
+
+void TarnwickEditor::CreateMenus()
+{
+    m_menuBar = new QMenuBar(this);
+    m_menuBar->setObjectName(QStringLiteral("m_menuBar"));
+    // In the window itself, also where the desktop would take menu bars away.
+    m_menuBar->setNativeMenuBar(false);
+    QList<QMenu*> open;
+    for (const MenuRow& row : MENUS) {
+        switch (row.kind) {
+        case MenuRow::Begin: {
+            QMenu* const menu = open.isEmpty() ? m_menuBar->addMenu(tr(row.title))
+                                               : open.last()->addMenu(tr(row.title));
+            menu->setTearOffEnabled(!row.onShow);
+            if (row.onShow)
+                connect(menu, &QMenu::aboutToShow, this, row.onShow);
+            open.append(menu);
+            break;
+        }
+        case MenuRow::End: open.removeLast(); break;
+        case MenuRow::Entry: open.last()->addAction(this->*row.action); break;
+        case MenuRow::Separator: open.last()->addSeparator(); break;
+        }
+    }
+}
+
+/// The check marks and panes follow the host and the settings each time the window is shown.
+void TarnwickEditor::SyncActions()
+{
+    m_lineNumbersInErrorsAction->setChecked(MayaUtil::LineNumbersInErrorsEnabled());
+    m_showStackTraceAction->setChecked(MayaUtil::ShowStackTraceEnabled());
+    m_suppressStackWindowAction->setChecked(Settings::suppressStackWindow);
+    m_revertModuleStateOnExecuteAction->setChecked(Settings::pythonRevertModuleStateOnExecute);
+    OnEchoAllCommandsChanged();
+    m_outputPanel->setVisible(Settings::outputVisible);
+    m_codeEditorSplitter->setVisible(Settings::codeEditorVisible || !Settings::outputVisible);
+    m_statusBar->setVisible(Settings::statusBarVisible);
+}

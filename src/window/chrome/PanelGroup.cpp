@@ -1,0 +1,236 @@
+#include "window/chrome/PanelGroup.h"
+
+#include "output/OutputTextEdit.h"
+#include "plugin/MayaUtil.h"
+#include "settings/KeyBindings.h"
+#include "settings/Settings.h"
+#include "window/chrome/FlatButton.h"
+#include "window/chrome/Theme.h"
+
+#include <QComboBox>
+#include <QEvent>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QMessageBox>
+
+namespace {
+
+// Design pixels.
+constexpr int TITLE_HEIGHT = 34;
+constexpr int TITLE_MARGIN = 12;
+constexpr int TOOLBAR_MARGIN = 6;
+constexpr int FILE_NAME_WIDTH = 240;
+constexpr int SPACING = 8;
+
+enum Verbosity { EchoAll = 0, Normal = 1, Minimal = 2 };
+
+/// Where the last log file was put, while the program runs.
+QString& LogDirectory()
+{
+    static QString directory;
+    return directory;
+}
+
+} // namespace
+
+PanelGroup::PanelGroup(KeyBindings* keyBindings, QWidget* parent)
+    : QWidget(parent)
+    , m_keyBindings(keyBindings)
+{
+    CreateWidgets();
+    CreateLayout();
+    CreateConnections();
+    UpdateFonts();
+    UpdateKeyBindings();
+}
+
+void PanelGroup::CreateWidgets()
+{
+    m_title = new QLabel(tr("OUTPUT"), this);
+    m_title->setObjectName(QStringLiteral("m_title"));
+    m_fileName = new QLabel(this);
+    m_fileName->setObjectName(QStringLiteral("m_fileName"));
+    m_fileName->setTextFormat(Qt::PlainText);
+
+    m_verbosity = new QComboBox(this);
+    m_verbosity->setObjectName(QStringLiteral("m_verbosity"));
+    m_verbosity->addItems({tr("Echo All"), tr("Normal"), tr("Minimal")});
+    m_verbosity->setToolTip(tr("Output Verbosity"));
+    m_verbosity->setAccessibleName(tr("Output Verbosity"));
+    m_verbosity->setFocusPolicy(Qt::TabFocus);
+    m_verbosity->installEventFilter(this);
+
+    m_writeToFileButton = new FlatButton(
+        QStringLiteral("write_to_file"), tr("Write to File"), FlatButton::Tint::Computed, this);
+    m_writeToFileButton->setObjectName(QStringLiteral("m_writeToFileButton"));
+    m_writeToFileButton->setCheckable(true);
+    m_clearButton = new FlatButton(
+        QStringLiteral("clear_field"), tr("Clear"), FlatButton::Tint::Computed, this);
+    m_clearButton->setObjectName(QStringLiteral("m_clearButton"));
+    m_output = new OutputTextEdit(m_keyBindings, this);
+    m_output->setObjectName(QStringLiteral("m_output"));
+    SetEchoAllCommandsEnabled(MayaUtil::EchoAllCommandsEnabled());
+}
+
+void PanelGroup::CreateLayout()
+{
+    auto* titleBar = new QWidget(this);
+    titleBar->setObjectName(QStringLiteral("titleBar"));
+    titleBar->setFixedHeight(Theme::Dp(TITLE_HEIGHT));
+    auto* row = new QHBoxLayout(titleBar);
+    row->setContentsMargins(Theme::Dp(TITLE_MARGIN), 0, Theme::Dp(TOOLBAR_MARGIN), 0);
+    row->setSpacing(Theme::Dp(SPACING));
+    row->addWidget(m_title);
+    row->addWidget(m_fileName);
+    row->addStretch(1);
+    row->addWidget(m_verbosity);
+    auto* buttons = new QHBoxLayout;
+    buttons->setSpacing(Theme::Hairline());
+    buttons->addWidget(m_writeToFileButton);
+    buttons->addWidget(m_clearButton);
+    row->addLayout(buttons);
+
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(titleBar);
+    layout->addWidget(m_output, 1);
+}
+
+void PanelGroup::CreateConnections()
+{
+    connect(m_verbosity, QOverload<int>::of(&QComboBox::currentIndexChanged), this,
+        &PanelGroup::OnVerbosityChanged);
+    connect(m_writeToFileButton, &QAbstractButton::clicked, this, &PanelGroup::ToggleWriteToFile);
+    connect(m_clearButton, &QAbstractButton::clicked, m_output, &OutputTextEdit::ClearAll);
+}
+
+void PanelGroup::OutputAppendText(const QString& text)
+{
+    m_output->AppendText(text);
+}
+
+void PanelGroup::OutputClearAll()
+{
+    m_output->ClearAll();
+}
+
+int PanelGroup::GetVerbosityIndex() const
+{
+    return m_verbosity->currentIndex();
+}
+
+void PanelGroup::SetEchoAllCommandsEnabled(bool enabled)
+{
+    const int off = Settings::outputMinimalTrace ? Minimal : Normal;
+    m_verbosity->setCurrentIndex(enabled ? EchoAll : off);
+}
+
+void PanelGroup::SetNormalVerbosity()
+{
+    m_verbosity->setCurrentIndex(Normal);
+}
+
+void PanelGroup::SetMinimalVerbosity()
+{
+    m_verbosity->setCurrentIndex(Minimal);
+}
+
+void PanelGroup::OnVerbosityChanged(int index)
+{
+    Settings::outputMinimalTrace = index == Minimal;
+    MayaUtil::SetEchoAllCommandsEnabled(index == EchoAll);
+    Q_EMIT EchoAllCommandsChanged();
+}
+
+bool PanelGroup::IsWriteToFileActive() const
+{
+    return m_output->IsWriteToFileActive();
+}
+
+void PanelGroup::ApplyPreferences()
+{
+    m_output->SetLineLimit(Settings::outputBufferSize);
+    m_output->UpdateFontsAndColors();
+    m_output->UpdateTextOptions();
+}
+
+void PanelGroup::UpdateKeyBindings()
+{
+    m_clearButton->SetToolTip(m_keyBindings->GetToolTip(KeyBindings::ClearOutput, tr("Clear")));
+    UpdateWriteToFile();
+}
+
+void PanelGroup::ToggleWriteToFile()
+{
+    if (IsWriteToFileActive())
+        StopWriting();
+    else
+        StartWriting();
+    UpdateWriteToFile();
+    Q_EMIT WriteToFileUpdated(IsWriteToFileActive());
+}
+
+void PanelGroup::StopWriting()
+{
+    const auto answer = QMessageBox::question(this, tr("Write Output to File"),
+        tr("Stop writing output to file?"), QMessageBox::Yes | QMessageBox::No, QMessageBox::No);
+    if (answer == QMessageBox::Yes)
+        m_output->EndWriteToFile();
+}
+
+void PanelGroup::StartWriting()
+{
+    const QString filters = QStringLiteral("%1;;%2").arg(tr("LOG (*.log)"), tr("All Files(*.*)"));
+    QString filter;
+    QString path = QFileDialog::getSaveFileName(
+        this, tr("Write Output to File"), LogDirectory(), filters, &filter);
+    if (path.isEmpty())
+        return;
+    LogDirectory() = QFileInfo(path).absolutePath();
+    const QString extension = QStringLiteral(".log");
+    if (filter.startsWith(QLatin1String("LOG")) && !path.endsWith(extension, Qt::CaseInsensitive))
+        path += extension;
+    m_output->BeginWriteToFile(path);
+}
+
+void PanelGroup::UpdateWriteToFile()
+{
+    const bool active = IsWriteToFileActive();
+    const QString path = m_output->GetWriteToFilePath();
+    m_writeToFileButton->setChecked(active);
+    m_writeToFileButton->SetToolTip(m_keyBindings->GetToolTip(KeyBindings::ToggleWriteOutputToFile,
+        active ? tr("Stop writing to file") : tr("Write to File")));
+    m_fileName->setText(m_fileName->fontMetrics().elidedText(
+        QFileInfo(path).fileName(), Qt::ElideMiddle, Theme::Dp(FILE_NAME_WIDTH)));
+    m_fileName->setToolTip(path.toHtmlEscaped());
+}
+
+/// Turning the wheel over the box must not switch echo-all by accident.
+bool PanelGroup::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == m_verbosity && event->type() == QEvent::Wheel && !m_verbosity->hasFocus()) {
+        event->ignore();
+        return true;
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+bool PanelGroup::event(QEvent* event)
+{
+    if (event->type() == QEvent::FontChange)
+        UpdateFonts();
+    return QWidget::event(event);
+}
+
+void PanelGroup::UpdateFonts()
+{
+    m_title->setFont(Theme::CaptionFont(font()));
+    m_fileName->setFont(Theme::SmallFont(font()));
+    QPalette palette = m_title->palette();
+    palette.setColor(QPalette::WindowText, Theme::Color(Theme::Role::Soft));
+    m_title->setPalette(palette);
+    m_fileName->setPalette(palette);
+}

@@ -1,0 +1,66 @@
+#pragma once
+
+#include <QWidget>
+
+class FlatButton;
+class KeyBindings;
+class OutputTextEdit;
+class QComboBox;
+class QLabel;
+
+/// The output panel: a title row with the verbosity, the log file and the clear button over the
+/// console. Owned by the window.
+class PanelGroup : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /// `keyBindings` is not owned.
+    PanelGroup(KeyBindings* keyBindings, QWidget* parent);
+
+    OutputTextEdit* GetOutput() const { return m_output; }
+    void OutputAppendText(const QString& text);
+    void OutputClearAll();
+
+    /// 0 echo all, 1 normal, 2 minimal.
+    int GetVerbosityIndex() const;
+    /// Shows what the host does when echo-all was switched: with it off, minimal or normal.
+    void SetEchoAllCommandsEnabled(bool enabled);
+    void SetNormalVerbosity();
+    void SetMinimalVerbosity();
+
+    bool IsWriteToFileActive() const;
+    void ApplyPreferences();
+    void UpdateKeyBindings();
+
+Q_SIGNALS:
+    void EchoAllCommandsChanged();
+    void WriteToFileUpdated(bool active);
+
+public Q_SLOTS:
+    void ToggleWriteToFile();
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    bool event(QEvent* event) override;
+
+private Q_SLOTS:
+    void OnVerbosityChanged(int index);
+
+private:
+    void CreateWidgets();
+    void CreateLayout();
+    void CreateConnections();
+    void StopWriting();
+    void StartWriting();
+    void UpdateWriteToFile();
+    void UpdateFonts();
+
+    KeyBindings* m_keyBindings; ///< not owned
+    QLabel* m_title = nullptr;
+    QLabel* m_fileName = nullptr;
+    QComboBox* m_verbosity = nullptr;
+    FlatButton* m_writeToFileButton = nullptr;
+    FlatButton* m_clearButton = nullptr;
+    OutputTextEdit* m_output = nullptr;
+};

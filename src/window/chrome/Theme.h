@@ -1,0 +1,48 @@
+#pragma once
+
+#include <QColor>
+#include <QFont>
+#include <QIcon>
+
+/// The look of everything around the text: colours by role, lengths at the interface scale, icons
+/// and the style sheet made of them. Colours of the text itself belong to the colour scheme.
+/// Interface thread only.
+class Theme
+{
+public:
+    enum class Role {
+        // clang-format off
+        Canvas, Panel, Row, Groove, Raise, RaiseEdge, Hover, TabHover, ToolHover, Pressed,
+        MenuRow, MenuRowText, Tip, TipEdge, TipText, Handle, HandleHover, HandlePressed,
+        Button, ButtonEdge, ButtonHover, ButtonHoverEdge, ButtonPressed, ButtonPressedEdge,
+        ButtonText, DefaultButton, DefaultEdge, DefaultHover, DefaultPressed, White,
+        Field, FieldEdge, FieldHoverEdge, CheckEdge, Lake, LakeText, Text, Strong, Soft, Faint,
+        Disabled, Icon, IdleWaterline, IdleIcon, TabSeparator,
+        // clang-format on
+    };
+
+    static QColor Color(Role role);
+    static QColor WithAlpha(Role role, double alpha);
+
+    /// A length of the design at the interface scale, in whole pixels, at least 1.
+    static int Dp(double length);
+    /// Width of separators and edges.
+    static int Hairline();
+
+    /// The icon of that name with every size there is; null when it is not built in.
+    static QIcon Icon(const QString& name);
+    /// The icon of that name in its own colours, `size` design pixels square; scaled down from the
+    /// next larger picture, never up.
+    static QPixmap Pixmap(const QString& name, int size, qreal ratio);
+    /// The same shape in one colour.
+    static QPixmap TintedPixmap(const QString& name, int size, const QColor& color, qreal ratio);
+
+    /// Small capitals' stand-in for titles such as "OUTPUT": smaller, bolder, spaced.
+    static QFont CaptionFont(const QFont& base);
+    /// The size of hints and of the status bar.
+    static QFont SmallFont(const QFont& base);
+
+    /// The sheet with its tokens replaced: "@panel" by the colour, "@dp(4)" by a length with
+    /// its unit, "@hair" by the width of a hairline. An unknown token is logged and left as it is.
+    static QString StyleSheet();
+};
