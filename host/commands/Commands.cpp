@@ -13,17 +13,20 @@ void RegisterCommands(Engine& engine)
         RegisterAbout,
         RegisterArrays,
         RegisterDisplayStrings,
-        RegisterFiles,
         RegisterFileSystem,
+        RegisterFiles,
+        RegisterHelp,
         RegisterMathematics,
         RegisterOptionVar,
         RegisterOutput,
         RegisterPlugins,
         RegisterRunTimeCommands,
+        RegisterScriptJobs,
         RegisterStrings,
         RegisterSystem,
         RegisterTime,
         RegisterVectors,
+        RegisterWorkspace,
     };
     for (const auto theme : themes)
         theme(engine.commands);

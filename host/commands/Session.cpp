@@ -6,7 +6,9 @@ namespace host::commands {
 
 Session::Session(Engine& engine)
     : runTimeCommands(engine)
+    , scriptJobs(std::make_unique<ScriptJobs>(engine))
 {
+    project.SetRoot(engine.paths.ApplicationDirectory() + QLatin1String("/projects/default"));
     m_clock.start();
 }
 

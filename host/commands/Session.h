@@ -5,8 +5,10 @@
 #include "commands/HistoryFile.h"
 #include "commands/LastError.h"
 #include "commands/OpenFiles.h"
+#include "commands/Project.h"
 #include "commands/Random.h"
 #include "commands/RunTimeCommands.h"
+#include "commands/ScriptJobs.h"
 #include "engine/Value.h"
 
 #include <QElapsedTimer>
@@ -41,7 +43,9 @@ public:
     HelpRequests helpRequests;
     HistoryFile historyFile;
     LastError lastError;
+    Project project;
     RunTimeCommands runTimeCommands;
+    std::unique_ptr<ScriptJobs> scriptJobs;
     int waitCursors = 0; ///< requests not yet taken back
     bool suppressStackWindow = false; ///< kept for those who ask: there is no such window here
     bool refreshSuspended = false;

@@ -12,14 +12,17 @@ void RegisterArrays(CommandRegistry& registry);
 void RegisterDisplayStrings(CommandRegistry& registry);
 void RegisterFileSystem(CommandRegistry& registry);
 void RegisterFiles(CommandRegistry& registry);
+void RegisterHelp(CommandRegistry& registry);
 void RegisterMathematics(CommandRegistry& registry);
 void RegisterOptionVar(CommandRegistry& registry);
 void RegisterOutput(CommandRegistry& registry);
 void RegisterPlugins(CommandRegistry& registry);
 void RegisterRunTimeCommands(CommandRegistry& registry);
+void RegisterScriptJobs(CommandRegistry& registry);
 void RegisterStrings(CommandRegistry& registry);
 void RegisterSystem(CommandRegistry& registry);
 void RegisterTime(CommandRegistry& registry);
 void RegisterVectors(CommandRegistry& registry);
+void RegisterWorkspace(CommandRegistry& registry);
 
 } // namespace host::commands

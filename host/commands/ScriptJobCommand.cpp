@@ -1,0 +1,92 @@
+#include "commands/Session.h"
+#include "commands/Tables.h"
+#include "engine/Engine.h"
+
+namespace host::commands {
+
+namespace {
+
+ScriptJobs& Jobs()
+{
+    return *Session::Current().scriptJobs;
+}
+
+constexpr struct
+{
+    const char* flag;
+    JobTrigger::Kind kind;
+} TRIGGERS[] = {
+    {"event", JobTrigger::Kind::Event},
+    {"optionVarChanged", JobTrigger::Kind::OptionVar},
+    {"uiDeleted", JobTrigger::Kind::UiDeleted},
+};
+
+Outcome Kill(const Call& call)
+{
+    for (int use = 0; use < call.UseCount("kill"); ++use) {
+        const int number = call.Int("kill", 0, use);
+        if (!Jobs().Kill(number, call.Has("force"))) {
+            return Error{
+                QStringLiteral("Script job %1 is protected: use -force to kill it.").arg(number)};
+        }
+    }
+    return {};
+}
+
+Outcome Create(const Call& call)
+{
+    ScriptJob job;
+    job.parent = call.Text("parent");
+    job.runOnce = call.Bool("runOnce");
+    job.isProtected = call.Has("protected");
+    job.isPermanent = call.Has("permanent");
+    if (call.Has("idleEvent")) {
+        job.trigger.kind = JobTrigger::Kind::Idle;
+        job.script = call.GetScript("idleEvent");
+    }
+    for (const auto& row : TRIGGERS) {
+        if (!call.Has(row.flag))
+            continue;
+        job.trigger = {row.kind, call.Text(row.flag)};
+        job.script = call.GetScript(row.flag, 1);
+    }
+    // The event of that name comes as often as an idle job runs.
+    if (job.trigger.kind == JobTrigger::Kind::Event && job.trigger.name == QLatin1String("idle"))
+        job.trigger = {JobTrigger::Kind::Idle, {}};
+    if (job.script.IsEmpty())
+        return Error{QStringLiteral("scriptJob needs something to wait for and a script.")};
+    return Jobs().Add(job);
+}
+
+Outcome RunScriptJob(Call& call)
+{
+    if (call.Has("exists"))
+        return Jobs().Contains(call.Int("exists"));
+    if (call.Has("listEvents"))
+        return Events::Names();
+    if (call.Has("listJobs"))
+        return Jobs().Descriptions();
+    if (call.Has("killAll")) {
+        Jobs().KillAll(call.Has("force"));
+        return {};
+    }
+    return call.Has("kill") ? Kill(call) : Create(call);
+}
+
+const CommandRow COMMANDS[] = {
+    {"scriptJob", "any", "", "",
+        "event/e str script c; exists/ex int c; force/f - c; idleEvent/ie script c; kill/k int cm;"
+        "killAll/ka - c; listEvents/le - c; listJobs/lj - c; optionVarChanged/ovc str script c;"
+        "parent/p str c; permanent/per - c; protected/pro - c; runOnce/ro B c;"
+        "uiDeleted/uid str script c",
+        RunScriptJob},
+};
+
+} // namespace
+
+void RegisterScriptJobs(CommandRegistry& registry)
+{
+    registry.Register(COMMANDS);
+}
+
+} // namespace host::commands

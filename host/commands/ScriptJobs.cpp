@@ -1,0 +1,176 @@
+#include "commands/ScriptJobs.h"
+
+#include "engine/Engine.h"
+
+#include <QAction>
+#include <QWidget>
+
+namespace host::commands {
+
+namespace {
+
+QString Quoted(const QString& text)
+{
+    return QLatin1Char('"') + text + QLatin1Char('"');
+}
+
+QString FlagText(const JobTrigger& trigger)
+{
+    switch (trigger.kind) {
+    case JobTrigger::Kind::Event: return QStringLiteral("\"-event\" ") + Quoted(trigger.name);
+    case JobTrigger::Kind::Idle: return QStringLiteral("\"-idleEvent\"");
+    case JobTrigger::Kind::OptionVar:
+        return QStringLiteral("\"-optionVarChanged\" ") + Quoted(trigger.name);
+    case JobTrigger::Kind::UiDeleted:
+        return QStringLiteral("\"-uiDeleted\" ") + Quoted(trigger.name);
+    }
+    return {};
+}
+
+} // namespace
+
+ScriptJobs::ScriptJobs(Engine& engine)
+    : m_engine(engine)
+{
+    m_idleTimer.setInterval(IDLE_INTERVAL_MS);
+    connect(&m_idleTimer, &QTimer::timeout, this, &ScriptJobs::RunIdleJobs);
+    m_engine.optionVars.changed = [this](const QString& name) { OnOptionVarChanged(name); };
+}
+
+ScriptJobs::~ScriptJobs()
+{
+    m_engine.optionVars.changed = nullptr;
+    KillAll(true);
+}
+
+QObject* ScriptJobs::FindElement(const QString& name) const
+{
+    if (!m_engine.ui)
+        return nullptr;
+    if (QWidget* window = m_engine.ui->FindWindow(name))
+        return window;
+    if (QWidget* control = m_engine.ui->FindControl(name, nullptr))
+        return control;
+    if (QWidget* layout = m_engine.ui->FindLayout(name, nullptr))
+        return layout;
+    return m_engine.ui->FindMenuItem(name);
+}
+
+Outcome ScriptJobs::Add(const ScriptJob& job)
+{
+    const auto missing = [](const QString& name) {
+        return Error{QStringLiteral("Object '%1' not found.").arg(name)};
+    };
+    QObject* const parent = FindElement(job.parent);
+    if (!job.parent.isEmpty() && !parent)
+        return missing(job.parent);
+    const int number = m_lastNumber + 1;
+    Entry entry{job, 0, {}, {}};
+    if (job.trigger.kind == JobTrigger::Kind::Event) {
+        entry.eventId = m_engine.events.Add(job.trigger.name, [this, number] { Run(number); });
+        if (entry.eventId == 0)
+            return Error{QStringLiteral("Invalid event name '%1'.").arg(job.trigger.name)};
+    } else if (job.trigger.kind == JobTrigger::Kind::Idle) {
+        m_idleTimer.start();
+    } else if (job.trigger.kind == JobTrigger::Kind::UiDeleted) {
+        QObject* const element = FindElement(job.trigger.name);
+        if (!element)
+            return missing(job.trigger.name);
+        entry.watched = connect(element, &QObject::destroyed, this, [this, number] {
+            const QPointer<ScriptJobs> jobs(this);
+            // The element is half gone: the script comes when it is gone for good.
+            m_engine.idle.Post([jobs, number] {
+                if (jobs)
+                    jobs->Run(number);
+            });
+        });
+    }
+    if (parent) {
+        entry.parentWatched
+            = connect(parent, &QObject::destroyed, this, [this, number] { Kill(number, true); });
+    }
+    m_jobs.insert(number, entry);
+    m_lastNumber = number;
+    return number;
+}
+
+bool ScriptJobs::Kill(int number, bool force)
+{
+    const auto found = m_jobs.constFind(number);
+    if (found == m_jobs.constEnd())
+        return true;
+    if (found->job.isProtected && !force)
+        return false;
+    m_engine.events.Remove(found->eventId);
+    disconnect(found->watched);
+    disconnect(found->parentWatched);
+    m_jobs.remove(number);
+    return true;
+}
+
+void ScriptJobs::KillAll(bool force)
+{
+    for (const int number : m_jobs.keys()) {
+        if (force || !m_jobs.value(number).job.isPermanent)
+            Kill(number, force);
+    }
+}
+
+QStringList ScriptJobs::Descriptions() const
+{
+    QStringList lines;
+    for (auto it = m_jobs.begin(); it != m_jobs.end(); ++it) {
+        const ScriptJob& job = it->job;
+        QStringList parts;
+        if (job.runOnce)
+            parts += QStringLiteral("\"-runOnce\" 1");
+        if (job.isPermanent)
+            parts += QStringLiteral("\"-permanent\"");
+        if (job.isProtected)
+            parts += QStringLiteral("\"-protected\"");
+        if (!job.parent.isEmpty())
+            parts += QStringLiteral("\"-parent\" ") + Quoted(job.parent);
+        parts += FlagText(job.trigger);
+        parts += Quoted(job.script.Description());
+        lines += QStringLiteral("%1: %2\n").arg(it.key()).arg(parts.join(QLatin1Char(' ')));
+    }
+    return lines;
+}
+
+void ScriptJobs::Run(int number)
+{
+    const auto found = m_jobs.constFind(number);
+    if (found == m_jobs.constEnd())
+        return;
+    // A copy: the script may end its own job.
+    const Script script = found->job.script;
+    if (found->job.runOnce || found->job.trigger.kind == JobTrigger::Kind::UiDeleted)
+        Kill(number, true);
+    script.Run();
+}
+
+void ScriptJobs::RunIdleJobs()
+{
+    if (m_engine.RunningScripts() > 0)
+        return;
+    bool any = false;
+    for (const int number : m_jobs.keys()) {
+        if (m_jobs.value(number).job.trigger.kind != JobTrigger::Kind::Idle)
+            continue;
+        any = true;
+        Run(number);
+    }
+    if (!any)
+        m_idleTimer.stop();
+}
+
+void ScriptJobs::OnOptionVarChanged(const QString& name)
+{
+    for (const int number : m_jobs.keys()) {
+        const JobTrigger trigger = m_jobs.value(number).job.trigger;
+        if (trigger.kind == JobTrigger::Kind::OptionVar && trigger.name == name)
+            Run(number);
+    }
+}
+
+} // namespace host::commands

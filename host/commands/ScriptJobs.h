@@ -1,0 +1,75 @@
+#pragma once
+
+#include "engine/Script.h"
+
+#include <QMap>
+#include <QPointer>
+#include <QTimer>
+
+namespace host {
+class Engine;
+}
+
+namespace host::commands {
+
+/// What a job waits for.
+struct JobTrigger
+{
+    enum class Kind { Event, Idle, OptionVar, UiDeleted };
+
+    Kind kind = Kind::Event;
+    QString name; ///< of the event, option variable or interface element
+};
+
+struct ScriptJob
+{
+    JobTrigger trigger;
+    Script script;
+    QString parent; ///< interface element whose end ends the job
+    bool runOnce = false;
+    bool isProtected = false;
+    bool isPermanent = false;
+};
+
+/// The scripts that wait for something to happen. Jobs run at once when it does, except those of
+/// deleted elements, which run when the host is idle again. Owned by the session; main thread only.
+class ScriptJobs : public QObject
+{
+    Q_OBJECT
+public:
+    explicit ScriptJobs(Engine& engine);
+    ~ScriptJobs() override;
+
+    /// The job's number, from 1, or why it cannot be.
+    Outcome Add(const ScriptJob& job);
+    /// A protected job only falls to `force`. False when it stays; true also when there is none.
+    bool Kill(int number, bool force);
+    void KillAll(bool force);
+    bool Contains(int number) const { return m_jobs.contains(number); }
+    /// One line per job: its number and the flags that made it.
+    QStringList Descriptions() const;
+
+    /// How often an idle job runs at most.
+    static constexpr int IDLE_INTERVAL_MS = 50;
+
+private:
+    struct Entry
+    {
+        ScriptJob job;
+        int eventId = 0;
+        QMetaObject::Connection watched;
+        QMetaObject::Connection parentWatched;
+    };
+
+    void Run(int number);
+    void RunIdleJobs();
+    void OnOptionVarChanged(const QString& name);
+    QObject* FindElement(const QString& name) const;
+
+    Engine& m_engine;
+    QMap<int, Entry> m_jobs;
+    QTimer m_idleTimer;
+    int m_lastNumber = 0;
+};
+
+} // namespace host::commands
