@@ -1,0 +1,38 @@
+#pragma once
+
+#include <QProxyStyle>
+
+class QApplication;
+
+namespace host::ui {
+
+/// The look of the host: flat, dark, without style sheets (those would reach into the panels of
+/// plug-ins). Owned by the application once it is set.
+class HostStyle : public QProxyStyle
+{
+    Q_OBJECT
+public:
+    HostStyle();
+
+    /// Gives the application its style, palette and font.
+    static void Apply(QApplication& application);
+
+    void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+        const QWidget* widget) const override;
+    void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+        const QWidget* widget) const override;
+    QSize sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,
+        const QWidget* widget) const override;
+    int pixelMetric(
+        PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override;
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+        QStyleHintReturn* data) const override;
+
+private:
+    void DrawMenuBarItem(const QStyleOption* option, QPainter* painter) const;
+    void DrawMenuItem(const QStyleOption* option, QPainter* painter, const QWidget* widget) const;
+    void DrawButton(const QStyleOption* option, QPainter* painter) const;
+    void DrawField(const QStyleOption* option, QPainter* painter) const;
+};
+
+} // namespace host::ui

@@ -1,0 +1,194 @@
+#include "ui/window/Viewport.h"
+
+#include "ui/window/HostColors.h"
+
+#include <QMouseEvent>
+#include <QPainter>
+
+#include <cmath>
+
+namespace host::ui {
+
+namespace {
+
+constexpr int GRID_HALF = 12; ///< units from the middle to the edge
+constexpr double NEAR_PLANE = 0.1;
+constexpr double FIELD_OF_VIEW = 0.95; ///< of the width, radians
+constexpr double RADIANS_PER_PIXEL = 0.008;
+constexpr double STEPS_PER_PIXEL = 0.05;
+constexpr double MINIMUM_DISTANCE = 1.5;
+constexpr double MAXIMUM_DISTANCE = 400;
+constexpr double MAXIMUM_PITCH = 1.55;
+constexpr int AXIS_LENGTH = 26;
+const QPoint AXIS_PLACE(38, 40); ///< from the lower left corner
+
+} // namespace
+
+Viewport::Viewport(QWidget* parent)
+    : QWidget(parent)
+{
+    setObjectName(QStringLiteral("viewport"));
+    setAccessibleName(tr("Viewport"));
+    setStatusTip(tr("Alt and a mouse button turn, shift and zoom the view"));
+    setMinimumSize(120, 80);
+    setAttribute(Qt::WA_OpaquePaintEvent);
+}
+
+void Viewport::SetGridVisible(bool visible)
+{
+    m_gridVisible = visible;
+    update();
+}
+
+void Viewport::SetAxisVisible(bool visible)
+{
+    m_axisVisible = visible;
+    update();
+}
+
+void Viewport::ResetView()
+{
+    m_camera = {};
+    update();
+}
+
+void Viewport::GetAxes(QVector3D& right, QVector3D& up, QVector3D& back) const
+{
+    const float sinYaw = std::sin(m_camera.yaw);
+    const float cosYaw = std::cos(m_camera.yaw);
+    const float sinPitch = std::sin(m_camera.pitch);
+    const float cosPitch = std::cos(m_camera.pitch);
+    back = {cosPitch * sinYaw, sinPitch, cosPitch * cosYaw};
+    right = {cosYaw, 0, -sinYaw};
+    up = QVector3D::crossProduct(back, right);
+}
+
+QVector3D Viewport::ToEye(const QVector3D& point) const
+{
+    QVector3D right;
+    QVector3D up;
+    QVector3D back;
+    GetAxes(right, up, back);
+    const QVector3D eye = m_camera.target + back * static_cast<float>(m_camera.distance);
+    const QVector3D relative = point - eye;
+    return {QVector3D::dotProduct(relative, right), QVector3D::dotProduct(relative, up),
+        -QVector3D::dotProduct(relative, back)};
+}
+
+void Viewport::DrawLine(QPainter& painter, const QVector3D& from, const QVector3D& to) const
+{
+    QVector3D start = ToEye(from);
+    QVector3D end = ToEye(to);
+    if (start.z() < NEAR_PLANE && end.z() < NEAR_PLANE)
+        return;
+    // What lies behind the eye would come out mirrored.
+    if (start.z() < NEAR_PLANE)
+        std::swap(start, end);
+    if (end.z() < NEAR_PLANE)
+        end = start + (end - start) * ((start.z() - NEAR_PLANE) / (start.z() - end.z()));
+    const double focal = width() / 2.0 / std::tan(FIELD_OF_VIEW / 2);
+    const auto project = [&](const QVector3D& point) {
+        return QPointF(width() / 2.0 + point.x() / point.z() * focal,
+            height() / 2.0 - point.y() / point.z() * focal);
+    };
+    painter.drawLine(project(start), project(end));
+}
+
+void Viewport::DrawGrid(QPainter& painter) const
+{
+    painter.setRenderHint(QPainter::Antialiasing);
+    for (int i = -GRID_HALF; i <= GRID_HALF; ++i) {
+        painter.setPen(i == 0 ? QPen(colors::GRID.darker(160), 1.2) : QPen(colors::GRID, 1));
+        DrawLine(painter, QVector3D(i, 0, -GRID_HALF), QVector3D(i, 0, GRID_HALF));
+        DrawLine(painter, QVector3D(-GRID_HALF, 0, i), QVector3D(GRID_HALF, 0, i));
+    }
+}
+
+void Viewport::DrawAxis(QPainter& painter) const
+{
+    QVector3D right;
+    QVector3D up;
+    QVector3D back;
+    GetAxes(right, up, back);
+    const std::pair<QVector3D, QColor> ARMS[] = {
+        {{0, 0, 1}, QColor(0x6a, 0xa5, 0xdc)},
+        {{1, 0, 0}, QColor(0xd9, 0x6d, 0x66)},
+        {{0, 1, 0}, QColor(0x7f, 0xc0, 0x67)},
+    };
+    const QPointF origin(AXIS_PLACE.x(), height() - AXIS_PLACE.y());
+    painter.setRenderHint(QPainter::Antialiasing);
+    for (const auto& [arm, color] : ARMS) {
+        // A view straight from the front would hide the axis that points to the eye.
+        const QPointF tip(
+            QVector3D::dotProduct(arm, right) - 0.45 * QVector3D::dotProduct(arm, back),
+            QVector3D::dotProduct(arm, up) - 0.1 * QVector3D::dotProduct(arm, back));
+        painter.setPen(QPen(color, 2));
+        painter.drawLine(origin, origin + QPointF(tip.x(), -tip.y()) * AXIS_LENGTH);
+    }
+}
+
+void Viewport::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    QLinearGradient sky(0, 0, 0, height());
+    sky.setColorAt(0, colors::VIEWPORT_TOP);
+    sky.setColorAt(1, colors::VIEWPORT_FLOOR);
+    painter.fillRect(rect(), sky);
+    if (m_gridVisible)
+        DrawGrid(painter);
+    if (m_axisVisible)
+        DrawAxis(painter);
+    painter.setPen(colors::TEXT);
+    painter.drawText(
+        rect().adjusted(0, 0, 0, -8), Qt::AlignHCenter | Qt::AlignBottom, QStringLiteral("persp"));
+}
+
+void Viewport::mousePressEvent(QMouseEvent* event)
+{
+    m_lastPosition = event->pos();
+    if (event->modifiers() & Qt::AltModifier)
+        setCursor(Qt::SizeAllCursor);
+}
+
+void Viewport::mouseReleaseEvent(QMouseEvent*)
+{
+    unsetCursor();
+}
+
+void Viewport::mouseMoveEvent(QMouseEvent* event)
+{
+    const QPoint moved = event->pos() - m_lastPosition;
+    m_lastPosition = event->pos();
+    if (!(event->modifiers() & Qt::AltModifier))
+        return;
+    if (event->buttons() & Qt::LeftButton) {
+        m_camera.yaw -= moved.x() * RADIANS_PER_PIXEL;
+        m_camera.pitch
+            = qBound(-MAXIMUM_PITCH, m_camera.pitch + moved.y() * RADIANS_PER_PIXEL, MAXIMUM_PITCH);
+    } else if (event->buttons() & Qt::MiddleButton) {
+        QVector3D right;
+        QVector3D up;
+        QVector3D back;
+        GetAxes(right, up, back);
+        const float unit = m_camera.distance / width();
+        m_camera.target += (right * -moved.x() + up * moved.y()) * unit;
+    } else if (event->buttons() & Qt::RightButton) {
+        Dolly((moved.x() + moved.y()) * STEPS_PER_PIXEL);
+    }
+    update();
+}
+
+void Viewport::wheelEvent(QWheelEvent* event)
+{
+    Dolly(event->angleDelta().y() / 120.0);
+    event->accept();
+}
+
+void Viewport::Dolly(double steps)
+{
+    m_camera.distance
+        = qBound(MINIMUM_DISTANCE, m_camera.distance * std::pow(0.9, steps), MAXIMUM_DISTANCE);
+    update();
+}
+
+} // namespace host::ui
