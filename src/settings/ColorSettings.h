@@ -2,29 +2,26 @@
 
 #include "settings/ExtraSelectionProperties.h"
 
-#include <QColor>
-#include <QList>
 #include <QMap>
-#include <QString>
 #include <QStringList>
-#include <QTextCharFormat>
 
-/// One colour role: its name in the preferences, its format and the built-in one.
+class QSettings;
+
+/// A colour role: how the preferences name it, and how it looks now and by default.
 struct HighlightProperties
 {
     QString label;
     QTextCharFormat format;
     QTextCharFormat defaultFormat;
-    bool syntax = false; ///< a syntax category rather than a part of the interface
+    bool isSyntax = false; ///< a syntax category rather than a part of the interface
 };
 
-/// Every colour and text format of the program. Painters and highlighters hold none of their own:
-/// they ask by role key. Interface thread only; the scheme is built at first use, when the
-/// application exists.
+/// Every colour and text format of the program: static members like Settings. Painters ask for a
+/// format by its role each time they build theirs and hold no colours of their own.
+/// Interface thread only.
 class ColorSettings
 {
 public:
-    // Role keys
     static const QString PLAIN_TEXT;
     static const QString SELECTED_TEXT;
     static const QString MATCHING_SELECTION;
@@ -56,38 +53,37 @@ public:
     static const QString PYTHON_SELF_CLS;
     static const QString PYTHON_MEL_COMMANDS;
 
-    /// Rebuilds the built-in scheme.
+    /// Clears everything and builds the one scheme there is.
     static void Initialize();
+    /// The built-in scheme with the user's file laid over it.
+    static void ReadUserConfig();
+    static void WriteUserConfig();
+    static QString GetUserConfigPath();
 
-    // Formats by role key: the current one, or the built-in one when `defaultFormat` is true. An
-    // unknown key gives an empty format, a null pointer, or properties with the label "Not Set".
+    /// An empty format for an unknown role.
     static QTextCharFormat GetCodeEditorFormat(const QString& key, bool defaultFormat);
-    static QTextCharFormat* GetCodeEditorFormatPtr(const QString& key, bool defaultFormat);
     static QTextCharFormat GetOutputFormat(const QString& key, bool defaultFormat);
+    /// Null for an unknown role. The format stays at its address until Initialize.
+    static QTextCharFormat* GetCodeEditorFormatPtr(const QString& key, bool defaultFormat);
+    /// Replaces the current format of a role that exists.
     static void SetCodeEditorFormat(const QString& key, const QTextCharFormat& format);
     static void SetOutputFormat(const QString& key, const QTextCharFormat& format);
+    /// Labelled "Not Set" for an unknown role.
     static HighlightProperties GetCodeEditorHighlightProperties(const QString& key);
     static HighlightProperties GetOutputHighlightProperties(const QString& key);
 
-    // Formats and rules as they are stored
+    /// The file's notation of a format and of a rule. A text that is none changes nothing.
     static QString GetFormatString(const QTextCharFormat& format);
-    /// Changes nothing when the string does not have its five fields.
     static void LoadFormatString(QTextCharFormat& format, const QString& text);
-    static QString GetExtraSelectionString(const ExtraSelectionProperties& properties);
+    static QString GetExtraSelectionString(const ExtraSelectionProperties& rule);
     static ExtraSelectionProperties LoadExtraSelectionString(const QString& text);
-
-    // The colours file
-    static QString GetUserConfigPath();
-    static void ReadUserConfig();
-    static void WriteUserConfig();
 
     inline static QMap<QString, HighlightProperties> codeEditorHighlights;
     inline static QStringList codeEditorHighlightOrderedKeys;
     inline static QMap<QString, HighlightProperties> outputHighlights;
     inline static QStringList outputHighlightOrderedKeys;
-    /// Later rules paint over earlier ones.
-    inline static QList<ExtraSelectionProperties> outputUserDefinedSelections;
-    inline static QTextCharFormat errorFormat;
+    inline static QVector<ExtraSelectionProperties> outputUserDefinedSelections;
+    inline static QTextCharFormat errorFormat; ///< underlines of the checkers' messages
     inline static QTextCharFormat warningFormat;
     inline static QTextCharFormat infoFormat;
     inline static QColor sideBarBaseColor;

@@ -4,14 +4,13 @@
 #include <QString>
 #include <QTextCharFormat>
 
-/// One highlighting rule of the console. The format follows from the colours: build a new record
-/// to change them.
+/// One rule that highlights text in the console. The format follows from the colours.
 struct ExtraSelectionProperties
 {
     ExtraSelectionProperties() = default;
-    /// An invalid colour means that the rule leaves that side as it is.
-    ExtraSelectionProperties(const QString& ruleName, const QColor& foregroundColor,
-        const QColor& backgroundColor, const QString& rulePattern, bool isRegularExpression,
+    /// An invalid colour means that the rule leaves that brush alone.
+    ExtraSelectionProperties(const QString& ruleName, const QColor& ruleForeground,
+        const QColor& ruleBackground, const QString& rulePattern, bool isRegularExpression,
         bool isWholeLine, bool isEnabled);
 
     QString name;
@@ -21,7 +20,10 @@ struct ExtraSelectionProperties
     QColor background;
     bool hasBackground = false;
     QString pattern;
-    bool regularExpression = true; ///< otherwise the pattern is a fixed string
-    bool wholeLine = true; ///< a matching line is coloured whole
+    bool regularExpression = false; ///< otherwise a fixed string
+    bool wholeLine = false;
     bool enabled = true;
+
+    /// After the colours or their flags changed.
+    void UpdateFormat();
 };
