@@ -1,0 +1,7 @@
+#include <maya/MIOStream.h>
+
+void StreamsAlone()
+{
+    cout << "x" << endl;
+    cerr << "x" << flush;
+}
