@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QToolButton>
+
+namespace host::ui {
+
+/// A button of a shelf: a picture with a few letters over it, or its label when there is no
+/// picture.
+class ShelfButton : public QToolButton
+{
+    Q_OBJECT
+public:
+    explicit ShelfButton(QWidget* parent = nullptr);
+
+    void SetOverlay(const QString& text);
+    QString GetOverlay() const { return m_overlay; }
+    void SetOverlayColor(const QColor& color);
+
+Q_SIGNALS:
+    void DoubleClicked();
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+
+private:
+    QString m_overlay;
+    QColor m_overlayColor;
+};
+
+} // namespace host::ui

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "ui/commands/Control.h"
+
+class QIcon;
+
+namespace host::ui {
+
+// One function per file of commands, called by RegisterInterfaceCommands.
+void RegisterWindowCommands(CommandRegistry& commands);
+void RegisterLayoutCommands(CommandRegistry& commands);
+void RegisterFormLayout(CommandRegistry& commands);
+void RegisterTabCommands(CommandRegistry& commands);
+void RegisterShelfCommands(CommandRegistry& commands);
+void RegisterButtonCommands(CommandRegistry& commands);
+void RegisterFieldCommands(CommandRegistry& commands);
+void RegisterListCommands(CommandRegistry& commands);
+void RegisterMenuCommands(CommandRegistry& commands);
+void RegisterScriptFieldCommands(CommandRegistry& commands);
+void RegisterDialogCommands(CommandRegistry& commands);
+void RegisterMessageCommands(CommandRegistry& commands);
+
+// Shared by several of them.
+
+/// True for menus, sub-menus and option menus.
+bool TakesItems(const Element& element);
+/// An icon of the host's own, a resource or a file along the icon path; null when there is none.
+QIcon FindIcon(const QString& name);
+/// "left", "center" and "right"; `fallback` for any other word.
+Qt::Alignment AlignmentFromWord(const QString& word, Qt::Alignment fallback);
+/// "boldLabelFont", "fixedWidthFont" and the others that scripts name; the widget's own for others.
+QFont FontFromWord(const QString& word, const QFont& plain);
+
+} // namespace host::ui
