@@ -16,15 +16,6 @@ Outcome NotAnArray(const Value& value)
         QStringLiteral("Cannot use data of type %1 as an array.").arg(KindName(value.GetKind()))};
 }
 
-Outcome Clear(FunctionCall& call)
-{
-    Value& array = call.Reference(0);
-    if (!array.IsArray() && !array.IsNone())
-        return NotAnArray(array);
-    array = Value::Default(array.GetKind());
-    return 0;
-}
-
 template <typename List, typename Less>
 Value Sorted(List list, Less less)
 {
@@ -147,7 +138,6 @@ Outcome Intersector(Call& call)
 }
 
 const FunctionRow FUNCTIONS[] = {
-    {"int clear(any&)", Clear},
     {"any sort(any)", Sort},
     {"void copyArray(any, any&)", CopyArray},
 };

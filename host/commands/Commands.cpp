@@ -1,10 +1,28 @@
 #include "commands/Commands.h"
 
+#include "commands/PluginPreferences.h"
 #include "commands/Session.h"
 #include "commands/Tables.h"
 #include "engine/Engine.h"
 
+#include <QFileInfo>
+
 namespace host::commands {
+
+namespace {
+
+/// What the user kept of earlier sessions.
+void ReadPreferences(Engine& engine)
+{
+    const QString problem = ReadPluginPreferences(engine);
+    if (!problem.isEmpty())
+        engine.output.Warning(problem);
+    const QString runTimeCommands = Session::Current().runTimeCommands.FilePath();
+    if (engine.mel && QFileInfo(runTimeCommands).isFile())
+        engine.mel->RunFile(runTimeCommands);
+}
+
+} // namespace
 
 void RegisterCommands(Engine& engine)
 {
@@ -16,6 +34,7 @@ void RegisterCommands(Engine& engine)
         RegisterFileSystem,
         RegisterFiles,
         RegisterHelp,
+        RegisterIntrospection,
         RegisterMathematics,
         RegisterOptionVar,
         RegisterOutput,
@@ -30,6 +49,7 @@ void RegisterCommands(Engine& engine)
     };
     for (const auto theme : themes)
         theme(engine.commands);
+    ReadPreferences(engine);
 }
 
 void ReleaseCommands(Engine& engine)

@@ -114,15 +114,6 @@ Outcome ScriptEditorInfo(Call& call)
     return problems.isEmpty() ? Outcome() : Outcome(Error{problems.first()});
 }
 
-Outcome GetLastError(FunctionCall&)
-{
-    return Session::Current().lastError.Text();
-}
-
-const FunctionRow FUNCTIONS[] = {
-    {"string getLastError()", GetLastError},
-};
-
 const CommandRow COMMANDS[] = {
     {"commandEcho", "int", "Q", "",
         "addFilter/af str[] c; filter/f str[] cq; lineNumbers/ln B cq; state/st B cq", CommandEcho},
@@ -139,7 +130,6 @@ const CommandRow COMMANDS[] = {
 
 void RegisterOutput(CommandRegistry& registry)
 {
-    registry.Register(FUNCTIONS);
     registry.Register(COMMANDS);
 }
 

@@ -3,7 +3,6 @@
 #include "commands/Deferred.h"
 #include "commands/HelpRequests.h"
 #include "commands/HistoryFile.h"
-#include "commands/LastError.h"
 #include "commands/OpenFiles.h"
 #include "commands/Project.h"
 #include "commands/Random.h"
@@ -15,6 +14,7 @@
 #include <QMap>
 #include <QStringList>
 
+#include <memory>
 #include <optional>
 
 namespace host::commands {
@@ -42,7 +42,6 @@ public:
     Deferred deferred;
     HelpRequests helpRequests;
     HistoryFile historyFile;
-    LastError lastError;
     Project project;
     RunTimeCommands runTimeCommands;
     std::unique_ptr<ScriptJobs> scriptJobs;

@@ -6,12 +6,6 @@ namespace host::commands {
 
 namespace {
 
-Outcome Size(FunctionCall& call)
-{
-    const Value& value = call.At(0);
-    return value.IsString() ? value.Get<QString>().size() : value.Count();
-}
-
 Outcome SizeInBytes(FunctionCall& call)
 {
     return call.Text(0).toUtf8().size();
@@ -160,7 +154,6 @@ Outcome Format(Call& call)
 }
 
 const FunctionRow FUNCTIONS[] = {
-    {"int size(any)", Size},
     {"int sizeBytes(string)", SizeInBytes},
     {"string substring(string, int, int)", Substring},
     {"string startString(string, int)", StartString},
