@@ -131,7 +131,7 @@ private:
     // Commands
     enum class Place { Statement, Backticks };
     ast::ExpressionPointer ParseCallOrCommand(Place place);
-    bool IsCall(const Token& name, Place place);
+    bool IsCall(Token name, Place place);
     bool DecideIsCall(const Token& name, Place place);
     bool IsCallByAttempt(Place place);
     bool PassesDashWord(const Token& name, int close) const;

@@ -9,7 +9,8 @@ ast::ExpressionPointer Parser::ParseCallOrCommand(Place place)
     return IsCall(Peek(), place) ? ParseExpression() : ParseCommand(place);
 }
 
-bool Parser::IsCall(const Token& name, Place place)
+// Takes a copy of the token: reading on replaces what Peek gave.
+bool Parser::IsCall(Token name, Place place)
 {
     const auto known = m_isCall.constFind(name.start);
     if (known != m_isCall.constEnd())

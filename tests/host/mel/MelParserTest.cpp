@@ -1,0 +1,268 @@
+#include "host/mel/MelFixture.h"
+#include "mel/Parser.h"
+#include "mel/Source.h"
+#include "support/TestMain.h"
+
+#include <QtTest>
+
+using namespace host;
+using namespace host::mel;
+
+/// What is accepted, what is refused and where, and how calls are told from commands.
+class MelParserTest : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void AcceptsWhatRealFilesContain_data();
+    void AcceptsWhatRealFilesContain();
+    void RefusesWithThePlace_data();
+    void RefusesWithThePlace();
+    void TellsCallsFromCommands_data();
+    void TellsCallsFromCommands();
+    void EveryLineEndCounts();
+    void FileBytesAreDecoded();
+    void NestingEndsWithAnErrorNotACrash_data();
+    void NestingEndsWithAnErrorNotACrash();
+    void UndecidedCallsAreReadOncePerPlace();
+};
+
+void MelParserTest::AcceptsWhatRealFilesContain_data()
+{
+    QTest::addColumn<QString>("text");
+    const auto row = [](const char* text) { QTest::newRow(text) << QString(text); };
+    row("setParent ..;");
+    row("int $r = `optionVar - q Name`;");
+    row("select -r |a|b|c;");
+    row("select -r *:ctrl_*;");
+    row("connectAttr foo.wm[0] bar.in;");
+    row("connectAttr ($a + \".i\") reg.slot[$i];");
+    row("applyArgs 2 { \"1\",\"2\",\"\" };");
+    row("vector $h = `hsv_to_rgb <<$x[0], 1, 1>>`;");
+    row("formLayout -af $c \"left\" -10;");
+    row("intField -fmn -1000. -fmx .5;");
+    row("string $n = (string)$i;");
+    row("$t = (int)(`timerX` * 1000);");
+    row("global string $names[] = {};");
+    row("float $l, $r[3] = {1, 2, 3};");
+    row("if (!`exists foo`) source foo;");
+    row("setAttr ($o + \".tx\") -lock on -k ($k);");
+    row("foo `bar` (`baz -q`) -visible on;");
+    row("do{$i++;}while($i<3);");
+    row("if($a)b;else if($c){d;}else e;");
+    row("for(;;){break;}");
+    row("proc f(){};f;");
+    row("global proc string[]f(string$a[],int$b){return $a;}");
+    row("print(\"no semicolon at the end\")");
+    row("button -command (\"a \" + $b + \";\") -annotation \"x\" name;");
+    row("switch($a){case 1:case 2:default:}");
+    row("// only a comment");
+    row("/* never closed");
+    row("$a = $b ? \"x\" : `foo`;");
+    row("$m = <<1,2;3,4>>;");
+    row("matrix $m[4][4]; $m[0][1] = $v.x + $v.y;");
+    row("string $s = `substring $a 1 (size($a))` + `size($b)`;");
+    row("`foo -q`;");
+    row("int $i, $j = 2; $i = int($j / 2.0);");
+    row("if (size($a) > 0 && !catch(`delete $a`)) print \"x\";");
+}
+
+void MelParserTest::AcceptsWhatRealFilesContain()
+{
+    QFETCH(QString, text);
+    const Parser::Result result = Parser(text).Parse();
+    if (result.error)
+        QFAIL(qPrintable(QString("%1 at %2").arg(result.error->text).arg(result.error->offset)));
+}
+
+void MelParserTest::RefusesWithThePlace_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("message");
+    const auto row = [](const char* name, const char* text, const char* message) {
+        QTest::newRow(name) << QString(text) << QString(message);
+    };
+    row("the column is behind the offending token", "int $a;\nstring $a;",
+        "Line 2.10: Invalid redeclaration of variable \"$a\" as a different type.");
+    row("undeclared", "print $undeclared;",
+        "Line 1.18: \"$undeclared\" is an undeclared variable.");
+    row("undeclared in a compound assignment", "$u += 1;",
+        "Line 1.3: \"$u\" is an undeclared variable.");
+    row("missing operand", "$a = 1 +;", "Line 1.10: Syntax error");
+    row("a name is no value", "$a = foo;", "Line 1.10: Syntax error");
+    row("missing bracket", "print (1;", "Line 1.10: Syntax error");
+    row("missing brace", "{ print 1;\n", "Line 2.1: Syntax error");
+    row("stray brace", "print 1; }", "Line 1.11: Syntax error");
+    row("lone dollar", "print $;", "Line 1.8: Syntax error");
+    row("keyword as a word", "addAttr -at float;", "Line 1.18: Syntax error");
+    row("operator among words", "move $x + 1;", "Line 1.10: Syntax error");
+    row("missing quote", "print \"abc;\nprint 1;", "Line 1.12: Unterminated string.");
+    row("no return", "proc int g() { print 1; }",
+        "Line 1.26: Procedure is missing a return statement.");
+    row("value from a typeless procedure", "proc g() { return 1; }",
+        "Line 1.18: A procedure without a return type cannot return a value.");
+    row("break outside", "if (1) break;", "Line 1.13: \"break\" stands outside of a loop.");
+    row("continue in a switch only", "switch (1) { case 1: continue; }",
+        "Line 1.30: \"continue\" stands outside of a loop.");
+    row("a component is no target", "vector $v; $v.x = 1;",
+        "Line 1.18: Components of a vector cannot be assigned.");
+    row("a call is no target", "f() = 1;", "Line 1.6: Syntax error");
+    row("a matrix needs sizes", "matrix $m = 1;", "Line 1.10: Matrix \"$m\" needs two sizes.");
+    row("arrays of arrays", "int $a[2][2];", "Line 1.13: Arrays have one dimension only.");
+    row("a global wants constants", "global int $g = f();",
+        "Line 1.14: \"$g\" can only be given constant values here.");
+    row("procedures see no outer variables", "$o = 1; proc f() { print $o; }",
+        "Line 1.28: \"$o\" is an undeclared variable.");
+    row("a block hides its variables", "{ int $in; } print $in;",
+        "Line 1.23: \"$in\" is an undeclared variable.");
+    row("what comes first is told first", "print $first;\nprint (;",
+        "Line 1.13: \"$first\" is an undeclared variable.");
+    row("rows of a matrix", "$m = <<1,2;3>>;",
+        "Line 1.15: The rows of a matrix must have the same length.");
+}
+
+void MelParserTest::RefusesWithThePlace()
+{
+    QFETCH(QString, text);
+    QFETCH(QString, message);
+    MelFixture fixture;
+    const ScriptResult result = fixture.Run("print \"ran\";" + QString(1, '\n') + text);
+    QVERIFY(result.failed);
+    QCOMPARE(fixture.Printed(), QString());
+    // The line in front moved everything down by one.
+    const QString line = message.section('.', 0, 0).section(' ', 1);
+    message.replace(0, 5 + line.size(), "Line " + QString::number(line.toInt() + 1));
+    QCOMPARE(fixture.Texts(MessageType::Error).value(1), message);
+    QCOMPARE(result.errorText, message.section(": ", 1));
+}
+
+void MelParserTest::TellsCallsFromCommands_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<int>("arguments"); // -1: a call within an expression
+    const auto row
+        = [](const char* text, int arguments) { QTest::newRow(text) << text << arguments; };
+    row("f (1);", -1);
+    row("f(1, 2) + 1;", -1);
+    row("f (1)", -1);
+    row("f ($a)[0];", -1);
+    row("f(1) ? 2 : 3;", -1);
+    row("f (1) 2;", 2);
+    row("f (1) (2);", 2);
+    row("f (1) `g`;", 2);
+    row("f (1) \"x\";", 2);
+    row("f (1) $a;", 2);
+    row("f (1) -add;", 2);
+    row("f (1) -add 5;", 3);
+    row("f (1) *:x;", 2);
+    row("f (1) {1};", 2);
+    row("f (1) <<1,2,3>>;", 2);
+    row("f (1) - 5;", -1);
+    row("f (1) -5;", -1);
+    row("command (1) -5;", 2);
+    row("command (1) -lock (1);", 3);
+    row("command (1) - 5;", -1);
+    row("f (\")\") 2;", 2);
+    row("f (1 /* ) */) 2;", 2);
+}
+
+void MelParserTest::TellsCallsFromCommands()
+{
+    QFETCH(QString, text);
+    QFETCH(int, arguments);
+    Parser parser(text, [](const QString& name) { return name == "command"; });
+    const Parser::Result result = parser.Parse();
+    QVERIFY(!result.error);
+    QCOMPARE(result.statements.size(), size_t(1));
+    const auto& statement = static_cast<const ast::Expressions&>(*result.statements.front());
+    const ast::Expression& expression = *statement.expressions.front();
+    int found = -1;
+    if (expression.type == ast::Expression::Type::Call) {
+        const auto& call = static_cast<const ast::Call&>(expression);
+        found = call.isCommand ? static_cast<int>(call.arguments.size()) : -1;
+    }
+    QCOMPARE(found, arguments);
+}
+
+void MelParserTest::EveryLineEndCounts()
+{
+    const Source source("a\r\nb\rc\nd");
+    QCOMPARE(source.LineOf(0), 1);
+    QCOMPARE(source.LineOf(2), 1);
+    QCOMPARE(source.LineOf(3), 2);
+    QCOMPARE(source.LineOf(5), 3);
+    QCOMPARE(source.LineOf(7), 4);
+    QCOMPARE(source.ColumnOf(8), 2);
+    QCOMPARE(source.LineText(1), QString("a\n"));
+    QCOMPARE(source.LineText(2), QString("b\n"));
+    QCOMPARE(source.LineText(4), QString("d"));
+
+    MelFixture fixture;
+    fixture.Run("// comment\rprint \"cr\";\rerror \"three\";");
+    QCOMPARE(fixture.Printed(), QString("cr"));
+    QCOMPARE(fixture.Texts(MessageType::Error), QStringList{"line 3: three"});
+}
+
+void MelParserTest::FileBytesAreDecoded()
+{
+    QCOMPARE(Source::Decode("\xEF\xBB\xBFprint \"\xC3\xA9\";"), QString("print \"\u00e9\";"));
+    QCOMPARE(Source::Decode("print \"\xE9\";"), QString("print \"\u00e9\";"));
+    QCOMPARE(Source(QString("\ufeff5")).Text(), QString("5"));
+}
+
+void MelParserTest::NestingEndsWithAnErrorNotACrash_data()
+{
+    QTest::addColumn<QString>("opening");
+    QTest::addColumn<QString>("closing");
+    QTest::newRow("parentheses") << "("
+                                 << ")";
+    QTest::newRow("calls") << "size("
+                           << ")";
+    QTest::newRow("blocks") << "{"
+                            << "}";
+    QTest::newRow("signs") << "- "
+                           << "";
+    QTest::newRow("casts") << "(int)"
+                           << "";
+    QTest::newRow("backticks") << "size (`"
+                               << "`)";
+    QTest::newRow("statements") << "if (1) "
+                                << ";";
+    QTest::newRow("indices") << "$a["
+                             << "]";
+    QTest::newRow("assignments") << "$a="
+                                 << "";
+    QTest::newRow("conditionals") << "1 ? 2 : "
+                                  << "";
+    QTest::newRow("sums") << "1 + "
+                          << "";
+}
+
+void MelParserTest::NestingEndsWithAnErrorNotACrash()
+{
+    QFETCH(QString, opening);
+    QFETCH(QString, closing);
+    constexpr int LEVELS = 20000;
+    MelFixture fixture;
+    const ScriptResult result
+        = fixture.Run(opening.repeated(LEVELS) + "size(1)" + closing.repeated(LEVELS) + ";");
+    QVERIFY(result.failed);
+    QVERIFY2(result.errorText.startsWith("Nested too deeply")
+            || result.errorText.startsWith("More than 2000 operators"),
+        qPrintable(result.errorText));
+    QVERIFY(!fixture.Run(opening.repeated(50) + "size(1)" + closing.repeated(50) + ";")
+                 .errorText.startsWith("Nested"));
+}
+
+/// Every level looks like an expression up to its last word; trying both readings at each would
+/// take 2 to the power of the levels.
+void MelParserTest::UndecidedCallsAreReadOncePerPlace()
+{
+    constexpr int LEVELS = 60;
+    const QString text
+        = QString("f (`").repeated(LEVELS) + "g" + QString("`) *:x").repeated(LEVELS) + ";";
+    const Parser::Result result = Parser(text).Parse();
+    QVERIFY(!result.error);
+}
+
+TE2_TEST(MelParserTest)
+#include "MelParserTest.moc"
