@@ -1,6 +1,7 @@
 #include "python/HostModule.h"
 
 #include "engine/Engine.h"
+#include "python/ApiFunctions.h"
 #include "python/Execution.h"
 #include "python/MainThreadCalls.h"
 #include "python/PythonCommands.h"
@@ -100,6 +101,8 @@ PyObject* MakeHostModule()
 {
     Reference module = Reference::Take(PyModule_Create(&definition));
     if (!module)
+        return nullptr;
+    if (!AddApiFunctions(module.Get()))
         return nullptr;
     for (const auto& [name, type] : MESSAGE_TYPES) {
         if (PyModule_AddIntConstant(module.Get(), name, static_cast<int>(type)) != 0)

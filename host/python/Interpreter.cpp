@@ -11,12 +11,18 @@
 #include "python/PythonValue.h"
 
 #include <atomic>
+#include <chrono>
+#include <thread>
 
 namespace host::python {
 
 namespace {
 
-std::atomic<bool> running{false};
+std::atomic<int> runningNumber{0};
+
+/// A thread that waits for the lock looks every 5 ms whether the interpreter has gone, and ends
+/// then.
+constexpr std::chrono::milliseconds LEFT_THREADS_TIME{50};
 
 /// PyConfig with its clean-up.
 class Configuration
@@ -107,11 +113,17 @@ bool CallSession(const char* function)
     return static_cast<bool>(result);
 }
 
+bool HasOtherThreads()
+{
+    PyThreadState* first = PyInterpreterState_ThreadHead(PyInterpreterState_Get());
+    return first && PyThreadState_Next(first);
+}
+
 } // namespace
 
-bool InterpreterIsRunning()
+int InterpreterNumber()
 {
-    return running;
+    return runningNumber;
 }
 
 QString StartInterpreter(const Paths& paths)
@@ -127,7 +139,8 @@ QString StartInterpreter(const Paths& paths)
         problem = Problem(Py_InitializeFromConfig(config.Get()));
     if (!problem.isEmpty())
         return problem;
-    running = true;
+    static int lastNumber = 0;
+    runningNumber = ++lastNumber;
     OpenOutput();
     OpenMainThreadCalls();
     if (!InstallStreams() || !InitializeCommands() || !ExtendPath(paths))
@@ -141,9 +154,12 @@ void StopInterpreter()
     CloseMainThreadCalls();
     CallSession("stop");
     ReleaseCommands();
-    running = false;
+    runningNumber = 0;
     CloseOutput();
+    const bool leavesThreads = HasOtherThreads();
     Py_FinalizeEx();
+    if (leavesThreads)
+        std::this_thread::sleep_for(LEFT_THREADS_TIME);
 }
 
 } // namespace host::python

@@ -26,10 +26,11 @@ public:
         : m_function(Reference::Share(PyTuple_GET_ITEM(arguments, 0)))
         , m_arguments(Reference::Take(PyTuple_GetSlice(arguments, 1, PyTuple_GET_SIZE(arguments))))
         , m_keywords(Reference::Share(keywords))
+        , m_interpreter(InterpreterNumber())
     { }
     ~MainThreadCall()
     {
-        if (!InterpreterIsRunning()) {
+        if (!IsAlive()) {
             // What outlives the interpreter was taken down with it.
             for (Reference* reference : {&m_function, &m_arguments, &m_keywords, &m_result,
                      &m_error.type, &m_error.value, &m_error.traceback})
@@ -43,6 +44,7 @@ public:
     MainThreadCall(const MainThreadCall&) = delete;
     MainThreadCall& operator=(const MainThreadCall&) = delete;
 
+    bool IsAlive() const { return m_interpreter != 0 && m_interpreter == InterpreterNumber(); }
     /// New reference, or null with the exception set. Main thread.
     PyObject* Call()
     {
@@ -87,6 +89,7 @@ private:
     Reference m_keywords;
     Reference m_result;
     RaisedError m_error;
+    const int m_interpreter; ///< the one that all of them belong to
     std::mutex m_mutex;
     std::condition_variable m_changed;
     bool m_finished = false;
@@ -155,7 +158,7 @@ void PostTask(IdleQueue::Task task, IdlePriority priority)
 
 void RunDeferred(const CallPointer& call)
 {
-    if (!InterpreterIsRunning())
+    if (!call->IsAlive())
         return;
     const ScriptScope scope(Language::Python);
     const Execution execution;
@@ -166,7 +169,7 @@ void RunDeferred(const CallPointer& call)
 
 void RunForWaiter(const CallPointer& call)
 {
-    if (!InterpreterIsRunning())
+    if (!call->IsAlive())
         return;
     const ScriptScope scope(Language::Python);
     const Execution execution;

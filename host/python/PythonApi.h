@@ -84,8 +84,13 @@ private:
     PyThreadState* m_state;
 };
 
-/// False before the interpreter is started and as soon as it begins to go down. Any thread.
-bool InterpreterIsRunning();
+/// Number of the running interpreter, counted from 1 within the process; 0 before it is started and
+/// as soon as it begins to go down. What belongs to another one must not be touched. Any thread.
+int InterpreterNumber();
+inline bool InterpreterIsRunning()
+{
+    return InterpreterNumber() != 0;
+}
 
 /// A function with keywords, or without arguments, in the form that tables of methods hold.
 template <typename Function>

@@ -23,6 +23,7 @@ Reference ArgumentTuple(const QVector<Value>& arguments)
 
 PythonCallable::PythonCallable(PyObject* function)
     : m_function(function)
+    , m_interpreter(InterpreterNumber())
 {
     Py_INCREF(m_function);
 }
@@ -30,24 +31,33 @@ PythonCallable::PythonCallable(PyObject* function)
 PythonCallable::~PythonCallable()
 {
     // What outlives the interpreter was taken down with it.
-    if (!InterpreterIsRunning())
+    if (!IsAlive())
         return;
     const InterpreterLock lock;
     Py_DECREF(m_function);
 }
 
+bool PythonCallable::IsAlive() const
+{
+    return m_interpreter != 0 && m_interpreter == InterpreterNumber();
+}
+
+PyObject* PythonCallable::Invoke(const QVector<Value>& arguments) const
+{
+    // A control may be deleted, and its callback with it, by the callback itself.
+    const Reference function = Reference::Share(m_function);
+    const Reference tuple = ArgumentTuple(arguments);
+    return tuple ? PyObject_CallObject(function.Get(), tuple.Get()) : nullptr;
+}
+
 Outcome PythonCallable::Call(const QVector<Value>& arguments)
 {
-    if (!InterpreterIsRunning())
+    if (!IsAlive())
         return Error{QStringLiteral("Python is not running.")};
     const Execution execution;
     if (!execution.IsAllowed())
         return execution.Report();
-    // A control may be deleted, and its callback with it, by the callback itself.
-    const Reference function = Reference::Share(m_function);
-    const Reference tuple = ArgumentTuple(arguments);
-    const Reference result
-        = Reference::Take(tuple ? PyObject_CallObject(function.Get(), tuple.Get()) : nullptr);
+    const Reference result = Reference::Take(Invoke(arguments));
     if (!result)
         return execution.Report();
     return ToValue(result.Get());
@@ -55,7 +65,7 @@ Outcome PythonCallable::Call(const QVector<Value>& arguments)
 
 QString PythonCallable::Description() const
 {
-    if (!InterpreterIsRunning())
+    if (!IsAlive())
         return {};
     const InterpreterLock lock;
     const QString text = Representation(m_function);

@@ -19,8 +19,15 @@ public:
     Outcome Call(const QVector<Value>& arguments) override;
     QString Description() const override;
 
+    /// New reference to the result, or null with the exception set. Any thread that holds the
+    /// interpreter lock.
+    PyObject* Invoke(const QVector<Value>& arguments) const;
+
 private:
+    bool IsAlive() const;
+
     PyObject* m_function; ///< a reference of its own
+    const int m_interpreter; ///< the one it belongs to
 };
 
 } // namespace host::python

@@ -26,16 +26,31 @@ def start():
     threading.excepthook = _on_thread_exception
 
 
+def _threads_to_wait_for():
+    main = threading.main_thread()
+    return [thread for thread in threading.enumerate()
+            if not thread.daemon and thread is not main]
+
+
+def _wait_for_threads():
+    # Pools of workers end their threads in these.
+    for call in reversed(threading._threading_atexits):
+        call()
+    threads = _threads_to_wait_for()
+    while threads:
+        for thread in threads:
+            thread.join()
+        threads = _threads_to_wait_for()
+
+
 def stop():
     """Waits for the threads that are not daemons, but not for ever: the host has to close."""
-    wait_for_all = threading._shutdown
-    helper = threading.Thread(target=wait_for_all, name="shutdown", daemon=True)
+    helper = threading.Thread(target=_wait_for_threads, daemon=True)
     helper.start()
     helper.join(THREAD_LIMIT)
     if not helper.is_alive():
         return
-    names = [thread.name for thread in threading.enumerate()
-             if not thread.daemon and thread is not threading.main_thread()]
-    _maya_host.show(_maya_host.WARNING,
-                    "Python threads that did not end were left: %s" % ", ".join(names))
+    names = ", ".join(thread.name for thread in _threads_to_wait_for())
+    _maya_host.show(_maya_host.WARNING, "Python threads that did not end were left: " + names)
+    # The interpreter itself would wait for them without a limit.
     threading._shutdown = lambda: None

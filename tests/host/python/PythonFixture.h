@@ -22,11 +22,13 @@ public:
     QStringList TakeTranscript();
     QVector<host::Message> TakeMessages();
 
+private:
+    // Before Python, whose end is written down too.
+    QMutex m_mutex;
+    QVector<host::Message> m_messages;
+
+public:
     QTemporaryDir directory;
     host::Engine engine;
     host::python::PythonLanguage python;
-
-private:
-    QMutex m_mutex;
-    QVector<host::Message> m_messages;
 };

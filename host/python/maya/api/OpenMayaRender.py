@@ -1,0 +1,1 @@
+"""Rendering classes of the API: the host has no scene, and so none of them."""

@@ -1,0 +1,1 @@
+"""The second form of the API's Python modules."""

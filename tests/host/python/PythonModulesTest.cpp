@@ -1,0 +1,173 @@
+#include "host/python/PythonFixture.h"
+#include "support/TestMain.h"
+
+#include <QtTest>
+
+using namespace host;
+
+namespace {
+
+/// Stands in for MEL: gives the text back, fails for "fail".
+class Echo : public ScriptLanguage
+{
+public:
+    ScriptResult Run(const QString& text) override
+    {
+        ScriptResult result;
+        result.failed = text == "fail";
+        if (result.failed) {
+            result.errorText = "line 1: It failed.";
+            Engine::Current().output.Error(result.errorText);
+        } else if (!text.isEmpty()) {
+            result.value = text == "list" ? Value(IntList{1, 2}) : Value(text);
+            result.resultText = result.value.ToResultText();
+        }
+        return result;
+    }
+    ScriptResult RunFile(const QString&) override { return {}; }
+};
+
+} // namespace
+
+/// The package's other modules: maya.mel, maya.OpenMaya and their relatives.
+class PythonModulesTest : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void initTestCase();
+    void ImportsEveryModule();
+    void EvaluatesMel();
+    void GlobalsReachTheHost_data();
+    void GlobalsReachTheHost();
+    void ExecutesOnIdle();
+    void EventCallbacksCanBeRemoved();
+    void OutputCallbacksHearEverything();
+    void FailingOutputCallbacksReportOnce();
+    void WidgetsAreMissingWithoutAnInterface();
+
+private:
+    PythonFixture m_host;
+    Echo m_mel;
+};
+
+void PythonModulesTest::initTestCase()
+{
+    m_host.engine.mel = &m_mel;
+    QVERIFY(!m_host.Execute("from maya import mel, OpenMaya as om").failed);
+}
+
+void PythonModulesTest::ImportsEveryModule()
+{
+    QCOMPARE(m_host.Run("import maya.OpenMaya, maya.OpenMayaAnim, maya.OpenMayaCloth\n"
+                        "import maya.OpenMayaFX, maya.OpenMayaMPx, maya.OpenMayaRender\n"
+                        "import maya.OpenMayaUI, maya.standalone, maya.utils\n"
+                        "import maya.api.OpenMaya, maya.api.OpenMayaUI\n"
+                        "import maya.api.OpenMayaAnim, maya.api.OpenMayaRender\n"
+                        "maya.standalone.initialize(name='python')"),
+        QStringList());
+}
+
+void PythonModulesTest::EvaluatesMel()
+{
+    QCOMPARE(m_host.Run("mel.eval('word'), mel.eval('list'), mel.eval('')"),
+        QStringList("Result: ('word', [1, 2], None)"));
+    QCOMPARE(m_host.Run("mel.eval('fail')"),
+        QStringList({"Error: line 1: It failed.",
+            "Error: RuntimeError: file <maya console> line 1: "
+            "Error occurred during execution of MEL script\nline 1: It failed."}));
+    QCOMPARE(m_host.Run("mel.eval(5)"),
+        QStringList("Error: TypeError: file <maya console> line 1: "
+                    "eval() argument must be str, not int"));
+}
+
+void PythonModulesTest::GlobalsReachTheHost_data()
+{
+    QTest::addColumn<QString>("call");
+    QTest::addColumn<QStringList>("shown");
+    const auto row = [](const char* call, const QStringList& shown) {
+        QTest::newRow(call) << QString(call) << shown;
+    };
+    row("displayInfo('a')", {"Info: a"});
+    row("displayWarning('a')", {"Warning: a"});
+    row("displayError('a')", {"Error: a"});
+    row("apiVersion()", {"Result: 20240000"});
+    row("mayaState() == om.MGlobal.kInteractive", {"Result: True"});
+    row("executeCommand('a', True)", {"History: a;\n", "Result: a", "Result: a"});
+    row("executeCommand('fail')", {"Error: line 1: It failed."});
+    row("executeCommandStringResult('list')", {"Result: [1, 2]"});
+    row("executePythonCommandStringResult('1 + 1')", {"Result: 2"});
+    row("setOptionVarValue('n', 3) or om.MGlobal.optionVarIntValue('n')", {"Result: 3"});
+    row("optionVarStringValue('n')", {"Result: "});
+    row("removeOptionVar('n'), om.MGlobal.optionVarExists('n')", {"Result: (True, False)"});
+    row("setOptionVarValue('n', {})", {"Error: TypeError: An option variable cannot hold dict"});
+}
+
+void PythonModulesTest::GlobalsReachTheHost()
+{
+    QFETCH(QString, call);
+    QFETCH(QStringList, shown);
+    m_host.engine.echo.lineNumbers = false;
+    QCOMPARE(m_host.Run("om.MGlobal." + call), shown);
+    m_host.engine.echo.lineNumbers = true;
+}
+
+void PythonModulesTest::ExecutesOnIdle()
+{
+    m_host.Execute("om.MGlobal.executePythonCommandOnIdle('print(5)')\n"
+                   "om.MGlobal.executeCommandOnIdle('word', True)");
+    m_host.TakeMessages();
+    QTRY_COMPARE(m_host.engine.idle.Count(), 0);
+    QCOMPARE(
+        m_host.TakeTranscript(), QStringList({"Display: 5\n", "History: word;\n", "Result: word"}));
+}
+
+void PythonModulesTest::EventCallbacksCanBeRemoved()
+{
+    m_host.Execute(
+        "first = om.MEventMessage.addEventCallback('quitApplication', print, 'first')\n"
+        "second = om.MEventMessage.addEventCallback('quitApplication', print, 'second')\n"
+        "om.MMessage.removeCallback(first)");
+    m_host.TakeMessages();
+    m_host.engine.events.Fire("quitApplication");
+    QCOMPARE(m_host.TakeTranscript(), QStringList("Display: second\n"));
+    m_host.Execute("om.MMessage.removeCallbacks([second])");
+    QVERIFY(m_host.Run("om.MMessage.removeCallback(first)")[0].startsWith("Error: RuntimeError:"));
+    QVERIFY(m_host.Run("om.MEventMessage.addEventCallback('noEvent', print)")[0].startsWith(
+        "Error: ValueError:"));
+}
+
+void PythonModulesTest::OutputCallbacksHearEverything()
+{
+    m_host.Execute(
+        "import threading\nheard = []\n"
+        "listener = om.MCommandMessage.addCommandOutputCallback(\n"
+        "    lambda text, kind, data: heard.append('%s %s %s' % (kind, text, data)), 'x')\n"
+        "print('a', end='')\n"
+        "thread = threading.Thread(target=print, args=('b',), kwargs={'end': ''})\n"
+        "thread.start()\nthread.join()");
+    m_host.engine.output.Warning("w");
+    m_host.Execute("om.MMessage.removeCallback(listener)\nprint('c')");
+    QCOMPARE(m_host.Execute("heard").value.ToTextList(), QStringList({"1 a x", "1 b x", "3 w x"}));
+}
+
+void PythonModulesTest::FailingOutputCallbacksReportOnce()
+{
+    m_host.Execute(
+        "listener = om.MCommandMessage.addCommandOutputCallback(lambda text, kind, data: 1 / 0)");
+    m_host.TakeMessages();
+    m_host.Execute("print('a', end='')");
+    QCOMPARE(m_host.TakeTranscript(),
+        QStringList({"Display: a",
+            "Error: ZeroDivisionError: file <maya console> line 1: division by zero"}));
+    m_host.Execute("om.MMessage.removeCallback(listener)");
+}
+
+void PythonModulesTest::WidgetsAreMissingWithoutAnInterface()
+{
+    m_host.Execute("import maya.OpenMayaUI as ui");
+    QCOMPARE(m_host.Run("ui.MQtUtil.mainWindow(), ui.MQtUtil.findControl('x')"),
+        QStringList("Result: (None, None)"));
+}
+
+TE2_TEST(PythonModulesTest)
+#include "PythonModulesTest.moc"
