@@ -54,7 +54,7 @@ public:
     /// Overlays the members with the file. What is absent or does not parse stays as it is.
     static void ReadUserConfig();
     static void WriteUserConfig();
-    /// Every member as it is when the program starts.
+    /// Every stored option, and the number of recent files, as a first start has them.
     static void ResetToDefaults();
 
     // Recent files, the latest first
