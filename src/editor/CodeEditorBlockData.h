@@ -43,7 +43,7 @@ public:
     /// The last bracket at or before `column` that nothing on this line closes. False, with
     /// `position` -1, when there is none.
     bool GetLastOpenBrace(int column, QChar& brace, int& position) const;
-    /// The last bracket at or before `column` that closes something opened on an earlier line.
+    /// The last closing bracket at or before `column` that no opener stands behind.
     bool GetLastClosingBrace(int column, QChar& brace, int& position) const;
 
     /// Column of the last comment opener at or before `column`, -1 without one.

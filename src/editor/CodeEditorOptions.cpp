@@ -150,7 +150,7 @@ bool CodeEditor::IsClosingBrace(QChar character)
 }
 
 // A square bracket is deliberately matched by a second opening one only: typing a quote between
-// "[" and "]" relies on it. Guarded by BraceTest::SquareBracketsMatchOnlyThemselves.
+// "[" and "]" relies on it. Guarded by BlockDataTest::SquareBracketsMatchOnlyThemselves.
 bool CodeEditor::IsMatchingBraces(QChar open, QChar close)
 {
     return (open == QLatin1Char('(') && close == QLatin1Char(')'))

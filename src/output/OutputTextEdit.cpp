@@ -231,6 +231,12 @@ int OutputTextEdit::blockCount()
     return QPlainTextEdit::blockCount();
 }
 
+void OutputTextEdit::selectAll()
+{
+    FollowOutput();
+    QPlainTextEdit::selectAll();
+}
+
 void OutputTextEdit::UpdateFontsAndColors()
 {
     UpdateFont();

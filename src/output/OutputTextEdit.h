@@ -52,11 +52,12 @@ public:
     int GetSelectedStartPosition();
     int GetSelectedEndPosition();
 
-    // Readers that first insert what was joined; they hide the inherited ones.
+    // These first insert what was joined; they hide the inherited ones.
     QString toPlainText();
     QTextDocument* document();
     QTextCursor textCursor();
     int blockCount();
+    void selectAll();
 
     // Re-reading the settings
     void UpdateFontsAndColors();

@@ -145,6 +145,7 @@ void TarnwickEditor::showEvent(QShowEvent* event)
     if (Settings::codeEditorVisible)
         FocusActiveCodeEditor();
     UpdateTitleBar();
+    MayaUtil::UpdatePylintPythonPath();
     if (!m_pythonModuleStateUpdated) {
         // What was loaded before the window first appeared is the baseline; nobody is asked.
         MayaUtil::PythonUpdateModuleState();
