@@ -55,9 +55,9 @@ void SetToolBox(Edit& edit)
 
 void SetMenuBarVisible(Edit& edit)
 {
-    edit.As<ScriptWindow>()->menuWidget()
-        ? edit.As<ScriptWindow>()->menuWidget()->setVisible(edit.Bool())
-        : void();
+    QWidget* bar = edit.As<QMainWindow>()->menuWidget();
+    if (bar)
+        bar->setVisible(edit.Bool());
 }
 
 Value IsFront(Element& element)
