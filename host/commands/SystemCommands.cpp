@@ -36,7 +36,7 @@ Outcome Quit(Call& call)
         std::_Exit(call.Has("exitCode") ? call.Int("exitCode") : EXIT_FAILURE);
     if (!Engine::Current().quit)
         return Error{QStringLiteral("This host cannot be ended by a script.")};
-    Engine::Current().quit(call.Int("exitCode"));
+    Engine::Current().quit(call.Int("exitCode"), call.Has("force"));
     return {};
 }
 

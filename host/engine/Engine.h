@@ -9,6 +9,7 @@
 #include "engine/OutputStream.h"
 #include "engine/Paths.h"
 #include "engine/Plugins.h"
+#include "engine/UndoQueue.h"
 #include "engine/UserInterface.h"
 
 namespace host {
@@ -47,6 +48,7 @@ public:
     CommandRegistry commands;
     OptionVars optionVars;
     Events events;
+    UndoQueue undoQueue;
     Plugins plugins;
     IdleQueue idle;
     Interrupt interrupt;
@@ -77,8 +79,9 @@ public:
     /// Number of texts being run inside each other right now.
     int RunningScripts() const { return m_runningScripts; }
 
-    /// What the host's own quit does after its questions were answered; set by the application.
-    std::function<void(int exitCode)> quit;
+    /// Ends the host once the running script is over; without `force` the windows are asked first
+    /// and may refuse. Set by the application.
+    std::function<void(int exitCode, bool force)> quit;
 
     /// Files of the preferences that the engine keeps itself (option variables).
     void LoadPreferences();

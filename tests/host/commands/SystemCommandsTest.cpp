@@ -187,7 +187,7 @@ void SystemCommandsTest::QuitGoesToTheApplication()
 {
     QVERIFY(m_host->Run("quit").startsWith("error: "));
     int code = -1;
-    m_host->GetEngine().quit = [&](int exitCode) { code = exitCode; };
+    m_host->GetEngine().quit = [&](int exitCode, bool) { code = exitCode; };
     m_host->Run("quit -force");
     QCOMPARE(code, 0);
     m_host->Run("quit -f -exitCode 3");
