@@ -1,4 +1,12 @@
 set(HOST_UI_WINDOW_SOURCES
+  window/CommandLine.cpp window/CommandLine.h
+  window/CommandReference.cpp window/CommandReference.h
+  window/EscapeWatcher.cpp window/EscapeWatcher.h
+  window/HistoryLineEdit.cpp window/HistoryLineEdit.h
+  window/HostActionCommand.cpp
   window/HostIcons.cpp
+  window/HostMenus.cpp
   window/HostStyle.cpp window/HostStyle.h
-  window/Viewport.cpp window/Viewport.h)
+  window/HostWindow.cpp window/HostWindow.h
+  window/Viewport.cpp window/Viewport.h
+  window/host_window.qrc)

@@ -1,0 +1,291 @@
+#include "ui/window/HostWindow.h"
+
+#include "engine/Engine.h"
+#include "ui/model/InterfaceModel.h"
+#include "ui/window/CommandLine.h"
+#include "ui/window/HostColors.h"
+#include "ui/window/HostIcons.h"
+#include "ui/window/Viewport.h"
+#include "ui/workspace/FloatingWindow.h"
+#include "ui/workspace/Workspace.h"
+#include "ui/workspace/WorkspaceControls.h"
+#include "ui/workspace/WorkspacePanel.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QFile>
+#include <QLabel>
+#include <QMenuBar>
+#include <QPainter>
+#include <QSaveFile>
+#include <QScreen>
+#include <QStatusBar>
+#include <QVBoxLayout>
+
+namespace host::ui {
+
+namespace {
+
+const QString WINDOW_NAME = QStringLiteral("MayaWindow");
+const QSize FIRST_SIZE(1600, 1000);
+constexpr int HELP_LINE_HEIGHT = 22;
+constexpr int SAVE_DELAY_MS = 1000;
+constexpr double REFERENCE_DPI = 96.0;
+constexpr qint64 LARGEST_FILE = 16 * 1024 * 1024;
+
+void SetBackground(QWidget* widget, const QColor& background, const QColor& text)
+{
+    QPalette palette = widget->palette();
+    palette.setColor(QPalette::Window, background);
+    palette.setColor(QPalette::WindowText, text);
+    widget->setPalette(palette);
+    widget->setAutoFillBackground(true);
+}
+
+/// A groove under a part of the window.
+QWidget* NewGroove(QWidget* parent)
+{
+    auto* groove = new QWidget(parent);
+    groove->setFixedHeight(1);
+    SetBackground(groove, colors::GROOVE, colors::TEXT);
+    return groove;
+}
+
+} // namespace
+
+HostWindow::HostWindow(Engine& engine, InterfaceModel& model)
+    : m_engine(engine)
+    , m_model(model)
+{
+    setWindowTitle(tr("Tarnwick Host - untitled scene"));
+    setWindowIcon(HostIcon(QStringLiteral("tarnwick")));
+    CreateWidgets();
+    Element* element = model.Create(WindowKind, QStringLiteral("window"), WINDOW_NAME, nullptr);
+    element->placeChild
+        = [this](Element& child) { m_shelfArea->layout()->addWidget(child.GetWidget()); };
+    element->SetWidget(this, m_shelfArea);
+    m_controls = new WorkspaceControls(engine, model, *m_workspace, this);
+    m_saveTimer.setSingleShot(true);
+    m_saveTimer.setInterval(SAVE_DELAY_MS);
+    connect(&m_saveTimer, &QTimer::timeout, this, &HostWindow::SaveWorkspace);
+    connect(m_controls, &WorkspaceControls::Changed, &m_saveTimer,
+        static_cast<void (QTimer::*)()>(&QTimer::start));
+    qApp->installEventFilter(this);
+    const QRect screen = QApplication::primaryScreen()->availableGeometry();
+    resize(FIRST_SIZE.boundedTo(screen.size()));
+    engine.ui = this;
+}
+
+HostWindow::~HostWindow()
+{
+    m_engine.ui = nullptr;
+    qApp->removeEventFilter(this);
+    // The controls look at the workspace until their end.
+    delete m_controls;
+}
+
+void HostWindow::CreateWidgets()
+{
+    menuBar()->setNativeMenuBar(false);
+    m_sceneLabel = new QLabel(tr("untitled scene"));
+    m_sceneLabel->setContentsMargins(0, 0, 15, 0);
+    SetBackground(m_sceneLabel, colors::CHROME, colors::TEXT_SOFT);
+    menuBar()->setCornerWidget(m_sceneLabel);
+    auto* content = new QWidget(this);
+    content->setObjectName(QStringLiteral("mainContent"));
+    auto* layout = new QVBoxLayout(content);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    m_shelfArea = new QWidget(content);
+    m_shelfArea->setObjectName(QStringLiteral("shelfArea"));
+    auto* shelfLayout = new QVBoxLayout(m_shelfArea);
+    shelfLayout->setContentsMargins(0, 0, 0, 0);
+    shelfLayout->setSpacing(0);
+    m_workspace = new Workspace(content);
+    auto* viewPanel = new WorkspacePanel(QStringLiteral("viewPanel"), m_workspace);
+    m_viewport = new Viewport(viewPanel);
+    viewPanel->layout()->addWidget(m_viewport);
+    viewPanel->SetIcon(HostIcon(QStringLiteral("host_box")));
+    viewPanel->SetLabel(tr("Viewport"));
+    m_workspace->SetFixedPanel(viewPanel);
+    m_commandLine = new CommandLine(m_engine, content);
+    connect(m_commandLine, &CommandLine::ScriptEditorRequested, this,
+        [this] { m_engine.Execute(Language::Mel, QStringLiteral("ScriptEditor"), false); });
+    for (QWidget* part : {NewGroove(content), m_shelfArea, static_cast<QWidget*>(m_workspace),
+             NewGroove(content), static_cast<QWidget*>(m_commandLine)}) {
+        layout->addWidget(part, part == m_workspace ? 1 : 0);
+    }
+    setCentralWidget(content);
+    statusBar()->setObjectName(QStringLiteral("helpLine"));
+    statusBar()->setSizeGripEnabled(false);
+    statusBar()->setFixedHeight(HELP_LINE_HEIGHT);
+    SetBackground(statusBar(), colors::HELP_LINE, colors::HELP_TEXT);
+}
+
+void HostWindow::Build()
+{
+    CreateMenus();
+    ApplyStoredSwitches();
+    QFile script(QStringLiteral(":/host/mainWindow.mel"));
+    if (script.open(QIODevice::ReadOnly))
+        m_engine.Execute(Language::Mel, QString::fromUtf8(script.readAll()), false);
+    // What is made next must not land in the last shelf.
+    m_model.SetCurrentParent(nullptr);
+    m_model.SetCurrentMenu(nullptr);
+}
+
+// The layout
+
+QString HostWindow::WorkspacePath() const
+{
+    return m_engine.paths.PreferencesDirectory() + QLatin1String("/workspaces.json");
+}
+
+void HostWindow::LoadWorkspace()
+{
+    QFile file(WorkspacePath());
+    if (!file.exists())
+        return;
+    QStringList problems;
+    if (!file.open(QIODevice::ReadOnly))
+        problems += file.errorString();
+    else if (file.size() > LARGEST_FILE)
+        problems += tr("The file is too large.");
+    const SavedWorkspace saved
+        = problems.isEmpty() ? ReadWorkspace(file.readAll(), problems) : SavedWorkspace();
+    for (const QString& problem : qAsConst(problems))
+        m_engine.output.Warning(QStringLiteral("%1: %2").arg(file.fileName(), problem));
+    const QRect screen = QApplication::primaryScreen()->virtualGeometry();
+    if (saved.windowGeometry.isValid() && screen.intersects(saved.windowGeometry))
+        setGeometry(saved.windowGeometry);
+    if (saved.windowMaximized)
+        setWindowState(Qt::WindowMaximized);
+    m_controls->SetSaved(saved);
+}
+
+SavedWorkspace HostWindow::CaptureWorkspace() const
+{
+    SavedWorkspace workspace = m_controls->Capture();
+    workspace.windowMaximized = isMaximized();
+    const bool plain = !isMaximized() && !isFullScreen();
+    workspace.windowGeometry = plain ? geometry() : normalGeometry();
+    return workspace;
+}
+
+void HostWindow::FreezeWorkspace()
+{
+    m_frozenWorkspace = CaptureWorkspace();
+    m_frozen = true;
+    m_controls->Freeze();
+    m_saveTimer.stop();
+}
+
+void HostWindow::SaveWorkspace()
+{
+    QSaveFile file(WorkspacePath());
+    const QByteArray text = WriteWorkspace(m_frozen ? m_frozenWorkspace : CaptureWorkspace());
+    const bool saved
+        = file.open(QIODevice::WriteOnly) && file.write(text) == text.size() && file.commit();
+    if (!saved && !m_saveFailed) {
+        m_engine.output.Warning(QStringLiteral("Cannot save the panels to \"%1\": %2.")
+                                    .arg(file.fileName(), file.errorString()));
+    }
+    // Said once, not at every change.
+    m_saveFailed = !saved;
+}
+
+QPixmap HostWindow::Grab()
+{
+    QPixmap picture = grab();
+    QPainter painter(&picture);
+    for (FloatingWindow* window : findChildren<FloatingWindow*>()) {
+        if (window->isVisible())
+            painter.drawPixmap(window->pos() - pos(), window->grab());
+    }
+    return picture;
+}
+
+// UserInterface
+
+QWidget* HostWindow::MainWindow() const
+{
+    return const_cast<HostWindow*>(this);
+}
+
+QWidget* HostWindow::FindControl(const QString& name, const QWidget* ancestor) const
+{
+    return m_model.FindControl(name, ancestor);
+}
+
+QWidget* HostWindow::FindLayout(const QString& name, const QWidget* ancestor) const
+{
+    return m_model.FindLayout(name, ancestor);
+}
+
+QWidget* HostWindow::FindWindow(const QString& name) const
+{
+    return m_model.FindWindow(name);
+}
+
+QAction* HostWindow::FindMenuItem(const QString& name) const
+{
+    return m_model.FindMenuItem(name);
+}
+
+QString HostWindow::FullName(const QObject* object) const
+{
+    return m_model.FullName(object);
+}
+
+QWidget* HostWindow::CurrentParent() const
+{
+    return m_model.CurrentParent();
+}
+
+QString HostWindow::AddWidget(QWidget* control, QWidget* layout, const QString& type)
+{
+    return m_model.AddWidgetNamed(control, layout, type);
+}
+
+double HostWindow::ScaleFactor() const
+{
+    return qMax(1.0, screen()->logicalDotsPerInch() / REFERENCE_DPI);
+}
+
+// Events
+
+void HostWindow::closeEvent(QCloseEvent* event)
+{
+    // A filter may have ignored the event without keeping it from us.
+    if (!event->isAccepted() || m_engine.RunningScripts() > 0) {
+        event->ignore();
+        return;
+    }
+    event->accept();
+    Q_EMIT QuitAccepted();
+}
+
+void HostWindow::PrepareWindow(QWidget* window)
+{
+    // Without a window manager nobody gives a window the keyboard when it appears or is clicked.
+    const Qt::WindowType type = window->windowType();
+    const bool wanted = type == Qt::Window || type == Qt::Dialog || type == Qt::Tool;
+    if (wanted && !window->isActiveWindow() && !window->testAttribute(Qt::WA_ShowWithoutActivating))
+        window->activateWindow();
+}
+
+bool HostWindow::eventFilter(QObject* watched, QEvent* event)
+{
+    const bool shown = event->type() == QEvent::Show;
+    const bool pressed = event->type() == QEvent::MouseButtonPress;
+    if ((shown || pressed) && watched->isWidgetType()) {
+        auto* widget = static_cast<QWidget*>(watched);
+        if (pressed)
+            PrepareWindow(widget->window());
+        else if (widget->isWindow())
+            PrepareWindow(widget);
+    }
+    return QMainWindow::eventFilter(watched, event);
+}
+
+} // namespace host::ui
