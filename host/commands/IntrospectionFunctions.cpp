@@ -4,9 +4,6 @@
 
 #include <QFileInfo>
 
-#include <algorithm>
-#include <cstdio>
-
 namespace host::commands {
 
 namespace {
@@ -106,12 +103,6 @@ Outcome RunPython(FunctionCall& call)
     return result.value;
 }
 
-Outcome Trace(FunctionCall& call)
-{
-    std::fprintf(stderr, "%s\n", call.Text(0).toLocal8Bit().constData());
-    return {};
-}
-
 const FunctionRow FUNCTIONS[] = {
     {"string whatIs(string)", WhatIs},
     {"int exists(string)", Exists},
@@ -119,7 +110,6 @@ const FunctionRow FUNCTIONS[] = {
     {"string[] getProcArguments(string)", GetProcArguments},
     {"string getLastError()", GetLastError},
     {"any python(string)", RunPython},
-    {"void trace(string)", Trace},
 };
 
 const CommandRow COMMANDS[] = {

@@ -2,7 +2,7 @@
 #include "commands/Tables.h"
 #include "engine/Engine.h"
 
-#include <QSet>
+#include <algorithm>
 
 namespace host::commands {
 
@@ -100,8 +100,8 @@ public:
             for (const QString& name : m_call.Texts(row.flag))
                 Set(name, Value::Default(row.kind));
         }
-        for (const SettingRow& row : SETTINGS)
-            Apply(row);
+        for (const QString& flag : m_call.GivenFlags())
+            Apply(flag);
         for (const QString& name : m_call.Texts("unstash")) {
             if (m_session.stashedOptions.contains(name))
                 Vars().Set(name, m_session.stashedOptions.take(name));
@@ -155,6 +155,14 @@ private:
         }
         Vars().Set(name, array);
         return {};
+    }
+
+    void Apply(const QString& flag)
+    {
+        const auto row = std::find_if(std::begin(SETTINGS), std::end(SETTINGS),
+            [&](const SettingRow& candidate) { return flag == QLatin1String(candidate.flag); });
+        if (row != std::end(SETTINGS))
+            Apply(*row);
     }
 
     void Apply(const SettingRow& row)
