@@ -1,0 +1,351 @@
+#include "editor/CodeEditor.h"
+
+#include "settings/KeyBindings.h"
+#include "settings/Settings.h"
+#include "support/TestMain.h"
+
+#include <QSignalSpy>
+#include <QTextBlock>
+#include <QtTest>
+
+namespace {
+
+using Language = CodeEditorLanguage;
+
+/// Puts the text into the editor; "|" marks the cursor, "<" the anchor (which may stand on either
+/// side of it).
+void SetMarkedText(CodeEditor& editor, QString text)
+{
+    const int anchor = QString(text).remove('|').indexOf('<');
+    const int position = QString(text).remove('<').indexOf('|');
+    text.remove('<').remove('|');
+    editor.SetText(text);
+    editor.SetCursorSelection(anchor < 0 ? position : anchor, position);
+}
+
+/// The reverse of SetMarkedText.
+QString MarkedText(const CodeEditor& editor)
+{
+    QString text = editor.GetText();
+    const QTextCursor cursor = editor.textCursor();
+    const int shift = cursor.anchor() > cursor.position() ? 1 : 0;
+    text.insert(cursor.position(), '|');
+    if (cursor.hasSelection())
+        text.insert(cursor.anchor() + shift, '<');
+    return text;
+}
+
+} // namespace
+
+class CodeEditorTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void cleanup();
+    void ExecutesWhatIsSelectedWithLineFeeds_data();
+    void ExecutesWhatIsSelectedWithLineFeeds();
+    void CountsColumnsWithTabsExpanded_data();
+    void CountsColumnsWithTabsExpanded();
+    void GoesOnlyToLinesThatExist_data();
+    void GoesOnlyToLinesThatExist();
+    void AnswersOneChangePerPause();
+    void GivesAnEmptyTextThatIsNotNull();
+    void QuotesItsTextForPython_data();
+    void QuotesItsTextForPython();
+    void InsertsAtTheFarEndOfTheSelection_data();
+    void InsertsAtTheFarEndOfTheSelection();
+    void FourthColumnsWhenTheTabSizeIsNone();
+    void AsksTheOptionsOfItsLanguage();
+    void PressesKeys_data();
+    void PressesKeys();
+    void LeavesExecuteKeysToTheWindow_data();
+    void LeavesExecuteKeysToTheWindow();
+    void ZoomsByTheWheelWithCtrlAlone();
+    void KnowsItsQuotes();
+
+private:
+    KeyBindings m_keyBindings;
+};
+
+void CodeEditorTest::cleanup()
+{
+    Settings::tabsSizeDefault = 4;
+    Settings::overwriteEnabled = false;
+    Settings::codeEditorMouseWheelChangesFontSize = true;
+}
+
+void CodeEditorTest::ExecutesWhatIsSelectedWithLineFeeds_data()
+{
+    QTest::addColumn<QString>("marked");
+    QTest::addColumn<QString>("selected");
+    QTest::addColumn<QString>("line");
+    QTest::newRow("nothing selected") << "  a = 1  |\nb"
+                                      << ""
+                                      << "a = 1";
+    QTest::newRow("three lines") << "x\n<  a\n\tb\n c |\n"
+                                 << "  a\n\tb\n c "
+                                 << "c";
+    QTest::newRow("backwards, blanks kept") << "|\t a <b"
+                                            << "\t a "
+                                            << "a b";
+    QTest::newRow("a blank line") << "a\n \t |\nb"
+                                  << ""
+                                  << "";
+}
+
+void CodeEditorTest::ExecutesWhatIsSelectedWithLineFeeds()
+{
+    QFETCH(QString, marked);
+    CodeEditor editor({}, &m_keyBindings);
+    SetMarkedText(editor, marked);
+    QTEST(editor.GetSelectedTextForExecute(), "selected");
+    QTEST(editor.GetCurrentLineForExecute(), "line");
+}
+
+void CodeEditorTest::CountsColumnsWithTabsExpanded_data()
+{
+    QTest::addColumn<QString>("marked");
+    QTest::addColumn<int>("line");
+    QTest::addColumn<int>("column");
+    QTest::addColumn<int>("length");
+    QTest::newRow("empty document") << "|" << 1 << 1 << 0;
+    QTest::newRow("behind a tab and a letter") << "\ta|b" << 1 << 6 << 0;
+    QTest::newRow("tab after one letter") << "a\t|" << 1 << 5 << 0;
+    QTest::newRow("tab on a stop takes a whole one") << "abcd\t|" << 1 << 9 << 0;
+    QTest::newRow("a selection over a line end") << "ab<c\nde|" << 2 << 3 << 4;
+    QTest::newRow("selected backwards") << "a|bc<" << 1 << 2 << 2;
+}
+
+void CodeEditorTest::CountsColumnsWithTabsExpanded()
+{
+    QFETCH(QString, marked);
+    CodeEditor editor({}, &m_keyBindings);
+    SetMarkedText(editor, marked);
+    int line = 0;
+    int column = 0;
+    int length = 0;
+    editor.GetCursorStatus(line, column, length);
+    QTEST(line, "line");
+    QTEST(column, "column");
+    QTEST(length, "length");
+}
+
+void CodeEditorTest::GoesOnlyToLinesThatExist_data()
+{
+    QTest::addColumn<int>("line");
+    QTest::addColumn<QString>("expected");
+    QTest::newRow("before the first") << 0 << "a\nb|b\nc";
+    QTest::newRow("far before") << -7 << "a\nb|b\nc";
+    QTest::newRow("first") << 1 << "|a\nbb\nc";
+    QTest::newRow("last") << 3 << "a\nbb\n|c";
+    QTest::newRow("behind the last") << 4 << "a\nb|b\nc";
+}
+
+void CodeEditorTest::GoesOnlyToLinesThatExist()
+{
+    QFETCH(int, line);
+    CodeEditor editor({}, &m_keyBindings);
+    SetMarkedText(editor, "a\nb|b\nc");
+    editor.SetCurrentLine(line);
+    QTEST(MarkedText(editor), "expected");
+    QVERIFY(!editor.centerOnScroll());
+}
+
+void CodeEditorTest::AnswersOneChangePerPause()
+{
+    CodeEditor editor({CodeEditorType::Buffer, Language::Mel, "/x/y.mel", "MEL"}, &m_keyBindings);
+    editor.SetText("");
+    QSignalSpy changed(&editor, &CodeEditor::TextChanged);
+    QTRY_COMPARE(changed.count(), 1);
+    changed.clear();
+    for (int i = 0; i < 10; ++i)
+        QTest::keyClick(&editor, Qt::Key_A);
+    QVERIFY(changed.isEmpty());
+    QTRY_COMPARE(changed.count(), 1);
+    QCOMPARE(changed[0][0].toString(), QString("/x/y.mel"));
+    QCOMPARE(changed[0][1].toString(), QString(10, 'a'));
+}
+
+void CodeEditorTest::GivesAnEmptyTextThatIsNotNull()
+{
+    const CodeEditor editor({}, &m_keyBindings);
+    QVERIFY(editor.GetText().isEmpty());
+    QVERIFY(!editor.GetText().isNull());
+    QVERIFY(editor.CharacterAt(-1).isNull());
+    QVERIFY(editor.CharacterAt(1000).isNull());
+}
+
+void CodeEditorTest::QuotesItsTextForPython_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("expected");
+    QTest::newRow("blanks at the very end go") << "a = 1 \t"
+                                               << "a = 1\\n";
+    QTest::newRow("blanks at other line ends stay") << "a \nb"
+                                                    << "a \\nb\\n";
+    QTest::newRow("blanks before a last line end stay") << "a \n"
+                                                        << "a \\n\\n";
+    QTest::newRow("backslashes before quotes") << "print(\"\\n\")"
+                                               << "print(\\\"\\\\n\\\")\\n";
+}
+
+void CodeEditorTest::QuotesItsTextForPython()
+{
+    QFETCH(QString, text);
+    CodeEditor editor({}, &m_keyBindings);
+    editor.SetText(text);
+    QTEST(editor.GetTextForPythonProcessing(), "expected");
+}
+
+void CodeEditorTest::InsertsAtTheFarEndOfTheSelection_data()
+{
+    QTest::addColumn<QString>("marked");
+    QTest::addColumn<QString>("expected");
+    QTest::newRow("no selection") << "a|b"
+                                  << "aX|b";
+    QTest::newRow("forwards") << "a<b|c"
+                              << "abX|c";
+    QTest::newRow("backwards") << "a|b<c"
+                               << "abX|c";
+}
+
+void CodeEditorTest::InsertsAtTheFarEndOfTheSelection()
+{
+    QFETCH(QString, marked);
+    CodeEditor editor({}, &m_keyBindings);
+    SetMarkedText(editor, marked);
+    editor.ClearSelectionAndInsertText("X");
+    QTEST(MarkedText(editor), "expected");
+}
+
+void CodeEditorTest::FourthColumnsWhenTheTabSizeIsNone()
+{
+    Settings::tabsSizeDefault = 0;
+    const CodeEditor editor({}, &m_keyBindings);
+    QCOMPARE(editor.SpacesForTab(), QString(4, ' '));
+}
+
+void CodeEditorTest::AsksTheOptionsOfItsLanguage()
+{
+    const CodeEditor text({CodeEditorType::Buffer, Language::Text, "t", "t"}, &m_keyBindings);
+    const CodeEditor mel({CodeEditorType::Buffer, Language::Mel, "m", "m"}, &m_keyBindings);
+    const CodeEditor python({CodeEditorType::Buffer, Language::Python, "p", "p"}, &m_keyBindings);
+    Settings::pylintEnabled = true;
+    Settings::melSmartIndent = false;
+    QVERIFY(!text.IsPylintEnabled() && !mel.IsPylintEnabled() && python.IsPylintEnabled());
+    QVERIFY(!text.IsSmartIndentEnabled() && !mel.IsSmartIndentEnabled()
+        && python.IsSmartIndentEnabled());
+    Settings::pylintEnabled = false;
+    Settings::melSmartIndent = true;
+
+    // The language's own column counts only when it does not use the defaults.
+    Settings::tabsAutoIndentMel = false;
+    QVERIFY(mel.IsAutoIndentEnabled());
+    Settings::tabsUseDefaultsMel = false;
+    QVERIFY(
+        !mel.IsAutoIndentEnabled() && python.IsAutoIndentEnabled() && text.IsAutoIndentEnabled());
+    Settings::tabsUseDefaultsMel = true;
+    Settings::tabsAutoIndentMel = true;
+}
+
+void CodeEditorTest::PressesKeys_data()
+{
+    QTest::addColumn<QString>("marked");
+    QTest::addColumn<int>("key");
+    QTest::addColumn<int>("modifiers");
+    QTest::addColumn<QString>("expected");
+    const int none = Qt::NoModifier;
+    const int shift = Qt::ShiftModifier;
+    const int keypad = Qt::KeypadModifier;
+    QTest::newRow("return") << "a|b" << int(Qt::Key_Return) << none << "a\n|b";
+    QTest::newRow("shift+return") << "a|b" << int(Qt::Key_Return) << shift << "a\n|b";
+    QTest::newRow("shift+keypad enter is a key without modifiers, so it executes")
+        << "a|b" << int(Qt::Key_Enter) << (shift | keypad) << "a|b";
+    QTest::newRow("ctrl+return") << "a|b" << int(Qt::Key_Return) << int(Qt::ControlModifier)
+                                 << "a|b";
+    QTest::newRow("tab") << "a|b" << int(Qt::Key_Tab) << none << "a    |b";
+    QTest::newRow("tab over lines")
+        << "<a\n  b|\nc" << int(Qt::Key_Tab) << none << "    <a\n      b|\nc";
+    QTest::newRow("tab leaves out a line ended at its start")
+        << "<a\nb\n|c" << int(Qt::Key_Tab) << none << "    <a\n    b\n|c";
+    QTest::newRow("backtab") << "      a|" << int(Qt::Key_Backtab) << shift << "  a|";
+    QTest::newRow("backtab takes a shorter indent whole")
+        << "  a|" << int(Qt::Key_Backtab) << shift << "a|";
+    QTest::newRow("home to the first word") << "    ab|" << int(Qt::Key_Home) << none << "    |ab";
+    QTest::newRow("home again") << "    |ab" << int(Qt::Key_Home) << none << "|    ab";
+    QTest::newRow("home and back") << "|    ab" << int(Qt::Key_Home) << none << "    |ab";
+    QTest::newRow("shift+home") << "  ab|" << int(Qt::Key_Home) << shift << "  |ab<";
+    QTest::newRow("ctrl+home") << "a\nb|" << int(Qt::Key_Home) << int(Qt::ControlModifier)
+                               << "|a\nb";
+}
+
+void CodeEditorTest::PressesKeys()
+{
+    QFETCH(QString, marked);
+    QFETCH(int, key);
+    QFETCH(int, modifiers);
+    CodeEditor editor({}, &m_keyBindings);
+    SetMarkedText(editor, marked);
+    QTest::keyClick(&editor, Qt::Key(key), Qt::KeyboardModifiers(modifiers));
+    QTEST(MarkedText(editor), "expected");
+}
+
+void CodeEditorTest::LeavesExecuteKeysToTheWindow_data()
+{
+    QTest::addColumn<int>("key");
+    QTest::addColumn<int>("modifiers");
+    QTest::newRow("keypad enter") << int(Qt::Key_Enter) << int(Qt::KeypadModifier);
+    QTest::newRow("ctrl+keypad enter")
+        << int(Qt::Key_Enter) << int(Qt::ControlModifier | Qt::KeypadModifier);
+    QTest::newRow("shift+keypad enter")
+        << int(Qt::Key_Enter) << int(Qt::ShiftModifier | Qt::KeypadModifier);
+}
+
+void CodeEditorTest::LeavesExecuteKeysToTheWindow()
+{
+    struct Window : QWidget
+    {
+        void keyPressEvent(QKeyEvent* event) override { enters += event->key() == Qt::Key_Enter; }
+        int enters = 0;
+    } window;
+    QFETCH(int, key);
+    QFETCH(int, modifiers);
+    CodeEditor editor({}, &m_keyBindings, &window);
+    QTest::keyClick(&editor, Qt::Key(key), Qt::KeyboardModifiers(modifiers));
+    QCOMPARE(window.enters, 1);
+    QVERIFY(editor.GetText().isEmpty());
+}
+
+void CodeEditorTest::ZoomsByTheWheelWithCtrlAlone()
+{
+    CodeEditor editor({}, &m_keyBindings);
+    QSignalSpy bigger(&editor, &CodeEditor::IncreaseFontSizeRequested);
+    QSignalSpy smaller(&editor, &CodeEditor::DecreaseFontSizeRequested);
+    const auto turn = [&editor](int delta, Qt::KeyboardModifiers modifiers) {
+        QWheelEvent event({5, 5}, editor.mapToGlobal({5, 5}), {}, {0, delta}, Qt::NoButton,
+            modifiers, Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(editor.viewport(), &event);
+    };
+    turn(120, Qt::ControlModifier);
+    turn(-120, Qt::ControlModifier);
+    turn(0, Qt::ControlModifier);
+    turn(120, Qt::ControlModifier | Qt::ShiftModifier);
+    turn(120, Qt::NoModifier);
+    Settings::codeEditorMouseWheelChangesFontSize = false;
+    turn(120, Qt::ControlModifier);
+    QCOMPARE(bigger.count(), 1);
+    QCOMPARE(smaller.count(), 1);
+}
+
+void CodeEditorTest::KnowsItsQuotes()
+{
+    const CodeEditor mel({CodeEditorType::Buffer, Language::Mel, "m", "m"}, &m_keyBindings);
+    const CodeEditor python({CodeEditorType::Buffer, Language::Python, "p", "p"}, &m_keyBindings);
+    QVERIFY(mel.IsQuoteForLanguage('"') && python.IsQuoteForLanguage('"'));
+    QVERIFY(mel.IsQuoteForLanguage('`') && !python.IsQuoteForLanguage('`'));
+    QVERIFY(!mel.IsQuoteForLanguage('\'') && python.IsQuoteForLanguage('\''));
+}
+
+TE2_TEST(CodeEditorTest)
+#include "CodeEditorTest.moc"

@@ -1,0 +1,392 @@
+#include "output/OutputTextEdit.h"
+
+#include "language/MelVariableSelection.h"
+#include "output/TextTail.h"
+#include "settings/ColorSettings.h"
+#include "settings/KeyBindings.h"
+#include "settings/Settings.h"
+#include "support/TestMain.h"
+
+#include <QFile>
+#include <QScrollBar>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QtTest>
+
+class OutputTextEditTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void KeepsTextUntilItIsShown();
+    void JoinedTextEqualsTextInsertedPieceByPiece_data();
+    void JoinedTextEqualsTextInsertedPieceByPiece();
+    void FindsTheLastLines_data();
+    void FindsTheLastLines();
+    void EveryReaderSeesWhatWasAppended();
+    void ClearsEverything();
+    void ViewFollowsTheOutput();
+    void StopsZoomingAtTheBounds_data();
+    void StopsZoomingAtTheBounds();
+    void WritesToAFile();
+    void ReportsAFileThatCannotBeWritten();
+    void MarksLinesByRules();
+    void MarksWhatEqualsTheSelection_data();
+    void MarksWhatEqualsTheSelection();
+    void DrawsNothingWithHighlightingOff();
+    void DoubleClickTakesTheDollarSign_data();
+    void DoubleClickTakesTheDollarSign();
+    void SwallowsOtherWheelTurns();
+
+private:
+    /// The texts that extra selections cover, in their order.
+    static QStringList Marked(OutputTextEdit& output);
+
+    KeyBindings m_keyBindings;
+};
+
+void OutputTextEditTest::init()
+{
+    ColorSettings::Initialize();
+    Settings::outputZoom = 0;
+    Settings::outputSyntaxHighlightingEnabled = true;
+    Settings::outputMatchedSelectionWordsOnly = false;
+    Settings::outputDoubleClickIncludesDollarSign = true;
+    Settings::outputMouseWheelChangesFontSize = true;
+}
+
+QStringList OutputTextEditTest::Marked(OutputTextEdit& output)
+{
+    output.document();
+    output.UpdateExtraSelections();
+    QStringList texts;
+    for (const QTextEdit::ExtraSelection& selection : output.extraSelections())
+        texts += selection.cursor.selectedText();
+    return texts;
+}
+
+void OutputTextEditTest::KeepsTextUntilItIsShown()
+{
+    OutputTextEdit output(&m_keyBindings);
+    output.AppendText("one\n");
+    output.AppendText("two\n");
+    QVERIFY(output.document()->isEmpty());
+    output.show();
+    QCOMPARE(output.GetText(), QString("one\ntwo\n"));
+    output.AppendText("three");
+    output.hide();
+    output.AppendText(" four");
+    QCOMPARE(output.GetText(), QString("one\ntwo\nthree"));
+    output.show();
+    QCOMPARE(output.GetText(), QString("one\ntwo\nthree four"));
+}
+
+void OutputTextEditTest::JoinedTextEqualsTextInsertedPieceByPiece_data()
+{
+    QTest::addColumn<QStringList>("pieces");
+    QTest::addColumn<int>("limit");
+    QTest::newRow("lines") << QStringList{"a line of output\n"} << 100;
+    QTest::newRow("no limit") << QStringList{"x\n"} << 0;
+    QTest::newRow("pieces of lines") << QStringList{"a", "b\nc", "\n\nd", ""} << 50;
+    QTest::newRow("breaks cut in two") << QStringList{"a\r", "\nb\r\n", "c\r", "d"} << 33;
+    QTest::newRow("every break") << QStringList{QString("a\u2029b\u2028c\r\n"), "d\n\r"} << 40;
+    QTest::newRow("more lines in a piece than are kept")
+        << QStringList{QString("1\n2\n3\n4\n5\n6\n7\n8"), "9"} << 5;
+    QTest::newRow("one line") << QStringList{"a\nb", "c\n"} << 1;
+}
+
+void OutputTextEditTest::JoinedTextEqualsTextInsertedPieceByPiece()
+{
+    QFETCH(QStringList, pieces);
+    QFETCH(int, limit);
+    // Enough for the console to join most of it within this one turn of the event loop.
+    constexpr int ROUNDS = 4000;
+    OutputTextEdit output(&m_keyBindings);
+    output.SetLineLimit(limit);
+    output.show();
+    QPlainTextEdit reference;
+    reference.setMaximumBlockCount(limit);
+    reference.setUndoRedoEnabled(false);
+    QTextCursor end(reference.document());
+    for (int i = 0; i < ROUNDS; ++i) {
+        // Numbered, so that nothing can come twice, be lost or change its place unseen.
+        const QString piece = pieces[i % pieces.size()] + QString::number(i);
+        output.AppendText(piece);
+        end.movePosition(QTextCursor::End);
+        end.insertText(piece);
+    }
+    QCOMPARE(output.GetText(), reference.toPlainText());
+    QCOMPARE(output.blockCount(), reference.blockCount());
+}
+
+void OutputTextEditTest::FindsTheLastLines_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<int>("lines");
+    QTest::addColumn<QString>("tail");
+    QTest::newRow("empty") << "" << 1 << "";
+    QTest::newRow("fewer than asked for") << "a\nb" << 3 << "a\nb";
+    QTest::newRow("as many") << "a\nb" << 2 << "a\nb";
+    QTest::newRow("the last") << "a\nb\nc" << 1 << "c";
+    QTest::newRow("the empty one at the end counts") << "a\nb\n" << 2 << "b\n";
+    QTest::newRow("carriage return and line feed are one") << "a\r\nb\r\nc" << 2 << "b\r\nc";
+    QTest::newRow("the other way round they are two") << "a\n\rb" << 2 << "\rb";
+    QTest::newRow("paragraph separator") << QString("a\u2029b") << 1 << "b";
+    QTest::newRow("line separator is none") << QString("a\u2028b") << 1 << QString("a\u2028b");
+}
+
+void OutputTextEditTest::FindsTheLastLines()
+{
+    QFETCH(QString, text);
+    QFETCH(int, lines);
+    QTEST(text.mid(TailStart(text, lines)), "tail");
+}
+
+void OutputTextEditTest::EveryReaderSeesWhatWasAppended()
+{
+    OutputTextEdit output(&m_keyBindings);
+    output.show();
+    const auto burst = [&output] {
+        for (int i = 0; i < 5000; ++i)
+            output.AppendText(QString("%1\n").arg(i));
+    };
+    burst();
+    QCOMPARE(output.blockCount(), 5001);
+    burst();
+    QCOMPARE(output.document()->blockCount(), 10001);
+    burst();
+    QCOMPARE(output.textCursor().blockNumber(), 15000);
+    burst();
+    output.selectAll();
+    QVERIFY(output.GetSelectedTextForExecute().endsWith("4998\n4999\n"));
+}
+
+void OutputTextEditTest::ClearsEverything()
+{
+    OutputTextEdit output(&m_keyBindings);
+    output.AppendText("# Error: hidden\n");
+    output.ClearAll();
+    output.show();
+    QVERIFY(output.document()->isEmpty());
+    for (int i = 0; i < 5000; ++i)
+        output.AppendText("# Error: shown\n");
+    QVERIFY(!Marked(output).isEmpty());
+    output.AppendText("joined");
+    output.ClearAll();
+    QVERIFY(output.GetText().isEmpty());
+    QVERIFY(output.extraSelections().isEmpty());
+}
+
+void OutputTextEditTest::ViewFollowsTheOutput()
+{
+    OutputTextEdit output(&m_keyBindings);
+    output.resize(400, 200);
+    output.show();
+    for (int i = 0; i < 100; ++i)
+        output.AppendText("line\n");
+    QTRY_VERIFY(output.verticalScrollBar()->maximum() > 0);
+    QTRY_COMPARE(output.verticalScrollBar()->value(), output.verticalScrollBar()->maximum());
+    output.resize(400, 120);
+    QCOMPARE(output.verticalScrollBar()->value(), output.verticalScrollBar()->maximum());
+}
+
+void OutputTextEditTest::StopsZoomingAtTheBounds_data()
+{
+    QTest::addColumn<int>("zoom");
+    QTest::addColumn<int>("size");
+    QTest::addColumn<int>("stored");
+    QTest::newRow("none") << 0 << 9 << 0;
+    QTest::newRow("bigger") << 3 << 12 << 3;
+    QTest::newRow("at the upper bound") << 15 << 24 << 15;
+    QTest::newRow("over it") << 16 << 24 << 15;
+    QTest::newRow("at the lower bound") << -3 << 6 << -3;
+    QTest::newRow("below it") << -4 << 6 << -3;
+}
+
+void OutputTextEditTest::StopsZoomingAtTheBounds()
+{
+    QFETCH(int, zoom);
+    OutputTextEdit output(&m_keyBindings);
+    Settings::outputZoom = zoom;
+    output.UpdateFont();
+    QTEST(output.font().pointSize(), "size");
+    QTEST(Settings::outputZoom, "stored");
+}
+
+void OutputTextEditTest::WritesToAFile()
+{
+    QTemporaryDir directory;
+    const QString path = directory.filePath("out.log");
+    const auto written = [&path] {
+        QFile file(path);
+        return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : "?";
+    };
+    OutputTextEdit output(&m_keyBindings);
+    output.AppendText("before\n");
+    QVERIFY(output.BeginWriteToFile(path));
+    QVERIFY(output.IsWriteToFileActive());
+    output.AppendText("hidden\n");
+    QCOMPARE(written(), QString("hidden\n"));
+    output.show();
+    output.AppendText("shown\n");
+    QCOMPARE(written(), QString("hidden\nshown\n"));
+    output.EndWriteToFile();
+    QVERIFY(!output.IsWriteToFileActive());
+    output.AppendText("after\n");
+    QCOMPARE(written(), QString("hidden\nshown\n"));
+    QVERIFY(output.BeginWriteToFile(path));
+    QCOMPARE(written(), QString());
+}
+
+void OutputTextEditTest::ReportsAFileThatCannotBeWritten()
+{
+    QTemporaryDir directory;
+    OutputTextEdit output(&m_keyBindings);
+    QVERIFY(!output.BeginWriteToFile(directory.filePath("missing/out.log")));
+    QVERIFY(!output.IsWriteToFileActive());
+    QVERIFY(output.GetWriteToFilePath().isEmpty());
+}
+
+void OutputTextEditTest::MarksLinesByRules()
+{
+    OutputTextEdit output(&m_keyBindings);
+    output.resize(600, 300);
+    output.show();
+    output.AppendText("plain # Error: not at the start\n// Warning: // Warning: twice //\n");
+    output.AppendText("# Result: 1 #\n");
+    QCOMPARE(Marked(output), QStringList({"// Warning: // Warning: twice //", "# Result: 1 #"}));
+    const QColor yellow("#dfe527");
+    QCOMPARE(output.extraSelections()[0].format.foreground().color(), yellow);
+
+    // A changed list of rules counts at once; an empty match must not hang.
+    ExtraSelectionProperties rule = ColorSettings::outputUserDefinedSelections.first();
+    rule.pattern = "t*";
+    rule.wholeLine = false;
+    ColorSettings::outputUserDefinedSelections = {rule};
+    QCOMPARE(Marked(output), QStringList({"t", "t", "t", "t", "t", "t", "t"}));
+}
+
+void OutputTextEditTest::MarksWhatEqualsTheSelection_data()
+{
+    QTest::addColumn<bool>("wordsOnly");
+    QTest::addColumn<int>("start");
+    QTest::addColumn<int>("length");
+    QTest::addColumn<QStringList>("marked");
+    // "red fox redder red-fox $red\nred fox"
+    QTest::newRow("any text") << false << 0 << 3 << QStringList{"red", "red", "red", "red", "red"};
+    QTest::newRow("whole words") << true << 0 << 3 << QStringList{"red", "red", "red", "red"};
+    QTest::newRow("with a dollar sign") << true << 23 << 4 << QStringList{"$red"};
+    QTest::newRow("two words") << false << 0 << 7 << QStringList{"red fox", "red fox"};
+    QTest::newRow("two words are no word") << true << 0 << 7 << QStringList();
+    QTest::newRow("hyphen") << true << 15 << 7 << QStringList{"red-fox"};
+    QTest::newRow("two lines") << false << 24 << 7 << QStringList();
+    QTest::newRow("a blank") << false << 3 << 1 << QStringList();
+}
+
+void OutputTextEditTest::MarksWhatEqualsTheSelection()
+{
+    QFETCH(bool, wordsOnly);
+    QFETCH(int, start);
+    QFETCH(int, length);
+    Settings::outputMatchedSelectionWordsOnly = wordsOnly;
+    OutputTextEdit output(&m_keyBindings);
+    output.resize(600, 300);
+    output.show();
+    output.AppendText("red fox redder red-fox $red\nred fox");
+    QTextCursor cursor = output.textCursor();
+    cursor.setPosition(start);
+    cursor.setPosition(start + length, QTextCursor::KeepAnchor);
+    output.setTextCursor(cursor);
+    QTEST(Marked(output), "marked");
+}
+
+void OutputTextEditTest::DrawsNothingWithHighlightingOff()
+{
+    OutputTextEdit output(&m_keyBindings);
+    output.show();
+    output.AppendText("# Error: a #\n");
+    QCOMPARE(Marked(output).size(), 1);
+    Settings::outputSyntaxHighlightingEnabled = false;
+    QVERIFY(Marked(output).isEmpty());
+}
+
+void OutputTextEditTest::DoubleClickTakesTheDollarSign_data()
+{
+    QTest::addColumn<QString>("text"); // "<" and ">" around what the toolkit selects
+    QTest::addColumn<QString>("selected");
+    QTest::newRow("a name behind its sign") << "$<name> = 1"
+                                            << "$name";
+    QTest::newRow("without a sign") << "<name>"
+                                    << "name";
+    QTest::newRow("B is no word character here") << "B$<name>"
+                                                 << "$name";
+    QTest::newRow("A is one") << "A$<name>"
+                              << "name";
+    QTest::newRow("Z is one") << "Z$<name>"
+                              << "name";
+    QTest::newRow("so is a small letter") << "b$<name>"
+                                          << "name";
+    QTest::newRow("not a word") << "$<a b>"
+                                << "a b";
+    QTest::newRow("the sign itself") << "($<$>)"
+                                     << "$";
+    QTest::newRow("the sign of a name") << "(<$>name_1)"
+                                        << "$name_1";
+    QTest::newRow("the sign after a word") << "a<$>name"
+                                           << "$";
+    QTest::newRow("at the very end") << "x <$>"
+                                     << "$";
+}
+
+void OutputTextEditTest::DoubleClickTakesTheDollarSign()
+{
+    QFETCH(QString, text);
+    QTextDocument document(QString(text).remove('<').remove('>'));
+    QTextCursor cursor(&document);
+    cursor.setPosition(text.indexOf('<'));
+    cursor.setPosition(text.indexOf('>') - 1, QTextCursor::KeepAnchor);
+    QTEST(WithDollarSign(cursor).selectedText(), "selected");
+
+    // The same by hand, where the toolkit's own selection is what the row says.
+    OutputTextEdit output(&m_keyBindings);
+    output.resize(600, 200);
+    output.show();
+    output.AppendText(document.toPlainText());
+    QTextCursor inside = output.textCursor();
+    inside.setPosition(text.indexOf('<'));
+    QTextCursor word = inside;
+    word.select(QTextCursor::WordUnderCursor);
+    if (word.selectedText() != cursor.selectedText())
+        return;
+    const QPoint place = output.cursorRect(inside).center() + QPoint(3, 0);
+    QTest::mouseDClick(output.viewport(), Qt::LeftButton, {}, place);
+    QTEST(output.GetSelectedText(), "selected");
+}
+
+void OutputTextEditTest::SwallowsOtherWheelTurns()
+{
+    OutputTextEdit output(&m_keyBindings);
+    output.resize(300, 100);
+    output.show();
+    output.AppendText(QString("line\n").repeated(100));
+    output.ScrollToEnd();
+    QSignalSpy bigger(&output, &OutputTextEdit::IncreaseFontSizeRequested);
+    const auto turn = [&output](Qt::KeyboardModifiers modifiers) {
+        QWheelEvent event({5, 5}, output.mapToGlobal({5, 5}), {}, {0, 120}, Qt::NoButton, modifiers,
+            Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(output.viewport(), &event);
+    };
+    const int bottom = output.verticalScrollBar()->value();
+    turn(Qt::ControlModifier);
+    turn(Qt::ControlModifier | Qt::ShiftModifier);
+    Settings::outputMouseWheelChangesFontSize = false;
+    turn(Qt::ControlModifier);
+    QCOMPARE(bigger.count(), 1);
+    QCOMPARE(output.verticalScrollBar()->value(), bottom);
+    turn(Qt::NoModifier);
+    QVERIFY(output.verticalScrollBar()->value() < bottom);
+}
+
+TE2_TEST(OutputTextEditTest)
+#include "OutputTextEditTest.moc"

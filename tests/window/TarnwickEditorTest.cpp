@@ -1,0 +1,356 @@
+#include "window/TarnwickEditor.h"
+
+#include "editor/CodeEditor.h"
+#include "editor/CodeEditorGroup.h"
+#include "output/OutputTextEdit.h"
+#include "plugin/MayaUtil.h"
+#include "settings/Settings.h"
+#include "support/TestMain.h"
+#include "window/WindowFixture.h"
+#include "window/chrome/FlatButton.h"
+#include "window/chrome/StatusBar.h"
+
+#include <QFileInfo>
+#include <QLabel>
+#include <QMainWindow>
+#include <QThread>
+#include <QtTest>
+
+using host::MessageType;
+using Language = CodeEditorLanguage;
+
+class TarnwickEditorTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void init();
+    void cleanup();
+    void cleanupTestCase();
+    void StartsWithOneBufferOfEachLanguage();
+    void ExecutesByKey_data();
+    void ExecutesByKey();
+    void ExecutesByButtonWithoutTakingTheFocus();
+    void ExecutesNothingWithoutAnEditorInFocus();
+    void RevertsModulesBeforeAnyScript();
+    void ShowsTheHistoryThatWasThereBefore();
+    void ShowsOutputOfOtherThreadsInOrder();
+    void OutputMayArriveWhileTheWindowGoes();
+    void TakesTheModuleBaselineOnTheFirstShow();
+    void KeepsTheBuffersTextForTheNextWindow();
+    void ShortcutsWorkOnlyInsideWhileDocked();
+    void OpensAFileOnlyOnce();
+    void TellsTheLanguageByTheFileName_data();
+    void TellsTheLanguageByTheFileName();
+    void TellsTheCursorsPlace();
+
+private:
+    void CreateWindow();
+    CodeEditor* FocusEditor(Language language, const QString& text);
+    OutputTextEdit* Output() const { return m_window->findChild<OutputTextEdit*>(); }
+    int PythonInt(const QString& expression) const;
+
+    std::unique_ptr<WindowFixture> m_host;
+    std::unique_ptr<QMainWindow> m_frame; ///< stands for the host's window around the panel
+    QPointer<TarnwickEditor> m_window;
+};
+
+void TarnwickEditorTest::initTestCase()
+{
+    m_host = std::make_unique<WindowFixture>();
+}
+
+void TarnwickEditorTest::cleanupTestCase()
+{
+    m_host.reset();
+}
+
+void TarnwickEditorTest::init()
+{
+    Settings::showTabBarMiniToolbar = true;
+    Settings::saveAllOnExecute = false;
+    Settings::pythonRevertModuleStateOnExecute = false;
+    CreateWindow();
+}
+
+void TarnwickEditorTest::cleanup()
+{
+    m_frame.reset();
+    QDir(Settings::GetInternalBufferDirectoryPath()).removeRecursively();
+    m_host->RunIdle();
+}
+
+void TarnwickEditorTest::CreateWindow()
+{
+    m_frame = std::make_unique<QMainWindow>();
+    auto* content = new QWidget;
+    auto* layout = new QVBoxLayout(content);
+    layout->addWidget(new QLineEdit);
+    m_window = new TarnwickEditor;
+    layout->addWidget(m_window);
+    m_frame->setCentralWidget(content);
+    m_frame->resize(900, 700);
+    m_frame->show();
+    m_frame->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(m_frame.get()));
+    m_host->RunIdle();
+}
+
+CodeEditor* TarnwickEditorTest::FocusEditor(Language language, const QString& text)
+{
+    CodeEditorGroup* group = m_window->GetActiveCodeEditorGroup();
+    for (int i = 0; i < group->GetCount(); ++i) {
+        if (group->GetLanguage(i) == language)
+            m_window->SetActiveCodeEditor(0, i, true);
+    }
+    CodeEditor* editor = m_window->GetActiveCodeEditor();
+    editor->SetText(text);
+    m_host->TakeMessages(MessageType::History);
+    return editor;
+}
+
+int TarnwickEditorTest::PythonInt(const QString& expression) const
+{
+    int value = -1;
+    MayaUtil::ExecutePythonIntResult(expression, value, false, false);
+    return value;
+}
+
+void TarnwickEditorTest::StartsWithOneBufferOfEachLanguage()
+{
+    const CodeEditorGroup* group = m_window->GetActiveCodeEditorGroup();
+    QCOMPARE(group->GetCount(), 2);
+    QCOMPARE(group->GetLabel(0), QString("MEL"));
+    QCOMPARE(group->GetLanguage(0), Language::Mel);
+    QCOMPARE(group->GetLabel(1), QString("Python"));
+    QCOMPARE(group->GetLanguage(1), Language::Python);
+    QCOMPARE(group->GetType(1), CodeEditorType::Buffer);
+    QCOMPARE(m_window->GetCodeEditorWithFocus(), group->GetCodeEditor(1));
+    QCOMPARE(m_window->objectName(), QString("TarnwickEditor2"));
+}
+
+void TarnwickEditorTest::ExecutesByKey_data()
+{
+    QTest::addColumn<int>("key");
+    QTest::addColumn<int>("modifiers");
+    QTest::addColumn<bool>("selected"); // the second line
+    QTest::addColumn<int>("expected"); // 1: the first line ran, 2: the second, 4: the third
+    const int ctrl = Qt::ControlModifier;
+    const int shift = Qt::ShiftModifier;
+    const int alt = Qt::AltModifier;
+    const int keypad = Qt::KeypadModifier;
+    QTest::newRow("execute without a selection") << int(Qt::Key_Return) << ctrl << false << 7;
+    QTest::newRow("execute the selection") << int(Qt::Key_Return) << ctrl << true << 2;
+    QTest::newRow("keypad enter") << int(Qt::Key_Enter) << keypad << true << 2;
+    QTest::newRow("ctrl and keypad enter") << int(Qt::Key_Enter) << (ctrl | keypad) << true << 2;
+    QTest::newRow("execute all") << int(Qt::Key_Return) << (ctrl | shift) << true << 7;
+    QTest::newRow("execute line") << int(Qt::Key_Return) << (ctrl | alt) << false << 4;
+    QTest::newRow("return only edits") << int(Qt::Key_Return) << 0 << false << 0;
+}
+
+void TarnwickEditorTest::ExecutesByKey()
+{
+    QFETCH(int, key);
+    QFETCH(int, modifiers);
+    QFETCH(bool, selected);
+    for (const Language language : {Language::Mel, Language::Python}) {
+        const bool mel = language == Language::Mel;
+        MayaUtil::ExecuteMel(QString("global int $teRan; $teRan = 0;"));
+        MayaUtil::ExecutePython(QString("teRan = 0"));
+        const QString line = mel ? "global int $teRan; $teRan += %1;\n" : "teRan += %1\n";
+        const QString text = line.arg(1) + line.arg(2) + line.arg(4).trimmed();
+        CodeEditor* editor = FocusEditor(language, text);
+        editor->SetCursorSelection(text.size(), text.size());
+        if (selected)
+            editor->SetCursorSelection(line.arg(1).size(), line.arg(1).size() * 2);
+        QTest::keyClick(m_frame->windowHandle(), Qt::Key(key), Qt::KeyboardModifiers(modifiers));
+        int ran = -1;
+        if (mel)
+            MayaUtil::ExecuteMelIntResult(QString("global int $teRan; int $teCopy = $teRan;"), ran);
+        else
+            ran = PythonInt("teRan");
+        QTEST(ran, "expected");
+    }
+}
+
+void TarnwickEditorTest::ExecutesByButtonWithoutTakingTheFocus()
+{
+    CodeEditor* editor = FocusEditor(Language::Python, "teClicked = 1\nteClicked += 10");
+    auto* all = m_window->findChild<FlatButton*>("m_executeAllButton");
+    QTest::mouseClick(all, Qt::LeftButton);
+    QCOMPARE(PythonInt("teClicked"), 11);
+    QVERIFY(editor->hasFocus());
+    editor->SetCurrentLine(2);
+    QTest::mouseClick(m_window->findChild<FlatButton*>("m_executeLineButton"), Qt::LeftButton);
+    QCOMPARE(PythonInt("teClicked"), 21);
+    editor->SetCurrentLine(1);
+    QTest::mouseClick(m_window->findChild<FlatButton*>("m_executeButton"), Qt::LeftButton);
+    QCOMPARE(PythonInt("teClicked"), 11);
+    QCOMPARE(all->toolTip(), QString("Execute All (Ctrl+Shift+Return)"));
+}
+
+void TarnwickEditorTest::ExecutesNothingWithoutAnEditorInFocus()
+{
+    FocusEditor(Language::Python, "teUnfocused = 1");
+    MayaUtil::ExecutePython(QString("teUnfocused = 0"));
+    Output()->setFocus();
+    QTest::keyClick(m_frame->windowHandle(), Qt::Key_Return, Qt::ControlModifier);
+    m_window->ExecuteAll();
+    QCOMPARE(PythonInt("teUnfocused"), 0);
+}
+
+void TarnwickEditorTest::RevertsModulesBeforeAnyScript()
+{
+    MayaUtil::ExecutePython(QString("import sys, colorsys"));
+    QCOMPARE(PythonInt("int('colorsys' in sys.modules)"), 1);
+    Settings::pythonRevertModuleStateOnExecute = true;
+    FocusEditor(Language::Mel, "print \"\";");
+    m_window->Execute();
+    m_host->RunIdle();
+    QCOMPARE(PythonInt("int('colorsys' in sys.modules)"), 0);
+}
+
+void TarnwickEditorTest::ShowsTheHistoryThatWasThereBefore()
+{
+    m_frame.reset();
+    MayaUtil::ExecuteMel(QString("print \"printed before the window\\n\";"));
+    CreateWindow();
+    QVERIFY(Output()->GetText().contains("printed before the window\n"));
+}
+
+void TarnwickEditorTest::ShowsOutputOfOtherThreadsInOrder()
+{
+    constexpr int LINES = 2000;
+    m_window->ClearHistory();
+    Settings::outputBufferSize = 3 * LINES;
+    m_window->ApplyPreferences();
+    QVector<QThread*> threads;
+    for (const char* name : {"a", "b"}) {
+        threads += QThread::create([this, name] {
+            for (int i = 0; i < LINES; ++i)
+                m_window->AppendToOutputThreadSafe(QString("%1%2\n").arg(name).arg(i));
+        });
+        threads.last()->start();
+    }
+    QTRY_COMPARE(Output()->blockCount(), 2 * LINES + 1);
+    QMap<QChar, int> next;
+    for (const QString& line : Output()->GetText().split('\n', Qt::SkipEmptyParts))
+        QCOMPARE(line.mid(1).toInt(), next[line.at(0)]++);
+    for (QThread* thread : threads) {
+        QVERIFY(thread->wait());
+        delete thread;
+    }
+    Settings::outputBufferSize = 3000;
+}
+
+void TarnwickEditorTest::OutputMayArriveWhileTheWindowGoes()
+{
+    QThread* thread = QThread::create([this] {
+        for (int i = 0; i < 500; ++i)
+            m_window->AppendToOutputThreadSafe("late\n");
+    });
+    thread->start();
+    QVERIFY(thread->wait());
+    delete thread;
+    // What is queued now finds no window any more.
+    m_window->Shutdown();
+    m_frame.reset();
+    QVERIFY(m_window.isNull());
+    QCoreApplication::processEvents();
+}
+
+void TarnwickEditorTest::TakesTheModuleBaselineOnTheFirstShow()
+{
+    QVERIFY(m_window->IsPythonModuleStateUpdated());
+    QCOMPARE(PythonInt("int('sys' in TarnwickEditorHelpers.module_names)"), 1);
+    MayaUtil::ExecutePython(QString("TarnwickEditorHelpers.module_names = ['kept']"));
+    m_frame->hide();
+    m_frame->show();
+    m_host->RunIdle();
+    QCOMPARE(PythonInt("len(TarnwickEditorHelpers.module_names)"), 1);
+}
+
+void TarnwickEditorTest::KeepsTheBuffersTextForTheNextWindow()
+{
+    const QString text = QString::fromUtf8("print('\xc3\xa4 \xe2\x82\xac')\n");
+    FocusEditor(Language::Python, text);
+    FocusEditor(Language::Mel, "polyCube;");
+    m_window->GetActiveCodeEditorGroup()->SetModified(0, true);
+    m_window->GetActiveCodeEditorGroup()->SetModified(1, true);
+    m_window->Shutdown();
+    m_frame.reset();
+    CreateWindow();
+    const CodeEditorGroup* group = m_window->GetActiveCodeEditorGroup();
+    QCOMPARE(group->GetText(0), QString("polyCube;"));
+    QCOMPARE(group->GetText(1), text);
+    QVERIFY(!group->IsModified(0) && !group->IsModified(1));
+}
+
+void TarnwickEditorTest::ShortcutsWorkOnlyInsideWhileDocked()
+{
+    const auto clear = [this] {
+        m_window->AppendToOutput("some text");
+        QTest::keyClick(
+            m_frame->windowHandle(), Qt::Key_1, Qt::ControlModifier | Qt::ShiftModifier);
+        return Output()->GetText().isEmpty();
+    };
+    FocusEditor(Language::Mel, "");
+    QVERIFY(clear());
+    m_frame->findChild<QLineEdit*>()->setFocus();
+    QVERIFY(!clear());
+    Output()->setFocus();
+    QVERIFY(clear());
+}
+
+void TarnwickEditorTest::OpensAFileOnlyOnce()
+{
+    CodeEditorGroup* group = m_window->GetActiveCodeEditorGroup();
+    const auto open = [this, group](const QString& path) {
+        return m_window->CreateCodeEditor(
+            CodeEditorType::Buffer, Language::Text, path, "notes", "text", group, -1);
+    };
+    QCOMPARE(open("/x/notes.txt"), 2);
+    QCOMPARE(group->GetCurrentIndex(), 1);
+    QCOMPARE(open("/x/notes.txt"), -1);
+    QCOMPARE(group->GetCurrentIndex(), 2);
+    QCOMPARE(m_window->GetCodeEditorCount(), 3);
+    QCOMPARE(m_window->CreateCodeEditor(
+                 CodeEditorType::Buffer, Language::Text, "/x/other.txt", "", "", nullptr, -1),
+        -1);
+}
+
+void TarnwickEditorTest::TellsTheLanguageByTheFileName_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<int>("language");
+    QTest::newRow("py") << "a.py" << int(Language::Python);
+    QTest::newRow("upper case") << "A.PY" << int(Language::Python);
+    QTest::newRow("pyw") << "a.b.pyw" << int(Language::Python);
+    QTest::newRow("pyi is text") << "a.pyi" << int(Language::Text);
+    QTest::newRow("mel") << "a.Mel" << int(Language::Mel);
+    QTest::newRow("none") << "mel" << int(Language::Text);
+}
+
+void TarnwickEditorTest::TellsTheLanguageByTheFileName()
+{
+    QFETCH(QString, name);
+    QTEST(int(TarnwickEditor::GetLanguageFromFilename(QFileInfo(name))), "language");
+}
+
+void TarnwickEditorTest::TellsTheCursorsPlace()
+{
+    CodeEditor* editor = FocusEditor(Language::Mel, "first\n\tsecond");
+    const auto shown = [this](const char* name) {
+        return m_window->findChild<StatusBar*>()->findChild<QLabel*>(name)->text();
+    };
+    editor->SetCursorSelection(7, 9);
+    QCOMPARE(shown("m_position"), QString("Ln 2, Col 7 (2 selected)"));
+    QCOMPARE(shown("m_interpreter"), QString("MEL"));
+    m_window->SetActiveCodeEditor(0, 1, true);
+    QCOMPARE(shown("m_position"), QString("Ln 1, Col 1"));
+    QCOMPARE(shown("m_interpreter"), QString("Python"));
+}
+
+TE2_TEST(TarnwickEditorTest)
+#include "TarnwickEditorTest.moc"
