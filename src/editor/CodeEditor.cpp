@@ -5,6 +5,7 @@
 #include "editor/CodeEditorBlockData.h"
 #include "editor/CodeEditorLineNumbers.h"
 #include "editor/TextColumns.h"
+#include "window/chrome/Theme.h"
 
 #include <QDragEnterEvent>
 #include <QFile>
@@ -18,6 +19,7 @@
 namespace {
 
 constexpr int TEXT_CHANGE_DELAY = 250; // ms
+constexpr int TEXT_MARGIN = 2; // design pixels
 constexpr QChar PARAGRAPH_SEPARATOR(0x2029);
 
 } // namespace
@@ -35,6 +37,7 @@ CodeEditor::CodeEditor(
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     setCenterOnScroll(false);
+    document()->setDocumentMargin(Theme::Dp(TEXT_MARGIN));
     setContextMenuPolicy(Qt::CustomContextMenu);
     m_textChangeTimer->setSingleShot(true);
     m_textChangeTimer->setInterval(TEXT_CHANGE_DELAY);

@@ -218,7 +218,8 @@ int CustomTabBar::TabAt(const QPoint& position) const
 
 void CustomTabBar::UpdateWidth(Tab& tab) const
 {
-    const int label = fontMetrics().horizontalAdvance(tab.text);
+    // Measured and elided text may differ by a rounded pixel.
+    const int label = fontMetrics().horizontalAdvance(tab.text) + 1;
     tab.width = qBound(
         Theme::Dp(MINIMUM_TAB), LabelLeft() + label + LabelRightMargin(), Theme::Dp(MAXIMUM_TAB));
 }
@@ -261,14 +262,19 @@ bool CustomTabBar::viewportEvent(QEvent* event)
                 help->globalPos(), m_tabs[index].toolTip.toHtmlEscaped(), viewport());
         return true;
     }
-    case QEvent::FontChange:
-        for (Tab& tab : m_tabs)
-            UpdateWidth(tab);
-        UpdateScrollRange();
-        break;
     default: break;
     }
     return QAbstractScrollArea::viewportEvent(event);
+}
+
+void CustomTabBar::changeEvent(QEvent* event)
+{
+    QAbstractScrollArea::changeEvent(event);
+    if (event->type() != QEvent::FontChange && event->type() != QEvent::StyleChange)
+        return;
+    for (Tab& tab : m_tabs)
+        UpdateWidth(tab);
+    UpdateScrollRange();
 }
 
 void CustomTabBar::paintEvent(QPaintEvent*)

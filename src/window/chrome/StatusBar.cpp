@@ -127,8 +127,12 @@ void StatusBar::UpdateInfoText()
 
 void StatusBar::UpdateFonts()
 {
-    for (QLabel* label : {m_info, m_position, m_overwrite, m_interpreter})
+    for (QLabel* label : {m_info, m_position, m_overwrite, m_interpreter}) {
+        QPalette palette = label->palette();
+        palette.setColor(QPalette::WindowText, Theme::Color(Theme::Role::Text));
+        label->setPalette(palette);
         label->setFont(Theme::SmallFont(font()));
+    }
 }
 
 void StatusBar::paintEvent(QPaintEvent*)
