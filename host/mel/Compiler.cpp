@@ -21,13 +21,13 @@ Compiler::Result Compiler::Compile(const std::shared_ptr<const Source>& source)
     Parser parser(source->Text(), [&](const QString& name) {
         return !globals.FindProcedure(name) && m_commands.FindCommand(name) != nullptr;
     });
-    const Parser::Result parsed = parser.Parse();
+    Parser::Result parsed = parser.Parse();
     m_module = std::make_shared<Module>();
     m_module->source = source;
     try {
         Context context{m_module->slots, {{}}};
         m_context = &context;
-        CompileTexts(parsed.statements);
+        CompileTexts(std::move(parsed.statements));
     } catch (const CompileError& error) {
         return {nullptr, error};
     }
@@ -47,11 +47,13 @@ void Compiler::Publish()
         globals.Define(Share(*procedure));
 }
 
-void Compiler::CompileTexts(const ast::StatementList& statements)
+/// Each statement's tree goes as soon as it is compiled, so that its memory serves the next one.
+void Compiler::CompileTexts(ast::StatementList statements)
 {
-    for (const ast::StatementPointer& statement : statements) {
+    for (ast::StatementPointer& statement : statements) {
         if (statement->type != ast::Statement::Type::Empty)
             m_module->statements.push_back(CompileStatement(*statement));
+        statement.reset();
     }
 }
 

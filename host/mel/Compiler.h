@@ -55,7 +55,7 @@ private:
     void Publish();
 
     // Statements
-    void CompileTexts(const ast::StatementList& statements);
+    void CompileTexts(ast::StatementList statements);
     StatementCodePointer CompileStatement(const ast::Statement& statement);
     StatementCodePointer CompileBody(const ast::Statement& statement);
     StatementCodeList CompileStatements(const ast::StatementList& statements);
