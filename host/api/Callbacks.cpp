@@ -17,21 +17,15 @@ constexpr qint64 MAXIMUM_WAIT_MS = 2000;
 
 thread_local std::vector<const Callback*> callbacksOfThread;
 
-/// Waits until no other thread is inside the callback.
-void AwaitOtherThreads(const Callback& callback)
+/// Waits until no other thread is inside the callback; false when one stays there.
+bool AwaitOtherThreads(const Callback& callback)
 {
     const auto own = std::count(callbacksOfThread.begin(), callbacksOfThread.end(), &callback);
     QElapsedTimer elapsed;
     elapsed.start();
     while (callback.running > own && elapsed.elapsed() < MAXIMUM_WAIT_MS)
         QThread::yieldCurrentThread();
-}
-
-void Detach(Callback& callback)
-{
-    callback.removed = true;
-    callback.unregister();
-    AwaitOtherThreads(callback);
+    return callback.running <= own;
 }
 
 } // namespace
@@ -63,10 +57,20 @@ std::shared_ptr<Callback> Callbacks::Take(MCallbackId id)
     return callback;
 }
 
+void Callbacks::Detach(const std::shared_ptr<Callback>& callback)
+{
+    callback->removed = true;
+    callback->unregister();
+    if (!AwaitOtherThreads(*callback)) {
+        const QMutexLocker lock(&m_mutex);
+        m_stuck.push_back(callback);
+    }
+}
+
 MStatus Callbacks::Remove(MCallbackId id)
 {
     if (const std::shared_ptr<Callback> callback = Take(id)) {
-        Detach(*callback);
+        Detach(callback);
         return MS::kSuccess;
     }
     const QMutexLocker lock(&m_mutex);
@@ -94,6 +98,14 @@ bool Callbacks::IsRunning(const void* library) const
         [library](const Callback* callback) { return callback->library == library; });
 }
 
+bool Callbacks::IsStuck(const void* library) const
+{
+    const QMutexLocker lock(&m_mutex);
+    return std::any_of(m_stuck.begin(), m_stuck.end(), [library](const auto& callback) {
+        return callback->library == library && callback->running > 0;
+    });
+}
+
 void Callbacks::Clear()
 {
     std::map<MCallbackId, std::shared_ptr<Callback>> callbacks;
@@ -102,7 +114,7 @@ void Callbacks::Clear()
         callbacks.swap(m_callbacks);
     }
     for (const auto& entry : callbacks)
-        Detach(*entry.second);
+        Detach(entry.second);
 }
 
 const void* Callbacks::LibraryOf(const void* function)

@@ -8,6 +8,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <vector>
 
 namespace host::api {
 
@@ -29,11 +30,15 @@ public:
     std::shared_ptr<Callback> Make(const void* function);
     void Keep(const std::shared_ptr<Callback>& callback, std::function<void()> unregister);
 
-    /// After it returns the callback neither runs nor will run, on this thread's own stack aside.
+    /// Afterwards the callback will not run again, and runs no more except on this thread's own
+    /// stack or where it is stuck.
     MStatus Remove(MCallbackId id);
     /// Removes all whose function is in the library; how many there were.
     int RemoveOf(const void* library);
+    /// On this thread's stack.
     bool IsRunning(const void* library) const;
+    /// On another thread, from which it did not come back in time when it was removed.
+    bool IsStuck(const void* library) const;
     void Clear();
 
     /// The library that a function belongs to, as the loader of the process knows it.
@@ -42,9 +47,11 @@ public:
 
 private:
     std::shared_ptr<Callback> Take(MCallbackId id);
+    void Detach(const std::shared_ptr<Callback>& callback);
 
     mutable QMutex m_mutex;
     std::map<MCallbackId, std::shared_ptr<Callback>> m_callbacks;
+    std::vector<std::shared_ptr<Callback>> m_stuck;
     MCallbackId m_lastId = 0;
 };
 

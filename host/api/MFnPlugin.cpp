@@ -2,6 +2,7 @@
 #include "api/CommandRun.h"
 #include "api/Conversions.h"
 #include "api/PluginCommand.h"
+#include "api/PluginStep.h"
 #include "api/Session.h"
 #include "api/StatusDetails.h"
 #include "engine/Engine.h"
@@ -165,7 +166,7 @@ MStatus MFnPlugin::deregisterCommand(const MString& commandName)
     if (!command)
         return MissingObject();
     command->Retire();
-    Session::Current().undoQueue.Remove(*command);
+    host::api::RemoveSteps(*command);
     host::Engine::Current().commands.Unregister(name);
     record->plugin->commands.removeAll(name);
     return MS::kSuccess;

@@ -68,7 +68,7 @@ MStatus Execute(Language language, const MString& command, T& result, bool displ
 {
     if (const MStatus status = Precondition(language); !status)
         return status;
-    const host::api::UndoPause pause(Session::Current().undoQueue, !undo);
+    const host::UndoPause pause(Engine::Current().undoQueue, !undo);
     const host::ScriptResult outcome
         = Engine::Current().Execute(language, ToQString(command), display);
     if (outcome.failed) {
@@ -113,12 +113,12 @@ int MGlobal::apiVersion()
 
 bool MGlobal::isUndoing()
 {
-    return Session::Current().undoQueue.IsUndoing();
+    return Engine::Exists() && Engine::Current().undoQueue.IsUndoing();
 }
 
 bool MGlobal::isRedoing()
 {
-    return Session::Current().undoQueue.IsRedoing();
+    return Engine::Exists() && Engine::Current().undoQueue.IsRedoing();
 }
 
 MStatus MGlobal::executeCommand(const MString& command, bool displayEnabled, bool undoEnabled)

@@ -4,7 +4,8 @@
 #include "api/CommandRun.h"
 #include "api/Conversions.h"
 #include "api/Guard.h"
-#include "api/Session.h"
+#include "api/PluginStep.h"
+#include "engine/Engine.h"
 
 #include <maya/MArgList.h>
 
@@ -22,6 +23,32 @@ QString CallText(const QString& name, const QVector<Word>& words)
         text += quoted ? QLatin1Char('"') + word.Text() + QLatin1Char('"') : word.Text();
     }
     return text;
+}
+
+/// The words that mean a checked call. Those of a script are it; keywords have to be written out,
+/// as a flag that is False or a query's True says something else as a word.
+QVector<Word> WordsOf(const Call& call)
+{
+    if (call.GetLanguage() == Language::Mel || call.GetCommand().takesRawWords)
+        return call.GetWords();
+    QVector<Word> words;
+    for (const Value& object : call.GetObjects())
+        words.append({object, {}, false, {}});
+    if (!call.IsCreate())
+        words += Word::FlagNamed(call.IsQuery() ? QStringLiteral("query") : QStringLiteral("edit"));
+    for (const QString& flag : call.GivenFlags()) {
+        const QByteArray name = flag.toUtf8();
+        const int arguments = call.GetCommand().FindFlag(flag)->arguments.size();
+        for (int use = 0; use < call.UseCount(name.constData()); ++use) {
+            words += Word::FlagNamed(flag);
+            for (int i = 0; i < arguments; ++i) {
+                const Value argument = call.Argument(name.constData(), i, use);
+                if (!argument.IsNone())
+                    words.append({argument, {}, false, {}});
+            }
+        }
+    }
+    return words;
 }
 
 /// Python hands keywords only to commands that say which they take.
@@ -105,19 +132,21 @@ Outcome PluginCommand::Run(Call& call)
 Outcome PluginCommand::RunObject(std::unique_ptr<MPxCommand> object, Call& call)
 {
     CommandRun& run = *CommandRun::Current();
+    const QVector<Word> words = WordsOf(call);
     MArgList arguments;
-    ApiAccess::SetWords(arguments, call.GetWords());
-    ApiAccess::Attach(*object, shared_from_this(), CallText(m_name, call.GetWords()));
+    ApiAccess::SetWords(arguments, words);
+    ApiAccess::Attach(*object, shared_from_this(), CallText(m_name, words));
     MStatus status = MS::kFailure;
     bool undoable = false;
     CallGuarded(m_name, [&] {
         status = object->doIt(arguments);
         undoable = status && object->isUndoable();
     });
-    UndoQueue& queue = Session::Current().undoQueue;
     // A command may have deregistered itself while it ran.
-    if (undoable && m_creator && queue.IsOpen())
-        queue.Add(std::move(object), shared_from_this());
+    if (undoable && m_creator) {
+        Engine::Current().undoQueue.Add(
+            std::make_unique<PluginStep>(std::move(object), shared_from_this()));
+    }
     object.reset();
     if (!status)
         return FailureOf(run, status);

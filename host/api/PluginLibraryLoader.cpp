@@ -4,8 +4,8 @@
 #include "api/Conversions.h"
 #include "api/Guard.h"
 #include "api/PluginCommand.h"
+#include "api/PluginStep.h"
 #include "api/Session.h"
-#include "api/UndoCommands.h"
 #include "engine/Engine.h"
 
 #include <dlfcn.h>
@@ -71,6 +71,8 @@ PluginLibraryLoader::PluginLibraryLoader(Engine& engine)
 
 PluginLibraryLoader::~PluginLibraryLoader()
 {
+    // The objects' code is still mapped now.
+    m_engine.undoQueue.Clear();
     Session::Current().Clear();
 }
 
@@ -115,7 +117,7 @@ Outcome PluginLibraryLoader::Unload(Plugin& plugin, bool force)
     // Its code would be gone when the call returns, so that not even force helps.
     if (record->running > 0 || session.callbacks.IsRunning(record->library))
         return InUse(plugin, QStringLiteral("its code is running"));
-    if (!force && session.undoQueue.Holds(*record))
+    if (!force && HasSteps(*record))
         return InUse(plugin, QStringLiteral("its commands can still be undone"));
     const Outcome outcome = Uninitialize(plugin, record);
     if (!outcome.Ok() && !force)
@@ -142,7 +144,7 @@ QStringList PluginLibraryLoader::RemoveLeftovers(const std::shared_ptr<PluginRec
 {
     Session& session = Session::Current();
     QStringList removed;
-    session.undoQueue.RemoveOf(*record);
+    RemoveSteps(*record);
     const auto commands = record->commands;
     for (const auto& command : commands) {
         command->Retire();
@@ -159,9 +161,16 @@ QStringList PluginLibraryLoader::RemoveLeftovers(const std::shared_ptr<PluginRec
 
 void PluginLibraryLoader::Close(Plugin& plugin, const std::shared_ptr<PluginRecord>& record)
 {
-    Session::Current().RemovePlugin(plugin);
+    Session& session = Session::Current();
+    session.RemovePlugin(plugin);
+    if (session.callbacks.IsStuck(record->library)) {
+        m_engine.output.Warning(
+            QStringLiteral("Plug-in, \"%1\", stays in memory: a callback is still running.")
+                .arg(plugin.name));
+    } else {
+        dlclose(plugin.library);
+    }
     record->library = nullptr;
-    dlclose(plugin.library);
     plugin.library = nullptr;
 }
 
@@ -173,7 +182,6 @@ void PluginLibraryLoader::RunProcedure(const QString& name)
 
 std::unique_ptr<PluginLoader> MakePluginLoader(Engine& engine)
 {
-    RegisterUndoCommands(engine.commands);
     return std::make_unique<PluginLibraryLoader>(engine);
 }
 

@@ -33,8 +33,7 @@ private:
     Engine& m_engine;
 };
 
-/// The loader for `engine.plugins`. Also registers the commands that work on the plug-ins' undo
-/// queue, unless somebody has them already.
+/// The loader for `engine.plugins`.
 std::unique_ptr<PluginLoader> MakePluginLoader(Engine& engine);
 
 } // namespace host::api

@@ -2,7 +2,6 @@
 
 #include "api/Callbacks.h"
 #include "api/PluginRecord.h"
-#include "api/UndoQueue.h"
 
 #include <vector>
 
@@ -16,7 +15,6 @@ public:
     static Session& Current();
 
     Callbacks callbacks;
-    UndoQueue undoQueue;
 
     std::shared_ptr<PluginRecord> AddPlugin(host::Plugin& plugin, const void* library);
     void RemovePlugin(const host::Plugin& plugin);

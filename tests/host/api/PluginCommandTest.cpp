@@ -23,6 +23,7 @@ private Q_SLOTS:
     void GivesResultsOfEveryType();
     void DescribesItsFlagsWhenAskedFirst();
     void TakesKeywords();
+    void KeywordsMeanWhatTheySay();
     void RefusesWrongFlags();
     void FailsWithTheReasonItGave();
     void FailsWithItsStatusOtherwise();
@@ -110,6 +111,22 @@ void PluginCommandTest::TakesKeywords()
     QCOMPARE(outcome.GetValue().ToText(), QString("-looks like a flag"));
 }
 
+void PluginCommandTest::KeywordsMeanWhatTheySay()
+{
+    QVERIFY(m_host->Load("TypedCommand").Ok());
+    const auto keyword = [](const char* name, bool value) {
+        return host::Keyword{name, {{{value, {}, false, {}}}}};
+    };
+    const host::Outcome off
+        = RunKeywords("typedCommand", {keyword("undoable", false), keyword("u", false)});
+    QVERIFY(off.Ok());
+    const host::Outcome query
+        = RunKeywords("typedCommand", {keyword("q", true), keyword("count", true)});
+    QVERIFY2(query.Ok(), qPrintable(query.Ok() ? "" : query.GetError().text));
+    QCOMPARE(query.GetValue(), Value(2));
+    QCOMPARE(m_host->Run("typedCommand -q").value, Value(0));
+}
+
 void PluginCommandTest::RefusesWrongFlags()
 {
     QVERIFY(m_host->Load("TypedCommand").Ok());
@@ -179,15 +196,17 @@ void PluginCommandTest::UndoesAndRedoes()
     QVERIFY(m_host->Load("TypedCommand").Ok());
     m_host->Run("typedCommand -undoable");
     m_host->Run("typedCommand -u");
-    m_host->Run("undo");
+    m_host->engine.undoQueue.Undo();
     QCOMPARE(m_host->Run("typedCommand -q").value, Value(1));
-    m_host->Run("redo");
+    m_host->engine.undoQueue.Redo();
     QCOMPARE(m_host->Run("typedCommand -q").value, Value(2));
-    m_host->Run("undo");
+    m_host->engine.undoQueue.Undo();
     m_host->Run("typedCommand -u"); // What was undone is lost now.
-    m_host->Run("redo");
+    m_host->engine.undoQueue.Redo();
     QCOMPARE(m_host->Run("typedCommand -q").value, Value(2));
-    QCOMPARE(m_host->Texts(host::MessageType::Warning).size(), 1);
+    QCOMPARE(m_host->engine.undoQueue.UndoNames(),
+        (QStringList{"typedCommand -u", "typedCommand -undoable"}));
+    QVERIFY(m_host->engine.undoQueue.RedoNames().isEmpty());
 }
 
 void PluginCommandTest::TextsThatMustNotBeUndoneAreNot()
@@ -195,8 +214,8 @@ void PluginCommandTest::TextsThatMustNotBeUndoneAreNot()
     QVERIFY(m_host->Load("TypedCommand").Ok());
     QVERIFY(MGlobal::executeCommand("typedCommand -u"));
     QVERIFY(MGlobal::executeCommand("typedCommand -u", false, true));
-    m_host->Run("undo");
-    m_host->Run("undo");
+    m_host->engine.undoQueue.Undo();
+    m_host->engine.undoQueue.Undo();
     QCOMPARE(m_host->Run("typedCommand -q").value, Value(1));
 }
 
@@ -208,7 +227,7 @@ void PluginCommandTest::ForgetsTheOldestStep()
     for (int i = 0; i < STEPS; ++i)
         m_host->Run("typedCommand -u");
     for (int i = 0; i < STEPS; ++i)
-        m_host->Run("undo");
+        m_host->engine.undoQueue.Undo();
     QCOMPARE(m_host->Run("typedCommand -q").value, Value(STEPS - KEPT));
 }
 

@@ -214,9 +214,9 @@ void PluginLoadTest::UndoKeepsItLoaded()
     QVERIFY(m_host->Load("TypedCommand").Ok());
     m_host->Run("typedCommand -u");
     QVERIFY(!m_host->engine.plugins.Unload("TypedCommand", false).Ok());
-    m_host->Run("undo");
+    m_host->engine.undoQueue.Undo();
     QVERIFY(!m_host->engine.plugins.Unload("TypedCommand", false).Ok());
-    m_host->Run("flushUndo");
+    m_host->engine.undoQueue.Clear();
     m_host->Run("typedCommand -u");
     QVERIFY(m_host->engine.plugins.Unload("TypedCommand", true).Ok());
     QVERIFY(!IsMapped("TypedCommand"));
@@ -238,14 +238,14 @@ void PluginLoadTest::NamesAreRegisteredOnce()
     MObject object = MFnPlugin::findPlugin("TypedCommand");
     MFnPlugin plugin(object);
     const auto create = [] { return static_cast<void*>(nullptr); };
-    for (const char* taken : {"typedCommand", "undo"}) {
+    for (const char* taken : {"typedCommand", "unloadPlugin"}) {
         const MStatus status = plugin.registerCommand(taken, create);
         QCOMPARE(status.errorString().asChar(), "(kInvalidParameter): Object already exists");
     }
     QCOMPARE(m_host->Texts(host::MessageType::Warning).size(), 2);
     QVERIFY(!plugin.registerCommand("two words", create));
-    QVERIFY(!plugin.deregisterCommand("undo"));
-    QVERIFY(m_host->engine.commands.Contains("undo"));
+    QVERIFY(!plugin.deregisterCommand("unloadPlugin"));
+    QVERIFY(m_host->engine.commands.Contains("unloadPlugin"));
     QVERIFY(plugin.registerCommand("makesNothing", create));
     QVERIFY(m_host->Run("makesNothing").failed);
 }
