@@ -13,6 +13,7 @@
 #include <atomic>
 #include <chrono>
 #include <thread>
+#include <unistd.h>
 
 namespace host::python {
 
@@ -120,6 +121,12 @@ bool HasOtherThreads()
 }
 
 } // namespace
+
+void ParkThread()
+{
+    for (;;)
+        pause();
+}
 
 int InterpreterNumber()
 {

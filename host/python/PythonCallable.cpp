@@ -47,7 +47,9 @@ PyObject* PythonCallable::Invoke(const QVector<Value>& arguments) const
     // A control may be deleted, and its callback with it, by the callback itself.
     const Reference function = Reference::Share(m_function);
     const Reference tuple = ArgumentTuple(arguments);
-    return tuple ? PyObject_CallObject(function.Get(), tuple.Get()) : nullptr;
+    if (!tuple)
+        return nullptr;
+    return WithoutUnwinding([&] { return PyObject_CallObject(function.Get(), tuple.Get()); });
 }
 
 Outcome PythonCallable::Call(const QVector<Value>& arguments)

@@ -43,9 +43,11 @@ QString CallFormatter(const RaisedError& error)
     const Reference utilities = Reference::Take(PyImport_ImportModule("maya.utils"));
     if (!utilities)
         return {};
-    const Reference text = Reference::Take(
-        PyObject_CallMethod(utilities.Get(), "formatGuiException", "OOOi", OrNone(error.type),
-            OrNone(error.value), OrNone(error.traceback), static_cast<int>(WantedDetail())));
+    const Reference text = Reference::Take(WithoutUnwinding([&] {
+        return PyObject_CallMethod(utilities.Get(), "formatGuiException", "OOOi",
+            OrNone(error.type), OrNone(error.value), OrNone(error.traceback),
+            static_cast<int>(WantedDetail()));
+    }));
     return text && PyUnicode_Check(text.Get()) ? ToText(text.Get()) : QString();
 }
 

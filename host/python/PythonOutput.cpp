@@ -101,7 +101,8 @@ PyObject* WriteLines(PyObject* self, PyObject* lines)
     const Reference iterator = Reference::Take(PyObject_GetIter(lines));
     if (!iterator)
         return nullptr;
-    while (const Reference line = Reference::Take(PyIter_Next(iterator.Get()))) {
+    const auto next = [&] { return PyIter_Next(iterator.Get()); };
+    while (const Reference line = Reference::Take(WithoutUnwinding(next))) {
         const Reference written = Reference::Take(Write(self, line.Get()));
         if (!written)
             return nullptr;
