@@ -48,7 +48,6 @@ public:
     int waitCursors = 0; ///< requests not yet taken back
     bool suppressStackWindow = false; ///< kept for those who ask: there is no such window here
     bool refreshSuspended = false;
-    bool undoState = true;
 
 private:
     QElapsedTimer m_clock;

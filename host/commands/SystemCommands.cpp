@@ -106,34 +106,67 @@ Outcome ShowHelp(Call& call)
     return {};
 }
 
-/// Nothing that this host does can be undone, so the queues are always empty.
-Outcome Undo(Call& call)
+Outcome AfterStep(UndoQueue::StepResult result, const QString& word)
 {
-    Engine::Current().output.Warning(
-        QStringLiteral("There are no more commands to %1.").arg(call.GetCommand().GetName()));
+    if (result == UndoQueue::StepResult::Failed)
+        return Error{QStringLiteral("The command could not be %1ne.").arg(word)};
+    if (result == UndoQueue::StepResult::NothingThere) {
+        Engine::Current().output.Warning(
+            QStringLiteral("There are no more commands to %1.").arg(word));
+    }
     return {};
+}
+
+Outcome Undo(Call&)
+{
+    return AfterStep(Engine::Current().undoQueue.Undo(), QStringLiteral("undo"));
+}
+
+Outcome Redo(Call&)
+{
+    return AfterStep(Engine::Current().undoQueue.Redo(), QStringLiteral("redo"));
+}
+
+Outcome FlushUndo(Call&)
+{
+    Engine::Current().undoQueue.Clear();
+    return {};
+}
+
+Outcome UndoQuery(const QString& asked)
+{
+    const UndoQueue& queue = Engine::Current().undoQueue;
+    const bool redo = asked.contains(QLatin1String("redo"), Qt::CaseInsensitive);
+    const QStringList names = redo ? queue.RedoNames() : queue.UndoNames();
+    if (asked == QLatin1String("state") || asked == QLatin1String("stateWithoutFlush"))
+        return queue.enabled;
+    if (asked.endsWith(QLatin1String("QueueEmpty")))
+        return names.isEmpty();
+    if (asked.endsWith(QLatin1String("Queue"))) {
+        for (const QString& name : names)
+            Engine::Current().output.Display(name + QLatin1Char('\n'));
+        return {};
+    }
+    if (asked == QLatin1String("infinity"))
+        return false;
+    if (asked == QLatin1String("length"))
+        return static_cast<int>(UndoQueue::MAXIMUM_LENGTH);
+    return names.value(0);
 }
 
 Outcome UndoInfo(Call& call)
 {
-    bool& state = Session::Current().undoState;
-    if (!call.IsQuery()) {
-        for (const char* flag : {"state", "stateWithoutFlush"}) {
-            if (call.Has(flag))
-                state = call.Bool(flag);
-        }
-        return {};
+    if (call.IsQuery())
+        return UndoQuery(call.GivenFlags().value(0));
+    UndoQueue& queue = Engine::Current().undoQueue;
+    if (call.Has("state")) {
+        queue.enabled = call.Bool("state");
+        if (!queue.enabled)
+            queue.Clear();
     }
-    const QString asked = call.GivenFlags().value(0);
-    if (asked == QLatin1String("state") || asked == QLatin1String("stateWithoutFlush"))
-        return state;
-    if (asked.endsWith(QLatin1String("QueueEmpty")))
-        return true;
-    if (asked == QLatin1String("infinity"))
-        return false;
-    if (asked == QLatin1String("length"))
-        return 0;
-    return QString();
+    if (call.Has("stateWithoutFlush"))
+        queue.enabled = call.Bool("stateWithoutFlush");
+    return {};
 }
 
 const CommandRow COMMANDS[] = {
@@ -150,7 +183,8 @@ const CommandRow COMMANDS[] = {
     {"showHelp", "any", "Q", "[String]",
         "absolute/a - c; docs/d - cq; helpTable/ht - cq; version/v - q", ShowHelp},
     {"undo", "none", "", "", "", Undo},
-    {"redo", "none", "", "", "", Undo},
+    {"redo", "none", "", "", "", Redo},
+    {"flushUndo", "none", "", "", "", FlushUndo},
     {"undoInfo", "any", "Q", "",
         "chunkName/cn str cq; closeChunk/cck - c; infinity/infinity B cq; length/l int cq;"
         "openChunk/ock - c; printQueue/pq - q; printRedoQueue/prq - q; redoName/rn - q;"

@@ -14,6 +14,34 @@ QString Read(const QString& path)
     return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString("missing");
 }
 
+/// Counts a level down and up again, or fails to.
+class CountingStep : public UndoStep
+{
+public:
+    CountingStep(int& level, const QString& name, bool works)
+        : m_level(level)
+        , m_name(name)
+        , m_works(works)
+    { }
+
+    bool Undo() override
+    {
+        --m_level;
+        return m_works;
+    }
+    bool Redo() override
+    {
+        ++m_level;
+        return m_works;
+    }
+    QString Name() const override { return m_name; }
+
+private:
+    int& m_level;
+    QString m_name;
+    bool m_works;
+};
+
 } // namespace
 
 /// Commands about the host itself: places, switches, history, deferred work, leaving.
@@ -35,6 +63,7 @@ private Q_SLOTS:
     void HelpRequestsAreKept();
     void QuitGoesToTheApplication();
     void UndoHasNothingToUndo();
+    void UndoTakesBackWhatWasRecorded();
     void UnofferedFlagsAreRefused_data();
     void UnofferedFlagsAreRefused();
     void ProjectsKeepTheirRules();
@@ -204,6 +233,32 @@ void SystemCommandsTest::UndoHasNothingToUndo()
     QCOMPARE(
         m_host->Run("undoInfo -openChunk; undoInfo -closeChunk; undoInfo -q -undoName"), QString());
     QCOMPARE(m_host->Run("undoInfo -state off; undoInfo -q -state"), QString("0"));
+}
+
+void SystemCommandsTest::UndoTakesBackWhatWasRecorded()
+{
+    int level = 0;
+    host::UndoQueue& queue = m_host->GetEngine().undoQueue;
+    const auto add = [&](const QString& name, bool works) {
+        queue.Add(std::make_unique<CountingStep>(level, name, works));
+    };
+    add("first", true);
+    add("second", true);
+    m_host->Run("undo");
+    QCOMPARE(level, -1);
+    QCOMPARE(m_host->Run("undoInfo -q -undoName"), QString("first"));
+    QCOMPARE(m_host->Run("undoInfo -q -redoName"), QString("second"));
+    m_host->Run("redo");
+    QCOMPARE(level, 0);
+    m_host->Run("undoInfo -stateWithoutFlush off");
+    add("not recorded", true);
+    QCOMPARE(m_host->Run("undoInfo -q -undoName"), QString("second"));
+    m_host->Run("undoInfo -state on");
+    add("stuck", false);
+    QCOMPARE(m_host->Run("undo"), QString("error: The command could not be undone."));
+    QCOMPARE(m_host->Run("undoInfo -q -undoName"), QString("second"));
+    m_host->Run("undoInfo -state off");
+    QCOMPARE(m_host->Run("undoInfo -q -undoQueueEmpty"), QString("1"));
 }
 
 void SystemCommandsTest::UnofferedFlagsAreRefused_data()
