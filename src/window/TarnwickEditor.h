@@ -72,7 +72,13 @@ public:
     void NewBuffer(CodeEditorLanguage language);
     void NewMelBuffer();
     void NewPythonBuffer();
+    /// Opens the file in the active group, or shows the tab that has it. The flag tells a restored
+    /// session from a request.
+    void OpenFile(const QString& path, bool restoring);
+    /// Null when the file cannot be read, which has been logged.
+    QString GetFileText(const QString& path) const;
     void SaveAll(bool saveBuffers, bool saveFiles);
+    bool SaveCodeEditor(const QString& path, const QString& text);
     bool SaveCodeEditor(int groupIndex, int tabIndex);
 
     // Module state

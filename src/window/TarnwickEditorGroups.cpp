@@ -218,8 +218,12 @@ void TarnwickEditor::SaveAll(bool saveBuffers, bool saveFiles)
 bool TarnwickEditor::SaveCodeEditor(int groupIndex, int tabIndex)
 {
     CodeEditorGroup* const group = GetCodeEditorGroupByIndex(groupIndex);
-    if (!group || !group->GetCodeEditor(tabIndex)
-        || !BufferFile::Write(group->GetFilePath(tabIndex), group->GetText(tabIndex)))
+    if (!group || !group->GetCodeEditor(tabIndex))
+        return false;
+    const QString path = group->GetFilePath(tabIndex);
+    const QString text = group->GetText(tabIndex);
+    const bool isBuffer = group->GetType(tabIndex) == CodeEditorType::Buffer;
+    if (isBuffer ? !BufferFile::Write(path, text) : !SaveCodeEditor(path, text))
         return false;
     group->SetModified(tabIndex, false);
     return true;
