@@ -23,6 +23,8 @@ namespace host {
 
 namespace {
 
+const QString SAVE_SHELVES
+    = QStringLiteral("{ global string $gShelfTopLevel; saveAllShelves $gShelfTopLevel; }");
 const QString EDITOR_COMMAND = QStringLiteral("tarnwickEditor2");
 /// Turns of the event loop without work that count as "nothing waits any more".
 constexpr int QUIET_TURNS = 10;
@@ -179,8 +181,10 @@ void Host::OnQuitAccepted()
 void Host::SavePreferences()
 {
     m_engine.SavePreferences();
-    if (m_window)
-        m_window->SaveWorkspace();
+    if (!m_window)
+        return;
+    m_window->SaveWorkspace();
+    m_engine.Execute(Language::Mel, SAVE_SHELVES, false);
 }
 
 void Host::Shutdown()

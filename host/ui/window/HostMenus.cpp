@@ -303,8 +303,11 @@ void HostWindow::CreateShelf()
     const QString name = QInputDialog::getText(this, tr("New Shelf"), tr("Name of the new shelf:"));
     if (name.trimmed().isEmpty())
         return;
-    m_engine.Execute(
-        Language::Mel, QStringLiteral("addNewShelfTab %1").arg(MelQuoted(name.trimmed())), false);
+    m_engine.Execute(Language::Mel,
+        QStringLiteral("{ global string $gShelfTopLevel; shelfLayout -parent $gShelfTopLevel %1; "
+                       "saveAllShelves $gShelfTopLevel; }")
+            .arg(MelQuoted(name.trimmed())),
+        false);
 }
 
 void HostWindow::CreateShelfButton()

@@ -26,6 +26,9 @@ constexpr int MENU_RIGHT = 24;
 constexpr int SHORTCUT_GAP = 26;
 constexpr int MENU_MARGIN = 5;
 constexpr int MENU_BAR_ITEM_PADDING = 9;
+constexpr int TAB_HEIGHT = 22;
+constexpr int TAB_TOP = 2;
+constexpr int TAB_PADDING = 10;
 constexpr int TIP_DELAY_MS = 350;
 
 QFont ApplicationFont()
@@ -207,6 +210,56 @@ void HostStyle::DrawMenuItem(
     }
 }
 
+void HostStyle::DrawTab(const QStyleOption* option, QPainter* painter) const
+{
+    const bool selected = option->state & State_Selected;
+    const bool hovered = option->state & State_MouseOver;
+    if (!selected && !hovered)
+        return;
+    const QRect shape = option->rect.adjusted(0, TAB_TOP, 0, 0);
+    painter->save();
+    painter->setClipRect(shape);
+    FillRounded(painter, shape.adjusted(0, 0, 0, RADIUS), selected ? SHELF : DOCK_TAB);
+    painter->restore();
+    if (option->state & State_HasFocus)
+        FillRounded(painter, shape, Qt::transparent, LAKE);
+}
+
+void HostStyle::DrawToolButton(const QStyleOption* option, QPainter* painter) const
+{
+    const QStyle::State state = option->state;
+    const bool enabled = state & State_Enabled;
+    if (state & State_On)
+        FillRounded(painter, option->rect, DOCK_STRIP, BUTTON_EDGE);
+    else if (enabled && (state & State_Sunken))
+        FillRounded(painter, option->rect, BUTTON_PRESSED);
+    else if (enabled && (state & State_MouseOver))
+        FillRounded(painter, option->rect, BUTTON_HOVER);
+    if (state & State_HasFocus && state & State_KeyboardFocusChange)
+        FillRounded(painter, option->rect, Qt::transparent, LAKE);
+}
+
+void HostStyle::polish(QWidget* widget)
+{
+    QProxyStyle::polish(widget);
+    const bool isTabBar = widget->inherits("QTabBar") && !widget->inherits("host::ui::DockTabBar");
+    if (!isTabBar)
+        return;
+    QPalette palette = widget->palette();
+    palette.setColor(QPalette::Window, SHELF_TABS);
+    palette.setColor(QPalette::WindowText, TEXT);
+    widget->setPalette(palette);
+    widget->setAutoFillBackground(true);
+}
+
+QRect HostStyle::subElementRect(
+    SubElement element, const QStyleOption* option, const QWidget* widget) const
+{
+    if (element == SE_TabBarTabText)
+        return option->rect.adjusted(0, TAB_TOP, 0, 0);
+    return QProxyStyle::subElementRect(element, option, widget);
+}
+
 void HostStyle::DrawButton(const QStyleOption* option, QPainter* painter) const
 {
     QColor fill = ButtonFill(option->state);
@@ -239,6 +292,11 @@ QSize HostStyle::sizeFromContents(
 {
     if (type == CT_MenuBarItem)
         return {size.width() + 2 * MENU_BAR_ITEM_PADDING, 26};
+    if (type == CT_TabBarTab) {
+        const auto* tab = qstyleoption_cast<const QStyleOptionTab*>(option);
+        const int text = tab ? tab->fontMetrics.horizontalAdvance(tab->text) : size.width();
+        return {text + 2 * TAB_PADDING, TAB_HEIGHT};
+    }
     const auto* item = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
     if (type != CT_MenuItem || !item)
         return QProxyStyle::sizeFromContents(type, option, size, widget);
@@ -260,6 +318,10 @@ int HostStyle::pixelMetric(
     case PM_MenuBarVMargin:
     case PM_MenuBarItemSpacing: return 0;
     case PM_MenuBarHMargin: return 6;
+    case PM_TabBarTabShiftVertical:
+    case PM_TabBarTabShiftHorizontal:
+    case PM_TabBarTabOverlap:
+    case PM_TabBarBaseOverlap: return 0;
     case PM_SplitterWidth: return 4;
     default: return QProxyStyle::pixelMetric(metric, option, widget);
     }

@@ -25,12 +25,18 @@ public:
         const QWidget* widget) const override;
     int pixelMetric(
         PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override;
+    QRect subElementRect(
+        SubElement element, const QStyleOption* option, const QWidget* widget) const override;
+    void polish(QWidget* widget) override;
+    using QProxyStyle::polish;
     int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
         QStyleHintReturn* data) const override;
 
 private:
     void DrawMenuBarItem(const QStyleOption* option, QPainter* painter) const;
     void DrawMenuItem(const QStyleOption* option, QPainter* painter, const QWidget* widget) const;
+    void DrawTab(const QStyleOption* option, QPainter* painter) const;
+    void DrawToolButton(const QStyleOption* option, QPainter* painter) const;
     void DrawButton(const QStyleOption* option, QPainter* painter) const;
     void DrawField(const QStyleOption* option, QPainter* painter) const;
 };

@@ -28,6 +28,8 @@ namespace {
 
 const QString WINDOW_NAME = QStringLiteral("MayaWindow");
 const QSize FIRST_SIZE(1600, 1000);
+constexpr int MENU_BAR_HEIGHT = 26;
+constexpr int SHELF_HEIGHT = 22 + 39;
 constexpr int HELP_LINE_HEIGHT = 22;
 constexpr int SAVE_DELAY_MS = 1000;
 constexpr double REFERENCE_DPI = 96.0;
@@ -72,7 +74,9 @@ HostWindow::HostWindow(Engine& engine, InterfaceModel& model)
         static_cast<void (QTimer::*)()>(&QTimer::start));
     qApp->installEventFilter(this);
     const QRect screen = QApplication::primaryScreen()->availableGeometry();
-    resize(FIRST_SIZE.boundedTo(screen.size()));
+    // The offscreen platform's screen is smaller than any real one.
+    const bool offscreen = QGuiApplication::platformName() == QLatin1String("offscreen");
+    resize(offscreen ? FIRST_SIZE : FIRST_SIZE.boundedTo(screen.size()));
     engine.ui = this;
 }
 
@@ -87,10 +91,12 @@ HostWindow::~HostWindow()
 void HostWindow::CreateWidgets()
 {
     menuBar()->setNativeMenuBar(false);
-    m_sceneLabel = new QLabel(tr("untitled scene"));
-    m_sceneLabel->setContentsMargins(0, 0, 15, 0);
-    SetBackground(m_sceneLabel, colors::CHROME, colors::TEXT_SOFT);
-    menuBar()->setCornerWidget(m_sceneLabel);
+    auto* sceneLabel = new QLabel(tr("untitled scene"));
+    sceneLabel->setObjectName(QStringLiteral("sceneLabel"));
+    sceneLabel->setContentsMargins(0, 0, 15, 0);
+    sceneLabel->setMinimumHeight(MENU_BAR_HEIGHT);
+    SetBackground(sceneLabel, colors::CHROME, colors::TEXT_SOFT);
+    menuBar()->setCornerWidget(sceneLabel);
     auto* content = new QWidget(this);
     content->setObjectName(QStringLiteral("mainContent"));
     auto* layout = new QVBoxLayout(content);
@@ -101,6 +107,8 @@ void HostWindow::CreateWidgets()
     auto* shelfLayout = new QVBoxLayout(m_shelfArea);
     shelfLayout->setContentsMargins(0, 0, 0, 0);
     shelfLayout->setSpacing(0);
+    m_shelfArea->setFixedHeight(SHELF_HEIGHT);
+    SetBackground(m_shelfArea, colors::SHELF, colors::TEXT);
     m_workspace = new Workspace(content);
     auto* viewPanel = new WorkspacePanel(QStringLiteral("viewPanel"), m_workspace);
     m_viewport = new Viewport(viewPanel);

@@ -6,8 +6,6 @@
 #include <QMainWindow>
 #include <QTimer>
 
-class QLabel;
-
 namespace host {
 class Engine;
 }
@@ -115,7 +113,6 @@ private:
     Engine& m_engine;
     InterfaceModel& m_model;
     QWidget* m_shelfArea = nullptr;
-    QLabel* m_sceneLabel = nullptr;
     Viewport* m_viewport = nullptr;
     Workspace* m_workspace = nullptr;
     WorkspaceControls* m_controls = nullptr;
