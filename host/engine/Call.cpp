@@ -165,6 +165,7 @@ private:
 
     const Command& m_command;
     ReadCall m_read;
+    QHash<int, QString> m_spellings; ///< of objects that are no strings, by index
 };
 
 bool CallReader::Fail(const QString& text, ErrorKind kind)
@@ -360,9 +361,9 @@ void CallReader::AddObjects(const QVector<Word>& words)
         } else if (word.callable) {
             m_read.call.m_objectCallables.insert(m_read.call.m_objects.size(), word.callable);
             m_read.call.m_objects += Value();
-        } else if (!word.spelling.isEmpty() && !word.value.IsNumber()) {
-            m_read.call.m_objects += Value(word.spelling);
         } else {
+            if (!word.spelling.isEmpty())
+                m_spellings.insert(m_read.call.m_objects.size(), word.spelling);
             m_read.call.m_objects += word.value;
         }
     }
@@ -386,7 +387,7 @@ void CallReader::CheckObjects()
         return;
     }
     for (int i = 0; i < objects.size() && !wanted.types.isEmpty(); ++i) {
-        Word word{objects[i], {}, false, m_read.call.m_objectCallables.value(i)};
+        Word word{objects[i], m_spellings.value(i), false, m_read.call.m_objectCallables.value(i)};
         const ArgumentType type = wanted.types.at(qMin(i, wanted.types.size() - 1));
         if (Convert(word, type))
             objects[i] = word.value;
