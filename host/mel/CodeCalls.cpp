@@ -45,7 +45,8 @@ private:
     Value* FindReference(Frame& frame, const ArgumentCode& argument, Kind kind) const;
     Value ConvertArgument(
         Frame& frame, const ArgumentCode& argument, const Parameter& parameter) const;
-    Value TextOr(Frame& frame, const ArgumentCode& argument, Kind kind) const;
+    Value EvaluateAs(Frame& frame, const ArgumentCode& argument, Kind kind) const;
+    void KeepKinds(Frame& frame, const QVector<Value*>& references) const;
     Word MakeWord(Frame& frame, const ArgumentCode& argument) const;
     [[noreturn]] void RaiseCount(Frame& frame) const;
     const Function* FindFunction(Frame& frame) const;
@@ -107,9 +108,11 @@ Value* CallCode::FindReference(Frame& frame, const ArgumentCode& argument, Kind 
     return kind == Kind::None || variable->GetKind() == kind ? variable : nullptr;
 }
 
-Value CallCode::TextOr(Frame& frame, const ArgumentCode& argument, Kind kind) const
+/// Where a string is wanted, "on" and its like stay the words they are; numbers are numbers first.
+Value CallCode::EvaluateAs(Frame& frame, const ArgumentCode& argument, Kind kind) const
 {
-    if (kind == Kind::String && !argument.spelling.isEmpty())
+    const bool isWord = !argument.spelling.isEmpty() && argument.spelling.at(0).isLetter();
+    if (kind == Kind::String && isWord)
         return argument.spelling;
     return Convert(frame.interpreter, argument.value->Evaluate(frame), kind);
 }
@@ -137,7 +140,7 @@ Value CallCode::CallProcedure(Frame& frame, const Procedure& procedure, bool wan
                 continue;
             }
         }
-        slots[index] = TextOr(frame, argument, kind);
+        slots[index] = EvaluateAs(frame, argument, kind);
     }
     const Value result
         = frame.interpreter.CallProcedure(procedure, slots.data(), references.data());
@@ -152,7 +155,7 @@ Value CallCode::ConvertArgument(
     Frame& frame, const ArgumentCode& argument, const Parameter& parameter) const
 {
     if (parameter.conversion == Parameter::Conversion::Exact)
-        return TextOr(frame, argument, parameter.kind);
+        return EvaluateAs(frame, argument, parameter.kind);
     const Value value = argument.value->Evaluate(frame);
     if (parameter.conversion == Parameter::Conversion::Number && !value.IsInt())
         return ToFloat(frame.interpreter, value);
@@ -178,9 +181,22 @@ Value CallCode::CallFunction(Frame& frame, const Function& function) const
     }
     FunctionCall call(pointers);
     const Outcome outcome = function.run(call);
+    KeepKinds(frame, pointers);
     if (!outcome.Ok())
         frame.interpreter.Raise(outcome.GetError());
     return outcome.GetValue().Normalized();
+}
+
+/// The rest of the code relies on the kinds of variables, so a function must not change them.
+void CallCode::KeepKinds(Frame& frame, const QVector<Value*>& references) const
+{
+    for (int i = 0; i < references.size(); ++i) {
+        const ExpressionCode& argument = *m_site.arguments[static_cast<size_t>(i)].value;
+        const bool isVariable = argument.Reference(frame) == references[i];
+        if (isVariable && argument.GetKind() != Kind::None
+            && references[i]->GetKind() != argument.GetKind())
+            *references[i] = Convert(frame.interpreter, *references[i], argument.GetKind());
+    }
 }
 
 Word CallCode::MakeWord(Frame& frame, const ArgumentCode& argument) const

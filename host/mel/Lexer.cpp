@@ -287,7 +287,8 @@ Token Lexer::BarewordToken(int start) const
     }
     if (IsDigit(At(start)) || At(start) == '.') {
         const Token number = NextExpression(start);
-        if ((number.kind == TokenKind::Int || number.kind == TokenKind::Float) && number.end == end)
+        // The sign of an exponent is no character of a word, so the number may reach further.
+        if ((number.kind == TokenKind::Int || number.kind == TokenKind::Float) && number.end >= end)
             return number;
     }
     if (IsLetter(At(start)) && SkipName(start) == end) {

@@ -228,6 +228,7 @@ void MelLanguageTest::CommandsTakeWordsInEverySyntax_data()
                                      << "a";
     QTest::newRow("a negative number is no flag") << "texts(\"-5\", \"- x\")"
                                                   << "-5 - x";
+    QTest::newRow("objects keep their spelling") << "texts on 0x10 1." << "on 0x10 1.";
     QTest::newRow("backticks") << "$r = `texts -label \"-\" a`"
                                << "a";
     QTest::newRow("arrays spread") << "texts $s {\"z\"}"
