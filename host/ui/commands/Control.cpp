@@ -174,6 +174,8 @@ void Keep(Element& element, const Call& call, const Flag& flag)
     const QByteArray name = flag.longName.toLatin1();
     if (IsScript(flag))
         element.SetCallback(flag.longName, WithSourceType(call.GetScript(name), call));
+    else if (flag.arguments.isEmpty())
+        element.values.insert(flag.longName, true);
     else if (flag.arguments.size() == 1)
         element.values.insert(flag.longName, call.Argument(name));
     else

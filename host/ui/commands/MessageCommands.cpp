@@ -76,6 +76,7 @@ Outcome ProgressWindow(Call& call)
         Progress()->setAutoReset(false);
         Progress()->setMinimumDuration(0);
         Progress()->setRange(0, 100);
+        Progress()->setValue(0);
         ApplyProgress(call);
         Progress()->show();
         return true;

@@ -42,6 +42,7 @@ int Element::IndexInParent() const
 
 void Element::SetWidget(QWidget* widget, QWidget* content)
 {
+    m_body = widget;
     m_widget = widget;
     m_content = content;
     widget->setObjectName(m_name);
@@ -59,6 +60,7 @@ void Element::SetWidget(QWidget* widget, QWidget* content)
 
 void Element::SetMenu(QMenu* menu)
 {
+    m_body = menu;
     m_menu = menu;
     menu->setObjectName(m_name);
     InterfaceModel& model = InterfaceModel::Current();
@@ -71,6 +73,7 @@ void Element::SetMenu(QMenu* menu)
 
 void Element::SetAction(QAction* action)
 {
+    m_body = action;
     m_action = action;
     action->setObjectName(m_name);
     InterfaceModel& model = InterfaceModel::Current();
@@ -91,6 +94,19 @@ void Element::RunCallback(const QString& flag, const QVector<Value>& arguments) 
     // A copy, as the callback may delete this element.
     const Script script = m_callbacks.value(flag);
     script.Run(arguments);
+}
+
+/// Widgets tell of their end while pointers to them still look valid.
+void Element::Forget(const QObject* object)
+{
+    if (m_widget == object)
+        m_widget = nullptr;
+    if (m_content == object)
+        m_content = nullptr;
+    if (m_menu == object)
+        m_menu = nullptr;
+    if (m_action == object)
+        m_action = nullptr;
 }
 
 void Element::Place(Element& child)

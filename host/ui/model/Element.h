@@ -91,12 +91,15 @@ private:
 
     Element(ElementKind kind, const QString& type, const QString& name, Element* parent);
     void Place(Element& child);
+    void Forget(const QObject* object);
 
     ElementKind m_kind;
     QString m_type;
     QString m_name;
     Element* m_parent = nullptr;
     QVector<Element*> m_children;
+    /// Widget, menu or action without which there is no element. Compared only, never used.
+    const QObject* m_body = nullptr;
     QPointer<QWidget> m_widget;
     QPointer<QWidget> m_content;
     QPointer<QMenu> m_menu;

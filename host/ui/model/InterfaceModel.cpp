@@ -128,10 +128,9 @@ void InterfaceModel::OnObjectDestroyed(QObject* object)
     Element* element = m_byObject.take(object);
     if (!element)
         return;
-    // A control may lose its inner parts and live on, but not its only body.
-    const bool hasBody = element->m_widget || element->m_menu
-        || (element->m_kind == MenuItemKind && element->m_action);
-    if (!hasBody)
+    element->Forget(object);
+    // A control may lose its inner parts and live on, but not its body.
+    if (object == element->m_body)
         Remove(element);
 }
 
