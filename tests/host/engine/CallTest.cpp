@@ -72,7 +72,7 @@ private Q_SLOTS:
     void AQueryListMayStandEmpty();
     void AListRunsToTheNextFlagAndSpreadsArrays();
     void WordsForYesAndNo();
-    void ObjectsKeepTheirSpellingOnlyAsText();
+    void ObjectsWantedAsTextKeepTheirSpelling();
     void ArraysSpreadOverTheObjects();
     void ObjectCountsAreChecked_data();
     void ObjectCountsAreChecked();
@@ -187,12 +187,12 @@ void CallTest::WordsForYesAndNo()
     QVERIFY(!ReadWords(command, {}).call.Bool("on"));
 }
 
-void CallTest::ObjectsKeepTheirSpellingOnlyAsText()
+void CallTest::ObjectsWantedAsTextKeepTheirSpelling()
 {
     const Command command(ROW);
     const ReadCall read = ReadWords(command, MelWords("-label 007 on"));
     QCOMPARE(read.call.Text("label"), QString("007"));
-    QCOMPARE(read.call.ObjectText(0), QString("1"));
+    QCOMPARE(read.call.ObjectText(0), QString("on"));
 }
 
 void CallTest::ArraysSpreadOverTheObjects()
