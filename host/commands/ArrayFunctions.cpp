@@ -145,7 +145,7 @@ const FunctionRow FUNCTIONS[] = {
 const CommandRow COMMANDS[] = {
     {"sortCaseInsensitive", "string[]", "", "[String...]", "", SortCaseInsensitive},
     {"stringArrayIntersector", "string", "QE", "[String]",
-        "exists/ex - cq; intersect/i str[] cem; reset/r - e", Intersector},
+        "exists/ex - cq; intersect/i str[] ce; reset/r - e", Intersector},
 };
 
 } // namespace

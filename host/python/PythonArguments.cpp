@@ -79,11 +79,11 @@ bool RefuseObject(PyObject* object)
     return false;
 }
 
-bool ReadObjects(PyObject* object, QVector<Word>& words)
+bool ReadObjects(PyObject* object, bool scripts, QVector<Word>& words)
 {
     if (!IsList(object)) {
         Word word;
-        if (!ReadScalar(object, word) || word.callable)
+        if (!ReadScalar(object, word) || (word.callable && !scripts))
             return RefuseObject(object);
         words += word;
         return true;
@@ -92,7 +92,7 @@ bool ReadObjects(PyObject* object, QVector<Word>& words)
         return false;
     bool ok = true;
     for (Py_ssize_t i = 0; ok && i < PySequence_Fast_GET_SIZE(object); ++i)
-        ok = ReadObjects(PySequence_Fast_GET_ITEM(object, i), words);
+        ok = ReadObjects(PySequence_Fast_GET_ITEM(object, i), scripts, words);
     Py_LeaveRecursiveCall();
     return ok;
 }
@@ -212,9 +212,10 @@ private:
 
 } // namespace
 
-bool ReadPositional(PyObject* arguments, QVector<Word>& words)
+bool ReadPositional(const Command& command, PyObject* arguments, QVector<Word>& words)
 {
-    return ReadObjects(arguments, words);
+    const bool scripts = command.GetObjects().types.contains(ArgumentType::Script);
+    return ReadObjects(arguments, scripts, words);
 }
 
 bool ReadKeywordArguments(const Command& command, PyObject* keywords, QVector<Keyword>& read)

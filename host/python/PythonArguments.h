@@ -7,7 +7,8 @@ namespace host::python {
 
 /// The arguments of a command's Python function as the engine reads them. The interpreter lock is
 /// held. Both answer false, with the exception set, for what no command can take.
-bool ReadPositional(PyObject* arguments, QVector<Word>& words);
+/// A function is taken by a command whose objects are scripts.
+bool ReadPositional(const Command& command, PyObject* arguments, QVector<Word>& words);
 bool ReadKeywordArguments(const Command& command, PyObject* keywords, QVector<Keyword>& read);
 
 } // namespace host::python

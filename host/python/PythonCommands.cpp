@@ -99,7 +99,8 @@ PyObject* CallCommand(const Command& command, PyObject* arguments, PyObject* key
 {
     QVector<Word> positional;
     QVector<Keyword> flags;
-    if (!ReadPositional(arguments, positional) || !ReadKeywordArguments(command, keywords, flags))
+    if (!ReadPositional(command, arguments, positional)
+        || !ReadKeywordArguments(command, keywords, flags))
         return nullptr;
     ReadCall read = ReadKeywords(command, positional, flags);
     const bool noneForNothing = GivesNoneForNothing(read.call);
