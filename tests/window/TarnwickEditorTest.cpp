@@ -12,8 +12,10 @@
 
 #include <QFileInfo>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMainWindow>
 #include <QThread>
+#include <QVBoxLayout>
 #include <QtTest>
 
 using host::MessageType;
