@@ -54,8 +54,8 @@ public:
     Value::Kind GlobalVariableKind(const QString& name) const;
     QStringList GlobalVariableNames() const;
     Value GlobalVariable(const QString& name) const;
-    /// Makes the variable when it is missing, else converts to its kind. False, and nothing
-    /// changed, when the value cannot be converted.
+    /// Makes the variable when it is missing, else converts to its kind. When that cannot be done
+    /// the error is shown, nothing changes and the answer is false.
     bool SetGlobalVariable(const QString& name, const Value& value);
 
     /// The last error's message without its place; also of errors that were caught.
