@@ -3,8 +3,8 @@
 #include "engine/Engine.h"
 #include "ui/commands/Control.h"
 
+#include <QApplication>
 #include <QCloseEvent>
-#include <QGuiApplication>
 #include <QScreen>
 #include <QSettings>
 #include <QVBoxLayout>
@@ -29,6 +29,7 @@ ScriptWindow::ScriptWindow(Element& element, QWidget* parent)
     fill->setContentsMargins(0, 0, 0, 0);
     setCentralWidget(content);
     setWindowTitle(element.GetName());
+    connect(qApp, &QCoreApplication::aboutToQuit, this, &ScriptWindow::Remember);
 }
 
 void ScriptWindow::Present()

@@ -95,7 +95,10 @@ void HostWindow::CreateWidgets()
     sceneLabel->setObjectName(QStringLiteral("sceneLabel"));
     sceneLabel->setContentsMargins(0, 0, 15, 0);
     sceneLabel->setMinimumHeight(MENU_BAR_HEIGHT);
-    SetBackground(sceneLabel, colors::CHROME, colors::TEXT_SOFT);
+    QPalette palette = sceneLabel->palette();
+    for (const auto role : {QPalette::WindowText, QPalette::ButtonText})
+        palette.setColor(role, colors::TEXT_SOFT);
+    sceneLabel->setPalette(palette);
     menuBar()->setCornerWidget(sceneLabel);
     auto* content = new QWidget(this);
     content->setObjectName(QStringLiteral("mainContent"));
@@ -206,8 +209,8 @@ QPixmap HostWindow::Grab()
 {
     QPixmap picture = grab();
     QPainter painter(&picture);
-    for (FloatingWindow* window : findChildren<FloatingWindow*>()) {
-        if (window->isVisible())
+    for (QWidget* window : findChildren<QWidget*>()) {
+        if (window->isWindow() && window->isVisible())
             painter.drawPixmap(window->pos() - pos(), window->grab());
     }
     return picture;
