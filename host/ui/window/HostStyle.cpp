@@ -28,6 +28,7 @@ constexpr int MENU_MARGIN = 5;
 constexpr int MENU_BAR_ITEM_PADDING = 9;
 constexpr int TAB_HEIGHT = 22;
 constexpr int TAB_TOP = 2;
+constexpr int TABS_LEFT = 8;
 constexpr int TAB_PADDING = 10;
 constexpr int TIP_DELAY_MS = 350;
 
@@ -139,7 +140,9 @@ void HostStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opti
         painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
         return;
     case PE_PanelMenuBar:
-    case PE_FrameStatusBarItem: return;
+    case PE_FrameStatusBarItem:
+    case PE_FrameTabBarBase: return;
+    case PE_PanelButtonTool: DrawToolButton(option, painter); return;
     case PE_PanelButtonCommand: DrawButton(option, painter); return;
     case PE_PanelLineEdit: DrawField(option, painter); return;
     default: QProxyStyle::drawPrimitive(element, option, painter, widget);
@@ -153,6 +156,7 @@ void HostStyle::drawControl(ControlElement element, const QStyleOption* option, 
     case CE_MenuBarEmptyArea: painter->fillRect(option->rect, CHROME); return;
     case CE_MenuBarItem: DrawMenuBarItem(option, painter); return;
     case CE_MenuItem: DrawMenuItem(option, painter, widget); return;
+    case CE_TabBarTabShape: DrawTab(option, painter); return;
     default: QProxyStyle::drawControl(element, option, painter, widget);
     }
 }
@@ -216,7 +220,7 @@ void HostStyle::DrawTab(const QStyleOption* option, QPainter* painter) const
     const bool hovered = option->state & State_MouseOver;
     if (!selected && !hovered)
         return;
-    const QRect shape = option->rect.adjusted(0, TAB_TOP, 0, 0);
+    const QRect shape = option->rect.adjusted(0, TAB_TOP, -1, 0);
     painter->save();
     painter->setClipRect(shape);
     FillRounded(painter, shape.adjusted(0, 0, 0, RADIUS), selected ? SHELF : DOCK_TAB);
@@ -242,12 +246,15 @@ void HostStyle::DrawToolButton(const QStyleOption* option, QPainter* painter) co
 void HostStyle::polish(QWidget* widget)
 {
     QProxyStyle::polish(widget);
-    const bool isTabBar = widget->inherits("QTabBar") && !widget->inherits("host::ui::DockTabBar");
-    if (!isTabBar)
+    // Of tab widgets only: other tab bars paint themselves.
+    const QWidget* parent = widget->parentWidget();
+    const bool isTabWidget = widget->inherits("QTabWidget");
+    const bool isTabBar = widget->inherits("QTabBar") && parent && parent->inherits("QTabWidget");
+    const bool isPageStack = widget->objectName() == QLatin1String("qt_tabwidget_stackedwidget");
+    if (!isTabWidget && !isTabBar && !isPageStack)
         return;
     QPalette palette = widget->palette();
-    palette.setColor(QPalette::Window, SHELF_TABS);
-    palette.setColor(QPalette::WindowText, TEXT);
+    palette.setColor(QPalette::Window, isPageStack ? SHELF : SHELF_TABS);
     widget->setPalette(palette);
     widget->setAutoFillBackground(true);
 }
@@ -257,6 +264,8 @@ QRect HostStyle::subElementRect(
 {
     if (element == SE_TabBarTabText)
         return option->rect.adjusted(0, TAB_TOP, 0, 0);
+    if (element == SE_TabWidgetTabBar)
+        return QProxyStyle::subElementRect(element, option, widget).adjusted(TABS_LEFT, 0, 0, 0);
     return QProxyStyle::subElementRect(element, option, widget);
 }
 

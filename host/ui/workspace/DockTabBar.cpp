@@ -92,7 +92,7 @@ void DockTabBar::PaintTab(QPainter& painter, int index) const
         current       ? panel->TabColor()
             : hovered ? colors::SHELF
                       : colors::DOCK_TAB);
-    if (current && hasFocus()) {
+    if (current && m_keyboardFocus) {
         painter.setPen(colors::LAKE);
         painter.drawPath(shape);
     }
@@ -194,6 +194,20 @@ void DockTabBar::contextMenuEvent(QContextMenuEvent* event)
         return;
     const QPoint place = byKeys ? mapToGlobal(tabRect(index).bottomLeft()) : event->globalPos();
     Q_EMIT MenuRequested(panel, place);
+}
+
+void DockTabBar::focusInEvent(QFocusEvent* event)
+{
+    m_keyboardFocus = event->reason() == Qt::TabFocusReason
+        || event->reason() == Qt::BacktabFocusReason
+        || event->reason() == Qt::ShortcutFocusReason;
+    QTabBar::focusInEvent(event);
+}
+
+void DockTabBar::focusOutEvent(QFocusEvent* event)
+{
+    m_keyboardFocus = false;
+    QTabBar::focusOutEvent(event);
 }
 
 void DockTabBar::leaveEvent(QEvent* event)

@@ -35,6 +35,8 @@ protected:
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
     void leaveEvent(QEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
 
 private:
     QRect CloseRect(int index) const;
@@ -44,6 +46,7 @@ private:
     int m_pressedClose = -1;
     int m_hovered = -1;
     bool m_dragging = false;
+    bool m_keyboardFocus = false; ///< it came here by keys: show it
 };
 
 } // namespace host::ui
