@@ -124,7 +124,7 @@ Outcome CurrentDirectory(FunctionCall&)
 
 Outcome ChangeDirectory(FunctionCall& call)
 {
-    // 0 for success, as the language's own reference has it.
+    // 0 for success, as in the system's own call of that name.
     return QDir::setCurrent(call.Text(0)) ? 0 : 1;
 }
 

@@ -166,16 +166,16 @@ void PluginsTest::UnloadsOnlyWhatLetsGo()
 void PluginsTest::ScriptsAreFoundUserFirst()
 {
     qputenv("MAYA_LOCATION", At("host").toUtf8());
-    qputenv("MAYA_SCRIPT_PATH", At("shared").toUtf8());
+    qputenv("MAYA_SCRIPT_PATH", At("studio").toUtf8());
     Touch(At("host/scripts/others/tool.mel"));
     Touch(At("host/scripts/deep.mel"));
     const Paths paths(At("app"));
     QCOMPARE(paths.FindScript("tool"), At("host/scripts/others/tool.mel"));
     QCOMPARE(paths.FindScript("deep.mel"), At("host/scripts/deep.mel"));
-    Touch(At("shared/tool"));
-    QCOMPARE(paths.FindScript("tool"), At("shared/tool"));
-    Touch(At("shared/tool.mel"));
-    QCOMPARE(paths.FindScript("tool"), At("shared/tool.mel"));
+    Touch(At("studio/tool"));
+    QCOMPARE(paths.FindScript("tool"), At("studio/tool"));
+    Touch(At("studio/tool.mel"));
+    QCOMPARE(paths.FindScript("tool"), At("studio/tool.mel"));
     Touch(At("app/2024/scripts/tool.mel"));
     QCOMPARE(paths.FindScript("tool"), At("app/2024/scripts/tool.mel"));
     QCOMPARE(paths.FindScript(At("host/scripts/deep")), At("host/scripts/deep.mel"));
