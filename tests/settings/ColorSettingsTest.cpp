@@ -1,0 +1,122 @@
+#include "settings/ColorSettings.h"
+
+#include "settings/SettingsFixture.h"
+#include "support/TestMain.h"
+
+#include <QSettings>
+#include <QtTest>
+
+#include <memory>
+
+/// The strings of the colours file and what reading them changes.
+class ColorSettingsTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void FormatStringIsAllOrNothing_data();
+    void FormatStringIsAllOrNothing();
+    void ChangedRoleIsReadBackAndHasItsDefault();
+    void RulesComeInTheOrderOfTheirKeys();
+    void WithoutRulesTheBuiltInOnesAreThere();
+    void UnknownRolesAreHarmless();
+
+private:
+    std::unique_ptr<SettingsFixture> m_files;
+};
+
+void ColorSettingsTest::init()
+{
+    m_files = std::make_unique<SettingsFixture>();
+    ColorSettings::ReadUserConfig();
+}
+
+void ColorSettingsTest::FormatStringIsAllOrNothing_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("then");
+    const QString before = "4278190335,0,50,0,0"; // opaque blue
+    QTest::newRow("all fields") << "4294901760,4278255360,75,1,1"
+                                << "4294901760,4278255360,75,1,1";
+    QTest::newRow("zero keeps the colour") << "0,0,50,0,0" << before;
+    QTest::newRow("four fields") << "4294901760,0,75,1" << before;
+    QTest::newRow("empty field") << "4294901760,,75,1,1" << before;
+    QTest::newRow("colour that is none") << "red,0,75,0,0"
+                                         << "4278190335,0,75,0,0";
+    QTest::newRow("nothing") << "" << before;
+}
+
+void ColorSettingsTest::FormatStringIsAllOrNothing()
+{
+    QFETCH(QString, text);
+    QTextCharFormat format;
+    format.setForeground(Qt::blue);
+    ColorSettings::LoadFormatString(format, text);
+    QTEST(ColorSettings::GetFormatString(format), "then");
+}
+
+void ColorSettingsTest::ChangedRoleIsReadBackAndHasItsDefault()
+{
+    QTextCharFormat format = ColorSettings::GetOutputFormat(ColorSettings::PLAIN_TEXT, false);
+    format.setForeground(Qt::red);
+    ColorSettings::SetOutputFormat(ColorSettings::PLAIN_TEXT, format);
+    ColorSettings::WriteUserConfig();
+    ColorSettings::Initialize();
+    ColorSettings::ReadUserConfig();
+    const auto color = [](bool isDefault) {
+        return ColorSettings::GetOutputFormat(ColorSettings::PLAIN_TEXT, isDefault)
+            .foreground()
+            .color();
+    };
+    QCOMPARE(color(false), QColor(Qt::red));
+    QCOMPARE(color(true), QColor("#d4d4d4"));
+    QCOMPARE(
+        ColorSettings::GetCodeEditorFormat(ColorSettings::PLAIN_TEXT, false).foreground().color(),
+        QColor("#d4d4d4"));
+}
+
+void ColorSettingsTest::RulesComeInTheOrderOfTheirKeys()
+{
+    ColorSettings::outputUserDefinedSelections.clear();
+    for (int i = 0; i < 12; ++i) {
+        ColorSettings::outputUserDefinedSelections += ExtraSelectionProperties(
+            QString::number(i), Qt::red, QColor(), "a;b,c", false, true, i % 2 == 0);
+    }
+    ColorSettings::WriteUserConfig();
+    ColorSettings::ReadUserConfig();
+    QStringList names;
+    for (const ExtraSelectionProperties& rule : ColorSettings::outputUserDefinedSelections) {
+        names += rule.name;
+        QCOMPARE(rule.pattern, QString("a;b,c"));
+        QCOMPARE(rule.enabled, rule.name.toInt() % 2 == 0);
+        QVERIFY(rule.hasForeground && !rule.hasBackground && rule.wholeLine);
+    }
+    QCOMPARE(names, QStringList({"0", "1", "10", "11", "2", "3", "4", "5", "6", "7", "8", "9"}));
+    // A shorter list leaves nothing behind.
+    ColorSettings::outputUserDefinedSelections
+        = ColorSettings::outputUserDefinedSelections.mid(0, 1);
+    ColorSettings::WriteUserConfig();
+    ColorSettings::ReadUserConfig();
+    QCOMPARE(ColorSettings::outputUserDefinedSelections.size(), 1);
+}
+
+void ColorSettingsTest::WithoutRulesTheBuiltInOnesAreThere()
+{
+    ColorSettings::outputUserDefinedSelections.clear();
+    ColorSettings::WriteUserConfig();
+    ColorSettings::ReadUserConfig();
+    QCOMPARE(ColorSettings::outputUserDefinedSelections.size(), 6);
+    QCOMPARE(ColorSettings::outputUserDefinedSelections.first().pattern, QString("^(\\# Error:)"));
+}
+
+void ColorSettingsTest::UnknownRolesAreHarmless()
+{
+    ColorSettings::SetOutputFormat("nobody", QTextCharFormat());
+    QVERIFY(!ColorSettings::GetCodeEditorFormatPtr("nobody", false));
+    QVERIFY(!ColorSettings::GetOutputFormat("nobody", false).hasProperty(QTextFormat::FontWeight));
+    QCOMPARE(ColorSettings::GetOutputHighlightProperties("nobody").label, QString("Not Set"));
+}
+
+TE2_TEST(ColorSettingsTest)
+#include "ColorSettingsTest.moc"

@@ -1,0 +1,30 @@
+#include "settings/FakeHost.h"
+
+#include "plugin/Logger.h"
+#include "plugin/MayaUtil.h"
+
+QString FakeHost::prefsDirectory;
+QString FakeHost::version;
+QStringList FakeHost::errors;
+
+QString MayaUtil::GetMayaPrefsDirectory()
+{
+    return FakeHost::prefsDirectory;
+}
+
+QString MayaUtil::GetMayaVersionString()
+{
+    return FakeHost::version;
+}
+
+void Logger::Error(const QString& text)
+{
+    FakeHost::errors += text;
+}
+
+void Logger::Error(const char* text)
+{
+    Error(QString::fromUtf8(text));
+}
+
+void Logger::Warning(const QString& /*text*/) { }

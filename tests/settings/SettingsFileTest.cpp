@@ -1,0 +1,263 @@
+#include "settings/FakeHost.h"
+#include "settings/Settings.h"
+#include "settings/SettingsFixture.h"
+#include "support/TestMain.h"
+
+#include <QFile>
+#include <QtTest>
+
+#include <memory>
+
+/// What the user's configuration file holds and what reading it makes of the options.
+class SettingsFileTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() { m_files = std::make_unique<SettingsFixture>(); }
+    void FirstStartKeepsTheDefaultsAndMakesTheFolder();
+    void FileIsWrittenAsItAlwaysWas();
+    void WhatWasWrittenIsReadBack();
+    void BrokenValuesAreIgnoredOneByOne_data();
+    void BrokenValuesAreIgnoredOneByOne();
+    void TextsMayHoldCommas();
+    void StoredEmptyListEmptiesTheList();
+    void BrokenFileGivesWhatCanBeRead();
+    void HiddenPanels_data();
+    void HiddenPanels();
+    void RevertingStartsOff_data();
+    void RevertingStartsOff();
+    void IdleExecution_data();
+    void IdleExecution();
+    void WithoutPreferencesNothingIsWritten();
+    void UnwritableFileIsTold();
+
+private:
+    std::unique_ptr<SettingsFixture> m_files;
+};
+
+void SettingsFileTest::FirstStartKeepsTheDefaultsAndMakesTheFolder()
+{
+    Settings::ReadUserConfig();
+    QVERIFY(QDir(m_files->ConfigDirectory()).exists());
+    QVERIFY(!QFile::exists(m_files->IniPath()));
+    QVERIFY(FakeHost::errors.isEmpty());
+    QCOMPARE(Settings::codeEditorFont.family(), QString("Liberation Mono"));
+    QCOMPARE(Settings::codeEditorFont.pointSize(), 9);
+    QCOMPARE(Settings::windowGeometry, QRect(0, 0, 0, 0));
+    QCOMPARE(Settings::numRecentFiles, 8);
+    QCOMPARE(Settings::outputBufferSize, 3000);
+    QCOMPARE(Settings::pythonRevertModuleStateOnExecute, false);
+    QCOMPARE(Settings::alwaysShowEditorAndOutputOnStartup, true);
+}
+
+void SettingsFileTest::FileIsWrittenAsItAlwaysWas()
+{
+    Settings::windowGeometry = QRect(QPoint(10, 20), QPoint(109, 219));
+    Settings::recentFiles = QStringList{"/a b/one.mel", "/two;three.py"};
+    Settings::tabDetails = QStringList{"0;1;/a.mel;1;5;0"};
+    Settings::workspaceExpandedFolderHashes = QList<QByteArray>{QByteArray(16, 'h')};
+    Settings::codeEditorFont.setPointSize(12);
+    Settings::pylintAdditionalPythonPaths = "/x:/y";
+    Settings::WriteUserConfig();
+    QFile expected(QStringLiteral(TEST_DATA_DIR "/defaults.ini"));
+    QVERIFY(expected.open(QIODevice::ReadOnly));
+    QCOMPARE(m_files->ReadIni(), QString::fromUtf8(expected.readAll()));
+}
+
+void SettingsFileTest::WhatWasWrittenIsReadBack()
+{
+    Settings::windowGeometry = QRect(1, 2, 300, 400);
+    Settings::recentFiles = QStringList{QString::fromUtf8("/\xc3\xbc/one.mel")};
+    Settings::sideBarState = QByteArray("\0\xff=;\"", 5);
+    Settings::outputFont.setFamily("Some Font");
+    Settings::tabsSizeMel = 7;
+    Settings::outlineExpandedHash.insert("/a.py", "ClassMethod");
+    Settings::outlineExpandedHash.insert("/a.py", "Other");
+    Settings::WriteUserConfig();
+    // Copied, as the toolkit remembers the values of a file that it wrote itself.
+    const QByteArray text = m_files->ReadIni().toUtf8();
+    SettingsFixture other;
+    other.WriteIni(text);
+    Settings::ReadUserConfig();
+    QCOMPARE(Settings::windowGeometry, QRect(1, 2, 300, 400));
+    QCOMPARE(Settings::recentFiles, QStringList(QString::fromUtf8("/\xc3\xbc/one.mel")));
+    QCOMPARE(Settings::sideBarState, QByteArray("\0\xff=;\"", 5));
+    QCOMPARE(Settings::outputFont.family(), QString("Some Font"));
+    QCOMPARE(Settings::tabsSizeMel, 7);
+    QCOMPARE(Settings::outlineExpandedHash.values("/a.py").size(), 2);
+}
+
+void SettingsFileTest::BrokenValuesAreIgnoredOneByOne_data()
+{
+    QTest::addColumn<QByteArray>("line");
+    QTest::newRow("word for a bool") << QByteArray("[main]\noutputTopLeft=maybe");
+    QTest::newRow("empty bool") << QByteArray("[main]\noutputTopLeft=");
+    QTest::newRow("list for a bool") << QByteArray("[main]\noutputTopLeft=true, false");
+    QTest::newRow("word for a number") << QByteArray("[preferences]\ntabsSizeMel=four");
+    QTest::newRow("fraction") << QByteArray("[preferences]\ntabsSizeMel=4.5");
+    QTest::newRow("number too large") << QByteArray("[preferences]\ntabsSizeMel=99999999999");
+    QTest::newRow("text for a rectangle") << QByteArray("[main]\nwindowGeometry=1 2 3 4");
+    QTest::newRow("half a rectangle") << QByteArray("[main]\nwindowGeometry=@Rect(1 2)");
+    QTest::newRow("point for a rectangle") << QByteArray("[main]\nwindowGeometry=@Point(1 2)");
+    QTest::newRow("text for bytes") << QByteArray("[main]\nsideBarState=abc");
+    QTest::newRow("size of a font") << QByteArray("[preferences]\ncodeEditorFontSize=0");
+    QTest::newRow("empty font") << QByteArray("[preferences]\ncodeEditorFontFamily=");
+    QTest::newRow("bytes for a text") << QByteArray("[preferences]\npylintPath=@ByteArray(x)");
+    QTest::newRow("rectangle for a list") << QByteArray("[main]\nrecentFiles=@Rect(1 2 3 4)");
+    QTest::newRow("broken variant") << QByteArray("[main]\nsideBarState=@Variant(\\0\\0\\0\\x7f)");
+    QTest::newRow("short outline") << QByteArray("[outline]\noutlineState=@ByteArray(\\0\\0)");
+    QTest::newRow("outline that lies about its size")
+        << QByteArray("[outline]\noutlineState=@ByteArray(\\xff\\xff\\xff\\xf0\\0\\0)");
+    QTest::newRow("outline cut off") << QByteArray(
+        "[outline]\noutlineState=@ByteArray(\\0\\0\\0\\x1\\0\\0\\0\\x4\\0\\x61\\0\\x62)");
+    QTest::newRow("unknown key") << QByteArray("[main]\nnobody=1");
+}
+
+void SettingsFileTest::BrokenValuesAreIgnoredOneByOne()
+{
+    QFETCH(QByteArray, line);
+    m_files->WriteIni(line + "\n[workspace]\nworkspacePath=/kept\n");
+    Settings::sideBarState = "state";
+    Settings::recentFiles = QStringList{"/kept.mel"};
+    Settings::pylintPath = "/kept";
+    Settings::outlineExpandedHash.insert("/kept.py", "Class");
+    Settings::ReadUserConfig();
+    QCOMPARE(Settings::outputTopLeft, true);
+    QCOMPARE(Settings::tabsSizeMel, 4);
+    QVERIFY(!Settings::windowGeometry.isValid());
+    QCOMPARE(Settings::sideBarState, QByteArray("state"));
+    QCOMPARE(Settings::codeEditorFont, Settings::GetDefaultFont());
+    QCOMPARE(Settings::recentFiles, QStringList{"/kept.mel"});
+    QCOMPARE(Settings::pylintPath, QString("/kept"));
+    QCOMPARE(Settings::outlineExpandedHash.value("/kept.py"), QString("Class"));
+    // What stands behind the broken line is read all the same.
+    QCOMPARE(Settings::workspacePath, QString("/kept"));
+}
+
+void SettingsFileTest::TextsMayHoldCommas()
+{
+    m_files->WriteIni("[preferences]\npythonForcedImports=os,sys\npylintPath=\"/a,b/pylint\"\n");
+    Settings::ReadUserConfig();
+    QCOMPARE(Settings::pythonForcedImports, QString("os,sys"));
+    QCOMPARE(Settings::pylintPath, QString("/a,b/pylint"));
+}
+
+void SettingsFileTest::StoredEmptyListEmptiesTheList()
+{
+    m_files->WriteIni("[main]\nrecentFiles=@Invalid()\n[tabs]\ntabDetails=only one\n");
+    Settings::recentFiles = QStringList{"/old.mel"};
+    Settings::ReadUserConfig();
+    QVERIFY(Settings::recentFiles.isEmpty());
+    QCOMPARE(Settings::tabDetails, QStringList{"only one"});
+}
+
+void SettingsFileTest::BrokenFileGivesWhatCanBeRead()
+{
+    m_files->WriteIni("\xff\xfe garbage [[[\n=\n[main]\nno equals sign\n[]\n[preferences]\n"
+                      "tabsSizeMel=2\n[unclosed\nsideBarState=@ByteArray(\n");
+    Settings::ReadUserConfig();
+    QCOMPARE(Settings::tabsSizeMel, 2);
+    QVERIFY(FakeHost::errors.isEmpty());
+}
+
+void SettingsFileTest::HiddenPanels_data()
+{
+    QTest::addColumn<bool>("always");
+    QTest::addColumn<bool>("editor");
+    QTest::addColumn<bool>("output");
+    QTest::addColumn<bool>("editorThen");
+    QTest::addColumn<bool>("outputThen");
+    QTest::addColumn<bool>("stateKept");
+    QTest::newRow("both hidden: the editor comes back")
+        << false << false << false << true << false << true;
+    QTest::newRow("one hidden stays hidden") << false << true << false << true << false << true;
+    QTest::newRow("always both, one hidden") << true << true << false << true << true << false;
+    QTest::newRow("always both, nothing hidden") << true << true << true << true << true << true;
+}
+
+void SettingsFileTest::HiddenPanels()
+{
+    QFETCH(bool, always);
+    QFETCH(bool, editor);
+    QFETCH(bool, output);
+    const auto word = [](bool value) { return value ? QByteArray("true") : QByteArray("false"); };
+    m_files->WriteIni("[main]\ncodeEditorVisible=" + word(editor)
+        + "\noutputVisible=" + word(output) + "\noutputState=@ByteArray(abc)\n[preferences]\n"
+        + "alwaysShowEditorAndOutputOnStartUp=" + word(always) + "\n");
+    Settings::ReadUserConfig();
+    QTEST(Settings::codeEditorVisible, "editorThen");
+    QTEST(Settings::outputVisible, "outputThen");
+    QTEST(!Settings::outputState.isEmpty(), "stateKept");
+}
+
+void SettingsFileTest::RevertingStartsOff_data()
+{
+    QTest::addColumn<QByteArray>("ini");
+    QTest::addColumn<bool>("reverts");
+    QTest::newRow("stored on, default rule")
+        << QByteArray("pythonRevertModuleStateOnExecute=true") << false;
+    QTest::newRow("stored on, rule off")
+        << QByteArray("pythonRevertModuleStateOnExecute=true\n"
+                      "pythonDisableRevertModuleStateOnExecuteOnStartup=false")
+        << true;
+    QTest::newRow("rule off, nothing stored")
+        << QByteArray("pythonDisableRevertModuleStateOnExecuteOnStartup=false") << false;
+}
+
+void SettingsFileTest::RevertingStartsOff()
+{
+    QFETCH(QByteArray, ini);
+    m_files->WriteIni("[preferences]\n" + ini + "\n");
+    Settings::ReadUserConfig();
+    QTEST(Settings::pythonRevertModuleStateOnExecute, "reverts");
+}
+
+void SettingsFileTest::IdleExecution_data()
+{
+    QTest::addColumn<QString>("version");
+    QTest::addColumn<QByteArray>("ini");
+    QTest::addColumn<bool>("onIdle");
+    QTest::addColumn<QString>("written");
+    QTest::newRow("2018 without a file") << "2018 Update 6" << QByteArray() << true << "true";
+    QTest::newRow("2019, switched off")
+        << "2019" << QByteArray("[preferences]\nexecuteScriptOnIdle=false\n") << false << "false";
+    QTest::newRow("2024 never writes it") << "2024" << QByteArray() << false << QString();
+}
+
+void SettingsFileTest::IdleExecution()
+{
+    QFETCH(QByteArray, ini);
+    QFETCH(QString, written);
+    QFETCH(QString, version);
+    FakeHost::version = version;
+    m_files->WriteIni(ini);
+    Settings::ReadUserConfig();
+    QTEST(Settings::executeScriptOnIdle, "onIdle");
+    Settings::WriteUserConfig();
+    QCOMPARE(m_files->WrittenValue("executeScriptOnIdle"), written);
+}
+
+void SettingsFileTest::WithoutPreferencesNothingIsWritten()
+{
+    FakeHost::prefsDirectory.clear();
+    Settings::ReadUserConfig();
+    Settings::WriteUserConfig();
+    QCOMPARE(FakeHost::errors.value(0), QString("Failed to retrieve Maya prefs directory"));
+    QVERIFY(Settings::GetUserConfigPath().isEmpty());
+    QVERIFY(Settings::GetTempDirectoryPath().isEmpty());
+    QVERIFY(Settings::GetWorkspacePath().isEmpty());
+    QVERIFY(!QDir("/temp").exists() && !QDir("/workspaces").exists());
+}
+
+void SettingsFileTest::UnwritableFileIsTold()
+{
+    // A directory in the file's place cannot be written by anybody, the superuser included.
+    QVERIFY(QDir().mkpath(m_files->IniPath()));
+    Settings::WriteUserConfig();
+    QCOMPARE(FakeHost::errors,
+        QStringList{QString("Failed to write user config: %1").arg(m_files->IniPath())});
+}
+
+TE2_TEST(SettingsFileTest)
+#include "SettingsFileTest.moc"
