@@ -8,9 +8,12 @@
 
 #include <maya/MArgDatabase.h>
 
+#include <QCoreApplication>
 #include <QFileInfo>
+#include <QThread>
 
 #include <atomic>
+#include <memory>
 
 namespace {
 
@@ -25,6 +28,11 @@ std::atomic<TarnwickEditor*> editor{nullptr};
 /// A host that restores its layout runs the command for a collapsed control too, and then the
 /// control stays as it is.
 bool isFirstInvocation = true;
+
+/// Lives on the interface thread from loading to unloading. What other threads print waits in its
+/// event queue, so that none of them touches a window that is being deleted; unloading drops it
+/// together with what still waits.
+std::unique_ptr<QObject> threadOutput;
 
 } // namespace
 
@@ -69,6 +77,7 @@ void TarnwickEditorCommand::Initialize()
     isFirstInvocation = true;
     Settings::ResetToDefaults();
 
+    threadOutput = std::make_unique<QObject>();
     Settings::ReadUserConfig();
     ColorSettings::ReadUserConfig();
     if (Settings::outputDisableEchoAllOnStartup)
@@ -103,6 +112,7 @@ void TarnwickEditorCommand::Shutdown()
 void TarnwickEditorCommand::Cleanup()
 {
     Shutdown();
+    threadOutput.reset();
 }
 
 MString TarnwickEditorCommand::GetCommandName()
@@ -117,8 +127,14 @@ bool TarnwickEditorCommand::GuiAvailable()
 
 void TarnwickEditorCommand::AppendToOutput(const QString& text)
 {
-    if (TarnwickEditor* const window = editor)
-        window->AppendToOutputThreadSafe(text);
+    const auto append = [text] {
+        if (TarnwickEditor* const window = editor)
+            window->AppendToOutputThreadSafe(text);
+    };
+    if (QThread::currentThread() == QCoreApplication::instance()->thread())
+        append();
+    else if (threadOutput)
+        QMetaObject::invokeMethod(threadOutput.get(), append, Qt::QueuedConnection);
 }
 
 MStatus TarnwickEditorCommand::GetVersion()
