@@ -25,6 +25,8 @@ public:
     QString ConsoleText() const;
     /// The editor whose tab is labelled so becomes current and takes the keyboard.
     QPlainTextEdit* Focus(const QString& label);
+    /// As typing does: the editor is modified afterwards.
+    static void Replace(QPlainTextEdit* editor, const QString& text);
     /// Replaces the focused editor's text and presses the execute key.
     void Execute(QPlainTextEdit* editor, const QString& script);
 

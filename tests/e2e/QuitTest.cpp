@@ -35,7 +35,7 @@ void QuitTest::QuittingTakesTheWindowAway()
 {
     QPlainTextEdit* editor = m_session->Focus("Python");
     QVERIFY(editor);
-    editor->setPlainText("kept = 'yes'");
+    EditorSession::Replace(editor, "kept = 'yes'");
     m_session->GetHost().Shutdown();
     QVERIFY(!m_session->Console());
     QVERIFY(m_session->Editors().isEmpty());

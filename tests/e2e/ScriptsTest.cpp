@@ -41,13 +41,13 @@ void ScriptsTest::RunsAndShows_data()
 
     QTest::newRow("MEL of 300 lines")
         << "MEL" << Script("shot_report.mel")
-        << QStringList{"// Warning: Skipped: broken line without commas //", "SHOT REPORT", "attic",
+        << QStringList{"# Warning: Skipped: broken line without commas #", "SHOT REPORT", "attic",
                "  shots 9, frames 669, least 34, most 118, mean 74.33333333",
-               "  sh0080   118  Ana   layout    |#########.|", "  animation   12",
+               "  sh0080   118  Ana   layout    |#########.|", "  animation  12",
                "cross -3 0 1, dot 2", "growth 5.0625", "grid 30 6",
                "version 012, next char_hero_v013", "upper Hero, camel Left Upper Arm",
                "a missing file is an error, and the report goes on",
-               "written 27, warnings 1, file left 0", "// Result: 2044 //"};
+               "written 27, warnings 1, file left 0", "# Result: 2044 #"};
     QTest::newRow("Python with threads, json and a child process")
         << "Python" << Script("publish_check.py")
         << QStringList{"checked crate", "checked lamp", "checked rope",
@@ -60,7 +60,7 @@ void ScriptsTest::RunsAndShows_data()
     QTest::newRow("MEL that raises")
         << "MEL"
         << "print \"first\\n\";\nfred 1;\nprint \"never\\n\";"
-        << QStringList{"first", "// Error: line 2: Cannot find procedure \"fred\". //"};
+        << QStringList{"first", "# Error: line 2: Cannot find procedure \"fred\". #"};
     QTest::newRow("a result of each language")
         << "Python"
         << "2 ** 10" << QStringList{"2 ** 10", "# Result: 1024 #"};
