@@ -104,7 +104,11 @@ void CommandLine::CreateFields()
     m_languageButton = new QPushButton(this);
     m_languageButton->setObjectName(QStringLiteral("commandLineLanguage"));
     m_languageButton->setFixedSize(BUTTON_WIDTH, FIELD_HEIGHT);
-    m_languageButton->setFlat(false);
+    m_languageButton->setProperty("borderless", true);
+    QFont buttonFont = m_languageButton->font();
+    buttonFont.setPixelSize(11);
+    buttonFont.setWeight(QFont::DemiBold);
+    m_languageButton->setFont(buttonFont);
     m_languageButton->setToolTip(tr("Switch between MEL and Python"));
     m_languageButton->setStatusTip(m_languageButton->toolTip());
     m_input = new HistoryLineEdit(this);

@@ -26,6 +26,7 @@ constexpr int MENU_RIGHT = 24;
 constexpr int SHORTCUT_GAP = 26;
 constexpr int MENU_MARGIN = 5;
 constexpr int MENU_BAR_ITEM_PADDING = 9;
+constexpr int TAB_FONT_SIZE = 11;
 constexpr int TAB_HEIGHT = 22;
 constexpr int TAB_TOP = 2;
 constexpr int TABS_LEFT = 8;
@@ -157,6 +158,7 @@ void HostStyle::drawControl(ControlElement element, const QStyleOption* option, 
     case CE_MenuBarItem: DrawMenuBarItem(option, painter); return;
     case CE_MenuItem: DrawMenuItem(option, painter, widget); return;
     case CE_TabBarTabShape: DrawTab(option, painter); return;
+    case CE_TabBarTabLabel: DrawTabLabel(option, painter); return;
     default: QProxyStyle::drawControl(element, option, painter, widget);
     }
 }
@@ -229,6 +231,18 @@ void HostStyle::DrawTab(const QStyleOption* option, QPainter* painter) const
         FillRounded(painter, shape, Qt::transparent, LAKE);
 }
 
+void HostStyle::DrawTabLabel(const QStyleOption* option, QPainter* painter) const
+{
+    const auto* tab = qstyleoption_cast<const QStyleOptionTab*>(option);
+    if (!tab)
+        return;
+    const bool selected = tab->state & State_Selected;
+    const bool enabled = tab->state & State_Enabled;
+    painter->setPen(!enabled ? TEXT_DISABLED : selected ? TEXT_STRONG : TEXT_SOFT);
+    painter->drawText(tab->rect.adjusted(0, TAB_TOP, -1, 0),
+        Qt::AlignCenter | Qt::TextShowMnemonic | Qt::TextSingleLine, tab->text);
+}
+
 void HostStyle::DrawToolButton(const QStyleOption* option, QPainter* painter) const
 {
     const QStyle::State state = option->state;
@@ -256,14 +270,17 @@ void HostStyle::polish(QWidget* widget)
     QPalette palette = widget->palette();
     palette.setColor(QPalette::Window, isPageStack ? SHELF : SHELF_TABS);
     widget->setPalette(palette);
+    if (isTabBar) {
+        QFont font = widget->font();
+        font.setPixelSize(TAB_FONT_SIZE);
+        widget->setFont(font);
+    }
     widget->setAutoFillBackground(true);
 }
 
 QRect HostStyle::subElementRect(
     SubElement element, const QStyleOption* option, const QWidget* widget) const
 {
-    if (element == SE_TabBarTabText)
-        return option->rect.adjusted(0, TAB_TOP, 0, 0);
     if (element == SE_TabWidgetTabBar)
         return QProxyStyle::subElementRect(element, option, widget).adjusted(TABS_LEFT, 0, 0, 0);
     return QProxyStyle::subElementRect(element, option, widget);
@@ -280,6 +297,10 @@ void HostStyle::DrawButton(const QStyleOption* option, QPainter* painter) const
     QColor edge = isDefault ? DEFAULT_BUTTON.lighter(120) : BUTTON_EDGE;
     if (option->state & State_HasFocus)
         edge = LAKE;
+    const QObject* widget = option->styleObject;
+    const bool borderless = widget && widget->property("borderless").toBool();
+    if (borderless && !(option->state & State_HasFocus))
+        edge = QColor();
     FillRounded(painter, option->rect, fill, edge);
 }
 

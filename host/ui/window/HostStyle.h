@@ -36,6 +36,7 @@ private:
     void DrawMenuBarItem(const QStyleOption* option, QPainter* painter) const;
     void DrawMenuItem(const QStyleOption* option, QPainter* painter, const QWidget* widget) const;
     void DrawTab(const QStyleOption* option, QPainter* painter) const;
+    void DrawTabLabel(const QStyleOption* option, QPainter* painter) const;
     void DrawToolButton(const QStyleOption* option, QPainter* painter) const;
     void DrawButton(const QStyleOption* option, QPainter* painter) const;
     void DrawField(const QStyleOption* option, QPainter* painter) const;

@@ -199,8 +199,7 @@ void DockTabBar::contextMenuEvent(QContextMenuEvent* event)
 void DockTabBar::focusInEvent(QFocusEvent* event)
 {
     m_keyboardFocus = event->reason() == Qt::TabFocusReason
-        || event->reason() == Qt::BacktabFocusReason
-        || event->reason() == Qt::ShortcutFocusReason;
+        || event->reason() == Qt::BacktabFocusReason || event->reason() == Qt::ShortcutFocusReason;
     QTabBar::focusInEvent(event);
 }
 

@@ -93,7 +93,7 @@ void Workspace::ConnectArea(DockArea* area)
     connect(area, &DockArea::CloseRequested, this, &Workspace::CloseRequested);
     connect(area, &DockArea::DoubleClicked, this, &Workspace::ToggleRequested);
     connect(area, &DockArea::MenuRequested, this, &Workspace::MenuRequested);
-    connect(area, &DockArea::DraggedOut, this, &Workspace::OnDraggedOut);
+    connect(area, &DockArea::DraggedOut, this, &Workspace::DraggedOut);
     connect(area, &DockArea::Changed, this, &Workspace::LayoutChanged);
 }
 
@@ -156,6 +156,12 @@ void Workspace::Float(WorkspacePanel* panel, const QRect& geometry)
     window->show();
     window->activateWindow();
     Q_EMIT LayoutChanged();
+}
+
+void Workspace::FloatUnderPointer(WorkspacePanel* panel, const QSize& size, const QPoint& pointer)
+{
+    Float(panel, QRect(pointer, size));
+    WindowOf(panel)->StartMove(pointer);
 }
 
 bool Workspace::TabTo(WorkspacePanel* panel, WorkspacePanel* other, int index)
@@ -304,16 +310,6 @@ void Workspace::CloseAll(FloatingWindow* window)
 {
     for (WorkspacePanel* panel : window->GetArea()->Panels())
         Q_EMIT CloseRequested(panel);
-}
-
-void Workspace::OnDraggedOut(WorkspacePanel* panel, const QPoint& pointer)
-{
-    const FloatingWindow* window = WindowOf(panel);
-    if (window && window->GetArea()->Count() == 1)
-        return;
-    const QSize size = panel->size().boundedTo(this->window()->size() * 3 / 4);
-    Float(panel, QRect(pointer, size.expandedTo({240, 160})));
-    WindowOf(panel)->StartMove(pointer);
 }
 
 QRect Workspace::DropRect(DockSide side) const

@@ -30,6 +30,8 @@ public:
     // Placing; a panel that is somewhere else is taken from there.
     void Dock(WorkspacePanel* panel, DockSide side, int index = -1);
     void Float(WorkspacePanel* panel, const QRect& geometry);
+    /// Floats it under the pointer, which goes on moving it: the mouse button is down already.
+    void FloatUnderPointer(WorkspacePanel* panel, const QSize& size, const QPoint& pointer);
     /// As another tab beside `other`, wherever that is. False when `other` is hidden.
     bool TabTo(WorkspacePanel* panel, WorkspacePanel* other, int index);
     void Hide(WorkspacePanel* panel);
@@ -59,6 +61,8 @@ Q_SIGNALS:
     /// Between floating and docked.
     void ToggleRequested(WorkspacePanel* panel);
     void MenuRequested(WorkspacePanel* panel, const QPoint& place);
+    /// Its tab was dragged out; the mouse button is still down.
+    void DraggedOut(WorkspacePanel* panel, const QPoint& pointer);
     /// A panel was dragged to another place by hand, or tabs were sorted.
     void LayoutChanged();
     void FrameChanged(WorkspacePanel* panel);
@@ -69,7 +73,6 @@ private:
     FloatingWindow* AddFloatingWindow();
     void TakeOut(WorkspacePanel* panel);
     void UpdateSides();
-    void OnDraggedOut(WorkspacePanel* panel, const QPoint& pointer);
     void OnWindowDragged(FloatingWindow* window, const QPoint& pointer, bool dropped);
     void CloseAll(FloatingWindow* window);
     /// The side onto which a window dropped there is docked.

@@ -137,7 +137,7 @@ const ControlFlag FLAGS[] = {
     {"label",            APPLY(all.SetLabel(control, call.Text("label"))),      QUERY(control.record.label)},
     {"annotation",       APPLY(control.panel->setStatusTip(call.Text("annotation"))), QUERY(control.panel->statusTip())},
     {"enable",           APPLY(control.panel->setEnabled(call.Bool("enable"))), QUERY(control.panel->isEnabled())},
-    {"requiredPlugin",   APPLY(control.record.requiredPlugins = call.Texts("requiredPlugin")), nullptr},
+    {"requiredPlugin",   APPLY(all.SetRequiredPlugins(control, call.Texts("requiredPlugin"))), nullptr},
     {"requiredControl",  APPLY(control.record.requiredControls = call.Texts("requiredControl")), nullptr},
     {"checksPlugins",    APPLY(control.record.checksPlugins = call.Bool("checksPlugins")), nullptr},
     {"retain",           APPLY(control.record.retain = call.Bool("retain")),    nullptr},

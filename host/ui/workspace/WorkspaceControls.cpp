@@ -1,6 +1,7 @@
 #include "ui/workspace/WorkspaceControls.h"
 
 #include "engine/Engine.h"
+#include "ui/window/HostIcons.h"
 #include "ui/workspace/DockArea.h"
 #include "ui/workspace/FloatingWindow.h"
 #include "ui/workspace/Workspace.h"
@@ -53,6 +54,7 @@ WorkspaceControls::WorkspaceControls(
             Close(*control);
     });
     connect(&workspace, &Workspace::ToggleRequested, this, &WorkspaceControls::OnToggleRequested);
+    connect(&workspace, &Workspace::DraggedOut, this, &WorkspaceControls::OnDraggedOut);
     connect(&workspace, &Workspace::MenuRequested, this, &WorkspaceControls::ShowMenu);
     connect(&workspace, &Workspace::LayoutChanged, this, &WorkspaceControls::NoteChange);
     connect(&model, &InterfaceModel::ElementRemoved, this, &WorkspaceControls::OnElementRemoved);
@@ -117,6 +119,7 @@ WorkspaceControl* WorkspaceControls::Create(const ControlRecord& record)
         control.record.label = name;
     panel->SetLabel(control.record.label);
     SetMinimumSize(control, record.minimumSize);
+    SetRequiredPlugins(control, record.requiredPlugins);
     // Running a script in the middle of showing a widget would be asking for trouble.
     connect(panel, &WorkspacePanel::Shown, this,
         [this, name] { m_engine.idle.Post([this, name] { Fill(name); }, IdlePriority::High); });
@@ -204,6 +207,14 @@ void WorkspaceControls::SetLabel(WorkspaceControl& control, const QString& label
 {
     control.record.label = label;
     control.panel->SetLabel(label);
+    NoteChange();
+}
+
+void WorkspaceControls::SetRequiredPlugins(WorkspaceControl& control, const QStringList& plugins)
+{
+    control.record.requiredPlugins = plugins;
+    // Panels that plug-ins fill are told apart from those that scripts made.
+    control.panel->SetIcon(plugins.isEmpty() ? QIcon() : HostIcon(QStringLiteral("host_plugin")));
     NoteChange();
 }
 
@@ -353,6 +364,12 @@ void WorkspaceControls::OnToggleRequested(WorkspacePanel* panel)
     WorkspaceControl* control = FindByPanel(panel);
     if (control)
         SetFloating(*control, !m_workspace.IsFloating(panel));
+}
+
+void WorkspaceControls::OnDraggedOut(WorkspacePanel* panel, const QPoint& pointer)
+{
+    if (const WorkspaceControl* control = FindByPanel(panel))
+        m_workspace.FloatUnderPointer(panel, FrameGeometry(*control).size(), pointer);
 }
 
 void WorkspaceControls::ShowMenu(WorkspacePanel* panel, const QPoint& place)

@@ -56,6 +56,7 @@ public:
     void Fill(const QString& name);
 
     void SetLabel(WorkspaceControl& control, const QString& label);
+    void SetRequiredPlugins(WorkspaceControl& control, const QStringList& plugins);
     void SetFloating(WorkspaceControl& control, bool floating);
     void SetCollapsed(WorkspaceControl& control, bool collapsed);
     void Dock(WorkspaceControl& control, DockSide side, int index);
@@ -97,6 +98,7 @@ private:
     void OnElementRemoved(const Element* element);
     void OnFrameChanged(WorkspacePanel* panel);
     void OnToggleRequested(WorkspacePanel* panel);
+    void OnDraggedOut(WorkspacePanel* panel, const QPoint& pointer);
     void ShowMenu(WorkspacePanel* panel, const QPoint& place);
     void NoteChange();
 
