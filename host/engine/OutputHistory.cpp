@@ -72,4 +72,15 @@ QString OutputHistory::Text(const std::function<bool(const Message&)>& wanted) c
     return text;
 }
 
+QVector<Message> OutputHistory::Messages(const std::function<bool(const Message&)>& wanted) const
+{
+    const QMutexLocker lock(&m_mutex);
+    QVector<Message> messages;
+    for (int i = m_firstMessage; i < m_messages.size(); ++i) {
+        if (wanted(m_messages[i]))
+            messages += m_messages[i];
+    }
+    return messages;
+}
+
 } // namespace host

@@ -20,6 +20,8 @@ public:
 
     /// The framed text of the messages that `wanted` accepts, oldest first.
     QString Text(const std::function<bool(const Message&)>& wanted = {}) const;
+    /// The same as messages; prints may have been joined.
+    QVector<Message> Messages(const std::function<bool(const Message&)>& wanted) const;
 
 private:
     mutable QMutex m_mutex;
