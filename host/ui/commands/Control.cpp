@@ -156,27 +156,15 @@ bool IsScript(const Flag& flag)
     return flag.arguments.value(0, ArgumentType::Bool) == ArgumentType::Script;
 }
 
-/// What sourceType says about the language of a callback given with the same command.
-Script WithSourceType(Script script, const Call& call)
-{
-    if (!call.GetCommand().FindFlag(QStringLiteral("sourceType")) || !call.Has("sourceType")
-        || script.callable) {
-        return script;
-    }
-    const bool python = call.Text("sourceType") == QLatin1String("python");
-    script.language = python ? Language::Python : Language::Mel;
-    return script;
-}
-
 /// A flag without a row of its own.
 void Keep(Element& element, const Call& call, const Flag& flag)
 {
     const QByteArray name = flag.longName.toLatin1();
     if (IsScript(flag))
-        element.SetCallback(flag.longName, WithSourceType(call.GetScript(name), call));
+        element.SetCallback(flag.longName, call.GetScript(name));
     else if (flag.arguments.isEmpty())
         element.values.insert(flag.longName, true);
-    else if (flag.arguments.size() == 1)
+    else if (flag.arguments.size() == 1 && !flag.multiUse)
         element.values.insert(flag.longName, call.Argument(name));
     else
         element.values.insert(flag.longName, call.Texts(name));

@@ -70,6 +70,8 @@ protected:
     {
         if (event->key() != Qt::Key_Enter) {
             QPlainTextEdit::keyPressEvent(event);
+            if (m_element)
+                m_element->RunCallback(QStringLiteral("keyPressCommand"));
             return;
         }
         Commit();

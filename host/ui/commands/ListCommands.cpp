@@ -198,13 +198,36 @@ Value SelectedIndexes(Element& element)
 
 // Option menus
 
+/// Lets scripts fill the list before it drops down.
+class FilledBox : public QComboBox
+{
+public:
+    FilledBox(Element& element, QWidget* parent)
+        : QComboBox(parent)
+        , m_element(&element)
+    { }
+
+    void showPopup() override
+    {
+        for (const char* flag : {"postMenuCommand", "beforeShowPopup"}) {
+            if (m_element)
+                m_element->RunCallback(QString::fromLatin1(flag));
+        }
+        if (m_element)
+            QComboBox::showPopup();
+    }
+
+private:
+    QPointer<Element> m_element;
+};
+
 /// A drop-down list with a label before it. Its items are the element's children.
 class OptionBox : public QWidget
 {
 public:
-    OptionBox()
+    explicit OptionBox(Element& element)
         : label(new QLabel(this))
-        , box(new QComboBox(this))
+        , box(new FilledBox(element, this))
     {
         auto* row = new QHBoxLayout(this);
         row->setContentsMargins(0, 0, 0, 0);
@@ -238,7 +261,7 @@ void FillOptions(Element& element)
 
 void MakeOptionMenu(Element& element, const Call&)
 {
-    auto* option = new OptionBox;
+    auto* option = new OptionBox(element);
     element.childrenChanged = [&element] { FillOptions(element); };
     QObject::connect(
         option->box, QOverload<int>::of(&QComboBox::activated), &element, [&element, option] {

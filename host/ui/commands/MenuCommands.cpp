@@ -372,6 +372,8 @@ const Property MENU_ITEM[] = {
     {"isCheckBox",     nullptr, [](Element& e) -> Value { return e.GetAction()->isCheckable() && !IsRadio(e); }},
     {"radioButton",    SetRadioButton, [](Element& e) -> Value { return e.GetAction()->isChecked(); }},
     {"isRadioButton",  nullptr, [](Element& e) -> Value { return IsRadio(e); }},
+    {"sourceType",     SetSourceType, GetSourceType},
+    {"command",        SetCommand, nullptr},
     {"runTimeCommand", SetRunTimeCommand, nullptr},
     {"boldFont",       SetItemFont, [](Element& e) -> Value { return e.GetAction()->font().bold(); }},
     {"italicized",     SetItemFont, [](Element& e) -> Value { return e.GetAction()->font().italic(); }},

@@ -74,7 +74,8 @@ void ReporterView::SetFilter(const ReporterFilter& filter)
 {
     m_filter = filter;
     Empty();
-    AppendNote(HistoryText());
+    Insert(Engine::Current().history.Messages(
+        [this](const Message& message) { return m_filter.Accepts(message); }));
 }
 
 QString ReporterView::HistoryText() const

@@ -3,7 +3,6 @@
 #include "ui/commands/ReporterView.h"
 #include "ui/commands/Tables.h"
 
-#include <QFontDatabase>
 #include <QSaveFile>
 #include <QTextDocumentFragment>
 
@@ -50,7 +49,7 @@ ReporterView* Reporter(const Element& element)
 void MakeReporter(Element& element, const Call&)
 {
     auto* view = new ReporterView;
-    view->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    view->setFont(FixedFont());
     element.SetWidget(view);
 }
 
@@ -118,7 +117,7 @@ ExecuterView* Executer(const Element& element)
 void MakeExecuter(Element& element, const Call&)
 {
     auto* view = new ExecuterView;
-    view->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    view->setFont(FixedFont());
     element.SetWidget(view);
 }
 

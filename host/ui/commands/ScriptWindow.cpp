@@ -37,8 +37,11 @@ void ScriptWindow::Present()
     if (!m_presented) {
         m_presented = true;
         const bool sized = m_element && m_element->values.contains(QStringLiteral("width"));
-        if ((m_hasOwnPlace || !Recall()) && !sized)
+        const bool recalled = !m_hasOwnPlace && Recall();
+        if (!recalled && !sized)
             adjustSize();
+        if (!recalled && !m_hasOwnPlace && parentWidget())
+            move(parentWidget()->frameGeometry().center() - rect().center());
     }
     show();
     raise();

@@ -47,16 +47,58 @@ Qt::Alignment AlignmentFromWord(const QString& word, Qt::Alignment fallback)
     return fallback;
 }
 
+QFont FixedFont()
+{
+    QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    font.setFamily(QStringLiteral("Liberation Mono"));
+    font.setStyleHint(QFont::Monospace);
+    return font;
+}
+
 QFont FontFromWord(const QString& word, const QFont& plain)
 {
-    QFont font = word.contains(QLatin1String("ixedWidth"))
-        ? QFontDatabase::systemFont(QFontDatabase::FixedFont)
-        : plain;
+    QFont font = word.contains(QLatin1String("ixedWidth")) ? FixedFont() : plain;
     font.setBold(word.startsWith(QLatin1String("bold")));
     font.setItalic(word.startsWith(QLatin1String("oblique")));
     if (word.startsWith(QLatin1String("small")) && font.pointSizeF() > 0)
         font.setPointSizeF(font.pointSizeF() * 0.85);
     return font;
+}
+
+namespace {
+
+const QString SOURCE_TYPE = QStringLiteral("sourceType");
+const QString COMMAND = QStringLiteral("command");
+
+Language LanguageFromWord(const QString& word)
+{
+    return word == QLatin1String("python") ? Language::Python : Language::Mel;
+}
+
+} // namespace
+
+void SetSourceType(Edit& edit)
+{
+    edit.element.values.insert(SOURCE_TYPE, edit.Text());
+    Script script = edit.element.GetCallback(COMMAND);
+    script.language = LanguageFromWord(edit.Text());
+    if (!script.callable)
+        edit.element.SetCallback(COMMAND, script);
+}
+
+Value GetSourceType(Element& element)
+{
+    const bool python = element.GetCallback(COMMAND).language == Language::Python;
+    return python ? QStringLiteral("python") : QStringLiteral("mel");
+}
+
+void SetCommand(Edit& edit)
+{
+    Script script = edit.call.GetScript(edit.flag);
+    const auto type = edit.element.values.constFind(SOURCE_TYPE);
+    if (!script.callable && type != edit.element.values.constEnd())
+        script.language = LanguageFromWord(type->ToText());
+    edit.element.SetCallback(QString::fromLatin1(edit.flag), script);
 }
 
 } // namespace host::ui

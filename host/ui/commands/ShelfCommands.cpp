@@ -79,11 +79,28 @@ void RemoveFromShelf(const QPointer<Element>& element)
     save.Run();
 }
 
+/// Entries that the script gave the button, as pairs of label and command.
+void AddOwnEntries(const Element& element, QMenu* menu)
+{
+    const QStringList entries = Stored(element, "menuItem", StringList()).ToTextList();
+    const QStringList python = Stored(element, "menuItemPython", StringList()).ToTextList();
+    for (int i = 0; i + 1 < entries.size(); i += 2) {
+        const bool isPython = python.contains(QString::number(i / 2));
+        const Script script{
+            isPython ? Language::Python : Language::Mel, entries.at(i + 1), nullptr};
+        QObject::connect(menu->addAction(entries.at(i)), &QAction::triggered, &element,
+            [script] { script.Run(); });
+    }
+    if (!entries.isEmpty())
+        menu->addSeparator();
+}
+
 void ShowShelfMenu(Element& element)
 {
     const QPointer<Element> alive(&element);
     auto* menu = new QMenu(element.GetWidget());
     menu->setAttribute(Qt::WA_DeleteOnClose);
+    AddOwnEntries(element, menu);
     QObject::connect(menu->addAction(QStringLiteral("Run")), &QAction::triggered, &element,
         [&element] { element.RunCallback(QStringLiteral("command"), {Value(0)}); });
     QObject::connect(menu->addAction(QStringLiteral("Delete")), &QAction::triggered, &element,
@@ -126,31 +143,6 @@ void SetFace(Edit& edit)
     ShowFace(edit.element);
 }
 
-void SetCommand(Edit& edit)
-{
-    Script script = edit.call.GetScript(edit.flag);
-    const QString type = Stored(edit.element, "sourceType", QString()).ToText();
-    if (!script.callable && !type.isEmpty())
-        script.language = type == QLatin1String("python") ? Language::Python : Language::Mel;
-    edit.element.SetCallback(QString::fromLatin1(edit.flag), script);
-}
-
-void SetSourceType(Edit& edit)
-{
-    edit.element.values.insert(QStringLiteral("sourceType"), edit.Text());
-    Script script = edit.element.GetCallback(QStringLiteral("command"));
-    if (script.callable)
-        return;
-    script.language = edit.Text() == QLatin1String("python") ? Language::Python : Language::Mel;
-    edit.element.SetCallback(QStringLiteral("command"), script);
-}
-
-Value SourceType(Element& element)
-{
-    const bool python = element.GetCallback(QStringLiteral("command")).language == Language::Python;
-    return python ? QStringLiteral("python") : QStringLiteral("mel");
-}
-
 void SetOverlayColor(Edit& edit)
 {
     Button(edit.element)
@@ -178,7 +170,7 @@ const Property SHELF_BUTTON[] = {
     {"imageOverlayLabel", [](Edit& e) { Button(e.element)->SetOverlay(e.Text()); },
                           [](Element& e) -> Value { return Button(e)->GetOverlay(); }},
     {"overlayLabelColor", SetOverlayColor, nullptr},
-    {"sourceType",        SetSourceType, SourceType},
+    {"sourceType",        SetSourceType, GetSourceType},
     {"command",           SetCommand, nullptr},
     {"doubleClickCommand", SetCommand, nullptr},
 };

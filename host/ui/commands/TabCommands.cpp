@@ -135,6 +135,11 @@ Value Labels(Element& element)
     return labels;
 }
 
+bool IsTabs(const Element& element)
+{
+    return qobject_cast<QTabWidget*>(element.GetWidget()) != nullptr;
+}
+
 // clang-format off
 const Property TABS[] = {
     {"childArray",       nullptr, [](Element& e) -> Value { return ChildNames(e, ANY_CONTROL); }},
@@ -156,8 +161,8 @@ const char TAB_FLAGS[] =
     "tabLabelIndex/tli int str cqem; tabsVisible/tv B cqe;";
 
 const ControlRow ROWS[] = {
-    {"tabLayout",      LayoutKind, MakeTabs, TABS, TAB_FLAGS},
-    {"shelfTabLayout", LayoutKind, MakeTabs, TABS, TAB_FLAGS},
+    {"tabLayout",      LayoutKind, MakeTabs, TABS, TAB_FLAGS, IsTabs},
+    {"shelfTabLayout", LayoutKind, MakeTabs, TABS, TAB_FLAGS, IsTabs},
 };
 // clang-format on
 

@@ -28,7 +28,14 @@ bool TakesItems(const Element& element);
 QIcon FindIcon(const QString& name);
 /// "left", "center" and "right"; `fallback` for any other word.
 Qt::Alignment AlignmentFromWord(const QString& word, Qt::Alignment fallback);
+/// The font of code and output.
+QFont FixedFont();
 /// "boldLabelFont", "fixedWidthFont" and the others that scripts name; the widget's own for others.
 QFont FontFromWord(const QString& word, const QFont& plain);
+
+// Flags of everything that has a script and says what language it is in; "sourceType" comes first.
+void SetSourceType(Edit& edit);
+Value GetSourceType(Element& element);
+void SetCommand(Edit& edit);
 
 } // namespace host::ui
