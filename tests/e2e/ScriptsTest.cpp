@@ -41,7 +41,7 @@ void ScriptsTest::RunsAndShows_data()
 
     QTest::newRow("MEL of 300 lines")
         << "MEL" << Script("shot_report.mel")
-        << QStringList{"# Warning: Skipped: broken line without commas #", "SHOT REPORT", "attic",
+        << QStringList{"// Warning: Skipped: broken line without commas //", "SHOT REPORT", "attic",
                "  shots 9, frames 669, least 34, most 118, mean 74.33333333",
                "  sh0080   118  Ana   layout    |#########.|", "  animation  12",
                "cross -3 0 1, dot 2", "growth 5.0625", "grid 30 6",
