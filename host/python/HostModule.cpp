@@ -13,6 +13,23 @@ namespace host::python {
 
 namespace {
 
+/// Runs MEL; on failure `errorText` becomes the message as it was shown, with its place.
+ScriptResult RunMel(const QString& text)
+{
+    const HostWork work;
+    Engine& engine = Engine::Current();
+    QString lastError;
+    const int listener = engine.output.AddListener([&lastError](const Message& message) {
+        if (message.type == MessageType::Error && IsMainThread())
+            lastError = message.text;
+    });
+    ScriptResult result = engine.Execute(Language::Mel, text, false);
+    engine.output.Remove(listener);
+    if (result.failed && lastError.endsWith(result.errorText))
+        result.errorText = lastError;
+    return result;
+}
+
 /// maya.mel.eval: the value of the text's last statement.
 PyObject* EvaluateMel(PyObject*, PyObject* text)
 {
@@ -22,16 +39,11 @@ PyObject* EvaluateMel(PyObject*, PyObject* text)
     }
     if (!RequireMainThread("maya.mel.eval()"))
         return nullptr;
-    Engine& engine = Engine::Current();
-    if (!engine.mel)
+    if (!Engine::Current().mel)
         return PyErr_Format(PyExc_RuntimeError, "MEL is not available");
     if (Py_EnterRecursiveCall(" while evaluating MEL") != 0)
         return nullptr;
-    ScriptResult result;
-    {
-        const HostWork work;
-        result = engine.Execute(Language::Mel, ToText(text), false);
-    }
+    const ScriptResult result = RunMel(ToText(text));
     Py_LeaveRecursiveCall();
     if (RaiseStopRequest())
         return nullptr;

@@ -58,6 +58,13 @@ QString PreInitialize()
     return Problem(Py_PreInitialize(&config));
 }
 
+/// Variables that the interpreter reads even where it is told to read none.
+void RemoveMisleadingVariables()
+{
+    for (const char* name : {"PYTHONEXECUTABLE", "__PYVENV_LAUNCHER__"})
+        qunsetenv(name);
+}
+
 PyStatus Configure(Configuration& config)
 {
     const std::pair<wchar_t**, const char*> texts[] = {
@@ -138,6 +145,7 @@ QString StartInterpreter(const Paths& paths)
     static const int added = PyImport_AppendInittab(HOST_MODULE_NAME, MakeHostModule);
     if (added != 0)
         return QStringLiteral("Python could not be started: out of memory");
+    RemoveMisleadingVariables();
     QString problem = PreInitialize();
     Configuration config;
     if (problem.isEmpty())

@@ -35,25 +35,6 @@ const char* const NONE_FOR_NOTHING[] = {
     "lsUI",
 };
 
-Outcome RaiseErrorText(Call& call)
-{
-    return Error{call.ObjectTexts().join(QLatin1Char(' '))};
-}
-
-Outcome ShowWarning(Call& call)
-{
-    Engine::Current().output.Warning(call.ObjectTexts().join(QLatin1Char(' ')));
-    return {};
-}
-
-// clang-format off
-/// Language elements of MEL that scripts find here too. A registered command goes first.
-const CommandRow LANGUAGE_COMMANDS[] = {
-    {"error",   "none", "", "String [String...]", "noContext/n - c; showLineNumber/sl B c", RaiseErrorText},
-    {"warning", "none", "", "String [String...]", "noContext/n - c; showLineNumber/sl B c", ShowWarning},
-};
-// clang-format on
-
 /// Null when Python has no such command. Any thread.
 std::shared_ptr<const Command> LookUp(const QString& name)
 {
@@ -61,13 +42,7 @@ std::shared_ptr<const Command> LookUp(const QString& name)
         return nullptr;
     const std::shared_ptr<const Command> command
         = Engine::Current().commands.FindCommandFromAnyThread(name);
-    if (command)
-        return command->inPython ? command : nullptr;
-    for (const CommandRow& row : LANGUAGE_COMMANDS) {
-        if (name == QLatin1String(row.name))
-            return std::make_shared<Command>(row);
-    }
-    return nullptr;
+    return command && command->inPython ? command : nullptr;
 }
 
 bool GivesNoneForNothing(const Call& call)
@@ -242,14 +217,9 @@ PyObject* CommandNames(PyObject*, PyObject*)
     StringList names;
     if (Engine::Exists())
         names = Engine::Current().commands.CommandNames();
-    for (const CommandRow& row : LANGUAGE_COMMANDS) {
-        if (!names.contains(QLatin1String(row.name)))
-            names += QLatin1String(row.name);
-    }
     names.erase(std::remove_if(
                     names.begin(), names.end(), [](const QString& name) { return !LookUp(name); }),
         names.end());
-    names.sort();
     return FromValue(names);
 }
 

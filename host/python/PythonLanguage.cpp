@@ -13,19 +13,6 @@ namespace {
 
 PythonLanguage* current = nullptr;
 
-/// MEL's python("text"): the value of an expression.
-Outcome RunPythonText(FunctionCall& call)
-{
-    const ScriptResult result = Engine::Current().Execute(Language::Python, call.Text(0), false);
-    if (result.failed)
-        return Error{result.errorText, ErrorKind::Runtime, true};
-    return result.value.Normalized();
-}
-
-const FunctionRow FUNCTIONS[] = {
-    {"any python(string)", RunPythonText},
-};
-
 ScriptResult Failure(const Error& error)
 {
     ScriptResult result;
@@ -47,7 +34,6 @@ PythonLanguage::PythonLanguage(Engine& engine)
         ReportRaisedError();
     current = this;
     engine.python = this;
-    engine.commands.Register(FUNCTIONS);
     PyEval_SaveThread();
 }
 

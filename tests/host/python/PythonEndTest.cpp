@@ -19,6 +19,7 @@ private Q_SLOTS:
     void ExitHandlersAreHeard();
     void OpenFilesAreWritten();
     void WhatTheHostKeepsMayOutliveIt();
+    void OnlyPythonPathOfTheEnvironmentCounts();
 
 private:
     /// Runs the text and ends the interpreter.
@@ -128,6 +129,24 @@ void PythonEndTest::WhatTheHostKeepsMayOutliveIt()
     kept = Script();
     QCoreApplication::processEvents();
     QCOMPARE(m_shown, QString());
+}
+
+void PythonEndTest::OnlyPythonPathOfTheEnvironmentCounts()
+{
+    m_host.reset();
+    for (const char* name : {"PYTHONHOME", "PYTHONEXECUTABLE", "PYTHONSTARTUP", "VIRTUAL_ENV"})
+        qputenv(name, "/nowhere");
+    qputenv("PYTHONIOENCODING", "ascii");
+    qputenv("PYTHONPATH", "/some/folder");
+    init();
+    for (const char* name :
+        {"PYTHONHOME", "PYTHONSTARTUP", "VIRTUAL_ENV", "PYTHONIOENCODING", "PYTHONPATH"})
+        qunsetenv(name);
+    m_host->Execute(
+        "import json, os, sys\n"
+        "print(os.__file__, sys.executable, sys.getfilesystemencoding())\n"
+        "print(sys.path.index('/some/folder') < sys.path.index('/usr/lib/python3.11'))");
+    QCOMPARE(m_shown, QString("/usr/lib/python3.11/os.py /usr/bin/python3.11 utf-8\nTrue\n"));
 }
 
 TE2_TEST(PythonEndTest)

@@ -11,6 +11,7 @@ const char* const KINDS[]
 
 PythonFixture::PythonFixture(RunState state)
     : engine(state, directory.path())
+    , mel(engine)
     , python(engine)
 {
     engine.output.AddListener([this](const Message& message) {

@@ -1,12 +1,13 @@
 #pragma once
 
 #include "engine/Engine.h"
+#include "mel/MelLanguage.h"
 #include "python/PythonLanguage.h"
 
 #include <QMutex>
 #include <QTemporaryDir>
 
-/// An engine with Python alone, and everything that it prints.
+/// An engine with its two languages, and everything that it prints.
 class PythonFixture
 {
 public:
@@ -30,5 +31,6 @@ private:
 public:
     QTemporaryDir directory;
     host::Engine engine;
+    host::mel::MelLanguage mel;
     host::python::PythonLanguage python;
 };

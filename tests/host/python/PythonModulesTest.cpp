@@ -1,3 +1,4 @@
+#include "commands/Commands.h"
 #include "host/python/PythonFixture.h"
 #include "support/TestMain.h"
 
@@ -5,38 +6,16 @@
 
 using namespace host;
 
-namespace {
-
-/// Stands in for MEL: gives the text back, fails for "fail".
-class Echo : public ScriptLanguage
-{
-public:
-    ScriptResult Run(const QString& text) override
-    {
-        ScriptResult result;
-        result.failed = text == "fail";
-        if (result.failed) {
-            result.errorText = "line 1: It failed.";
-            Engine::Current().output.Error(result.errorText);
-        } else if (!text.isEmpty()) {
-            result.value = text == "list" ? Value(IntList{1, 2}) : Value(text);
-            result.resultText = result.value.ToResultText();
-        }
-        return result;
-    }
-    ScriptResult RunFile(const QString&) override { return {}; }
-};
-
-} // namespace
-
 /// The package's other modules: maya.mel, maya.OpenMaya and their relatives.
 class PythonModulesTest : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
     void initTestCase();
+    void cleanupTestCase() { commands::ReleaseCommands(m_host.engine); }
     void ImportsEveryModule();
     void EvaluatesMel();
+    void MelReachesPython();
     void GlobalsReachTheHost_data();
     void GlobalsReachTheHost();
     void ExecutesOnIdle();
@@ -47,12 +26,11 @@ private Q_SLOTS:
 
 private:
     PythonFixture m_host;
-    Echo m_mel;
 };
 
 void PythonModulesTest::initTestCase()
 {
-    m_host.engine.mel = &m_mel;
+    commands::RegisterCommands(m_host.engine);
     QVERIFY(!m_host.Execute("from maya import mel, OpenMaya as om").failed);
 }
 
@@ -69,15 +47,28 @@ void PythonModulesTest::ImportsEveryModule()
 
 void PythonModulesTest::EvaluatesMel()
 {
-    QCOMPARE(m_host.Run("mel.eval('word'), mel.eval('list'), mel.eval('')"),
+    QCOMPARE(m_host.Run("mel.eval('$s = \"word\"'), mel.eval('$i = {1, 2}'), mel.eval('')"),
         QStringList("Result: ('word', [1, 2], None)"));
-    QCOMPARE(m_host.Run("mel.eval('fail')"),
-        QStringList({"Error: line 1: It failed.",
-            "Error: RuntimeError: file <maya console> line 1: "
-            "Error occurred during execution of MEL script\nline 1: It failed."}));
+    QCOMPARE(m_host.Run("mel.eval('nothingLikeThis')"),
+        QStringList({"Error: line 1: Cannot find procedure \"nothingLikeThis\".",
+            "Error: RuntimeError: file <maya console> line 1: Error occurred during execution of "
+            "MEL "
+            "script\nline 1: Cannot find procedure \"nothingLikeThis\"."}));
     QCOMPARE(m_host.Run("mel.eval(5)"),
         QStringList("Error: TypeError: file <maya console> line 1: "
                     "eval() argument must be str, not int"));
+}
+
+void PythonModulesTest::MelReachesPython()
+{
+    QCOMPARE(
+        m_host.Run("mel.eval('$i = python(\"[1, 2]\")'), mel.eval('$n = python(\"True\") + 1')"),
+        QStringList("Result: ([1, 2], 2)"));
+    m_host.TakeMessages();
+    QVERIFY(
+        m_host.engine.Execute(Language::Mel, "python(\"1 / 0\"); print(\"on\");", false).failed);
+    QCOMPARE(m_host.TakeTranscript(),
+        QStringList("Error: ZeroDivisionError: file <maya console> line 1: division by zero"));
 }
 
 void PythonModulesTest::GlobalsReachTheHost_data()
@@ -92,9 +83,9 @@ void PythonModulesTest::GlobalsReachTheHost_data()
     row("displayError('a')", {"Error: a"});
     row("apiVersion()", {"Result: 20240000"});
     row("mayaState() == om.MGlobal.kInteractive", {"Result: True"});
-    row("executeCommand('a', True)", {"History: a;\n", "Result: a", "Result: a"});
-    row("executeCommand('fail')", {"Error: line 1: It failed."});
-    row("executeCommandStringResult('list')", {"Result: [1, 2]"});
+    row("executeCommand('$s = \"a\"', True)", {"History: $s = \"a\";\n", "Result: a", "Result: a"});
+    row("executeCommand('error(\"It failed.\")')", {"Error: It failed."});
+    row("executeCommandStringResult('$i = {1, 2}')", {"Result: [1, 2]"});
     row("executePythonCommandStringResult('1 + 1')", {"Result: 2"});
     row("setOptionVarValue('n', 3) or om.MGlobal.optionVarIntValue('n')", {"Result: 3"});
     row("optionVarStringValue('n')", {"Result: "});
@@ -114,11 +105,11 @@ void PythonModulesTest::GlobalsReachTheHost()
 void PythonModulesTest::ExecutesOnIdle()
 {
     m_host.Execute("om.MGlobal.executePythonCommandOnIdle('print(5)')\n"
-                   "om.MGlobal.executeCommandOnIdle('word', True)");
+                   "om.MGlobal.executeCommandOnIdle('$s = \"word\"', True)");
     m_host.TakeMessages();
     QTRY_COMPARE(m_host.engine.idle.Count(), 0);
-    QCOMPARE(
-        m_host.TakeTranscript(), QStringList({"Display: 5\n", "History: word;\n", "Result: word"}));
+    QCOMPARE(m_host.TakeTranscript(),
+        QStringList({"Display: 5\n", "History: $s = \"word\";\n", "Result: word"}));
 }
 
 void PythonModulesTest::EventCallbacksCanBeRemoved()

@@ -22,7 +22,6 @@ private Q_SLOTS:
     void RunsFilesWithTheirOwnEncoding();
     void FileErrorsNameTheFile();
     void MissingFileIsAnError();
-    void MelReachesPython();
     void NestingHasALimit();
     void UsesTheSystemsLibrary();
 
@@ -233,25 +232,6 @@ void PythonRunTest::MissingFileIsAnError()
     QCOMPARE(shown.size(), 1);
     QVERIFY2(shown[0].startsWith("Error: FileNotFoundError:") && shown[0].contains("all.py"),
         qPrintable(shown[0]));
-}
-
-void PythonRunTest::MelReachesPython()
-{
-    const Function* function = m_host.engine.commands.FindFunction("python");
-    QVERIFY(function);
-    Value text(QString("[1, 2]"));
-    const auto call = [&](const char* code) {
-        text = QString(code);
-        QVector<Value*> arguments{&text};
-        FunctionCall functionCall(arguments);
-        return function->run(functionCall);
-    };
-    QCOMPARE(call("[1, 2]").GetValue(), Value(IntList{1, 2}));
-    QCOMPARE(call("True").GetValue(), Value(1));
-    const Outcome failed = call("1/0");
-    QVERIFY(!failed.Ok());
-    QVERIFY(failed.GetError().shown);
-    QCOMPARE(failed.GetError().text, QString("division by zero"));
 }
 
 void PythonRunTest::NestingHasALimit()
