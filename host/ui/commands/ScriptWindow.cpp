@@ -69,6 +69,13 @@ void ScriptWindow::Remember() const
     settings.setValue(objectName(), isMaximized() ? normalGeometry() : geometry());
 }
 
+bool ScriptWindow::event(QEvent* event)
+{
+    if (event->type() == QEvent::StatusTip && parentWidget())
+        return QCoreApplication::sendEvent(parentWidget(), event);
+    return QMainWindow::event(event);
+}
+
 void ScriptWindow::closeEvent(QCloseEvent* event)
 {
     Remember();

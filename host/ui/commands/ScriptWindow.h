@@ -22,6 +22,9 @@ public:
     /// Keeps the first Present from going back to the remembered place.
     void ChooseOwnPlace() { m_hasOwnPlace = true; }
 
+    /// What a control says about itself goes to the main window's help line.
+    bool event(QEvent* event) override;
+
 protected:
     void closeEvent(QCloseEvent* event) override;
 

@@ -248,7 +248,8 @@ QString InterfaceModel::FreeObjectName(const QWidget* control) const
 Element* InterfaceModel::AddWidget(QWidget* control, QWidget* layout, const QString& type)
 {
     Element* parent = FindByObject(layout);
-    if (!control || !parent || !parent->m_content || parent->m_widget == control)
+    if (!control || !parent || !parent->m_content || parent->m_widget == control
+        || control->isAncestorOf(parent->m_content))
         return nullptr;
     if (Element* known = FindExact(control)) {
         SetParent(known, parent);

@@ -1,0 +1,133 @@
+#include "host/ui/UiFixture.h"
+#include "python/PythonLanguage.h"
+#include "support/TestMain.h"
+
+#include <QCheckBox>
+#include <QPushButton>
+#include <QtTest>
+
+class PythonInterfaceTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void cleanupTestCase();
+    void init() { Run("cmds.window('w'); cmds.columnLayout('c')"); }
+    void cleanup() { Run("cmds.deleteUI('w') if cmds.window('w', exists=True) else None"); }
+
+    void CallablesGetTheValue();
+    void TextsArePythonUnlessSaidOtherwise();
+    void ACallableMayDeleteItsControl();
+    void AnErrorInACallableIsShown();
+    void ResultsAndErrorsArePythons_data();
+    void ResultsAndErrorsArePythons();
+
+private:
+    /// The value of an expression as `repr` shows it, or the class and text of what it raised.
+    QString Value(const QString& expression);
+    void Run(const QString& text);
+
+    std::unique_ptr<UiFixture> m_host;
+    std::unique_ptr<host::python::PythonLanguage> m_python;
+};
+
+void PythonInterfaceTest::initTestCase()
+{
+    m_host = std::make_unique<UiFixture>();
+    m_python = std::make_unique<host::python::PythonLanguage>(m_host->GetEngine());
+    Run("import maya.cmds as cmds");
+}
+
+void PythonInterfaceTest::cleanupTestCase()
+{
+    m_python.reset();
+    m_host.reset();
+}
+
+void PythonInterfaceTest::Run(const QString& text)
+{
+    m_host->GetEngine().Execute(host::Language::Python, text, false);
+}
+
+QString PythonInterfaceTest::Value(const QString& expression)
+{
+    m_host->TakePrinted();
+    Run("try:\n    print(repr(" + expression
+        + "))\nexcept Exception as error:\n    print(type(error).__name__ + ': ' + str(error))");
+    return m_host->TakePrinted().trimmed();
+}
+
+void PythonInterfaceTest::CallablesGetTheValue()
+{
+    Run("cmds.checkBox('box', changeCommand=lambda on: print('on' if on else 'off'))");
+    auto* box = m_host->Widget<QCheckBox>("box");
+    box->click();
+    box->click();
+    QCOMPARE(m_host->TakePrinted(), QString("on\noff\n"));
+    Run("cmds.button('b', command=lambda *values: print(len(values)))");
+    m_host->Widget<QPushButton>("b")->click();
+    QCOMPARE(m_host->TakePrinted(), QString("1\n"));
+    QVERIFY(Value("cmds.button('b', q=True, command=True)").contains("<function <lambda>"));
+}
+
+void PythonInterfaceTest::TextsArePythonUnlessSaidOtherwise()
+{
+    Run("cmds.button('b', command='print(\"py\" * 2)')");
+    m_host->Widget<QPushButton>("b")->click();
+    Run("cmds.popupMenu('p'); cmds.menuItem('i', command='print(\"py\")', sourceType='python')\n"
+        "cmds.menuItem('j', command='print \"mel\"', sourceType='mel')");
+    m_host->Find("i")->GetAction()->trigger();
+    m_host->Find("j")->GetAction()->trigger();
+    QCOMPARE(m_host->TakePrinted(), QString("pypy\npy\nmel"));
+}
+
+void PythonInterfaceTest::ACallableMayDeleteItsControl()
+{
+    Run("def end(*_):\n    cmds.deleteUI('w')\n    print(cmds.window('w', exists=True))\n"
+        "cmds.button('b', command=end)");
+    m_host->Widget<QPushButton>("b")->click();
+    QCOMPARE(m_host->TakePrinted(), QString("False\n"));
+}
+
+void PythonInterfaceTest::AnErrorInACallableIsShown()
+{
+    Run("cmds.button('b', command=lambda _: 1 / 0)");
+    m_host->GetEngine().history.Clear();
+    m_host->Widget<QPushButton>("b")->click();
+    QVERIFY(m_host->GetEngine().history.Text().contains("ZeroDivisionError"));
+}
+
+void PythonInterfaceTest::ResultsAndErrorsArePythons_data()
+{
+    QTest::addColumn<QString>("expression");
+    QTest::addColumn<QString>("result");
+    QTest::newRow("path") << "cmds.text('t')"
+                          << "'w|c|t'";
+    QTest::newRow("yes or no") << "cmds.window('w', exists=True)"
+                               << "True";
+    QTest::newRow("number") << "cmds.intField(cmds.intField(value=4), q=True, value=True)"
+                            << "4";
+    QTest::newRow("list") << "cmds.layout('c', q=True, childArray=True) or []"
+                          << "[]";
+    QTest::newRow("size") << "cmds.window(cmds.window(widthHeight=(300, 200)), q=True, wh=True)"
+                          << "[300, 200]";
+    QTest::newRow("repeated flag")
+        << "cmds.textScrollList(cmds.textScrollList(append=['a', 'b']), q=True, allItems=True)"
+        << "['a', 'b']";
+    QTest::newRow("nothing of the type") << "cmds.lsUI(type='symbolButton')"
+                                         << "None";
+    QTest::newRow("missing object") << "cmds.button('none', q=True, label=True)"
+                                    << "RuntimeError: Object 'none' not found.";
+    QTest::newRow("unknown flag") << "cmds.button(size=3)"
+                                  << "TypeError: Invalid flag 'size'";
+}
+
+void PythonInterfaceTest::ResultsAndErrorsArePythons()
+{
+    QFETCH(QString, expression);
+    QTEST(Value(expression), "result");
+}
+
+TE2_TEST(PythonInterfaceTest)
+#include "PythonInterfaceTest.moc"
