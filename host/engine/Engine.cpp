@@ -68,10 +68,12 @@ bool Engine::IsMainThread() const
 ScriptResult Engine::Execute(Language language, const QString& text, bool display)
 {
     const ScriptScope scope(language);
+    // Echoing all commands shows what they give, too.
+    const bool showsResult = display || (language == Language::Mel && echo.echoAll);
     if (display)
         output.Write(MessageType::History, EchoText(language, text));
     const ScriptResult result = GetLanguage(language).Run(text);
-    if (display && !result.failed && !result.resultText.isNull())
+    if (showsResult && !result.failed && !result.resultText.isNull())
         output.Write(MessageType::Result, result.resultText);
     return result;
 }
