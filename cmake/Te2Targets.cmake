@@ -41,6 +41,11 @@ add_library(te2_strict_flags INTERFACE)
 target_link_libraries(te2_strict_flags INTERFACE te2_flags)
 target_compile_definitions(te2_strict_flags INTERFACE QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII)
 
+# No string of the plug-in may point into its file when the module is gone.
+add_library(te2_module_flags INTERFACE)
+target_compile_options(te2_module_flags INTERFACE
+  "SHELL:-include ${CMAKE_SOURCE_DIR}/src/plugin/OwnedLiterals.h")
+
 # te2_add_host_library(<name> SOURCES ... LINKS ...): one of the host's shared libraries.
 function(te2_add_host_library name)
   cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
@@ -58,7 +63,8 @@ function(te2_add_folder name)
   # Hidden inline statics do not become unique symbols, and so the module can be unloaded.
   set_target_properties(te2_${name} PROPERTIES CXX_VISIBILITY_PRESET hidden
     VISIBILITY_INLINES_HIDDEN ON)
-  target_link_libraries(te2_${name} PUBLIC Qt5::Widgets maya_api ${ARG_LINKS} PRIVATE te2_strict_flags)
+  target_link_libraries(te2_${name} PUBLIC Qt5::Widgets maya_api ${ARG_LINKS}
+    PRIVATE te2_strict_flags te2_module_flags)
   set_property(GLOBAL APPEND PROPERTY TE2_FOLDERS te2_${name})
 endfunction()
 

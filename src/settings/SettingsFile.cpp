@@ -379,5 +379,6 @@ void Settings::ResetToDefaults()
     codeEditorFont = GetDefaultFont();
     outputFont = GetDefaultFont();
     numRecentFiles = DEFAULT_NUM_RECENT_FILES;
+    executeScriptOnIdle = false;
     hostDefaultsTaken = false;
 }
