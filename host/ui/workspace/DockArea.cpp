@@ -41,6 +41,14 @@ DockArea::DockArea(QWidget* parent)
     connect(m_tabs, &DockTabBar::MenuRequested, this, &DockArea::MenuRequested);
 }
 
+DockArea::~DockArea()
+{
+    // The panels die after the tabs that they would be forgotten from.
+    const QVector<WorkspacePanel*> panels = Panels();
+    for (WorkspacePanel* panel : panels)
+        panel->disconnect(this);
+}
+
 int DockArea::Count() const
 {
     return m_stack->count();
@@ -165,7 +173,8 @@ void DockArea::ForgetTab(const WorkspacePanel* panel)
 {
     const QSignalBlocker blocker(m_tabs);
     for (int i = m_tabs->count() - 1; i >= 0; --i) {
-        if (m_tabs->PanelAt(i) == panel)
+        // By now it is but a widget, so that PanelAt would not know it.
+        if (m_tabs->tabData(i).value<QObject*>() == panel)
             m_tabs->removeTab(i);
     }
     // The stack lets go of the panel only when its destructor has ended.

@@ -18,6 +18,7 @@ class DockArea : public QWidget
     Q_OBJECT
 public:
     explicit DockArea(QWidget* parent);
+    ~DockArea() override;
 
     int Count() const;
     WorkspacePanel* PanelAt(int index) const;
