@@ -114,6 +114,7 @@ void FloatingWindow::SetNormalGeometry(const QRect& geometry)
 void FloatingWindow::StartMove(const QPoint& pointer)
 {
     const QPoint offset(qMin(120, width() / 2), FloatingTitleBar::HEIGHT / 2);
+    m_moving = true;
     move(pointer - offset);
     m_title->StartDrag(offset);
 }
@@ -129,11 +130,21 @@ void FloatingWindow::LeaveFilling()
 
 void FloatingWindow::OnDragged(const QPoint& pointer, const QPoint& offset, bool dropped)
 {
+    m_moving = !dropped;
     if (!dropped) {
         LeaveFilling();
         move(pointer - QPoint(qMin(offset.x(), width() - 1), offset.y()));
     }
     Q_EMIT Dragged(pointer, dropped);
+    // Dropped onto a dock it is empty by now, and keeps the place it had.
+    if (dropped && m_area->Count() > 0)
+        NoteGeometry();
+}
+
+void FloatingWindow::NoteGeometry()
+{
+    if (!m_moving)
+        Q_EMIT GeometryChanged();
 }
 
 void FloatingWindow::paintEvent(QPaintEvent*)
@@ -145,13 +156,13 @@ void FloatingWindow::paintEvent(QPaintEvent*)
 void FloatingWindow::resizeEvent(QResizeEvent* event)
 {
     QWidget::resizeEvent(event);
-    Q_EMIT GeometryChanged();
+    NoteGeometry();
 }
 
 void FloatingWindow::moveEvent(QMoveEvent* event)
 {
     QWidget::moveEvent(event);
-    Q_EMIT GeometryChanged();
+    NoteGeometry();
 }
 
 void FloatingWindow::closeEvent(QCloseEvent* event)

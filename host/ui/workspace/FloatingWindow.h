@@ -54,10 +54,12 @@ private:
     void UpdateTitle();
     void OnDragged(const QPoint& pointer, const QPoint& offset, bool dropped);
     void LeaveFilling();
+    void NoteGeometry();
 
     FloatingTitleBar* m_title = nullptr;
     DockArea* m_area = nullptr;
     QRect m_normalGeometry;
+    bool m_moving = false; ///< by hand; its places on the way do not count
     bool m_collapsed = false;
     bool m_filling = false;
 };

@@ -1,0 +1,271 @@
+#include "host/ui/window/WindowFixture.h"
+#include "support/TestMain.h"
+
+#include <QFile>
+#include <QScreen>
+#include <QVBoxLayout>
+#include <QtTest>
+
+/// The commands workspaceControl and workspaceControlState, and what stays over a restart.
+class WorkspaceControlTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() { m_host = std::make_unique<WindowFixture>(); }
+    void cleanup() { m_host.reset(); }
+
+    void CommandsAnswer_data();
+    void CommandsAnswer();
+    void NewControlIsTheCurrentParent();
+    void UiScriptRunsOnceWhenShownEmpty();
+    void UiScriptGivenLaterWaitsUntilShown();
+    void CloseHidesOrDeletes();
+    void FramesApplyToTheWindow();
+    void FloatingWindowIsNotTheMainWindow();
+    void ForeignWidgetsDieWithTheControl();
+    void PanelsComeBackAfterARestart();
+    void MissingPluginKeepsThePlace();
+    void DamagedFileIsSaidAndLeft();
+    void HostileGeometryIsReachable();
+
+private:
+    std::unique_ptr<WindowFixture> m_host;
+};
+
+void WorkspaceControlTest::CommandsAnswer_data()
+{
+    QTest::addColumn<QString>("script");
+    QTest::addColumn<QString>("result");
+    const auto row = [](const char* name, const char* script, const char* result) {
+        QTest::newRow(name) << QString(script) << QString(result);
+    };
+    row("creation gives the name", "workspaceControl p", "p");
+    row("default name", "workspaceControl", "workspaceControl1");
+    row("exists without -q", "workspaceControl p; workspaceControl -exists p", "1");
+    row("missing does not exist", "workspaceControl -q -exists p", "0");
+    row("missing cannot be asked", "workspaceControl -q -visible p",
+        "error: Object 'p' not found.");
+    row("name taken", "workspaceControl p; workspaceControl p",
+        "error: Object's name 'p' is not unique.");
+    row("visible by default", "workspaceControl p; workspaceControl -q -visible p", "1");
+    row("created hidden",
+        "workspaceControl -floating 1 -visible 0 p; workspaceControl -q -visible p", "0");
+    row("floating is known while hidden",
+        "workspaceControl -floating 1 -visible 0 p; workspaceControl -q -floating p", "1");
+    row("restore shows",
+        "workspaceControl -vis 0 p; workspaceControl -e -restore p; "
+        "workspaceControl -q -visible p",
+        "1");
+    row("restore expands",
+        "workspaceControl -fl 1 p; workspaceControl -e -collapse 1 p; "
+        "workspaceControl -e -restore p; workspaceControl -q -collapse p",
+        "0");
+    row("collapse of a window",
+        "workspaceControl -fl 1 p; workspaceControl -e -collapse 1 p; workspaceControl -q "
+        "-collapse p",
+        "1");
+    row("collapse is kept while hidden",
+        "workspaceControl -fl 1 p; workspaceControl -e -collapse 1 p; workspaceControl -e -visible "
+        "0 "
+        "p; workspaceControl -e -visible 1 p; workspaceControl -q -collapse p",
+        "1");
+    row("label", "workspaceControl -label \"My Panel\" p; workspaceControl -q -label p",
+        "My Panel");
+    row("label without one", "workspaceControl p; workspaceControl -q -label p", "p");
+    row("front tab", "workspaceControl a; workspaceControl b; workspaceControl -q -raise a", "0");
+    row("raised tab",
+        "workspaceControl a; workspaceControl b; workspaceControl -e -raise a; "
+        "workspaceControl -q -raise a",
+        "1");
+    row("docks and floats",
+        "workspaceControl -fl 1 p; workspaceControl -e -fl 0 p; "
+        "workspaceControl -q -floating p",
+        "0");
+    row("tab in a window",
+        "workspaceControl -fl 1 a; workspaceControl -ttc a -1 b; "
+        "workspaceControl -q -floating b",
+        "1");
+    row("tab beside nothing", "workspaceControl -ttc nothing -1 b",
+        "error: Object 'nothing' not found.");
+    row("failed creation leaves nothing",
+        "catchQuiet(`workspaceControl -ttc nothing -1 b`); workspaceControl -exists b", "0");
+    row("unknown side", "workspaceControl -dtm middle 1 p",
+        "error: Invalid dock position \"middle\": use left, right, top or bottom.");
+    row("resized side",
+        "workspaceControl -dtm left 1 p; workspaceControl -e -rsw 300 p; workspaceControl -q "
+        "-width p",
+        "300");
+    row("kept flags come back",
+        "workspaceControl -widthProperty fixed p; "
+        "workspaceControl -q -widthProperty p",
+        "fixed");
+    row("close deletes what is not retained",
+        "workspaceControl -retain 0 p; workspaceControl -e -close p; workspaceControl -exists p",
+        "0");
+    row("close keeps what is retained",
+        "workspaceControl p; workspaceControl -e -close p; workspaceControl -exists p", "1");
+    row("deleteUI", "workspaceControl p; deleteUI p; workspaceControl -exists p", "0");
+    row("listed", "workspaceControl a; workspaceControl b; lsUI -type workspaceControl", "a b");
+    row("state before the control",
+        "workspaceControlState -e -tlc 30 40 -width 500 -height 300 p; "
+        "workspaceControlState -q -tlc p",
+        "30 40");
+    row("state size", "workspaceControlState -e -wh 500 300 p; workspaceControlState -q -width p",
+        "500");
+    row("unknown state", "workspaceControlState -q -tlc p", "error: Object 'p' not found.");
+    row("state removed",
+        "workspaceControlState -tlc 1 2 p; workspaceControlState -remove p; "
+        "workspaceControlState -exists p",
+        "0");
+    row("bad state string", "workspaceControl p; workspaceControl -e -ss \"junk\" p",
+        "error: Invalid workspace control state string.");
+    row("state string round trip",
+        "workspaceControl -fl 1 -label L p; string $s = `workspaceControl -q -ss p`; "
+        "workspaceControl "
+        "-e -fl 0 -label M p; workspaceControl -e -ss $s p; $x = `workspaceControl -q -label p` + "
+        "`workspaceControl -q -fl p`",
+        "L1");
+}
+
+void WorkspaceControlTest::CommandsAnswer()
+{
+    QFETCH(QString, script);
+    QFETCH(QString, result);
+    QCOMPARE(m_host->Run(script), result);
+}
+
+void WorkspaceControlTest::NewControlIsTheCurrentParent()
+{
+    QCOMPARE(m_host->Run("workspaceControl -floating 1 -visible 0 p; setParent -q"), QString("p"));
+    QCOMPARE(m_host->GetWindow().CurrentParent(), m_host->Panel("p"));
+    QCOMPARE(m_host->Panel("p")->objectName(), QString("p"));
+    QCOMPARE(
+        m_host->Run("workspaceControl -uiScript \"columnLayout c\" q; setParent -q"), QString("q"));
+}
+
+void WorkspaceControlTest::UiScriptRunsOnceWhenShownEmpty()
+{
+    m_host->Run(
+        "int $runs = 0; workspaceControl -uiScript \"$runs++; button -parent `columnLayout` "
+        "b\" p");
+    m_host->RunIdle();
+    m_host->Run("workspaceControl -e -visible 0 p; workspaceControl -e -restore p");
+    QCoreApplication::processEvents();
+    m_host->RunIdle();
+    QCOMPARE(m_host->Run("$x = $runs"), QString("1"));
+    QVERIFY(m_host->Panel("b") && m_host->Panel("p")->isAncestorOf(m_host->Panel("b")));
+}
+
+void WorkspaceControlTest::UiScriptGivenLaterWaitsUntilShown()
+{
+    m_host->Run("int $runs = 0; workspaceControl -visible 0 p; "
+                "workspaceControl -e -uiScript \"$runs++; columnLayout c\" p");
+    m_host->RunIdle();
+    QCOMPARE(m_host->Run("$x = $runs"), QString("0"));
+    m_host->Run("workspaceControl -e -restore p");
+    m_host->RunIdle();
+    QCOMPARE(m_host->Run("$x = $runs"), QString("1"));
+}
+
+void WorkspaceControlTest::CloseHidesOrDeletes()
+{
+    m_host->Run("workspaceControl -floating 1 -closeCommand \"print \\\"bye \\\"\" a; "
+                "workspaceControl -retain 0 -closeCommand \"print \\\"gone \\\"\" b");
+    m_host->Run("workspaceControl -e -close a; workspaceControl -e -close b");
+    QCOMPARE(m_host->TakePrinted(), QString("bye gone "));
+    QVERIFY(m_host->Panel("a") && !m_host->Panel("a")->isVisible());
+    QVERIFY(!m_host->GetControls().Contains("b"));
+    m_host->Run("workspaceControl -e -close a");
+    QCOMPARE(m_host->TakePrinted(), QString()); // it was closed already
+}
+
+void WorkspaceControlTest::FramesApplyToTheWindow()
+{
+    m_host->Run("workspaceControlState -e -tlc 60 90 -width 420 -height 310 p; "
+                "workspaceControl -floating 1 p");
+    QWidget* window = m_host->Panel("p")->window();
+    QCOMPARE(window->geometry(), QRect(90, 60, 420, 310));
+    m_host->Run("workspaceControlState -e -tlc 70 80 p");
+    QCOMPARE(window->geometry(), QRect(80, 70, 420, 310));
+    window->setGeometry(11, 22, 333, 244);
+    QTRY_COMPARE(m_host->Run("workspaceControlState -q -wh p"), QString("333 244"));
+    QCOMPARE(m_host->Run("workspaceControlState -q -tlc p"), QString("22 11"));
+}
+
+void WorkspaceControlTest::FloatingWindowIsNotTheMainWindow()
+{
+    m_host->Run("workspaceControl -floating 1 p");
+    QVERIFY(m_host->Panel("p")->window() != &m_host->GetWindow());
+    QVERIFY(m_host->Panel("p")->isVisible());
+    m_host->Run("workspaceControl -e -floating 0 p");
+    QCOMPARE(m_host->Panel("p")->window(), static_cast<QWidget*>(&m_host->GetWindow()));
+}
+
+void WorkspaceControlTest::ForeignWidgetsDieWithTheControl()
+{
+    m_host->Run("workspaceControl -retain 0 p");
+    const QPointer<QWidget> foreign = new QWidget;
+    foreign->setObjectName("foreign");
+    QCOMPARE(m_host->GetWindow().AddWidget(foreign, m_host->Panel("p"), {}), QString("p|foreign"));
+    QVERIFY(m_host->Panel("p")->isAncestorOf(foreign));
+    m_host->Run("workspaceControl -e -close p");
+    QTRY_VERIFY(!foreign);
+}
+
+void WorkspaceControlTest::PanelsComeBackAfterARestart()
+{
+    m_host->Run("workspaceControl -label One -uiScript \"text -parent `columnLayout` t1\" one;"
+                "workspaceControlState -e -tlc 60 90 -wh 420 310 two;"
+                "workspaceControl -floating 1 -label Two two;"
+                "workspaceControl -dtm left 1 three; workspaceControl -visible 0 four");
+    m_host->Restart();
+    m_host->RunIdle();
+    QCOMPARE(m_host->TakeWarnings(), QStringList());
+    QCOMPARE(m_host->Run("workspaceControl -q -label one"), QString("One"));
+    QTRY_VERIFY((m_host->RunIdle(), m_host->Panel("t1") != nullptr));
+    QCOMPARE(m_host->Panel("two")->window()->geometry(), QRect(90, 60, 420, 310));
+    QCOMPARE(m_host->Run("workspaceControl -q -floating three"), QString("0"));
+    QVERIFY(m_host->Panel("three")->isVisible());
+    QCOMPARE(m_host->Run("workspaceControl -q -visible four"), QString("0"));
+}
+
+void WorkspaceControlTest::MissingPluginKeepsThePlace()
+{
+    m_host->Run("workspaceControl -requiredPlugin notThere -label Kept p");
+    m_host->Restart();
+    QCOMPARE(m_host->Run("workspaceControl -exists p"), QString("0"));
+    m_host->Restart();
+    QFile file(m_host->WorkspacePath());
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    QVERIFY(file.readAll().contains("Kept"));
+    QCOMPARE(m_host->TakeWarnings(), QStringList());
+}
+
+void WorkspaceControlTest::DamagedFileIsSaidAndLeft()
+{
+    const auto write = [this](const QByteArray& text) {
+        QFile file(m_host->WorkspacePath());
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(text);
+        file.close();
+        m_host->GetWindow().LoadWorkspace();
+    };
+    write("{\"controls\": [");
+    QCOMPARE(m_host->TakeWarnings().size(), 1);
+    write(R"({"controls": [{"name": "good"}, {"name": "bad one"}]})");
+    QCOMPARE(m_host->TakeWarnings().size(), 1);
+    m_host->GetControls().BuildSaved();
+    QVERIFY(m_host->GetControls().Contains("good"));
+}
+
+void WorkspaceControlTest::HostileGeometryIsReachable()
+{
+    m_host->Run("workspaceControlState -e -tlc -9000 -9000 -wh 30000 30000 p; "
+                "workspaceControl -floating 1 p");
+    const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
+    QVERIFY(screen.contains(m_host->Panel("p")->window()->geometry()));
+}
+
+TE2_TEST(WorkspaceControlTest)
+#include "WorkspaceControlTest.moc"
