@@ -267,6 +267,7 @@ double HostWindow::ScaleFactor() const
 
 void HostWindow::closeEvent(QCloseEvent* event)
 {
+    m_awaitsCloseEvent = false;
     // A filter may have ignored the event without keeping it from us.
     if (!event->isAccepted() || m_engine.RunningScripts() > 0) {
         event->ignore();
@@ -274,6 +275,20 @@ void HostWindow::closeEvent(QCloseEvent* event)
     }
     event->accept();
     Q_EMIT QuitAccepted();
+}
+
+void HostWindow::NoteCloseEvent()
+{
+    m_awaitsCloseEvent = true;
+    QMetaObject::invokeMethod(this, [this] { m_awaitsCloseEvent = false; }, Qt::QueuedConnection);
+}
+
+void HostWindow::setVisible(bool visible)
+{
+    // A filter that eats the close event and leaves it accepted would hide the window for good.
+    if (!visible && m_awaitsCloseEvent)
+        return;
+    QMainWindow::setVisible(visible);
 }
 
 void HostWindow::PrepareWindow(QWidget* window)
@@ -287,6 +302,8 @@ void HostWindow::PrepareWindow(QWidget* window)
 
 bool HostWindow::eventFilter(QObject* watched, QEvent* event)
 {
+    if (event->type() == QEvent::Close && watched == this)
+        NoteCloseEvent();
     const bool shown = event->type() == QEvent::Show;
     const bool pressed = event->type() == QEvent::MouseButtonPress;
     if ((shown || pressed) && watched->isWidgetType()) {

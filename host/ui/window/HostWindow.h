@@ -54,6 +54,8 @@ public:
     QString AddWidget(QWidget* control, QWidget* layout, const QString& type) override;
     double ScaleFactor() const override;
 
+    void setVisible(bool visible) override;
+
     /// Runs the menu action of that name; false when there is none.
     bool TriggerAction(const QString& name);
 
@@ -78,6 +80,7 @@ private:
     QAction* ActionNamed(const char* name) const;
     void ApplyStoredSwitches();
     QString FocusedPanel() const;
+    void NoteCloseEvent();
     static void PrepareWindow(QWidget* window);
     QString WorkspacePath() const;
     SavedWorkspace CaptureWorkspace() const;
@@ -121,6 +124,7 @@ private:
     QTimer m_saveTimer;
     QRect m_windowedGeometry; ///< before it filled the screen
     SavedWorkspace m_frozenWorkspace;
+    bool m_awaitsCloseEvent = false; ///< it is on its way and may be kept from us
     bool m_frozen = false;
     bool m_saveFailed = false;
 };

@@ -177,6 +177,7 @@ void HostWindowTest::ClosingMayBeRefused()
     m_host->GetWindow().close();
     QCOMPARE(guard.asked, 1);
     QCOMPARE(quit.count(), accepted);
+    QCOMPARE(m_host->GetWindow().isVisible(), accepted == 0);
 }
 
 void HostWindowTest::EscapeStopsARunningScript()
