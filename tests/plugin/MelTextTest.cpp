@@ -1,0 +1,209 @@
+#include "plugin/MelText.h"
+
+#include "plugin/OutputFraming.h"
+#include "support/TestMain.h"
+
+#include <QtTest>
+
+/// The texts that go to the host and come from it, without a host.
+class MelTextTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void ScriptForTheShelf_data();
+    void ScriptForTheShelf();
+    void Variable_data();
+    void Variable();
+    void GeometryTakesTheTopFirst();
+    void FlagsOfHelp_data();
+    void FlagsOfHelp();
+    void StandardLibraryIsLeftOut_data();
+    void StandardLibraryIsLeftOut();
+};
+
+void MelTextTest::ScriptForTheShelf_data()
+{
+    QTest::addColumn<QString>("script");
+    QTest::addColumn<QString>("literal");
+    QTest::newRow("plain") << "ls"
+                           << "ls";
+    QTest::newRow("quote") << R"(print "a")"
+                           << R"(print \"a\")";
+    QTest::newRow("backslash") << R"(a\b)"
+                               << R"(a\\b)";
+    QTest::newRow("escaped quote") << R"(\")"
+                                   << R"(\\\")";
+    QTest::newRow("two lines") << "a\nb"
+                               << R"(a\nb)";
+    QTest::newRow("written line feed stays written") << R"(a\nb)"
+                                                     << R"(a\\nb)";
+    QTest::newRow("selection of two lines") << QString("a%1b").arg(QChar(0x2029)) << R"(a\nb)";
+    QTest::newRow("all of them") << "\"\\\n"
+                                 << R"(\"\\\n)";
+    QTest::newRow("percent sign") << "%1 %2"
+                                  << "%1 %2";
+}
+
+void MelTextTest::ScriptForTheShelf()
+{
+    QFETCH(QString, script);
+    QFETCH(QString, literal);
+    QCOMPARE(MelText::ScriptToShelf("L%2", script, true),
+        "scriptToShelf(\"L%2\", \"" + literal + "\", 1)");
+    QVERIFY(MelText::ScriptToShelf("L", script, false).endsWith(", 0)"));
+}
+
+void MelTextTest::Variable_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<bool>("isVariable");
+    QTest::newRow("name") << "$gMainWindow_2" << true;
+    QTest::newRow("digits only") << "$1" << true;
+    QTest::newRow("semicolon") << "$a;" << false;
+    QTest::newRow("blank inside") << "$a b" << false;
+    QTest::newRow("blank behind") << "$a " << false;
+    QTest::newRow("line feed behind") << "$a\n" << false;
+    QTest::newRow("two lines") << "$a\n$b" << false;
+    QTest::newRow("dollar sign alone") << "$" << false;
+    QTest::newRow("no dollar sign") << "a" << false;
+    QTest::newRow("element") << "$a[0]" << false;
+    QTest::newRow("letter beyond ASCII") << QString::fromUtf8("$\xc3\xa4") << false;
+}
+
+void MelTextTest::Variable()
+{
+    QFETCH(QString, text);
+    QTEST(MelText::IsVariable(text), "isVariable");
+}
+
+void MelTextTest::GeometryTakesTheTopFirst()
+{
+    QCOMPARE(MelText::WorkspaceGeometry(QRect(QPoint(-10, 20), QPoint(289, 219)), "W"),
+        QString("workspaceControlState -e -tlc 20 -10 -width 300 -height 200 W"));
+}
+
+void MelTextTest::FlagsOfHelp_data()
+{
+    QTest::addColumn<QString>("help");
+    QTest::addColumn<QStringList>("flags");
+    QTest::newRow("flags with and without arguments")
+        << "\nSynopsis: ls [flags] [String...]\nFlags:\n  -e -edit\n -ap -allPaths  on|off Int\n"
+        << QStringList{"-e", "-edit", "", "-ap", "-allPaths", "on|off"};
+    QTest::newRow("other line ends and tabs") << "Synopsis\r\nFlags:\r\n\t-q\t-query\r\n"
+                                              << QStringList{"-q", "-query", ""};
+    QTest::newRow("no flags") << "Synopsis: undo\nNo Flags\n" << QStringList();
+    QTest::newRow("nothing before the list") << "Flags:\n -q -query\n" << QStringList();
+    QTest::newRow("two lists") << "a\nFlags:\n -q\nFlags:\n -e\n" << QStringList();
+    QTest::newRow("no help") << "" << QStringList();
+}
+
+void MelTextTest::FlagsOfHelp()
+{
+    QFETCH(QString, help);
+    QTEST(MelText::FlagsOfHelp(help), "flags");
+}
+
+void MelTextTest::StandardLibraryIsLeftOut_data()
+{
+    QTest::addColumn<QString>("path");
+    QTest::addColumn<QString>("kept");
+    QTest::newRow("in the middle") << "/a:/usr/lib/python3.10:/b"
+                                   << "/a:/b:";
+    QTest::newRow("any case, below") << "/usr/Lib/Python3/site-packages:/a"
+                                     << "/a:";
+    QTest::newRow("empty entries") << ":/a::"
+                                   << "/a:";
+    QTest::newRow("another lib") << "/a/lib/tools"
+                                 << "/a/lib/tools:";
+    QTest::newRow("nothing left") << "/usr/lib/python3.zip"
+                                  << "";
+}
+
+void MelTextTest::StandardLibraryIsLeftOut()
+{
+    QFETCH(QString, path);
+    QTEST(MelText::WithoutStandardLibrary(path, ":"), "kept");
+}
+
+/// What the console shows for the host's messages, and which comment sign it takes.
+class OutputFramingTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void Frame_data();
+    void Frame();
+    void MinimalTraceDropsOnlyTheEcho();
+    void PrefixLastsUntilTheNextEchoOrPrint();
+};
+
+using Type = MCommandMessage::MessageType;
+Q_DECLARE_METATYPE(Type)
+
+void OutputFramingTest::Frame_data()
+{
+    QTest::addColumn<QString>("before"); // echoed first
+    QTest::addColumn<Type>("type");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("shown");
+    const QString mel = "ls;\n";
+    const QString python = "import os\n";
+    QTest::newRow("result of MEL") << mel << Type::kResult << "a"
+                                   << "// Result: a //\n";
+    QTest::newRow("result of Python") << python << Type::kResult << "a"
+                                      << "# Result: a #\n";
+    QTest::newRow("warning") << python << Type::kWarning << "w"
+                             << "# Warning: w #\n";
+    QTest::newRow("error") << mel << Type::kError << "e"
+                           << "// Error: e //\n";
+    QTest::newRow("info") << mel << Type::kInfo << "i"
+                          << "// i //\n";
+    QTest::newRow("percent signs stay") << mel << Type::kInfo << "100%1 %2"
+                                        << "// 100%1 %2 //\n";
+    QTest::newRow("echo") << python << Type::kHistory << "ls;\n"
+                          << "ls;\n";
+    QTest::newRow("print") << mel << Type::kDisplay << "text"
+                           << "text";
+    QTest::newRow("kind of a later host") << mel << Type(99) << "text"
+                                          << "text";
+    QTest::newRow("stack trace") << mel << Type::kStackTrace << "trace" << QString();
+    QTest::newRow("print without line end makes it Python") << "ls;" << Type::kResult << "a"
+                                                            << "# Result: a #\n";
+}
+
+void OutputFramingTest::Frame()
+{
+    QFETCH(QString, before);
+    QFETCH(Type, type);
+    QFETCH(QString, text);
+    OutputFraming framing;
+    framing.Frame(before, Type::kHistory, false);
+    QTEST(framing.Frame(text, type, false).value_or(QString()), "shown");
+}
+
+void OutputFramingTest::MinimalTraceDropsOnlyTheEcho()
+{
+    OutputFraming framing;
+    QVERIFY(!framing.Frame("import os\n", Type::kHistory, true));
+    for (Type type : {Type::kDisplay, Type::kInfo, Type::kWarning, Type::kError, Type::kResult})
+        QVERIFY(framing.Frame("text", type, true));
+    // The echo was not shown, but it told the language.
+    framing.Frame("ls;\n", Type::kHistory, true);
+    QCOMPARE(*framing.Frame("a", Type::kResult, true), QString("// Result: a //\n"));
+}
+
+void OutputFramingTest::PrefixLastsUntilTheNextEchoOrPrint()
+{
+    OutputFraming framing;
+    QCOMPARE(*framing.Frame("a", Type::kInfo, false), QString("// a //\n"));
+    framing.Frame("x\n", Type::kDisplay, false);
+    framing.Frame("e;\n", Type::kError, false);
+    QCOMPARE(*framing.Frame("a", Type::kInfo, false), QString("# a #\n"));
+    framing.Reset();
+    QCOMPARE(*framing.Frame("a", Type::kInfo, false), QString("// a //\n"));
+}
+
+TE2_TEST(MelTextTest)
+TE2_TEST(OutputFramingTest)
+#include "MelTextTest.moc"
