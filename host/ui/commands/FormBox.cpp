@@ -72,7 +72,7 @@ QLayoutItem* FormBox::ItemOf(const QWidget* widget) const
 int FormBox::EdgeOf(const QWidget* child, FormEdge edge, int length, Spans& solved,
     QVector<const QWidget*>& running) const
 {
-    const Attachment& attachment = m_attachments.value(child)[edge];
+    const Attachment attachment = m_attachments.value(child)[edge];
     const int inward = IsStart(edge) ? attachment.offset : -attachment.offset;
     switch (attachment.to) {
     case Attachment::To::Form: return (IsStart(edge) ? 0 : length) + inward;
