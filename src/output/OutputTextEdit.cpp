@@ -19,7 +19,7 @@
 namespace {
 
 constexpr int REPAINT_INTERVAL = 250; // ms: a long burst repaints at most four times a second
-constexpr qint64 INSERT_AT_ONCE = 50'000'000; // ns of one turn; what follows is joined
+constexpr qint64 INSERT_AT_ONCE = 20'000'000; // ns of one turn; what follows is joined
 constexpr int PENDING_CUT_SIZE = 1 << 20; // characters
 constexpr int PAGE_STEP_DELAY = 1; // ms
 
