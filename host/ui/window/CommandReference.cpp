@@ -80,9 +80,20 @@ void CommandReference::ShowHelp()
         m_text->clear();
         return;
     }
-    const ScriptResult help
-        = m_engine.Execute(Language::Mel, QStringLiteral("help \"%1\"").arg(item->text()), false);
-    m_text->setPlainText(help.value.ToText());
+    m_text->setPlainText(HelpFor(item->text()));
+}
+
+QString CommandReference::HelpFor(const QString& name)
+{
+    if (const Function* function = m_engine.commands.FindFunction(name))
+        return function->signature;
+    const auto command = m_engine.commands.FindCommand(name);
+    if (!command)
+        return {};
+    if (command->GetOrigin() == CommandOrigin::RunTime)
+        return tr("%1\n\nA run-time command; it takes no arguments.").arg(name);
+    return m_engine.Execute(Language::Mel, QStringLiteral("help \"%1\"").arg(name), false)
+        .value.ToText();
 }
 
 } // namespace host::ui

@@ -25,6 +25,7 @@ protected:
 private:
     void UpdateNames();
     void ShowHelp();
+    QString HelpFor(const QString& name);
 
     Engine& m_engine;
     QLineEdit* m_filter = nullptr;

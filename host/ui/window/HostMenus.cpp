@@ -246,22 +246,34 @@ void HostWindow::Quit()
 
 // Edit and select
 
+void HostWindow::OnFocusChanged(QWidget*, QWidget* now)
+{
+    // Opening a menu may take the keyboard away from another window.
+    if (IsTextWidget(now))
+        m_lastText = now;
+}
+
+QWidget* HostWindow::TextWidget() const
+{
+    return m_lastText && m_lastText->isVisible() ? m_lastText.data() : nullptr;
+}
+
 void HostWindow::UpdateEditActions()
 {
-    const QWidget* text = QApplication::focusWidget();
+    const QWidget* text = TextWidget();
     for (const char* name : {"undo", "redo", "cut", "copy", "paste"})
-        ActionNamed(name)->setEnabled(IsTextWidget(text));
+        ActionNamed(name)->setEnabled(text != nullptr);
 }
 
 void HostWindow::RunEditSlot()
 {
     if (const auto* action = qobject_cast<QAction*>(sender()))
-        RunTextSlot(QApplication::focusWidget(), action->objectName());
+        RunTextSlot(TextWidget(), action->objectName());
 }
 
 void HostWindow::SelectNothing()
 {
-    QWidget* text = QApplication::focusWidget();
+    QWidget* text = TextWidget();
     if (auto* field = qobject_cast<QLineEdit*>(text))
         field->deselect();
     const auto drop = [](auto* edit) {
@@ -277,7 +289,7 @@ void HostWindow::SelectNothing()
 
 void HostWindow::UpdatePanelEntries()
 {
-    const bool hasText = IsTextWidget(QApplication::focusWidget());
+    const bool hasText = TextWidget() != nullptr;
     for (const char* name : {"selectAll", "selectNone"})
         ActionNamed(name)->setEnabled(hasText);
     QMenu* menu = ActionNamed("selectAll")->associatedWidgets().isEmpty()

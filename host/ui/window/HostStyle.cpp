@@ -5,6 +5,7 @@
 
 #include <QApplication>
 #include <QFontDatabase>
+#include <QFrame>
 #include <QPainter>
 #include <QStyleFactory>
 #include <QStyleOptionMenuItem>
@@ -24,6 +25,7 @@ constexpr int MENU_ICON_LEFT = 8;
 constexpr int MENU_ICON_SIZE = 14;
 constexpr int MENU_RIGHT = 24;
 constexpr int SHORTCUT_GAP = 26;
+constexpr int TEAR_OFF_HEIGHT = 9;
 constexpr int MENU_MARGIN = 5;
 constexpr int MENU_BAR_ITEM_PADDING = 9;
 constexpr int TAB_FONT_SIZE = 11;
@@ -157,6 +159,11 @@ void HostStyle::drawControl(ControlElement element, const QStyleOption* option, 
     case CE_MenuBarEmptyArea: painter->fillRect(option->rect, CHROME); return;
     case CE_MenuBarItem: DrawMenuBarItem(option, painter); return;
     case CE_MenuItem: DrawMenuItem(option, painter, widget); return;
+    case CE_MenuTearoff: DrawTearOff(option, painter); return;
+    case CE_ShapedFrame:
+        if (!DrawLine(option, painter))
+            QProxyStyle::drawControl(element, option, painter, widget);
+        return;
     case CE_TabBarTabShape: DrawTab(option, painter); return;
     case CE_TabBarTabLabel: DrawTabLabel(option, painter); return;
     default: QProxyStyle::drawControl(element, option, painter, widget);
@@ -214,6 +221,29 @@ void HostStyle::DrawMenuItem(
         HostIcon(QStringLiteral("host_submenu"))
             .paint(painter, arrow, Qt::AlignCenter, enabled ? QIcon::Normal : QIcon::Disabled);
     }
+}
+
+void HostStyle::DrawTearOff(const QStyleOption* option, QPainter* painter) const
+{
+    const bool selected = option->state & State_Selected;
+    const int middle = option->rect.center().y();
+    for (int x = option->rect.left() + 6; x < option->rect.right() - 6; x += 4)
+        painter->fillRect(x, middle, 2, 1, selected ? LAKE : TEXT_DISABLED);
+}
+
+bool HostStyle::DrawLine(const QStyleOption* option, QPainter* painter) const
+{
+    const auto* frame = qstyleoption_cast<const QStyleOptionFrame*>(option);
+    if (!frame)
+        return false;
+    const QRect rect = frame->rect;
+    if (frame->frameShape == QFrame::HLine)
+        painter->fillRect(rect.left(), rect.center().y(), rect.width(), 1, BUTTON_EDGE);
+    else if (frame->frameShape == QFrame::VLine)
+        painter->fillRect(rect.center().x(), rect.top(), 1, rect.height(), BUTTON_EDGE);
+    else
+        return false;
+    return true;
 }
 
 void HostStyle::DrawTab(const QStyleOption* option, QPainter* painter) const
@@ -344,6 +374,7 @@ int HostStyle::pixelMetric(
     case PM_MenuPanelWidth: return 1;
     case PM_MenuHMargin:
     case PM_MenuVMargin: return MENU_MARGIN;
+    case PM_MenuTearoffHeight: return TEAR_OFF_HEIGHT;
     case PM_MenuBarPanelWidth:
     case PM_MenuBarVMargin:
     case PM_MenuBarItemSpacing: return 0;

@@ -35,6 +35,9 @@ public:
 private:
     void DrawMenuBarItem(const QStyleOption* option, QPainter* painter) const;
     void DrawMenuItem(const QStyleOption* option, QPainter* painter, const QWidget* widget) const;
+    void DrawTearOff(const QStyleOption* option, QPainter* painter) const;
+    /// False when it is a frame of another shape.
+    bool DrawLine(const QStyleOption* option, QPainter* painter) const;
     void DrawTab(const QStyleOption* option, QPainter* painter) const;
     void DrawTabLabel(const QStyleOption* option, QPainter* painter) const;
     void DrawToolButton(const QStyleOption* option, QPainter* painter) const;

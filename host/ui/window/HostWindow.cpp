@@ -11,6 +11,7 @@
 #include "ui/workspace/WorkspaceControls.h"
 #include "ui/workspace/WorkspacePanel.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QFile>
@@ -27,6 +28,7 @@ namespace host::ui {
 namespace {
 
 const QString WINDOW_NAME = QStringLiteral("MayaWindow");
+const QString SCRIPT_EDITOR_BUTTON = QStringLiteral("scriptEditorButton");
 const QSize FIRST_SIZE(1600, 1000);
 constexpr int MENU_BAR_HEIGHT = 26;
 constexpr int SHELF_HEIGHT = 22 + 39;
@@ -73,6 +75,7 @@ HostWindow::HostWindow(Engine& engine, InterfaceModel& model)
     connect(m_controls, &WorkspaceControls::Changed, &m_saveTimer,
         static_cast<void (QTimer::*)()>(&QTimer::start));
     qApp->installEventFilter(this);
+    connect(qApp, &QApplication::focusChanged, this, &HostWindow::OnFocusChanged);
     const QRect screen = QApplication::primaryScreen()->availableGeometry();
     // The offscreen platform's screen is smaller than any real one.
     const bool offscreen = QGuiApplication::platformName() == QLatin1String("offscreen");
@@ -280,7 +283,8 @@ void HostWindow::closeEvent(QCloseEvent* event)
 void HostWindow::NoteCloseEvent()
 {
     m_awaitsCloseEvent = true;
-    QMetaObject::invokeMethod(this, [this] { m_awaitsCloseEvent = false; }, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(
+        this, [this] { m_awaitsCloseEvent = false; }, Qt::QueuedConnection);
 }
 
 void HostWindow::setVisible(bool visible)
@@ -289,6 +293,17 @@ void HostWindow::setVisible(bool visible)
     if (!visible && m_awaitsCloseEvent)
         return;
     QMainWindow::setVisible(visible);
+}
+
+void HostWindow::UpdateScriptEditorButton(QAbstractButton* button)
+{
+    const Element* element = m_model.FindExact(button);
+    if (!element)
+        return;
+    const bool own
+        = element->GetCallback(QStringLiteral("command")).text == QLatin1String("ScriptEditor");
+    button->setIcon(HostIcon(
+        own ? QStringLiteral("host_script_editor") : QStringLiteral("host_script_editor_taken")));
 }
 
 void HostWindow::PrepareWindow(QWidget* window)
@@ -304,6 +319,11 @@ bool HostWindow::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() == QEvent::Close && watched == this)
         NoteCloseEvent();
+    // Whoever takes the button over gives it another annotation after another command.
+    if (event->type() == QEvent::ToolTipChange && watched->objectName() == SCRIPT_EDITOR_BUTTON) {
+        if (auto* button = qobject_cast<QAbstractButton*>(watched))
+            UpdateScriptEditorButton(button);
+    }
     const bool shown = event->type() == QEvent::Show;
     const bool pressed = event->type() == QEvent::MouseButtonPress;
     if ((shown || pressed) && watched->isWidgetType()) {

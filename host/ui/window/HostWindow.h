@@ -4,7 +4,10 @@
 #include "ui/workspace/WorkspaceFile.h"
 
 #include <QMainWindow>
+#include <QPointer>
 #include <QTimer>
+
+class QAbstractButton;
 
 namespace host {
 class Engine;
@@ -81,9 +84,14 @@ private:
     void ApplyStoredSwitches();
     QString FocusedPanel() const;
     void NoteCloseEvent();
+    void UpdateScriptEditorButton(QAbstractButton* button);
     static void PrepareWindow(QWidget* window);
     QString WorkspacePath() const;
     SavedWorkspace CaptureWorkspace() const;
+
+    void OnFocusChanged(QWidget* old, QWidget* now);
+    /// The text that had the keyboard last; null when it is not to be seen any more.
+    QWidget* TextWidget() const;
 
     // Menus about to open
     void UpdateEditActions();
@@ -121,6 +129,7 @@ private:
     WorkspaceControls* m_controls = nullptr;
     CommandLine* m_commandLine = nullptr;
     QList<QAction*> m_panelEntries;
+    QPointer<QWidget> m_lastText;
     QTimer m_saveTimer;
     QRect m_windowedGeometry; ///< before it filled the screen
     SavedWorkspace m_frozenWorkspace;

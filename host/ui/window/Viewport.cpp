@@ -13,7 +13,7 @@ namespace {
 
 constexpr int GRID_HALF = 12; ///< units from the middle to the edge
 constexpr double NEAR_PLANE = 0.1;
-constexpr double FIELD_OF_VIEW = 0.95; ///< of the width, radians
+constexpr double FIELD_OF_VIEW = 1.23; ///< of the width, radians
 constexpr double RADIANS_PER_PIXEL = 0.008;
 constexpr double STEPS_PER_PIXEL = 0.05;
 constexpr double MINIMUM_DISTANCE = 1.5;

@@ -34,9 +34,9 @@ private:
     struct Camera
     {
         double yaw = 0; ///< radians round the vertical axis
-        double pitch = 0.3; ///< radians above the ground
-        double distance = 21;
-        QVector3D target{0, 1.3f, 0};
+        double pitch = 0.105; ///< radians above the ground
+        double distance = 25.4;
+        QVector3D target{0, 3.4f, 0};
     };
 
     /// Right, up and towards the eye.
