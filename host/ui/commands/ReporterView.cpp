@@ -33,6 +33,15 @@ QTextCharFormat FormatOf(MessageType type)
     return format;
 }
 
+/// The messages at the end that hold the last lines a view can show.
+QVector<Message> Tail(const QVector<Message>& messages)
+{
+    int first = messages.size();
+    for (int lines = 0; first > 0 && lines < ReporterView::MAXIMUM_LINES; --first)
+        lines += messages[first - 1].text.count(QLatin1Char('\n'));
+    return messages.mid(first);
+}
+
 } // namespace
 
 bool ReporterFilter::Accepts(const Message& message) const
@@ -61,7 +70,6 @@ ReporterView::ReporterView(QWidget* parent)
     connect(this, &ReporterView::MessagesWaiting, this, &ReporterView::Flush, Qt::QueuedConnection);
     m_listener
         = Engine::Current().output.AddDisplay([this](const Message& message) { Receive(message); });
-    SetFilter({});
 }
 
 ReporterView::~ReporterView()
@@ -73,9 +81,35 @@ ReporterView::~ReporterView()
 void ReporterView::SetFilter(const ReporterFilter& filter)
 {
     m_filter = filter;
+    if (isVisible())
+        Refill();
+}
+
+void ReporterView::Refill()
+{
     Empty();
-    Insert(Engine::Current().history.Messages(
-        [this](const Message& message) { return m_filter.Accepts(message); }));
+    {
+        const QMutexLocker lock(&m_mutex);
+        m_stale = false;
+    }
+    Insert(Tail(Engine::Current().history.Messages(
+        [this](const Message& message) { return m_filter.Accepts(message); })));
+}
+
+void ReporterView::showEvent(QShowEvent* event)
+{
+    Refill();
+    QPlainTextEdit::showEvent(event);
+}
+
+void ReporterView::hideEvent(QHideEvent* event)
+{
+    {
+        const QMutexLocker lock(&m_mutex);
+        m_stale = true;
+    }
+    Empty();
+    QPlainTextEdit::hideEvent(event);
 }
 
 QString ReporterView::HistoryText() const
@@ -99,6 +133,8 @@ void ReporterView::Receive(const Message& message)
     bool first = false;
     {
         const QMutexLocker lock(&m_mutex);
+        if (m_stale)
+            return;
         first = m_waiting.isEmpty();
         m_waiting += message;
         m_waitingCharacters += message.text.size();

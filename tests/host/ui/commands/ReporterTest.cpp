@@ -41,6 +41,7 @@ void ReporterTest::TheWholeHistoryIsAnswered()
     OutputStream& output = m_host->GetEngine().output;
     output.Display("before\n");
     m_host->Run("window w; columnLayout c; cmdScrollFieldReporter -fst \"\" r");
+    m_host->Run("showWindow w");
     output.Warning("after");
     QCOMPARE(
         m_host->Run("cmdScrollFieldReporter -q -t r"), QString("before\n// Warning: after //\n"));
@@ -74,6 +75,7 @@ void ReporterTest::FiltersHideWhatTheyName()
     QFETCH(QString, flag);
     QFETCH(QString, hidden);
     m_host->Run("window w; columnLayout c; cmdScrollFieldReporter " + flag + " r");
+    m_host->Run("showWindow w");
     OutputStream& output = m_host->GetEngine().output;
     output.Info("i");
     output.Warning("w");
@@ -100,6 +102,7 @@ void ReporterTest::FiltersHideWhatTheyName()
 void ReporterTest::ClearingEmptiesEveryView()
 {
     m_host->Run("window w; columnLayout c; cmdScrollFieldReporter r; cmdScrollFieldReporter other");
+    m_host->Run("showWindow w");
     m_host->GetEngine().output.Display("waiting\n");
     m_host->Run("cmdScrollFieldReporter -e -clear other");
     m_host->GetEngine().output.Display("new\n");
@@ -110,6 +113,7 @@ void ReporterTest::ClearingEmptiesEveryView()
 void ReporterTest::ManyLinesArriveInOrderAndBounded()
 {
     m_host->Run("window w; columnLayout c; cmdScrollFieldReporter r");
+    m_host->Run("showWindow w");
     const int lines = ui::ReporterView::MAXIMUM_LINES + 1000;
     for (int i = 0; i < lines; ++i)
         m_host->GetEngine().output.Display(QString::number(i) + '\n');
@@ -120,6 +124,7 @@ void ReporterTest::ManyLinesArriveInOrderAndBounded()
 void ReporterTest::OtherThreadsMayPrint()
 {
     m_host->Run("window w; columnLayout c; cmdScrollFieldReporter r");
+    m_host->Run("showWindow w");
     std::thread printer([this] {
         for (int i = 0; i < 1000; ++i)
             m_host->GetEngine().output.Display("x\n");
@@ -146,6 +151,7 @@ void ReporterTest::ATemporaryReporterReadsAndClearsTheHistory()
 void ReporterTest::TheExecuterRunsItsText()
 {
     m_host->Run("window w; columnLayout c; cmdScrollFieldExecuter -st \"mel\" -t \"print 42\" e");
+    m_host->Run("showWindow w");
     QTest::keyClick(m_host->Find("e")->GetWidget(), Qt::Key_Return, Qt::ControlModifier);
     QCOMPARE(m_host->TakePrinted(), QString("42"));
     QCOMPARE(m_host->Run("cmdScrollFieldExecuter -q -t e"), QString());
