@@ -137,6 +137,10 @@ public Q_SLOTS:
     void ToggleRenderWhitespace();
     void ToggleWordWrap();
 
+    // Going around: the tab beside the current one, from the last to the first
+    void NextEditor();
+    void PreviousEditor();
+
     // Host
     void UpdateOverrideScriptEditorButton();
     void MelCommandReference();
@@ -187,6 +191,7 @@ private:
     QString BufferPath(CodeEditorLanguage language) const;
     bool IsOutputFocused() const;
     void SetCodeEditorZoom(int zoom);
+    void SwitchEditor(int step);
     void SetOutputZoom(int zoom);
 
     // Layout
@@ -233,6 +238,8 @@ private:
     QAction* m_suppressStackWindowAction = nullptr;
     QAction* m_writeOutputToFileAction = nullptr;
     QAction* m_executeAction = nullptr;
+    QAction* m_nextEditorAction = nullptr;
+    QAction* m_previousEditorAction = nullptr;
     QAction* m_executeAltAction = nullptr;
     QAction* m_executeLineAction = nullptr;
     QAction* m_executeAllAction = nullptr;

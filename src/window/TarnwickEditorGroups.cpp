@@ -129,6 +129,26 @@ void TarnwickEditor::SetActiveCodeEditor(int groupIndex, int tabIndex, bool focu
         group->FocusCurrentCodeEditor();
 }
 
+void TarnwickEditor::SwitchEditor(int step)
+{
+    const CodeEditorGroup* group = GetActiveCodeEditorGroup();
+    const int count = group ? group->GetCount() : 0;
+    if (count > 1) {
+        SetActiveCodeEditor(GetActiveCodeEditorGroupIndex(),
+            (group->GetCurrentIndex() + step + count) % count, true);
+    }
+}
+
+void TarnwickEditor::NextEditor()
+{
+    SwitchEditor(1);
+}
+
+void TarnwickEditor::PreviousEditor()
+{
+    SwitchEditor(-1);
+}
+
 void TarnwickEditor::SetActiveCodeEditor(const QString& path)
 {
     CodeEditorGroup* group = GetCodeEditorGroupByPath(path);
