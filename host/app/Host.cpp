@@ -95,10 +95,11 @@ void Host::RunIfPresent(Language language, const QString& path)
 void Host::RunUserSetup()
 {
     RunIfPresent(Language::Mel, m_engine.paths.FindScript(QStringLiteral("userSetup.mel")));
-    QStringList folders = m_engine.paths.ScriptPath();
-    folders.removeLast();
-    for (const QString& folder : qAsConst(folders))
-        RunIfPresent(Language::Python, folder + QLatin1String("/userSetup.py"));
+    const QString own = m_engine.paths.InstallDirectory();
+    for (const QString& folder : m_engine.paths.ScriptPath()) {
+        if (!folder.startsWith(own))
+            RunIfPresent(Language::Python, folder + QLatin1String("/userSetup.py"));
+    }
 }
 
 void Host::LoadPlugins()

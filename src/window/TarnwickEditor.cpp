@@ -8,7 +8,7 @@
 #include "plugin/MayaUtil.h"
 #include "settings/ColorSettings.h"
 #include "settings/Settings.h"
-#include "window/chrome/PanelGroup.h"
+#include "window/PanelGroup.h"
 #include "window/chrome/StatusBar.h"
 #include "window/chrome/TarnwickStyle.h"
 #include "window/chrome/Theme.h"

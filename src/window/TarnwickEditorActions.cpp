@@ -2,8 +2,8 @@
 
 #include "plugin/MayaUtil.h"
 #include "settings/Settings.h"
+#include "window/PanelGroup.h"
 #include "window/TarnwickEditor.h"
-#include "window/chrome/PanelGroup.h"
 #include "window/chrome/StatusBar.h"
 
 #include <QAction>

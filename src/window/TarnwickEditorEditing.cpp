@@ -4,8 +4,8 @@
 #include "editor/CodeEditorGroup.h"
 #include "output/OutputTextEdit.h"
 #include "settings/Settings.h"
+#include "window/PanelGroup.h"
 #include "window/TarnwickEditor.h"
-#include "window/chrome/PanelGroup.h"
 
 #include <QApplication>
 

@@ -4,8 +4,8 @@
 #include "plugin/Logger.h"
 #include "plugin/MayaUtil.h"
 #include "settings/Settings.h"
+#include "window/PanelGroup.h"
 #include "window/TarnwickEditor.h"
-#include "window/chrome/PanelGroup.h"
 
 #include <QAction>
 #include <QFileDialog>

@@ -2,8 +2,8 @@
 
 #include "editor/CodeEditorGroup.h"
 #include "settings/Settings.h"
+#include "window/PanelGroup.h"
 #include "window/TarnwickEditor.h"
-#include "window/chrome/PanelGroup.h"
 #include "window/chrome/StatusBar.h"
 
 #include <QMenuBar>

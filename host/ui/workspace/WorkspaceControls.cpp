@@ -133,7 +133,9 @@ void WorkspaceControls::OnElementRemoved(const Element* element)
     const auto found = m_controls.find(element->GetName());
     if (found == m_controls.end() || found->second.element != element)
         return;
-    const QPointer<WorkspacePanel> panel = found->second.panel;
+    // An element that goes because its widget does has no widget any more; then the panel is half
+    // destroyed already and must not be touched.
+    const QPointer<WorkspacePanel> panel = element->GetWidget() ? found->second.panel : nullptr;
     m_controls.erase(found);
     if (panel)
         m_workspace.Hide(panel);

@@ -38,7 +38,8 @@ class Checker(threading.Thread):
             with open(path) as stream:
                 asset = json.load(stream)
             name = os.path.splitext(os.path.basename(path))[0]
-            print("checked %s" % name)
+            # One write, so that the lines of several threads stay whole.
+            print("checked %s\n" % name, end="")
             self.results[name] = asset["polygons"] + len(asset["textures"])
 
 

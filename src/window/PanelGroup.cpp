@@ -1,4 +1,4 @@
-#include "window/chrome/PanelGroup.h"
+#include "window/PanelGroup.h"
 
 #include "output/OutputTextEdit.h"
 #include "plugin/MayaUtil.h"
