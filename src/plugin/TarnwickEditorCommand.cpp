@@ -9,6 +9,7 @@
 #include <maya/MArgDatabase.h>
 
 #include <QCoreApplication>
+#include <QEvent>
 #include <QFileInfo>
 #include <QThread>
 
@@ -131,10 +132,15 @@ void TarnwickEditorCommand::AppendToOutput(const QString& text)
         if (TarnwickEditor* const window = editor)
             window->AppendToOutputThreadSafe(text);
     };
-    if (QThread::currentThread() == QCoreApplication::instance()->thread())
-        append();
-    else if (threadOutput)
+    if (!threadOutput)
+        return;
+    if (QThread::currentThread() != threadOutput->thread()) {
         QMetaObject::invokeMethod(threadOutput.get(), append, Qt::QueuedConnection);
+        return;
+    }
+    // What other threads printed before this text comes before it, too.
+    QCoreApplication::sendPostedEvents(threadOutput.get(), QEvent::MetaCall);
+    append();
 }
 
 MStatus TarnwickEditorCommand::GetVersion()

@@ -14,6 +14,7 @@ private Q_SLOTS:
     void RunsAndShows_data();
     void RunsAndShows();
     void ThreadsPrintInOrder();
+    void AThreadThatHasEndedComesFirst();
 
 private:
     static QString Script(const char* file);
@@ -104,6 +105,25 @@ void ScriptsTest::ThreadsPrintInOrder()
     for (int i = 0; i < 200; ++i)
         expected += QString("line %1").arg(i);
     QCOMPARE(m_session.ConsoleText().split('\n').filter(QRegularExpression("^line ")), expected);
+}
+
+void ScriptsTest::AThreadThatHasEndedComesFirst()
+{
+    QVERIFY(m_session.Mel("tarnwickEditor2 -clearOutput"));
+    QPlainTextEdit* editor = m_session.Focus("Python");
+    QVERIFY(editor);
+
+    m_session.Execute(editor,
+        "import threading\n"
+        "for i in range(3):\n"
+        "    thread = threading.Thread(target=print, args=('thread', i))\n"
+        "    thread.start()\n"
+        "    thread.join()\n"
+        "    print('main', i)\n");
+
+    QTRY_VERIFY(m_session.ConsoleText().contains("main 2\n"));
+    QCOMPARE(m_session.ConsoleText().split('\n').filter(QRegularExpression("^(thread|main) \\d")),
+        (QStringList{"thread 0", "main 0", "thread 1", "main 1", "thread 2", "main 2"}));
 }
 
 TE2_TEST(ScriptsTest)
