@@ -165,7 +165,7 @@ void OutputFramingTest::Frame_data()
                           << "ls;\n";
     QTest::newRow("print") << mel << Type::kDisplay << "text"
                            << "text";
-    QTest::newRow("kind of a later host") << mel << Type(99) << "text"
+    QTest::newRow("kind of a later host") << mel << Type(7) << "text"
                                           << "text";
     QTest::newRow("stack trace") << mel << Type::kStackTrace << "trace" << QString();
     QTest::newRow("print without line end makes it Python") << "ls;" << Type::kResult << "a"

@@ -87,6 +87,8 @@ HostWindow::~HostWindow()
 {
     m_engine.ui = nullptr;
     qApp->removeEventFilter(this);
+    // Parts that go after this would still move the focus.
+    disconnect(qApp, nullptr, this, nullptr);
     // The controls look at the workspace until their end.
     delete m_controls;
 }
