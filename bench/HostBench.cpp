@@ -24,6 +24,9 @@ const QString MEL_PRINTS = QStringLiteral(
 const QString PYTHON_PRINTS
     = QStringLiteral("for i in range(100000):\n    print('line', i, 'of the log')\n");
 
+const QString LONG_PYTHON_PRINTS
+    = QStringLiteral("for i in range(1000000):\n    print('line', i, 'of the log')\n");
+
 host::Host* theHost = nullptr;
 
 QWidget* Console()
@@ -139,6 +142,8 @@ void RegisterAll()
     Register("python_prints/floor",
         [](auto& s) { RunWithoutWindow(s, Language::Python, PYTHON_PRINTS); });
     RatioGoal("python_prints", 3);
+    // For its counter: how often the console is painted during a burst of some seconds.
+    Register("long_burst", [](auto& s) { RunWithWindow(s, Language::Python, LONG_PYTHON_PRINTS); });
     Register("host_start", StartHost);
     TimeGoal("host_start", 1000);
     Register("plugin_load_and_window", LoadAndOpen);
