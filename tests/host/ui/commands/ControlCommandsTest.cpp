@@ -1,4 +1,5 @@
 #include "host/ui/UiFixture.h"
+#include "support/ScriptRows.h"
 #include "support/TestMain.h"
 
 #include <QCheckBox>
@@ -38,88 +39,92 @@ void ControlCommandsTest::init()
 
 void ControlCommandsTest::CommandsAnswer_data()
 {
-    QTest::addColumn<QString>("script");
-    QTest::addColumn<QString>("result");
-    const auto row = [](const char* name, const char* script, const char* result) {
-        QTest::newRow(name) << QString(script) << QString(result);
-    };
-    row("creation gives the full path", "window w; columnLayout c; button b", "w|c|b");
-    row("default names", "window; columnLayout; button", "window1|columnLayout1|button1");
-    row("exists of nothing", "window -exists w", "0");
-    row("exists beats other flags", "window w; window -e -title \"x\" -exists w", "1");
-    row("exists asks for the type", "window w; columnLayout c; button -exists c", "0");
-    row("control knows every control", "window w; columnLayout c; button b; control -exists b",
-        "1");
-    row("a window is no control", "window w; control -exists w", "0");
-    row("layout knows every layout", "window w; columnLayout c; text t; layout -q -ca c", "t");
-    row("missing object", "button -q -label b", "error: Object 'b' not found.");
-    row("name in use", "window w; columnLayout c; text t; button t",
+    ScriptColumns();
+    ScriptRow("creation gives the full path", "window w; columnLayout c; button b", "w|c|b");
+    ScriptRow("default names", "window; columnLayout; button", "window1|columnLayout1|button1");
+    ScriptRow("exists of nothing", "window -exists w", "0");
+    ScriptRow("exists beats other flags", "window w; window -e -title \"x\" -exists w", "1");
+    ScriptRow("exists asks for the type", "window w; columnLayout c; button -exists c", "0");
+    ScriptRow("control knows every control",
+        "window w; columnLayout c; button b; control -exists b", "1");
+    ScriptRow("a window is no control", "window w; control -exists w", "0");
+    ScriptRow(
+        "layout knows every layout", "window w; columnLayout c; text t; layout -q -ca c", "t");
+    ScriptRow("missing object", "button -q -label b", "error: Object 'b' not found.");
+    ScriptRow("name in use", "window w; columnLayout c; text t; button t",
         "error: Object's name 't' is not unique.");
-    row("window name in use", "window w; window w", "error: Object's name 'w' is not unique.");
-    row("ambiguous name",
+    ScriptRow(
+        "window name in use", "window w; window w", "error: Object's name 'w' is not unique.");
+    ScriptRow("ambiguous name",
         "window a; columnLayout; text t; window b; columnLayout; text t; text -q -l t",
         "error: Object's name 't' is not unique.");
-    row("control without layout", "window w; button",
+    ScriptRow("control without layout", "window w; button",
         "error: Controls must have a layout.  No layout found in window : w.");
-    row("nowhere to go", "columnLayout",
+    ScriptRow("nowhere to go", "columnLayout",
         "error: No current window or layout: make one first, or use -parent.");
-    row("unknown parent", "window w; columnLayout -p nobody", "error: Object 'nobody' not found.");
-    row("explicit parent keeps the current one",
+    ScriptRow(
+        "unknown parent", "window w; columnLayout -p nobody", "error: Object 'nobody' not found.");
+    ScriptRow("explicit parent keeps the current one",
         "window w; columnLayout c; window v; columnLayout d; text -p c t; setParent -q", "v|d");
-    row("up", "window w; columnLayout c; rowLayout r; setParent ..; setParent -q", "w|c");
-    row("up stops at the window", "window w; setParent ..; setParent ..; setParent -q", "w");
-    row("top", "window w; columnLayout c; rowLayout r; setParent -top", "w");
-    row("parent of a control", "window w; columnLayout c; button b; button -q -parent b", "w|c");
-    row("title and size",
+    ScriptRow("up", "window w; columnLayout c; rowLayout r; setParent ..; setParent -q", "w|c");
+    ScriptRow("up stops at the window", "window w; setParent ..; setParent ..; setParent -q", "w");
+    ScriptRow("top", "window w; columnLayout c; rowLayout r; setParent -top", "w");
+    ScriptRow(
+        "parent of a control", "window w; columnLayout c; button b; button -q -parent b", "w|c");
+    ScriptRow("title and size",
         "window -title \"A B\" -widthHeight 300 200 w; string $t = `window -q -t w`; int $s[] = "
         "`window -q -wh w`; $t + $s[0] + $s[1]",
         "A B300200");
-    row("kept flags", "window w; columnLayout c; button -docTag \"x\" b; button -q -docTag b", "x");
-    row("a command is given back",
+    ScriptRow(
+        "kept flags", "window w; columnLayout c; button -docTag \"x\" b; button -q -docTag b", "x");
+    ScriptRow("a command is given back",
         "window w; columnLayout c; button -c \"print 1\" b; button -q -c b", "print 1");
-    row("hidden control", "window w; columnLayout c; button -vis 0 b; button -q -vis b", "0");
-    row("range before value", "window w; columnLayout c; intField -v 7 -max 5 f; intField -q -v f",
-        "5");
-    row("fraction", "window w; columnLayout c; floatField -v 0.25 f; floatField -q -v f", "0.25");
-    row("list in order",
+    ScriptRow("hidden control", "window w; columnLayout c; button -vis 0 b; button -q -vis b", "0");
+    ScriptRow("range before value",
+        "window w; columnLayout c; intField -v 7 -max 5 f; intField -q -v f", "5");
+    ScriptRow(
+        "fraction", "window w; columnLayout c; floatField -v 0.25 f; floatField -q -v f", "0.25");
+    ScriptRow("list in order",
         "window w; columnLayout c; textScrollList -a \"x\" -a \"y\" -ap 1 \"z\" l; textScrollList "
         "-q -ai l",
         "z x y");
-    row("list selection",
+    ScriptRow("list selection",
         "window w; columnLayout c; textScrollList -ams 1 -a \"x\" -a \"y\" -a \"z\" -si \"z\" -sii "
         "1 l; textScrollList -q -sii l",
         "1 3");
-    row("list index out of range",
+    ScriptRow("list index out of range",
         "window w; columnLayout c; textScrollList -a \"x\" l; textScrollList -e -rii 2 l",
         "error: Item index 2 is not between 1 and 1.");
-    row("tagged items",
+    ScriptRow("tagged items",
         "window w; columnLayout c; textScrollList -a \"x\" -a \"x\" -utg \"p\" -utg \"q\" -sut "
         "\"q\" l; textScrollList -q -sii l",
         "2");
-    row("option menu",
+    ScriptRow("option menu",
         "window w; columnLayout c; optionMenu o; menuItem -l \"a\"; menuItem -l \"b\"; optionMenu "
         "-e -v \"b\" o; optionMenu -q -sl o",
         "2");
-    row("option menu without that item",
+    ScriptRow("option menu without that item",
         "window w; columnLayout c; optionMenu o; menuItem -l \"a\"; optionMenu -e -v \"b\" o",
         "error: Item not found: b");
-    row("delete by the wrong kind", "window w; columnLayout c; deleteUI -window c",
+    ScriptRow("delete by the wrong kind", "window w; columnLayout c; deleteUI -window c",
         "error: Object 'c' not found.");
-    row("deleted with everything in it",
+    ScriptRow("deleted with everything in it",
         "window w; columnLayout c; button b; deleteUI w; (`window -exists w` + `button -exists b`)",
         "0");
-    row("listing by type",
+    ScriptRow("listing by type",
         "window w; columnLayout c; button b; text t; lsUI -type \"button\" -type \"text\"", "b t");
-    row("listing paths", "window w; columnLayout c; button b; lsUI -long -type \"button\"",
+    ScriptRow("listing paths", "window w; columnLayout c; button b; lsUI -long -type \"button\"",
         "w|c|b");
-    row("listing nothing", "size(`lsUI -type \"symbolButton\"`)", "0");
-    row("listing without a type", "lsUI", "error: Name at least one type of element to list.");
-    row("failed creation leaves nothing",
+    ScriptRow("listing nothing", "size(`lsUI -type \"symbolButton\"`)", "0");
+    ScriptRow(
+        "listing without a type", "lsUI", "error: Name at least one type of element to list.");
+    ScriptRow("failed creation leaves nothing",
         "window w; columnLayout c; optionMenu o; catchQuiet(`optionMenu -v \"x\" p`); optionMenu "
         "-exists p",
         "0");
-    row("query without a flag", "window w; window -q w", "error: Nothing to query: name a flag.");
-    row("no name to edit", "window -e -title \"x\"",
+    ScriptRow(
+        "query without a flag", "window w; window -q w", "error: Nothing to query: name a flag.");
+    ScriptRow("no name to edit", "window -e -title \"x\"",
         "error: This command requires at least 1 argument(s) to be specified or selected; found "
         "0.");
 }

@@ -1,4 +1,5 @@
 #include "host/ui/window/WindowFixture.h"
+#include "support/ScriptRows.h"
 #include "support/TestMain.h"
 
 #include <QLineEdit>
@@ -64,31 +65,28 @@ private:
 
 void HostWindowTest::ScriptsFindTheMainWindow_data()
 {
-    QTest::addColumn<QString>("script");
-    QTest::addColumn<QString>("result");
-    const auto row = [](const char* name, const char* script, const char* result) {
-        QTest::newRow(name) << QString(script) << QString(result);
-    };
-    row("name of the window", "global string $gMainWindow; $x = $gMainWindow", "MayaWindow");
-    row("it is a window", "window -exists MayaWindow", "1");
-    row("one script editor button",
+    ScriptColumns();
+    ScriptRow("name of the window", "global string $gMainWindow; $x = $gMainWindow", "MayaWindow");
+    ScriptRow("it is a window", "window -exists MayaWindow", "1");
+    ScriptRow("one script editor button",
         "string $found[]; for ($b in `lsUI -type symbolButton`) {"
         " if (`symbolButton -q -command $b` == \"ScriptEditor\") $found[size($found)] = "
         "`symbolButton -q -annotation $b`; } $x = $found",
         "Script Editor");
-    row("windows menu is filled on request",
+    ScriptRow("windows menu is filled on request",
         "global string $gMainWindowMenu; buildViewMenu $gMainWindowMenu;"
         "$n = size(`menu -q -itemArray $gMainWindowMenu`) > 3",
         "1");
-    row("general editors submenu",
+    ScriptRow("general editors submenu",
         "buildViewMenu mainWindowMenu; string $l = \"\"; for ($i in `menu -q -itemArray "
         "mainWindowMenu`) { string $t = \"\"; catchQuiet($t = `menuItem -q -label "
         "(\"mainWindowMenu|\" + $i)`); if ($t == uiRes(\"m_WindowMenu.kGeneralEditorsLabel\")) $l "
         "= $t; } $x = $l",
         "General Editors");
-    row("shelves", "tabLayout -q -childArray $gShelfTopLevel", "General Custom");
-    row("nothing is current at first", "setParent -q", "");
-    row("unknown action", "hostAction nonsense", "error: There is no host action \"nonsense\".");
+    ScriptRow("shelves", "tabLayout -q -childArray $gShelfTopLevel", "General Custom");
+    ScriptRow("nothing is current at first", "setParent -q", "");
+    ScriptRow(
+        "unknown action", "hostAction nonsense", "error: There is no host action \"nonsense\".");
 }
 
 void HostWindowTest::ScriptsFindTheMainWindow()

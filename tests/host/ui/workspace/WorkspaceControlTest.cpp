@@ -1,4 +1,5 @@
 #include "host/ui/window/WindowFixture.h"
+#include "support/ScriptRows.h"
 #include "support/TestMain.h"
 
 #include <QFile>
@@ -35,92 +36,90 @@ private:
 
 void WorkspaceControlTest::CommandsAnswer_data()
 {
-    QTest::addColumn<QString>("script");
-    QTest::addColumn<QString>("result");
-    const auto row = [](const char* name, const char* script, const char* result) {
-        QTest::newRow(name) << QString(script) << QString(result);
-    };
-    row("creation gives the name", "workspaceControl p", "p");
-    row("default name", "workspaceControl", "workspaceControl1");
-    row("exists without -q", "workspaceControl p; workspaceControl -exists p", "1");
-    row("missing does not exist", "workspaceControl -q -exists p", "0");
-    row("missing cannot be asked", "workspaceControl -q -visible p",
+    ScriptColumns();
+    ScriptRow("creation gives the name", "workspaceControl p", "p");
+    ScriptRow("default name", "workspaceControl", "workspaceControl1");
+    ScriptRow("exists without -q", "workspaceControl p; workspaceControl -exists p", "1");
+    ScriptRow("missing does not exist", "workspaceControl -q -exists p", "0");
+    ScriptRow("missing cannot be asked", "workspaceControl -q -visible p",
         "error: Object 'p' not found.");
-    row("name taken", "workspaceControl p; workspaceControl p",
+    ScriptRow("name taken", "workspaceControl p; workspaceControl p",
         "error: Object's name 'p' is not unique.");
-    row("visible by default", "workspaceControl p; workspaceControl -q -visible p", "1");
-    row("created hidden",
+    ScriptRow("visible by default", "workspaceControl p; workspaceControl -q -visible p", "1");
+    ScriptRow("created hidden",
         "workspaceControl -floating 1 -visible 0 p; workspaceControl -q -visible p", "0");
-    row("floating is known while hidden",
+    ScriptRow("floating is known while hidden",
         "workspaceControl -floating 1 -visible 0 p; workspaceControl -q -floating p", "1");
-    row("restore shows",
+    ScriptRow("restore shows",
         "workspaceControl -vis 0 p; workspaceControl -e -restore p; "
         "workspaceControl -q -visible p",
         "1");
-    row("restore expands",
+    ScriptRow("restore expands",
         "workspaceControl -fl 1 p; workspaceControl -e -collapse 1 p; "
         "workspaceControl -e -restore p; workspaceControl -q -collapse p",
         "0");
-    row("collapse of a window",
+    ScriptRow("collapse of a window",
         "workspaceControl -fl 1 p; workspaceControl -e -collapse 1 p; workspaceControl -q "
         "-collapse p",
         "1");
-    row("collapse is kept while hidden",
+    ScriptRow("collapse is kept while hidden",
         "workspaceControl -fl 1 p; workspaceControl -e -collapse 1 p; workspaceControl -e -visible "
         "0 "
         "p; workspaceControl -e -visible 1 p; workspaceControl -q -collapse p",
         "1");
-    row("label", "workspaceControl -label \"My Panel\" p; workspaceControl -q -label p",
+    ScriptRow("label", "workspaceControl -label \"My Panel\" p; workspaceControl -q -label p",
         "My Panel");
-    row("label without one", "workspaceControl p; workspaceControl -q -label p", "p");
-    row("front tab", "workspaceControl a; workspaceControl b; workspaceControl -q -raise a", "0");
-    row("raised tab",
+    ScriptRow("label without one", "workspaceControl p; workspaceControl -q -label p", "p");
+    ScriptRow(
+        "front tab", "workspaceControl a; workspaceControl b; workspaceControl -q -raise a", "0");
+    ScriptRow("raised tab",
         "workspaceControl a; workspaceControl b; workspaceControl -e -raise a; "
         "workspaceControl -q -raise a",
         "1");
-    row("docks and floats",
+    ScriptRow("docks and floats",
         "workspaceControl -fl 1 p; workspaceControl -e -fl 0 p; "
         "workspaceControl -q -floating p",
         "0");
-    row("tab in a window",
+    ScriptRow("tab in a window",
         "workspaceControl -fl 1 a; workspaceControl -ttc a -1 b; "
         "workspaceControl -q -floating b",
         "1");
-    row("tab beside nothing", "workspaceControl -ttc nothing -1 b",
+    ScriptRow("tab beside nothing", "workspaceControl -ttc nothing -1 b",
         "error: Object 'nothing' not found.");
-    row("failed creation leaves nothing",
+    ScriptRow("failed creation leaves nothing",
         "catchQuiet(`workspaceControl -ttc nothing -1 b`); workspaceControl -exists b", "0");
-    row("unknown side", "workspaceControl -dtm middle 1 p",
+    ScriptRow("unknown side", "workspaceControl -dtm middle 1 p",
         "error: Invalid dock position \"middle\": use left, right, top or bottom.");
-    row("resized side",
+    ScriptRow("resized side",
         "workspaceControl -dtm left 1 p; workspaceControl -e -rsw 300 p; workspaceControl -q "
         "-width p",
         "300");
-    row("kept flags come back",
+    ScriptRow("kept flags come back",
         "workspaceControl -widthProperty fixed p; "
         "workspaceControl -q -widthProperty p",
         "fixed");
-    row("close deletes what is not retained",
+    ScriptRow("close deletes what is not retained",
         "workspaceControl -retain 0 p; workspaceControl -e -close p; workspaceControl -exists p",
         "0");
-    row("close keeps what is retained",
+    ScriptRow("close keeps what is retained",
         "workspaceControl p; workspaceControl -e -close p; workspaceControl -exists p", "1");
-    row("deleteUI", "workspaceControl p; deleteUI p; workspaceControl -exists p", "0");
-    row("listed", "workspaceControl a; workspaceControl b; lsUI -type workspaceControl", "a b");
-    row("state before the control",
+    ScriptRow("deleteUI", "workspaceControl p; deleteUI p; workspaceControl -exists p", "0");
+    ScriptRow(
+        "listed", "workspaceControl a; workspaceControl b; lsUI -type workspaceControl", "a b");
+    ScriptRow("state before the control",
         "workspaceControlState -e -tlc 30 40 -width 500 -height 300 p; "
         "workspaceControlState -q -tlc p",
         "30 40");
-    row("state size", "workspaceControlState -e -wh 500 300 p; workspaceControlState -q -width p",
-        "500");
-    row("unknown state", "workspaceControlState -q -tlc p", "error: Object 'p' not found.");
-    row("state removed",
+    ScriptRow("state size",
+        "workspaceControlState -e -wh 500 300 p; workspaceControlState -q -width p", "500");
+    ScriptRow("unknown state", "workspaceControlState -q -tlc p", "error: Object 'p' not found.");
+    ScriptRow("state removed",
         "workspaceControlState -tlc 1 2 p; workspaceControlState -remove p; "
         "workspaceControlState -exists p",
         "0");
-    row("bad state string", "workspaceControl p; workspaceControl -e -ss \"junk\" p",
+    ScriptRow("bad state string", "workspaceControl p; workspaceControl -e -ss \"junk\" p",
         "error: Invalid workspace control state string.");
-    row("state string round trip",
+    ScriptRow("state string round trip",
         "workspaceControl -fl 1 -label L p; string $s = `workspaceControl -q -ss p`; "
         "workspaceControl "
         "-e -fl 0 -label M p; workspaceControl -e -ss $s p; $x = `workspaceControl -q -label p` + "
