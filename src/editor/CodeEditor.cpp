@@ -5,6 +5,8 @@
 #include "editor/CodeEditorBlockData.h"
 #include "editor/CodeEditorLineNumbers.h"
 #include "editor/TextColumns.h"
+#include "plugin/MayaUtil.h"
+#include "window/chrome/OverlayWidget.h"
 #include "window/chrome/Theme.h"
 
 #include <QDragEnterEvent>
@@ -28,6 +30,7 @@ CodeEditor::CodeEditor(
     const CodeEditorProperties& properties, KeyBindings* keyBindings, QWidget* parent)
     : QPlainTextEdit(parent)
     , m_lineNumbers(new CodeEditorLineNumbers(this))
+    , m_dropOverlay(new OverlayWidget(this))
     , m_keyBindings(keyBindings)
     , m_textChangeTimer(new QTimer(this))
     , m_extraSelectionsTimer(new QTimer(this))
@@ -62,6 +65,8 @@ void CodeEditor::CreateConnections()
     connect(this, &QPlainTextEdit::textChanged, this, &CodeEditor::OnTextChanged);
     connect(this, &QPlainTextEdit::modificationChanged, this, &CodeEditor::OnModificationChanged);
     connect(this, &QWidget::customContextMenuRequested, this, &CodeEditor::ShowContextMenu);
+    connect(
+        document(), &QTextDocument::contentsChange, this, &CodeEditor::OnDocumentContentsChanged);
     connect(m_textChangeTimer, &QTimer::timeout, this, &CodeEditor::OnTextChangedDelay);
     connect(m_extraSelectionsTimer, &QTimer::timeout, this, &CodeEditor::UpdateExtraSelections);
 }
@@ -327,6 +332,18 @@ void CodeEditor::OnTextChangedDelay()
 void CodeEditor::OnModificationChanged(bool modified)
 {
     Q_EMIT ModificationChanged(modified, this);
+}
+
+void CodeEditor::CommandDocumentation()
+{
+    if (m_language != CodeEditorLanguage::Text)
+        MayaUtil::CommandDocumentation(
+            GetSelectedTextForExecute(), m_language == CodeEditorLanguage::Python);
+}
+
+void CodeEditor::SetDropOverlayRect(const QRect& rectangle)
+{
+    m_dropOverlay->SetRect(rectangle);
 }
 
 void CodeEditor::focusInEvent(QFocusEvent* event)

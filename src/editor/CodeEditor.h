@@ -1,12 +1,15 @@
 #pragma once
 
+#include "editor/CodeEditorMarks.h"
 #include "editor/CodeEditorProperties.h"
 
 #include <QPlainTextEdit>
+#include <QRegularExpression>
 
 class CodeEditorBlockData;
 class CodeEditorLineNumbers;
 class KeyBindings;
+class OverlayWidget;
 class QFileSystemWatcher;
 class QMenu;
 class QTextCharFormat;
@@ -111,6 +114,33 @@ public:
     bool IsInsertClosingQuoteEnabled() const;
     bool IsBackspaceToTabStopEnabled() const;
 
+    // What the checkers say
+    /// Replaces all three lists. Messages with a span are carried along while the user types.
+    void UpdateErrorsAndWarnings(const QVector<ParserMessage>& errors,
+        const QVector<ParserMessage>& warnings, const QVector<ParserMessage>& infos);
+    /// 0 while the language's errors are not displayed, as everything else about messages.
+    int GetNumberOfErrors() const;
+    int GetNumberOfWarnings() const;
+    /// The first message of the cursor's line, errors before warnings before infos; or empty.
+    QString GetErrorAndWarningsText() const;
+    /// Empty while the language's errors are not displayed.
+    const CodeEditorMarks& GetMarks() const;
+
+    // State of the search
+    /// An expression without pattern ends the search. Found text is marked.
+    void SetSearchRegEx(const QRegularExpression& expression);
+    const QRegularExpression& GetSearchRegEx() const { return m_searchRegEx; }
+    bool IsFindInSelectionEnabled() const { return m_findInSelection; }
+    /// -1 when no region is set.
+    int GetFindInSelectionStart() const { return m_findInSelectionStart; }
+    int GetFindInSelectionEnd() const { return m_findInSelectionEnd; }
+    /// Searches only what is selected now from here on.
+    void SetSelectedSearchRegion();
+    void ClearFindInSelection();
+
+    /// Where a dragged tab or file would go, in the editor's coordinates; empty: nowhere.
+    void SetDropOverlayRect(const QRect& rectangle);
+
     // Re-reading the settings
     void UpdateFontsAndColors();
     void UpdateFont();
@@ -122,6 +152,7 @@ public:
 
 Q_SIGNALS:
     void ReceivedFocus();
+    void ErrorAndWarningTextChanged();
     void OverwriteModeChanged();
     void EscapeKeyPressed();
     void IncreaseFontSizeRequested();
@@ -130,12 +161,16 @@ Q_SIGNALS:
     void ExecuteAllRequested();
     void ExecuteLineRequested();
     void SaveScriptToShelfRequested();
+    void InsertPathRequested();
+    void PythonDirRequested();
+    void PythonHelpRequested();
     void PythonUpdateModuleStateRequested();
     void PythonRevertModuleStateRequested();
     void TogglePythonRevertModuleStateOnExecuteRequested();
     /// 250 ms after the last change.
     void TextChanged(const QString& filePath, const QString& text);
     void FileChanged(const QString& path);
+    void QuickHelpChanged(const QString& text, bool isRequested);
     void ModificationChanged(bool modified, CodeEditor* editor);
 
 public Q_SLOTS:
@@ -143,12 +178,19 @@ public Q_SLOTS:
     void ExecuteAll() { Q_EMIT ExecuteAllRequested(); }
     void ExecuteLine() { Q_EMIT ExecuteLineRequested(); }
     void SaveScriptToShelf() { Q_EMIT SaveScriptToShelfRequested(); }
+    void InsertPath() { Q_EMIT InsertPathRequested(); }
+    void PythonDirSelection() { Q_EMIT PythonDirRequested(); }
+    void PythonHelpSelection() { Q_EMIT PythonHelpRequested(); }
     void PythonUpdateModuleState() { Q_EMIT PythonUpdateModuleStateRequested(); }
     void PythonRevertModuleState() { Q_EMIT PythonRevertModuleStateRequested(); }
     void TogglePythonRevertModuleStateOnExecute()
     {
         Q_EMIT TogglePythonRevertModuleStateOnExecuteRequested();
     }
+    /// Asks for help on what is selected.
+    void QuickHelp() { Q_EMIT QuickHelpChanged(GetSelectedTextForExecute(), true); }
+    /// Opens the host's page on the selected command; nothing in a text editor.
+    void CommandDocumentation();
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
@@ -162,6 +204,7 @@ private Q_SLOTS:
     void OnTextChanged();
     void OnTextChangedDelay();
     void OnModificationChanged(bool modified);
+    void OnDocumentContentsChanged(int position, int removed, int added);
     void OnFileChanged(const QString& path);
     void ShowContextMenu(const QPoint& point);
     void UpdateLineNumberWidth();
@@ -186,19 +229,41 @@ private:
     void ShiftIndent(int columns);
     void SetIndentWidth(const QTextBlock& block, int width);
 
+    // Following changes of the text
+    void OffsetParserMessages(int position, int removed, int added, int addedLines);
+    /// Every edit inside the region or at its edges belongs to it.
+    void OffsetFindInSelection(int position, int removed, int added);
+    /// Tells of a change once and only when the text or a count is another one.
+    void UpdateErrorAndWarningText();
+    /// After messages came, went or moved.
+    void RefreshMarks();
+
     void AddMenuEntry(QMenu& menu, const QString& label, int binding, void (CodeEditor::*slot)());
     void AddPythonMenu(QMenu& menu);
 
     CodeEditorLineNumbers* m_lineNumbers;
+    OverlayWidget* m_dropOverlay;
     CodeEditorType m_type = CodeEditorType::Buffer;
     CodeEditorLanguage m_language = CodeEditorLanguage::Text;
     QString m_filePath;
     QString m_label;
+    CodeEditorMarks m_marks;
+    QString m_errorAndWarningText; ///< as last told
+    int m_numberOfErrors = 0; ///< as last told
+    int m_numberOfWarnings = 0;
     int m_tabSize = 4; ///< columns
     bool m_insertSpaces = true;
     bool m_autoIndent = true;
     KeyBindings* m_keyBindings; ///< not owned
     QFileSystemWatcher* m_fileWatcher = nullptr; ///< made for the first file
     QTimer* m_textChangeTimer;
+    QRegularExpression m_searchRegEx; ///< without pattern while nothing is searched
+    bool m_findInSelection = false;
+    int m_findInSelectionStart = -1;
+    int m_findInSelectionEnd = -1;
+    /// Positions are not carried along while the editor rewrites text itself.
+    bool m_rewritingText = false;
+    int m_lastRevision = 0; ///< of the document, when positions were carried along last
+    int m_lastBlockCount = 1;
     QTimer* m_extraSelectionsTimer;
 };
