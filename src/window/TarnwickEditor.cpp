@@ -8,6 +8,7 @@
 #include "plugin/MayaUtil.h"
 #include "settings/ColorSettings.h"
 #include "settings/Settings.h"
+#include "views/SideBar.h"
 #include "window/PanelGroup.h"
 #include "window/chrome/StatusBar.h"
 #include "window/chrome/TarnwickStyle.h"
@@ -15,9 +16,9 @@
 
 #include <QApplication>
 #include <QKeyEvent>
-#include <QSplitter>
 #include <QSplitterHandle>
 #include <QStatusTipEvent>
+#include <QVariantAnimation>
 
 TarnwickEditor::TarnwickEditor(QWidget* parent)
     : QWidget(parent)
@@ -92,6 +93,10 @@ void TarnwickEditor::CreateConnections()
     connect(m_outputPanel, &PanelGroup::WriteToFileUpdated, this, &T::OnWriteToFileUpdated);
     connect(output, &OutputTextEdit::IncreaseFontSizeRequested, this, &T::IncreaseOutputFontSize);
     connect(output, &OutputTextEdit::DecreaseFontSizeRequested, this, &T::DecreaseOutputFontSize);
+    connect(m_sideBarSlide, &QVariantAnimation::valueChanged, this,
+        [this](const QVariant& value) { SetSideBarExtent(value.toInt()); });
+    connect(m_sideBarSlide, &QAbstractAnimation::finished, this, &T::FinishSideBarSlide);
+    connect(m_sideBar, &SideBar::HideRequested, this, [this] { SetSideBarVisible(false, true); });
     // Automatic: at once from this thread, queued from any other.
     connect(this, &T::AppendToOutputRequested, this, &T::AppendToOutput);
     connect(qApp, &QApplication::focusChanged, this, &T::OnApplicationFocusChanged);
@@ -177,12 +182,8 @@ bool TarnwickEditor::eventFilter(QObject* watched, QEvent* event)
     // The host may still ask and stay; unsaved buffers are safe either way.
     if (watched == m_mainWindow && event->type() == QEvent::Close)
         SaveAll(true, false);
-    if (watched == m_outputSplitter->handle(1)) {
-        if (event->type() == QEvent::MouseButtonDblClick)
-            SetDefaultSplitterSizes();
-        if (event->type() == QEvent::MouseButtonRelease)
-            SaveSplitterState();
-    }
+    if (const auto* handle = qobject_cast<QSplitterHandle*>(watched))
+        OnSplitterHandleEvent(handle->splitter(), *event);
     return QWidget::eventFilter(watched, event);
 }
 

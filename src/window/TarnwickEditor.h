@@ -11,11 +11,15 @@
 
 class CodeEditor;
 class CodeEditorGroup;
+class GrooveSplitter;
 class PanelGroup;
 class QFileInfo;
+class QHBoxLayout;
 class QMenu;
 class QMenuBar;
 class QSplitter;
+class QVariantAnimation;
+class SideBar;
 class StatusBar;
 class TarnwickStyle;
 
@@ -137,6 +141,18 @@ public Q_SLOTS:
     void ToggleRenderWhitespace();
     void ToggleWordWrap();
 
+    // Panes. Whatever had the focus in a pane that goes hands it on.
+    void ToggleCodeEditor();
+    void ToggleOutput();
+    void ToggleSideBar();
+    void ToggleStatusBar();
+    void ToggleCodeEditorLayout();
+    void ToggleSideBarPosition();
+    void OutputPositionTop() { SetOutputPosition(true, true); }
+    void OutputPositionBottom() { SetOutputPosition(true, false); }
+    void OutputPositionLeft() { SetOutputPosition(false, true); }
+    void OutputPositionRight() { SetOutputPosition(false, false); }
+
     // Going around: the tab beside the current one, from the last to the first
     void NextEditor();
     void PreviousEditor();
@@ -194,11 +210,36 @@ private:
     void SwitchEditor(int step);
     void SetOutputZoom(int zoom);
 
-    // Layout
+    // Layout. Extents are pixels in the direction of the splitter; the settings hold those that
+    // the panes have, or come back with.
+    void CreateCodeEditorGroups();
+    void ArrangeOutputSplitter();
+    void ArrangeSideBarSplitter();
+    void SetEqualGroupSizes();
     void RestoreSplitterState();
     void SaveSplitterState();
-    void SetDefaultSplitterSizes();
+    static int SideBarMinimumWidth();
+    int SideBarExtent() const;
+    int StoredSideBarExtent() const;
+    int StoredOutputExtent() const;
+    int DefaultSideBarExtent() const;
+    int DefaultOutputExtent() const;
+    void SetSideBarExtent(int extent);
+    void SetOutputExtent(int extent);
+    void OnSplitterHandleEvent(const QSplitter* splitter, const QEvent& event);
+    void OnSplitterDragged();
     void SaveWindowGeometry(bool hiding);
+
+    // Panes
+    void SetPanesVisible(bool codeEditor, bool output);
+    void ShowPanes();
+    void FocusShownPane();
+    void UpdatePaneActions();
+    bool IsSideBarShown() const;
+    void SetSideBarVisible(bool visible, bool animated);
+    void SlideSideBar();
+    void FinishSideBarSlide();
+    void SetOutputPosition(bool vertical, bool topLeft);
 
     static const ActionSpec ACTIONS[];
     static const MenuRow MENUS[];
@@ -211,6 +252,10 @@ private:
     QSplitter* m_codeEditorSplitter = nullptr;
     QSplitter* m_outputSplitter = nullptr;
     PanelGroup* m_outputPanel = nullptr;
+    GrooveSplitter* m_sideBarSplitter = nullptr;
+    SideBar* m_sideBar = nullptr;
+    QVariantAnimation* m_sideBarSlide = nullptr;
+    QHBoxLayout* m_middleRow = nullptr; ///< between the menu bar and the status bar
     StatusBar* m_statusBar = nullptr;
     bool m_bindingsEnabled = true;
     bool m_pythonModuleStateUpdated = false;
@@ -224,6 +269,16 @@ private:
     QAction* m_clearOutputAction = nullptr;
     QAction* m_renderWhitespaceAction = nullptr;
     QAction* m_wordWrapAction = nullptr;
+    QAction* m_toggleCodeEditorAction = nullptr;
+    QAction* m_toggleOutputAction = nullptr;
+    QAction* m_toggleSideBarAction = nullptr;
+    QAction* m_toggleStatusBarAction = nullptr;
+    QAction* m_toggleCodeEditorLayoutAction = nullptr;
+    QAction* m_toggleSideBarPositionAction = nullptr;
+    QAction* m_outputTopAction = nullptr;
+    QAction* m_outputBottomAction = nullptr;
+    QAction* m_outputLeftAction = nullptr;
+    QAction* m_outputRightAction = nullptr;
     QAction* m_increaseFontSizeAction = nullptr;
     QAction* m_decreaseFontSizeAction = nullptr;
     QAction* m_resetFontSizeAction = nullptr;

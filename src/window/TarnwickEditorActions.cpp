@@ -50,6 +50,16 @@ const TarnwickEditor::ActionSpec TarnwickEditor::ACTIONS[] = {
     {&T::m_clearOutputAction,                QT_TR_NOOP("Clear Output"),            K::ClearOutput,               &T::ClearHistory},
     {&T::m_renderWhitespaceAction,           QT_TR_NOOP("Toggle Render Whitespaces"), K::ToggleRenderWhitespace,  &T::ToggleRenderWhitespace},
     {&T::m_wordWrapAction,                   QT_TR_NOOP("Toggle Word Wrap"),        K::ToggleWordWrap,            &T::ToggleWordWrap},
+    {&T::m_toggleCodeEditorAction,           QT_TR_NOOP("Toggle Code Editor"),      K::ToggleCodeEditor,          &T::ToggleCodeEditor},
+    {&T::m_toggleOutputAction,               QT_TR_NOOP("Toggle Output"),           K::ToggleOutput,              &T::ToggleOutput},
+    {&T::m_toggleSideBarAction,              QT_TR_NOOP("Toggle Side Bar"),         K::ToggleSideBar,             &T::ToggleSideBar},
+    {&T::m_toggleStatusBarAction,            QT_TR_NOOP("Hide Status Bar"),         K::ToggleStatusBar,           &T::ToggleStatusBar},
+    {&T::m_toggleCodeEditorLayoutAction,     QT_TR_NOOP("Toggle Code Editor Layout"), K::ToggleCodeEditorLayout,  &T::ToggleCodeEditorLayout},
+    {&T::m_toggleSideBarPositionAction,      QT_TR_NOOP("Move Side Bar Right"),     K::ToggleSidebarPosition,     &T::ToggleSideBarPosition},
+    {&T::m_outputTopAction,                  QT_TR_NOOP("Top"),                     K::None,                      &T::OutputPositionTop},
+    {&T::m_outputBottomAction,               QT_TR_NOOP("Bottom"),                  K::None,                      &T::OutputPositionBottom},
+    {&T::m_outputLeftAction,                 QT_TR_NOOP("Left"),                    K::None,                      &T::OutputPositionLeft},
+    {&T::m_outputRightAction,                QT_TR_NOOP("Right"),                   K::None,                      &T::OutputPositionRight},
     {&T::m_increaseFontSizeAction,           QT_TR_NOOP("Increase Font Size"),      K::IncreaseFontSize,          &T::IncreaseFontSize},
     {&T::m_decreaseFontSizeAction,           QT_TR_NOOP("Decrease Font Size"),      K::DecreaseFontSize,          &T::DecreaseFontSize},
     {&T::m_resetFontSizeAction,              QT_TR_NOOP("Reset Font Size"),         K::ResetFontSize,             &T::ResetFontSize},
@@ -97,6 +107,13 @@ const TarnwickEditor::MenuRow TarnwickEditor::MENUS[] = {
         ENTRY(m_clearOutputAction),
     END,
     MENU(QT_TR_NOOP("View")),
+        ENTRY(m_toggleCodeEditorAction), ENTRY(m_toggleOutputAction), ENTRY(m_toggleSideBarAction),
+        ENTRY(m_toggleStatusBarAction), SEPARATOR,
+        ENTRY(m_toggleCodeEditorLayoutAction), ENTRY(m_toggleSideBarPositionAction),
+        MENU(QT_TR_NOOP("Output Position")),
+            ENTRY(m_outputTopAction), ENTRY(m_outputBottomAction),
+            ENTRY(m_outputLeftAction), ENTRY(m_outputRightAction),
+        END, SEPARATOR,
         ENTRY(m_renderWhitespaceAction), ENTRY(m_wordWrapAction), SEPARATOR,
         ENTRY(m_increaseFontSizeAction), ENTRY(m_decreaseFontSizeAction), ENTRY(m_resetFontSizeAction),
     END,
@@ -181,7 +198,8 @@ void TarnwickEditor::SyncActions()
     m_suppressStackWindowAction->setChecked(Settings::suppressStackWindow);
     m_revertModuleStateOnExecuteAction->setChecked(Settings::pythonRevertModuleStateOnExecute);
     OnEchoAllCommandsChanged();
-    m_outputPanel->setVisible(Settings::outputVisible);
-    m_codeEditorSplitter->setVisible(Settings::codeEditorVisible || !Settings::outputVisible);
+    ShowPanes();
+    FinishSideBarSlide();
     m_statusBar->setVisible(Settings::statusBarVisible);
+    UpdatePaneActions();
 }

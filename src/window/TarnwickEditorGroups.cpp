@@ -160,15 +160,6 @@ void TarnwickEditor::FocusActiveCodeEditor()
     RefreshCodeEditorGroups(true);
 }
 
-void TarnwickEditor::RefreshCodeEditorGroups(bool focus)
-{
-    CodeEditorGroup* const active = GetActiveCodeEditorGroup();
-    for (CodeEditorGroup* group : qAsConst(m_groups))
-        group->SetActive(group == active);
-    if (focus && active)
-        active->FocusCurrentCodeEditor();
-}
-
 int TarnwickEditor::CreateCodeEditor(CodeEditorType type, CodeEditorLanguage language,
     const QString& path, const QString& label, const QString& text, CodeEditorGroup* group,
     int index)

@@ -1,92 +1,226 @@
-// Widgets, splitters and geometry of the editor window.
+// Construction and geometry of the editor window's layout; showing and hiding its panes is in
+// TarnwickEditorPanes.cpp.
 
+#include "editor/CodeEditor.h"
 #include "editor/CodeEditorGroup.h"
 #include "settings/Settings.h"
+#include "views/SideBar.h"
 #include "window/PanelGroup.h"
+#include "window/SplitterState.h"
 #include "window/TarnwickEditor.h"
+#include "window/chrome/GrooveSplitter.h"
 #include "window/chrome/StatusBar.h"
+#include "window/chrome/Theme.h"
 
 #include <QMenuBar>
+#include <QMouseEvent>
 #include <QSplitter>
 #include <QSplitterHandle>
 #include <QVBoxLayout>
+#include <QVariantAnimation>
 
 namespace {
 
-constexpr int OUTPUT_MINIMUM_HEIGHT = 100; // pixels
-// The window works with one group as yet; side-by-side groups come with moving tabs.
-constexpr int GROUP_COUNT = 1;
+// Design pixels.
+constexpr int GROUP_MINIMUM = 100;
+constexpr int OUTPUT_MINIMUM_HEIGHT = 100;
+constexpr int SIDE_BAR_MINIMUM_WIDTH = 180;
+constexpr int SIDE_BAR_WIDTH = 288; ///< at first, its groove included
+
+constexpr int SLIDE_DURATION = 120; // ms
+constexpr int PANES = 2; // of the output and the side-bar splitter
+
+/// The share that `part` of `part + rest` has of an extent.
+int Share(int extent, int part, int rest)
+{
+    return extent * part / qMax(1, part + rest);
+}
 
 } // namespace
 
 void TarnwickEditor::CreateWidgets()
 {
+    CreateCodeEditorGroups();
+    m_outputPanel = new PanelGroup(&m_keyBindings, this);
+    m_outputPanel->setObjectName(QStringLiteral("m_outputPanel"));
+    m_outputPanel->setMinimumHeight(Theme::Dp(OUTPUT_MINIMUM_HEIGHT));
+    m_sideBar = new SideBar(this);
+    m_sideBar->setObjectName(QStringLiteral("m_sideBar"));
+    m_sideBar->setMinimumWidth(SideBarMinimumWidth());
+    m_statusBar = new StatusBar(this);
+    m_statusBar->setObjectName(QStringLiteral("m_statusBar"));
+
+    m_outputSplitter = new QSplitter(this);
+    m_outputSplitter->setObjectName(QStringLiteral("m_outputSplitter"));
+    m_outputSplitter->setChildrenCollapsible(false);
+    ArrangeOutputSplitter();
+    m_sideBarSplitter = new GrooveSplitter(Qt::Horizontal, this);
+    m_sideBarSplitter->setObjectName(QStringLiteral("m_sideBarSplitter"));
+    ArrangeSideBarSplitter();
+    for (int i = 0; i < PANES; ++i) {
+        m_outputSplitter->handle(i)->installEventFilter(this);
+        m_sideBarSplitter->handle(i)->installEventFilter(this);
+    }
+    m_sideBarSlide = new QVariantAnimation(this);
+    m_sideBarSlide->setDuration(SLIDE_DURATION);
+    m_sideBarSlide->setEasingCurve(QEasingCurve::OutCubic);
+}
+
+void TarnwickEditor::CreateCodeEditorGroups()
+{
     m_codeEditorSplitter
         = new QSplitter(Settings::codeEditorOrientVertical ? Qt::Vertical : Qt::Horizontal, this);
     m_codeEditorSplitter->setObjectName(QStringLiteral("m_codeEditorSplitter"));
     m_codeEditorSplitter->setChildrenCollapsible(false);
-    for (int i = 0; i < GROUP_COUNT; ++i) {
-        m_groups.append(new CodeEditorGroup(i, &m_keyBindings, m_codeEditorSplitter));
-        m_codeEditorSplitter->addWidget(m_groups.last());
+    for (int i = 0; i < Settings::NUM_CODE_EDITOR_GROUPS; ++i) {
+        auto* const group = new CodeEditorGroup(i, &m_keyBindings, m_codeEditorSplitter);
+        group->setMinimumSize(Theme::Dp(GROUP_MINIMUM), Theme::Dp(GROUP_MINIMUM));
+        m_groups.append(group);
+        m_codeEditorSplitter->addWidget(group);
     }
-    // An index stored by a window with more groups.
+    // An index stored by hand.
     if (!GetActiveCodeEditorGroup())
         Settings::activeTabViewIndex = 0;
+}
 
-    m_outputPanel = new PanelGroup(&m_keyBindings, this);
-    m_outputPanel->setObjectName(QStringLiteral("m_outputPanel"));
-    m_outputPanel->setMinimumHeight(OUTPUT_MINIMUM_HEIGHT);
-    m_statusBar = new StatusBar(this);
-    m_statusBar->setObjectName(QStringLiteral("m_statusBar"));
+void TarnwickEditor::ArrangeOutputSplitter()
+{
+    m_outputSplitter->setOrientation(
+        Settings::outputOrientVertical ? Qt::Vertical : Qt::Horizontal);
+    m_outputSplitter->insertWidget(0, m_codeEditorSplitter);
+    m_outputSplitter->insertWidget(Settings::outputTopLeft ? 0 : 1, m_outputPanel);
+    m_outputSplitter->setStretchFactor(m_outputSplitter->indexOf(m_codeEditorSplitter), 1);
+    m_outputSplitter->setStretchFactor(m_outputSplitter->indexOf(m_outputPanel), 0);
+}
 
-    m_outputSplitter
-        = new QSplitter(Settings::outputOrientVertical ? Qt::Vertical : Qt::Horizontal, this);
-    m_outputSplitter->setObjectName(QStringLiteral("m_outputSplitter"));
-    m_outputSplitter->setChildrenCollapsible(false);
-    QWidget* const editors = m_codeEditorSplitter;
-    QWidget* const output = m_outputPanel;
-    for (QWidget* pane : Settings::outputTopLeft ? QList<QWidget*>{output, editors}
-                                                 : QList<QWidget*>{editors, output}) {
-        m_outputSplitter->addWidget(pane);
-        m_outputSplitter->setStretchFactor(m_outputSplitter->indexOf(pane), pane == editors);
-    }
-    m_outputSplitter->handle(1)->installEventFilter(this);
+void TarnwickEditor::ArrangeSideBarSplitter()
+{
+    m_sideBarSplitter->insertWidget(0, m_outputSplitter);
+    m_sideBarSplitter->insertWidget(Settings::sideBarLeft ? 0 : 1, m_sideBar);
+    const int sideBar = m_sideBarSplitter->indexOf(m_sideBar);
+    const int editors = m_sideBarSplitter->indexOf(m_outputSplitter);
+    m_sideBarSplitter->setCollapsible(sideBar, true);
+    m_sideBarSplitter->setStretchFactor(sideBar, 0);
+    m_sideBarSplitter->setCollapsible(editors, false);
+    m_sideBarSplitter->setStretchFactor(editors, 1);
+    // Over the side bar, whose rim has nothing to click.
+    m_sideBarSplitter->SetGrabsBefore(Settings::sideBarLeft);
 }
 
 void TarnwickEditor::CreateLayout()
 {
+    m_middleRow = new QHBoxLayout;
+    m_middleRow->setSpacing(0);
+    m_middleRow->addWidget(m_sideBarSplitter, 1);
+
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
     layout->setMenuBar(m_menuBar);
-    layout->addWidget(m_outputSplitter, 1);
+    layout->addLayout(m_middleRow, 1);
     layout->addWidget(m_statusBar);
+}
+
+/// A group without editors is hidden, but for the active one when all are empty.
+void TarnwickEditor::RefreshCodeEditorGroups(bool focus)
+{
+    CodeEditorGroup* const active = GetActiveCodeEditorGroup();
+    const bool allEmpty = GetCodeEditorCount() == 0;
+    bool changed = false;
+    for (CodeEditorGroup* group : qAsConst(m_groups)) {
+        const bool shown = group->GetCount() > 0 || (allEmpty && group == active);
+        changed = changed || shown == group->isHidden();
+        group->setVisible(shown);
+        group->SetActive(group == active);
+    }
+    if (changed)
+        SetEqualGroupSizes();
+    if (focus && active)
+        active->FocusCurrentCodeEditor();
+}
+
+void TarnwickEditor::SetEqualGroupSizes()
+{
+    QList<int> sizes;
+    for (int i = 0; i < m_groups.size(); ++i)
+        sizes.append(qMax(m_codeEditorSplitter->width(), m_codeEditorSplitter->height()));
+    m_codeEditorSplitter->setSizes(sizes);
 }
 
 void TarnwickEditor::RestoreSplitterState()
 {
-    if (!m_outputSplitter->restoreState(Settings::outputState))
-        SetDefaultSplitterSizes();
-    // The stored state carries the direction along; the option decides.
-    m_outputSplitter->setOrientation(
-        Settings::outputOrientVertical ? Qt::Vertical : Qt::Horizontal);
-    m_outputSplitter->setChildrenCollapsible(false);
+    // The default ratios need the extents that the window has now.
+    layout()->activate();
+    SetSideBarExtent(StoredSideBarExtent());
+    SetOutputExtent(StoredOutputExtent());
 }
 
-void TarnwickEditor::SetDefaultSplitterSizes()
+int TarnwickEditor::StoredSideBarExtent() const
 {
-    const int parts = Settings::codeEditorSize + Settings::outputSize;
-    const int extent = Settings::outputOrientVertical ? height() : width();
-    const int output = extent * Settings::outputSize / qMax(1, parts);
-    const QList<int> sizes = {output, extent - output};
-    m_outputSplitter->setSizes(Settings::outputTopLeft ? sizes : QList<int>{sizes[1], sizes[0]});
+    const QList<int> sizes
+        = SplitterState::Sizes(Settings::sideBarState, m_sideBarSplitter->orientation(), PANES);
+    return sizes.isEmpty() ? DefaultSideBarExtent() : sizes[!Settings::sideBarLeft];
 }
 
-// A hidden pane has no size worth keeping.
+int TarnwickEditor::StoredOutputExtent() const
+{
+    const QList<int> sizes
+        = SplitterState::Sizes(Settings::outputState, m_outputSplitter->orientation(), PANES);
+    return sizes.isEmpty() ? DefaultOutputExtent() : sizes[!Settings::outputTopLeft];
+}
+
+int TarnwickEditor::SideBarMinimumWidth()
+{
+    return Theme::Dp(SIDE_BAR_MINIMUM_WIDTH);
+}
+
+int TarnwickEditor::SideBarExtent() const
+{
+    return m_sideBarSplitter->sizes().value(m_sideBarSplitter->indexOf(m_sideBar));
+}
+
+int TarnwickEditor::DefaultSideBarExtent() const
+{
+    const int share
+        = Share(m_sideBarSplitter->width(), Settings::sideBarSize, Settings::mainWindowSize);
+    return qMin(Theme::Dp(SIDE_BAR_WIDTH) - m_sideBarSplitter->handleWidth(), share);
+}
+
+int TarnwickEditor::DefaultOutputExtent() const
+{
+    const int extent
+        = Settings::outputOrientVertical ? m_outputSplitter->height() : m_outputSplitter->width();
+    return Share(
+        extent - m_outputSplitter->handleWidth(), Settings::outputSize, Settings::codeEditorSize);
+}
+
+/// The editors take the rest.
+void TarnwickEditor::SetSideBarExtent(int extent)
+{
+    const int rest
+        = qMax(1, m_sideBarSplitter->width() - m_sideBarSplitter->handleWidth() - extent);
+    m_sideBarSplitter->setSizes(
+        Settings::sideBarLeft ? QList<int>{extent, rest} : QList<int>{rest, extent});
+}
+
+void TarnwickEditor::SetOutputExtent(int extent)
+{
+    const int whole
+        = Settings::outputOrientVertical ? m_outputSplitter->height() : m_outputSplitter->width();
+    const int rest = qMax(1, whole - m_outputSplitter->handleWidth() - extent);
+    m_outputSplitter->setSizes(
+        Settings::outputTopLeft ? QList<int>{extent, rest} : QList<int>{rest, extent});
+}
+
+/// Only of panes that are shown: a hidden pane keeps the size it will come back with.
 void TarnwickEditor::SaveSplitterState()
 {
-    if (Settings::outputVisible && Settings::codeEditorVisible
-        && testAttribute(Qt::WA_WState_Polished))
+    // Before the first show nothing has a size.
+    if (!testAttribute(Qt::WA_WState_Polished))
+        return;
+    if (IsSideBarShown())
+        Settings::sideBarState = m_sideBarSplitter->saveState();
+    if (!m_outputPanel->isHidden() && !m_codeEditorSplitter->isHidden())
         Settings::outputState = m_outputSplitter->saveState();
 }
 
@@ -97,4 +231,33 @@ void TarnwickEditor::SaveWindowGeometry(bool hiding)
     if (top == this || top == m_mainWindow || (!hiding && !isVisible()))
         return;
     Settings::windowGeometry = top->geometry();
+}
+
+/// Drags and double clicks on the handles of the output and the side-bar splitter.
+void TarnwickEditor::OnSplitterHandleEvent(const QSplitter* splitter, const QEvent& event)
+{
+    switch (event.type()) {
+    case QEvent::MouseButtonDblClick:
+        if (splitter == m_sideBarSplitter)
+            SetSideBarExtent(DefaultSideBarExtent());
+        else
+            SetOutputExtent(DefaultOutputExtent());
+        break;
+    case QEvent::MouseButtonPress:
+        // What a side bar that is dragged away comes back with.
+        SaveSplitterState();
+        break;
+    case QEvent::MouseButtonRelease:
+        // Not now: hiding the side bar takes the handle away that handles this very event.
+        QMetaObject::invokeMethod(this, &TarnwickEditor::OnSplitterDragged, Qt::QueuedConnection);
+        break;
+    default: break;
+    }
+}
+
+void TarnwickEditor::OnSplitterDragged()
+{
+    if (!m_sideBar->isHidden() && SideBarExtent() == 0)
+        SetSideBarVisible(false, false);
+    SaveSplitterState();
 }

@@ -1,0 +1,173 @@
+// Showing, hiding and moving the panes of the editor window.
+
+#include "editor/CodeEditor.h"
+#include "output/OutputTextEdit.h"
+#include "settings/Settings.h"
+#include "views/SideBar.h"
+#include "window/PanelGroup.h"
+#include "window/SplitterState.h"
+#include "window/TarnwickEditor.h"
+#include "window/chrome/GrooveSplitter.h"
+#include "window/chrome/StatusBar.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QSplitter>
+#include <QStyle>
+#include <QVariantAnimation>
+
+namespace {
+
+/// Whether hiding `pane` would leave the window without the focus.
+bool HasFocusInside(const QWidget* pane)
+{
+    const QWidget* const focus = QApplication::focusWidget();
+    return focus && (focus == pane || pane->isAncestorOf(focus));
+}
+
+} // namespace
+
+void TarnwickEditor::ToggleCodeEditor()
+{
+    // One of the two is always shown.
+    const bool visible = !Settings::codeEditorVisible;
+    SetPanesVisible(visible, Settings::outputVisible || !visible);
+}
+
+void TarnwickEditor::ToggleOutput()
+{
+    const bool visible = !Settings::outputVisible;
+    SetPanesVisible(Settings::codeEditorVisible || !visible, visible);
+}
+
+void TarnwickEditor::SetPanesVisible(bool codeEditor, bool output)
+{
+    SaveSplitterState();
+    const bool focusGoes = (!codeEditor && HasFocusInside(m_codeEditorSplitter))
+        || (!output && HasFocusInside(m_outputPanel));
+    Settings::codeEditorVisible = codeEditor;
+    Settings::outputVisible = output;
+    ShowPanes();
+    SetOutputExtent(StoredOutputExtent());
+    if (focusGoes)
+        FocusShownPane();
+}
+
+/// As the settings have it. With both off the editors are shown.
+void TarnwickEditor::ShowPanes()
+{
+    if (!Settings::outputVisible)
+        Settings::codeEditorVisible = true;
+    m_codeEditorSplitter->show();
+    m_outputPanel->show();
+    if (!Settings::outputVisible)
+        m_outputPanel->hide();
+    else if (!Settings::codeEditorVisible)
+        m_codeEditorSplitter->hide();
+}
+
+/// Where the focus goes when the pane that has it is hidden.
+void TarnwickEditor::FocusShownPane()
+{
+    if (Settings::codeEditorVisible && GetActiveCodeEditor())
+        FocusActiveCodeEditor();
+    else if (Settings::outputVisible)
+        m_outputPanel->GetOutput()->setFocus(Qt::OtherFocusReason);
+}
+
+void TarnwickEditor::ToggleSideBar()
+{
+    SetSideBarVisible(!Settings::sideBarVisible, true);
+}
+
+bool TarnwickEditor::IsSideBarShown() const
+{
+    const bool slides = m_sideBarSlide->state() == QAbstractAnimation::Running;
+    return !m_sideBar->isHidden() && !slides && SideBarExtent() > 0;
+}
+
+void TarnwickEditor::SetSideBarVisible(bool visible, bool animated)
+{
+    SaveSplitterState();
+    const bool focusGoes = !visible && HasFocusInside(m_sideBar);
+    Settings::sideBarVisible = visible;
+    const int duration = style()->styleHint(QStyle::SH_Widget_Animation_Duration, nullptr, this);
+    m_sideBarSlide->stop();
+    if (animated && duration > 0 && isVisible())
+        SlideSideBar();
+    else
+        FinishSideBarSlide();
+    if (focusGoes)
+        FocusShownPane();
+}
+
+/// Towards the visibility that the settings have, from wherever an earlier slide left it.
+void TarnwickEditor::SlideSideBar()
+{
+    const int from = m_sideBar->isHidden() ? 1 : m_sideBar->width();
+    m_sideBar->setMinimumWidth(1);
+    m_sideBar->show();
+    m_sideBarSlide->setStartValue(from);
+    m_sideBarSlide->setEndValue(Settings::sideBarVisible ? StoredSideBarExtent() : 1);
+    m_sideBarSlide->start();
+}
+
+void TarnwickEditor::FinishSideBarSlide()
+{
+    m_sideBar->setVisible(Settings::sideBarVisible);
+    m_sideBar->setMinimumWidth(SideBarMinimumWidth());
+    SetSideBarExtent(StoredSideBarExtent());
+}
+
+void TarnwickEditor::ToggleSideBarPosition()
+{
+    SaveSplitterState();
+    Settings::sideBarState = SplitterState::Reversed(Settings::sideBarState);
+    Settings::sideBarLeft = !Settings::sideBarLeft;
+    ArrangeSideBarSplitter();
+    SetSideBarExtent(StoredSideBarExtent());
+    UpdatePaneActions();
+}
+
+void TarnwickEditor::ToggleCodeEditorLayout()
+{
+    Settings::codeEditorOrientVertical = !Settings::codeEditorOrientVertical;
+    m_codeEditorSplitter->setOrientation(
+        Settings::codeEditorOrientVertical ? Qt::Vertical : Qt::Horizontal);
+    SetEqualGroupSizes();
+}
+
+void TarnwickEditor::SetOutputPosition(bool vertical, bool topLeft)
+{
+    SaveSplitterState();
+    // A height says nothing about a width.
+    if (vertical != Settings::outputOrientVertical)
+        Settings::outputState.clear();
+    else if (topLeft != Settings::outputTopLeft)
+        Settings::outputState = SplitterState::Reversed(Settings::outputState);
+    Settings::outputOrientVertical = vertical;
+    Settings::outputTopLeft = topLeft;
+    ArrangeOutputSplitter();
+    SetOutputExtent(StoredOutputExtent());
+    SaveSplitterState();
+}
+
+void TarnwickEditor::ToggleStatusBar()
+{
+    Settings::statusBarVisible = !Settings::statusBarVisible;
+    m_statusBar->setVisible(Settings::statusBarVisible);
+    UpdatePaneActions();
+}
+
+/// The texts of entries that say what they would do.
+void TarnwickEditor::UpdatePaneActions()
+{
+    const auto rename = [](QAction* action, const QString& text) {
+        action->setText(text);
+        action->setStatusTip(text);
+    };
+    rename(m_toggleStatusBarAction,
+        Settings::statusBarVisible ? tr("Hide Status Bar") : tr("Show Status Bar"));
+    rename(m_toggleSideBarPositionAction,
+        Settings::sideBarLeft ? tr("Move Side Bar Right") : tr("Move Side Bar Left"));
+}
