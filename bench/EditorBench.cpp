@@ -1,0 +1,193 @@
+// What the code editor costs beside a bare text widget: opening, typing, scrolling, changing tabs.
+
+#include "RatioMain.h"
+#include "editor/CodeEditor.h"
+#include "editor/CodeEditorGroup.h"
+#include "settings/KeyBindings.h"
+#include "settings/Settings.h"
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QScrollBar>
+#include <QTextBlock>
+
+#include <algorithm>
+#include <benchmark/benchmark.h>
+#include <functional>
+#include <memory>
+
+namespace {
+
+constexpr int LINES = 100000;
+constexpr int KEYS = 400;
+constexpr int SCROLL_STEPS = 400;
+constexpr int TABS = 50;
+constexpr int LONG_TABS = 3;
+const QSize SIZE(1000, 800);
+
+using Editor = std::unique_ptr<QPlainTextEdit>;
+using MakeEditor = std::function<Editor()>;
+
+const QString& LongText()
+{
+    static const QString text = [] {
+        QString lines;
+        for (int i = 0; i < LINES; ++i)
+            lines += QStringLiteral("    value_%1 = function(name, %1) * 2\n").arg(i);
+        return lines;
+    }();
+    return text;
+}
+
+CodeEditorProperties Properties(int number)
+{
+    CodeEditorProperties properties;
+    properties.filePath = QStringLiteral("/nowhere/%1.txt").arg(number);
+    properties.label = QStringLiteral("script %1.txt").arg(number);
+    return properties;
+}
+
+KeyBindings& Bindings()
+{
+    static KeyBindings bindings;
+    return bindings;
+}
+
+/// The floor: the toolkit's widget with our font and nothing else.
+Editor MakeBare()
+{
+    auto editor = std::make_unique<QPlainTextEdit>();
+    editor->setFont(Settings::codeEditorFont);
+    editor->setLineWrapMode(QPlainTextEdit::NoWrap);
+    editor->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+    editor->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+    return editor;
+}
+
+Editor MakeOurs()
+{
+    return std::make_unique<CodeEditor>(Properties(0), &Bindings());
+}
+
+/// Runs the event loop until nothing is due: layouts, deferred marks, paints.
+void Settle()
+{
+    for (int turn = 0; turn < 3; ++turn)
+        QApplication::processEvents();
+}
+
+void ShowWith(QPlainTextEdit& editor, const QString& text)
+{
+    editor.resize(SIZE);
+    editor.setPlainText(text);
+    editor.show();
+    Settle();
+}
+
+/// The costs of single steps, for what a mean would hide.
+class Steps
+{
+public:
+    void Add(const QElapsedTimer& clock) { m_times.push_back(clock.nsecsElapsed() / 1e6); }
+
+    void Report(benchmark::State& state)
+    {
+        std::sort(m_times.begin(), m_times.end());
+        state.counters["median_ms"] = m_times[m_times.size() / 2];
+        state.counters["p99_ms"] = m_times[m_times.size() * 99 / 100];
+        state.counters["longest_ms"] = m_times.back();
+    }
+
+private:
+    std::vector<double> m_times;
+};
+
+void Repeat(benchmark::State& state, int count, const std::function<void(int)>& step)
+{
+    Steps steps;
+    for (auto _ : state) {
+        for (int i = 0; i < count; ++i) {
+            QElapsedTimer clock;
+            clock.start();
+            step(i);
+            Settle();
+            steps.Add(clock);
+        }
+    }
+    steps.Report(state);
+}
+
+void Open(benchmark::State& state, const MakeEditor& make)
+{
+    // Taking a text down again is nobody's waiting time.
+    std::vector<Editor> editors;
+    for (auto _ : state) {
+        editors.push_back(make());
+        ShowWith(*editors.back(), LongText());
+    }
+}
+
+void Type(benchmark::State& state, const MakeEditor& make)
+{
+    const Editor editor = make();
+    ShowWith(*editor, LongText());
+    editor->setTextCursor(QTextCursor(editor->document()->findBlockByNumber(LINES / 2)));
+    editor->centerCursor();
+    Settle();
+    Repeat(state, KEYS, [&editor](int i) {
+        QKeyEvent press(QEvent::KeyPress, Qt::Key_A, Qt::NoModifier, QString(QChar('a' + i % 26)));
+        QApplication::sendEvent(editor.get(), &press);
+    });
+}
+
+void Scroll(benchmark::State& state, const MakeEditor& make)
+{
+    const Editor editor = make();
+    ShowWith(*editor, LongText());
+    Repeat(state, SCROLL_STEPS, [&editor](int) {
+        QScrollBar* const bar = editor->verticalScrollBar();
+        bar->setValue(bar->value() + 3);
+    });
+}
+
+void SwitchTabs(benchmark::State& state)
+{
+    CodeEditorGroup group(0, &Bindings(), nullptr);
+    group.resize(SIZE);
+    for (int i = 0; i < TABS; ++i) {
+        const QString text = i % (TABS / LONG_TABS) == 0 ? LongText() : LongText().left(20000);
+        group.InsertCodeEditor(i, Properties(i), text);
+    }
+    group.show();
+    Settle();
+    Repeat(state, TABS * 2, [&group](int i) { group.SetCurrentIndex((i * 17) % TABS); });
+}
+
+void Register(const char* name, const std::function<void(benchmark::State&)>& run)
+{
+    benchmark::RegisterBenchmark(name, run)
+        ->Unit(benchmark::kMillisecond)
+        ->UseRealTime()
+        ->Iterations(1);
+}
+
+using Run = void (*)(benchmark::State&, const MakeEditor&);
+
+void RegisterPair(const std::string& name, Run run, double goal)
+{
+    Register(name.c_str(), [run](auto& state) { run(state, MakeOurs); });
+    Register((name + "/floor").c_str(), [run](auto& state) { run(state, MakeBare); });
+    RatioGoal(name.c_str(), goal);
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    QApplication application(argc, argv);
+    RegisterPair("open_100k_lines", Open, 1.05);
+    RegisterPair("type_in_the_middle", Type, 1.5);
+    RegisterPair("scroll", Scroll, 2);
+    Register("switch_tabs", SwitchTabs);
+    return RunBenchmarks(argc, argv);
+}
