@@ -1,7 +1,7 @@
 // The user's colours file: its notation, reading and writing.
 
-#include "plugin/Logger.h"
 #include "settings/ColorSettings.h"
+#include "settings/IniFile.h"
 #include "settings/Settings.h"
 
 #include <QSettings>
@@ -128,8 +128,9 @@ void ColorSettings::LoadFormatString(QTextCharFormat& format, const QString& tex
 QString ColorSettings::GetExtraSelectionString(const ExtraSelectionProperties& rule)
 {
     const QStringList fields{rule.name, QString::number(rule.foreground.rgb()),
-        QString::number(rule.background.rgb()), Digit(rule.hasForeground), Digit(rule.hasBackground),
-        rule.pattern, Digit(rule.regularExpression), Digit(rule.wholeLine), Digit(rule.enabled)};
+        QString::number(rule.background.rgb()), Digit(rule.hasForeground),
+        Digit(rule.hasBackground), rule.pattern, Digit(rule.regularExpression),
+        Digit(rule.wholeLine), Digit(rule.enabled)};
     return fields.join(RULE_SEPARATOR);
 }
 
@@ -160,6 +161,7 @@ void ColorSettings::ReadUserConfig()
     if (path.isEmpty())
         return;
     QSettings ini(path, QSettings::IniFormat);
+    IniFile::KeepWhatCannotBeRead(ini);
     ReadGroup(ini, CODE_EDITOR_GROUP, codeEditorHighlightOrderedKeys, codeEditorHighlights);
     ReadGroup(ini, OUTPUT_GROUP, outputHighlightOrderedKeys, outputHighlights);
     ini.beginGroup(CUSTOM_GROUP);
@@ -189,7 +191,5 @@ void ColorSettings::WriteUserConfig()
         ini.setValue(QStringLiteral("%1/%2").arg(CUSTOM_GROUP).arg(i),
             GetExtraSelectionString(outputUserDefinedSelections[i]));
     }
-    ini.sync();
-    if (ini.status() != QSettings::NoError)
-        Logger::Error(QStringLiteral("Failed to write colors: %1").arg(path));
+    IniFile::Finish(ini, QStringLiteral("Failed to write colors: %1"));
 }

@@ -1,6 +1,7 @@
 #include "settings/KeyBindings.h"
 
 #include "plugin/Logger.h"
+#include "settings/IniFile.h"
 #include "settings/Settings.h"
 
 #include <QAction>
@@ -264,6 +265,7 @@ QString KeyBindings::GetUserKeyBindingsPath()
 void KeyBindings::ReadUserKeyBindings()
 {
     QSettings settings(GetUserKeyBindingsPath(), QSettings::IniFormat);
+    IniFile::KeepWhatCannotBeRead(settings);
     settings.beginGroup(GroupName());
     for (KeyBinding& binding : m_bindings)
         ReadKeyBinding(settings, binding);
@@ -293,6 +295,7 @@ void KeyBindings::WriteUserKeyBindings() const
     settings.beginGroup(GroupName());
     for (const KeyBinding& binding : m_bindings)
         WriteKeyBinding(settings, binding);
+    IniFile::Finish(settings, QStringLiteral("Failed to write key bindings: %1"));
 }
 
 void KeyBindings::WriteKeyBinding(QSettings& settings, const KeyBinding& binding) const

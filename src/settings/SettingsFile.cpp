@@ -1,7 +1,7 @@
 // The user's configuration file: one table says what it holds.
 
-#include "plugin/Logger.h"
 #include "plugin/MayaUtil.h"
+#include "settings/IniFile.h"
 #include "settings/IniValues.h"
 #include "settings/Settings.h"
 
@@ -318,6 +318,7 @@ void RestoreDefault(const OptionRef& value, const QVariant& standard)
 void ReadOptions(const QString& path)
 {
     const QSettings ini(path, QSettings::IniFormat);
+    IniFile::KeepWhatCannotBeRead(ini);
     for (const Option& option : OPTIONS) {
         const QString key = FullKey(option);
         if (ini.contains(key))
@@ -364,9 +365,7 @@ void Settings::WriteUserConfig()
         if (value.isValid())
             ini.setValue(FullKey(option), value);
     }
-    ini.sync();
-    if (ini.status() == QSettings::AccessError)
-        Logger::Error(QStringLiteral("Failed to write user config: %1").arg(path));
+    IniFile::Finish(ini, QStringLiteral("Failed to write user config: %1"));
 }
 
 void Settings::ResetToDefaults()

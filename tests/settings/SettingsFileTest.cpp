@@ -159,6 +159,13 @@ void SettingsFileTest::BrokenFileGivesWhatCanBeRead()
     Settings::ReadUserConfig();
     QCOMPARE(Settings::tabsSizeMel, 2);
     QVERIFY(FakeHost::errors.isEmpty());
+
+    // Writing puts it in order, and what had no order is still there for its owner.
+    Settings::WriteUserConfig();
+    QVERIFY(!m_files->ReadIni().contains("no equals sign"));
+    QFile kept(m_files->IniPath() + ".broken");
+    QVERIFY(kept.open(QIODevice::ReadOnly));
+    QVERIFY(kept.readAll().contains("no equals sign"));
 }
 
 void SettingsFileTest::HiddenPanels_data()
