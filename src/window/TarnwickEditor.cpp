@@ -40,6 +40,7 @@ TarnwickEditor::TarnwickEditor(QWidget* parent)
     for (CodeEditorGroup* group : qAsConst(m_groups))
         group->UpdateKeyBindings();
     m_outputPanel->UpdateKeyBindings();
+    UpdateActivityToolTips();
     m_outputPanel->OutputAppendText(MayaUtil::GetExistingHistory());
     if (m_mainWindow)
         m_mainWindow->installEventFilter(this);
@@ -96,6 +97,12 @@ void TarnwickEditor::CreateConnections()
     connect(m_sideBarSlide, &QVariantAnimation::valueChanged, this,
         [this](const QVariant& value) { SetSideBarExtent(value.toInt()); });
     connect(m_sideBarSlide, &QAbstractAnimation::finished, this, &T::FinishSideBarSlide);
+    connect(m_activityBar, &ActivityBar::ItemPressed, this, &T::OnActivityPressed);
+    connect(m_activityBar, &QWidget::customContextMenuRequested, this, &T::ShowActivityContextMenu);
+    connect(m_statusBar, &StatusBar::CountsPressed, this, &T::GoToNextMessage);
+    connect(m_statusBar, &StatusBar::InfoPressed, this, &T::GoToMessageOfLine);
+    connect(m_statusBar, &StatusBar::HideRequested, this, &T::ToggleStatusBar);
+    connect(m_sideBar, &SideBar::PageChanged, this, &T::UpdateActivityBar);
     connect(m_sideBar, &SideBar::HideRequested, this, [this] { SetSideBarVisible(false, true); });
     // Automatic: at once from this thread, queued from any other.
     connect(this, &T::AppendToOutputRequested, this, &T::AppendToOutput);
@@ -182,6 +189,7 @@ bool TarnwickEditor::eventFilter(QObject* watched, QEvent* event)
     // The host may still ask and stay; unsaved buffers are safe either way.
     if (watched == m_mainWindow && event->type() == QEvent::Close)
         SaveAll(true, false);
+    EndUsedEditorWalk(*event);
     if (const auto* handle = qobject_cast<QSplitterHandle*>(watched))
         OnSplitterHandleEvent(handle->splitter(), *event);
     return QWidget::eventFilter(watched, event);
@@ -218,27 +226,4 @@ void TarnwickEditor::UpdateTitleBar()
     MayaUtil::SetWorkspaceLabel(editor
             ? QStringLiteral("%1 - %2").arg(editor->GetLabel(), Settings::APPLICATION_TITLE)
             : QString(Settings::APPLICATION_TITLE));
-}
-
-void TarnwickEditor::UpdateInterpreter()
-{
-    const CodeEditor* editor = GetActiveCodeEditor();
-    m_statusBar->SetInterpreter(editor ? static_cast<int>(editor->GetLanguage()) : 0);
-}
-
-void TarnwickEditor::UpdateCursorPosition()
-{
-    int line = 0;
-    int column = 0;
-    int selectionLength = 0;
-    if (const CodeEditor* editor = GetActiveCodeEditor())
-        editor->GetCursorStatus(line, column, selectionLength);
-    m_statusBar->SetCursorPosition(line, column, selectionLength);
-}
-
-void TarnwickEditor::OnOverwriteModeChanged()
-{
-    for (CodeEditorGroup* group : qAsConst(m_groups))
-        group->UpdateOverwriteMode();
-    m_statusBar->SetOverwrite(Settings::overwriteEnabled);
 }

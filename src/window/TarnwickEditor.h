@@ -2,6 +2,8 @@
 
 #include "editor/CodeEditorProperties.h"
 #include "settings/KeyBindings.h"
+#include "views/SideBar.h"
+#include "window/chrome/ActivityBar.h"
 
 #include <QList>
 #include <QVector>
@@ -19,7 +21,6 @@ class QMenu;
 class QMenuBar;
 class QSplitter;
 class QVariantAnimation;
-class SideBar;
 class StatusBar;
 class TarnwickStyle;
 
@@ -145,17 +146,23 @@ public Q_SLOTS:
     void ToggleCodeEditor();
     void ToggleOutput();
     void ToggleSideBar();
+    void ToggleActivityBar();
     void ToggleStatusBar();
     void ToggleCodeEditorLayout();
     void ToggleSideBarPosition();
+    void ShowExplorer();
     void OutputPositionTop() { SetOutputPosition(true, true); }
     void OutputPositionBottom() { SetOutputPosition(true, false); }
     void OutputPositionLeft() { SetOutputPosition(false, true); }
     void OutputPositionRight() { SetOutputPosition(false, false); }
 
-    // Going around: the tab beside the current one, from the last to the first
-    void NextEditor();
-    void PreviousEditor();
+    // Going around; which way is told by the sending action
+    void GoToEditor();
+    void GoToEditorGroup();
+    /// To the next message behind the cursor of the active editor, and round at the end.
+    void GoToNextMessage();
+    /// To the message that the status bar shows.
+    void GoToMessageOfLine();
 
     // Host
     void UpdateOverrideScriptEditorButton();
@@ -207,7 +214,9 @@ private:
     QString BufferPath(CodeEditorLanguage language) const;
     bool IsOutputFocused() const;
     void SetCodeEditorZoom(int zoom);
-    void SwitchEditor(int step);
+    void GoToNeighbour(int step);
+    void GoToUsedEditor(int step);
+    void EndUsedEditorWalk(const QEvent& event);
     void SetOutputZoom(int zoom);
 
     // Layout. Extents are pixels in the direction of the splitter; the settings hold those that
@@ -215,6 +224,7 @@ private:
     void CreateCodeEditorGroups();
     void ArrangeOutputSplitter();
     void ArrangeSideBarSplitter();
+    void PlaceActivityBar();
     void SetEqualGroupSizes();
     void RestoreSplitterState();
     void SaveSplitterState();
@@ -235,11 +245,17 @@ private:
     void ShowPanes();
     void FocusShownPane();
     void UpdatePaneActions();
+    void UpdateLineMessage();
     bool IsSideBarShown() const;
     void SetSideBarVisible(bool visible, bool animated);
     void SlideSideBar();
     void FinishSideBarSlide();
     void SetOutputPosition(bool vertical, bool topLeft);
+    void ShowSideBarPage(SideBar::Page page);
+    void OnActivityPressed(ActivityBar::Item item);
+    void UpdateActivityBar();
+    void UpdateActivityToolTips();
+    void ShowActivityContextMenu(const QPoint& point);
 
     static const ActionSpec ACTIONS[];
     static const MenuRow MENUS[];
@@ -256,7 +272,9 @@ private:
     SideBar* m_sideBar = nullptr;
     QVariantAnimation* m_sideBarSlide = nullptr;
     QHBoxLayout* m_middleRow = nullptr; ///< between the menu bar and the status bar
+    ActivityBar* m_activityBar = nullptr;
     StatusBar* m_statusBar = nullptr;
+    QStringList m_usedPaths; ///< while a walk through the used editors lasts
     bool m_bindingsEnabled = true;
     bool m_pythonModuleStateUpdated = false;
 
@@ -272,7 +290,9 @@ private:
     QAction* m_toggleCodeEditorAction = nullptr;
     QAction* m_toggleOutputAction = nullptr;
     QAction* m_toggleSideBarAction = nullptr;
+    QAction* m_toggleActivityBarAction = nullptr;
     QAction* m_toggleStatusBarAction = nullptr;
+    QAction* m_explorerAction = nullptr;
     QAction* m_toggleCodeEditorLayoutAction = nullptr;
     QAction* m_toggleSideBarPositionAction = nullptr;
     QAction* m_outputTopAction = nullptr;
@@ -295,6 +315,10 @@ private:
     QAction* m_executeAction = nullptr;
     QAction* m_nextEditorAction = nullptr;
     QAction* m_previousEditorAction = nullptr;
+    QAction* m_nextUsedEditorAction = nullptr;
+    QAction* m_previousUsedEditorAction = nullptr;
+    QAction* m_nextEditorGroupAction = nullptr;
+    QAction* m_previousEditorGroupAction = nullptr;
     QAction* m_executeAltAction = nullptr;
     QAction* m_executeLineAction = nullptr;
     QAction* m_executeAllAction = nullptr;

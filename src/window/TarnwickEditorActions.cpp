@@ -4,6 +4,7 @@
 #include "settings/Settings.h"
 #include "window/PanelGroup.h"
 #include "window/TarnwickEditor.h"
+#include "window/chrome/ActivityBar.h"
 #include "window/chrome/StatusBar.h"
 
 #include <QAction>
@@ -53,6 +54,8 @@ const TarnwickEditor::ActionSpec TarnwickEditor::ACTIONS[] = {
     {&T::m_toggleCodeEditorAction,           QT_TR_NOOP("Toggle Code Editor"),      K::ToggleCodeEditor,          &T::ToggleCodeEditor},
     {&T::m_toggleOutputAction,               QT_TR_NOOP("Toggle Output"),           K::ToggleOutput,              &T::ToggleOutput},
     {&T::m_toggleSideBarAction,              QT_TR_NOOP("Toggle Side Bar"),         K::ToggleSideBar,             &T::ToggleSideBar},
+    {&T::m_explorerAction,                   QT_TR_NOOP("Explorer"),                K::Explorer,                  &T::ShowExplorer},
+    {&T::m_toggleActivityBarAction,          QT_TR_NOOP("Hide Activity Bar"),       K::ToggleActivityBar,         &T::ToggleActivityBar},
     {&T::m_toggleStatusBarAction,            QT_TR_NOOP("Hide Status Bar"),         K::ToggleStatusBar,           &T::ToggleStatusBar},
     {&T::m_toggleCodeEditorLayoutAction,     QT_TR_NOOP("Toggle Code Editor Layout"), K::ToggleCodeEditorLayout,  &T::ToggleCodeEditorLayout},
     {&T::m_toggleSideBarPositionAction,      QT_TR_NOOP("Move Side Bar Right"),     K::ToggleSidebarPosition,     &T::ToggleSideBarPosition},
@@ -75,8 +78,12 @@ const TarnwickEditor::ActionSpec TarnwickEditor::ACTIONS[] = {
     {&T::m_executeAltAction,                 QT_TR_NOOP("Execute Alt"),             K::ExecuteAlt,                &T::Execute},
     {&T::m_executeLineAction,                QT_TR_NOOP("Execute Line"),            K::ExecuteLine,               &T::ExecuteLine},
     {&T::m_executeAllAction,                 QT_TR_NOOP("Execute All"),             K::ExecuteAll,                &T::ExecuteAll},
-    {&T::m_nextEditorAction,                 QT_TR_NOOP("Next Editor"),             K::NextEditor,                &T::NextEditor},
-    {&T::m_previousEditorAction,             QT_TR_NOOP("Previous Editor"),         K::PreviousEditor,            &T::PreviousEditor},
+    {&T::m_nextEditorAction,                 QT_TR_NOOP("Next Editor"),             K::NextEditor,                &T::GoToEditor},
+    {&T::m_previousEditorAction,             QT_TR_NOOP("Previous Editor"),         K::PreviousEditor,            &T::GoToEditor},
+    {&T::m_nextUsedEditorAction,             QT_TR_NOOP("Next Used Editor in Group"), K::NextUsedEditor,          &T::GoToEditor},
+    {&T::m_previousUsedEditorAction,         QT_TR_NOOP("Previous Used Editor in Group"), K::PreviousUsedEditor,  &T::GoToEditor},
+    {&T::m_nextEditorGroupAction,            QT_TR_NOOP("Next Editor Group"),       K::NextEditorGroup,           &T::GoToEditorGroup},
+    {&T::m_previousEditorGroupAction,        QT_TR_NOOP("Previous Editor Group"),   K::PreviousEditorGroup,       &T::GoToEditorGroup},
     {&T::m_scriptPathAction,                 "MAYA_SCRIPT_PATH",                    K::None,                      &T::PrintMayaEnvVarPaths},
     {&T::m_pluginPathAction,                 "MAYA_PLUG_IN_PATH",                   K::None,                      &T::PrintMayaEnvVarPaths},
     {&T::m_modulePathAction,                 "MAYA_MODULE_PATH",                    K::None,                      &T::PrintMayaEnvVarPaths},
@@ -107,8 +114,9 @@ const TarnwickEditor::MenuRow TarnwickEditor::MENUS[] = {
         ENTRY(m_clearOutputAction),
     END,
     MENU(QT_TR_NOOP("View")),
+        ENTRY(m_explorerAction), SEPARATOR,
         ENTRY(m_toggleCodeEditorAction), ENTRY(m_toggleOutputAction), ENTRY(m_toggleSideBarAction),
-        ENTRY(m_toggleStatusBarAction), SEPARATOR,
+        ENTRY(m_toggleActivityBarAction), ENTRY(m_toggleStatusBarAction), SEPARATOR,
         ENTRY(m_toggleCodeEditorLayoutAction), ENTRY(m_toggleSideBarPositionAction),
         MENU(QT_TR_NOOP("Output Position")),
             ENTRY(m_outputTopAction), ENTRY(m_outputBottomAction),
@@ -119,7 +127,11 @@ const TarnwickEditor::MenuRow TarnwickEditor::MENUS[] = {
     END,
     MENU(QT_TR_NOOP("Go")),
         MENU(QT_TR_NOOP("Switch Editor")),
-            ENTRY(m_nextEditorAction), ENTRY(m_previousEditorAction),
+            ENTRY(m_nextEditorAction), ENTRY(m_previousEditorAction), SEPARATOR,
+            ENTRY(m_nextUsedEditorAction), ENTRY(m_previousUsedEditorAction),
+        END,
+        MENU(QT_TR_NOOP("Switch Group")),
+            ENTRY(m_nextEditorGroupAction), ENTRY(m_previousEditorGroupAction),
         END,
     END,
     MENU(QT_TR_NOOP("Output")),
@@ -200,6 +212,8 @@ void TarnwickEditor::SyncActions()
     OnEchoAllCommandsChanged();
     ShowPanes();
     FinishSideBarSlide();
+    m_activityBar->setVisible(Settings::activityBarVisible);
     m_statusBar->setVisible(Settings::statusBarVisible);
+    UpdateActivityBar();
     UpdatePaneActions();
 }

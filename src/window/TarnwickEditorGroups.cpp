@@ -6,7 +6,6 @@
 #include "settings/Settings.h"
 #include "window/BufferFile.h"
 #include "window/TarnwickEditor.h"
-#include "window/chrome/StatusBar.h"
 
 #include <QApplication>
 #include <QFileInfo>
@@ -129,26 +128,6 @@ void TarnwickEditor::SetActiveCodeEditor(int groupIndex, int tabIndex, bool focu
         group->FocusCurrentCodeEditor();
 }
 
-void TarnwickEditor::SwitchEditor(int step)
-{
-    const CodeEditorGroup* group = GetActiveCodeEditorGroup();
-    const int count = group ? group->GetCount() : 0;
-    if (count > 1) {
-        SetActiveCodeEditor(GetActiveCodeEditorGroupIndex(),
-            (group->GetCurrentIndex() + step + count) % count, true);
-    }
-}
-
-void TarnwickEditor::NextEditor()
-{
-    SwitchEditor(1);
-}
-
-void TarnwickEditor::PreviousEditor()
-{
-    SwitchEditor(-1);
-}
-
 void TarnwickEditor::SetActiveCodeEditor(const QString& path)
 {
     CodeEditorGroup* group = GetCodeEditorGroupByPath(path);
@@ -256,10 +235,4 @@ void TarnwickEditor::OnActiveCodeEditorChanged()
     UpdateCursorPosition();
     UpdateTitleBar();
     UpdateStatusBarInfo();
-}
-
-/// Nothing checks scripts yet, so the active editor has no message to show.
-void TarnwickEditor::UpdateStatusBarInfo()
-{
-    m_statusBar->SetInfo(QString());
 }

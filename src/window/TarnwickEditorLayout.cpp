@@ -8,6 +8,7 @@
 #include "window/PanelGroup.h"
 #include "window/SplitterState.h"
 #include "window/TarnwickEditor.h"
+#include "window/chrome/ActivityBar.h"
 #include "window/chrome/GrooveSplitter.h"
 #include "window/chrome/StatusBar.h"
 #include "window/chrome/Theme.h"
@@ -47,6 +48,10 @@ void TarnwickEditor::CreateWidgets()
     m_sideBar = new SideBar(this);
     m_sideBar->setObjectName(QStringLiteral("m_sideBar"));
     m_sideBar->setMinimumWidth(SideBarMinimumWidth());
+    m_activityBar = new ActivityBar(this);
+    m_activityBar->setObjectName(QStringLiteral("m_activityBar"));
+    m_activityBar->setContextMenuPolicy(Qt::CustomContextMenu);
+    m_activityBar->SetItemShown(ActivityBar::Item::Explorer, true);
     m_statusBar = new StatusBar(this);
     m_statusBar->setObjectName(QStringLiteral("m_statusBar"));
 
@@ -112,6 +117,7 @@ void TarnwickEditor::CreateLayout()
     m_middleRow = new QHBoxLayout;
     m_middleRow->setSpacing(0);
     m_middleRow->addWidget(m_sideBarSplitter, 1);
+    PlaceActivityBar();
 
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -119,6 +125,13 @@ void TarnwickEditor::CreateLayout()
     layout->setMenuBar(m_menuBar);
     layout->addLayout(m_middleRow, 1);
     layout->addWidget(m_statusBar);
+}
+
+/// At the window's edge, on the side of the side bar.
+void TarnwickEditor::PlaceActivityBar()
+{
+    m_middleRow->insertWidget(Settings::sideBarLeft ? 0 : m_middleRow->count(), m_activityBar);
+    m_activityBar->SetLeft(Settings::sideBarLeft);
 }
 
 /// A group without editors is hidden, but for the active one when all are empty.

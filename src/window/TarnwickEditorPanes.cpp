@@ -7,16 +7,33 @@
 #include "window/PanelGroup.h"
 #include "window/SplitterState.h"
 #include "window/TarnwickEditor.h"
+#include "window/chrome/ActivityBar.h"
 #include "window/chrome/GrooveSplitter.h"
 #include "window/chrome/StatusBar.h"
 
 #include <QAction>
 #include <QApplication>
+#include <QHBoxLayout>
+#include <QMenu>
 #include <QSplitter>
 #include <QStyle>
 #include <QVariantAnimation>
 
 namespace {
+
+/// The pages of the side bar and their entries in the activity bar.
+struct PageRow
+{
+    SideBar::Page page;
+    ActivityBar::Item item;
+    int binding;
+};
+
+constexpr PageRow PAGES[] = {
+    {SideBar::Page::Explorer, ActivityBar::Item::Explorer, KeyBindings::Explorer},
+    {SideBar::Page::Search, ActivityBar::Item::Search, KeyBindings::FindInFiles},
+    {SideBar::Page::QuickHelp, ActivityBar::Item::QuickHelp, KeyBindings::QuickHelp},
+};
 
 /// Whether hiding `pane` would leave the window without the focus.
 bool HasFocusInside(const QWidget* pane)
@@ -97,6 +114,7 @@ void TarnwickEditor::SetSideBarVisible(bool visible, bool animated)
         SlideSideBar();
     else
         FinishSideBarSlide();
+    UpdateActivityBar();
     if (focusGoes)
         FocusShownPane();
 }
@@ -125,6 +143,8 @@ void TarnwickEditor::ToggleSideBarPosition()
     Settings::sideBarState = SplitterState::Reversed(Settings::sideBarState);
     Settings::sideBarLeft = !Settings::sideBarLeft;
     ArrangeSideBarSplitter();
+    m_middleRow->removeWidget(m_activityBar);
+    PlaceActivityBar();
     SetSideBarExtent(StoredSideBarExtent());
     UpdatePaneActions();
 }
@@ -152,11 +172,88 @@ void TarnwickEditor::SetOutputPosition(bool vertical, bool topLeft)
     SaveSplitterState();
 }
 
+/// The page, and the side bar with it.
+void TarnwickEditor::ShowSideBarPage(SideBar::Page page)
+{
+    m_sideBar->ShowPage(page);
+    if (!Settings::sideBarVisible)
+        SetSideBarVisible(true, true);
+    UpdateActivityBar();
+}
+
+void TarnwickEditor::ShowExplorer()
+{
+    ShowSideBarPage(SideBar::Page::Explorer);
+}
+
+/// A press on the page that is shown hides the side bar.
+void TarnwickEditor::OnActivityPressed(ActivityBar::Item item)
+{
+    for (const PageRow& row : PAGES) {
+        if (row.item != item)
+            continue;
+        if (m_activityBar->IsCurrent(item))
+            SetSideBarVisible(false, true);
+        else
+            ShowSideBarPage(row.page);
+    }
+}
+
+void TarnwickEditor::UpdateActivityBar()
+{
+    m_activityBar->ClearCurrent();
+    for (const PageRow& row : PAGES) {
+        if (Settings::sideBarVisible && row.page == m_sideBar->GetPage())
+            m_activityBar->SetCurrent(row.item);
+    }
+}
+
+void TarnwickEditor::UpdateActivityToolTips()
+{
+    for (const PageRow& row : PAGES) {
+        m_activityBar->SetToolTip(
+            row.item, m_keyBindings.GetToolTip(row.binding, ActivityBar::GetLabel(row.item)));
+    }
+}
+
+void TarnwickEditor::ShowActivityContextMenu(const QPoint& point)
+{
+    auto* menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    connect(menu->addAction(Settings::sideBarVisible ? tr("Hide Side Bar") : tr("Show Side Bar")),
+        &QAction::triggered, this, &TarnwickEditor::ToggleSideBar);
+    connect(menu->addAction(tr("Hide Activity Bar")), &QAction::triggered, this,
+        &TarnwickEditor::ToggleActivityBar);
+    menu->addSeparator();
+    for (const bool left : {true, false}) {
+        QAction* const action
+            = menu->addAction(left ? tr("Side Bar at the Left") : tr("Side Bar at the Right"));
+        action->setCheckable(true);
+        action->setChecked(left == Settings::sideBarLeft);
+        if (!action->isChecked())
+            connect(action, &QAction::triggered, this, &TarnwickEditor::ToggleSideBarPosition);
+    }
+    menu->popup(m_activityBar->mapToGlobal(point));
+}
+
+void TarnwickEditor::ToggleActivityBar()
+{
+    Settings::activityBarVisible = !Settings::activityBarVisible;
+    const bool focusGoes = !Settings::activityBarVisible && HasFocusInside(m_activityBar);
+    m_activityBar->setVisible(Settings::activityBarVisible);
+    UpdatePaneActions();
+    if (focusGoes)
+        FocusShownPane();
+}
+
 void TarnwickEditor::ToggleStatusBar()
 {
     Settings::statusBarVisible = !Settings::statusBarVisible;
+    const bool focusGoes = !Settings::statusBarVisible && HasFocusInside(m_statusBar);
     m_statusBar->setVisible(Settings::statusBarVisible);
     UpdatePaneActions();
+    if (focusGoes)
+        FocusShownPane();
 }
 
 /// The texts of entries that say what they would do.
@@ -166,6 +263,8 @@ void TarnwickEditor::UpdatePaneActions()
         action->setText(text);
         action->setStatusTip(text);
     };
+    rename(m_toggleActivityBarAction,
+        Settings::activityBarVisible ? tr("Hide Activity Bar") : tr("Show Activity Bar"));
     rename(m_toggleStatusBarAction,
         Settings::statusBarVisible ? tr("Hide Status Bar") : tr("Show Status Bar"));
     rename(m_toggleSideBarPositionAction,

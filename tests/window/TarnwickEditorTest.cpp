@@ -9,9 +9,9 @@
 #include "window/WindowFixture.h"
 #include "window/chrome/FlatButton.h"
 #include "window/chrome/StatusBar.h"
+#include "window/chrome/StatusItem.h"
 
 #include <QFileInfo>
-#include <QLabel>
 #include <QLineEdit>
 #include <QMainWindow>
 #include <QThread>
@@ -344,7 +344,7 @@ void TarnwickEditorTest::TellsTheCursorsPlace()
 {
     CodeEditor* editor = FocusEditor(Language::Mel, "first\n\tsecond");
     const auto shown = [this](const char* name) {
-        return m_window->findChild<StatusBar*>()->findChild<QLabel*>(name)->text();
+        return m_window->findChild<StatusBar*>()->findChild<StatusItem*>(name)->GetText();
     };
     editor->SetCursorSelection(7, 9);
     QCOMPARE(shown("m_position"), QString("Ln 2, Col 7 (2 selected)"));

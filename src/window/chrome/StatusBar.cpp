@@ -1,71 +1,92 @@
 #include "window/chrome/StatusBar.h"
 
 #include "settings/Settings.h"
+#include "window/chrome/StatusItem.h"
 #include "window/chrome/Theme.h"
 
-#include <QEvent>
+#include <QContextMenuEvent>
 #include <QHBoxLayout>
-#include <QLabel>
+#include <QMenu>
 #include <QPainter>
 
 namespace {
 
 // Design pixels.
 constexpr int BAR_HEIGHT = 24;
-constexpr int SIDE_MARGIN = 8;
-constexpr int ITEM_SPACING = 16;
-constexpr int ICON_SPACING = 6;
-constexpr int ICON_SIZE = 14;
+constexpr int END_MARGIN = 4;
 
 struct LanguageRow
 {
     const char* label;
-    const char* icon;
+    const char* icon; ///< null: none
 };
 
 constexpr LanguageRow LANGUAGES[] = {
-    {QT_TRANSLATE_NOOP("StatusBar", "Text"), "lang_text"},
+    {QT_TRANSLATE_NOOP("StatusBar", "Text"), nullptr},
     {QT_TRANSLATE_NOOP("StatusBar", "MEL"), "lang_mel"},
     {QT_TRANSLATE_NOOP("StatusBar", "Python"), "lang_python"},
 };
+
+/// By severity.
+constexpr const char* SEVERITY_ICONS[] = {"", "status_error", "status_warning", "status_info"};
+
+struct FieldRow
+{
+    const char* label;
+    bool* shown;
+};
+
+const FieldRow FIELDS[] = {
+    {QT_TRANSLATE_NOOP("StatusBar", "Interpreter"), &Settings::statusBarInterpreterVisible},
+    {QT_TRANSLATE_NOOP("StatusBar", "Error Count"), &Settings::statusBarErrorCountVisible},
+    {QT_TRANSLATE_NOOP("StatusBar", "Line Message"), &Settings::statusBarLineMessageVisible},
+};
+
+StatusItem::Part CountPart(const char* icon, int count, Theme::Role role)
+{
+    const QColor color = Theme::Color(count > 0 ? role : Theme::Role::Soft);
+    return {QLatin1String(icon), QString::number(count), color, true};
+}
 
 } // namespace
 
 StatusBar::StatusBar(QWidget* parent)
     : QWidget(parent)
-    , m_info(CreateItem(QStringLiteral("m_info"), tr("Line Message")))
-    , m_position(CreateItem(QStringLiteral("m_position"), tr("Cursor Position")))
-    , m_overwrite(CreateItem(QStringLiteral("m_overwrite"), tr("Overwrite Mode")))
-    , m_interpreterIcon(CreateItem(QStringLiteral("m_interpreterIcon"), QString()))
-    , m_interpreter(CreateItem(QStringLiteral("m_interpreter"), tr("Interpreter")))
+    , m_counts(CreateItem(QStringLiteral("m_counts")))
+    , m_info(CreateItem(QStringLiteral("m_info")))
+    , m_overwrite(CreateItem(QStringLiteral("m_overwrite")))
+    , m_position(CreateItem(QStringLiteral("m_position")))
+    , m_interpreter(CreateItem(QStringLiteral("m_interpreter")))
 {
-    m_info->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-    m_overwrite->setText(tr("OVR"));
-    m_overwrite->hide();
-
-    auto* interpreter = new QHBoxLayout;
-    interpreter->setSpacing(Theme::Dp(ICON_SPACING));
-    interpreter->addWidget(m_interpreterIcon);
-    interpreter->addWidget(m_interpreter);
-
     auto* layout = new QHBoxLayout(this);
-    layout->setContentsMargins(Theme::Dp(SIDE_MARGIN), 0, Theme::Dp(SIDE_MARGIN), 0);
-    layout->setSpacing(Theme::Dp(ITEM_SPACING));
-    layout->addWidget(m_info, 1);
+    // The groove at the top belongs to the bar's height.
+    layout->setContentsMargins(Theme::Dp(END_MARGIN), Theme::Hairline(), Theme::Dp(END_MARGIN), 0);
+    layout->setSpacing(0);
+    layout->addWidget(m_counts);
+    layout->addWidget(m_info);
+    layout->addStretch(1);
     layout->addWidget(m_overwrite);
     layout->addWidget(m_position);
-    layout->addLayout(interpreter);
+    layout->addWidget(m_interpreter);
     setFixedHeight(Theme::Dp(BAR_HEIGHT));
+
+    m_info->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
+    m_position->SetWidthKept(true);
+    connect(m_counts, &QAbstractButton::clicked, this, &StatusBar::CountsPressed);
+    connect(m_info, &QAbstractButton::clicked, this, &StatusBar::InfoPressed);
     UpdateFonts();
+    m_overwrite->SetText(tr("OVR"), Theme::Color(Theme::Role::Strong), tr("Overwrite mode"));
+    m_overwrite->hide();
+    SetErrorAndWarningCount(0, 0);
+    UpdateFields();
 }
 
-QLabel* StatusBar::CreateItem(const QString& name, const QString& accessibleName)
+StatusItem* StatusBar::CreateItem(const QString& name)
 {
-    auto* label = new QLabel(this);
-    label->setObjectName(name);
-    label->setAccessibleName(accessibleName);
-    label->setTextFormat(Qt::PlainText);
-    return label;
+    auto* item = new StatusItem(this);
+    item->setObjectName(name);
+    item->SetPressable(false);
+    return item;
 }
 
 QSize StatusBar::sizeHint() const
@@ -76,27 +97,26 @@ QSize StatusBar::sizeHint() const
 void StatusBar::SetInterpreter(int language)
 {
     const LanguageRow& row = LANGUAGES[qBound(0, language, 2)];
-    m_interpreter->setText(tr(row.label));
-    m_interpreterIcon->setPixmap(
-        Theme::Pixmap(QLatin1String(row.icon), ICON_SIZE, devicePixelRatioF()));
-    m_interpreter->setVisible(Settings::statusBarInterpreterVisible);
-    m_interpreterIcon->setVisible(Settings::statusBarInterpreterVisible);
+    const QString label = tr(row.label);
+    m_interpreter->SetParts(
+        {{QLatin1String(row.icon), label, Theme::Color(Theme::Role::Soft), false}},
+        tr("Language %1").arg(label));
 }
 
 void StatusBar::SetCursorPosition(int line, int column, int selectionLength)
 {
     if (line == 0) {
-        m_position->clear();
-        m_position->setMinimumWidth(0);
+        m_position->ForgetWidths();
+        m_position->SetParts({}, QString());
         return;
     }
     QString text = tr("Ln %1, Col %2").arg(line).arg(column);
-    if (selectionLength > 0)
+    QString sentence = tr("Line %1, column %2").arg(line).arg(column);
+    if (selectionLength > 0) {
         text += tr(" (%1 selected)").arg(selectionLength);
-    m_position->setText(text);
-    // Nothing to its left may move with each key, so the field only grows.
-    m_position->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    m_position->setMinimumWidth(qMax(m_position->minimumWidth(), m_position->sizeHint().width()));
+        sentence += tr(", %1 selected").arg(selectionLength);
+    }
+    m_position->SetText(text, Theme::Color(Theme::Role::Soft), sentence);
 }
 
 void StatusBar::SetOverwrite(bool overwrite)
@@ -104,35 +124,81 @@ void StatusBar::SetOverwrite(bool overwrite)
     m_overwrite->setVisible(overwrite);
 }
 
-void StatusBar::SetInfo(const QString& text)
+void StatusBar::SetErrorAndWarningCount(int errors, int warnings)
+{
+    const QString errorCount = errors == 1 ? tr("1 error") : tr("%1 errors").arg(errors);
+    const QString warningCount = warnings == 1 ? tr("1 warning") : tr("%1 warnings").arg(warnings);
+    m_counts->SetParts({CountPart("status_error", errors, Theme::Role::StatusError),
+                           CountPart("status_warning", warnings, Theme::Role::StatusWarning)},
+        tr("%1, %2").arg(errorCount, warningCount));
+    m_counts->setToolTip(m_counts->accessibleName());
+    m_counts->SetPressable(errors + warnings > 0);
+}
+
+void StatusBar::SetInfo(const QString& text, Severity severity)
 {
     m_infoText = text;
-    UpdateInfoText();
+    m_severity = severity;
+    UpdateInfo();
 }
 
 void StatusBar::ShowTip(const QString& text)
 {
     m_tip = text;
-    UpdateInfoText();
+    UpdateInfo();
 }
 
-void StatusBar::UpdateInfoText()
+void StatusBar::UpdateInfo()
 {
-    const bool shown = !m_tip.isEmpty() || Settings::statusBarLineMessageVisible;
-    const QString text = m_tip.isEmpty() ? m_infoText : m_tip;
-    m_info->setText(shown ? m_info->fontMetrics().elidedText(text, Qt::ElideRight, m_info->width())
-                          : QString());
-    m_info->setToolTip(m_tip.isEmpty() ? m_infoText.toHtmlEscaped() : QString());
+    const QColor color = Theme::Color(Theme::Role::Soft);
+    const bool isMessage
+        = m_tip.isEmpty() && Settings::statusBarLineMessageVisible && !m_infoText.isEmpty();
+    if (isMessage) {
+        const QString icon = QLatin1String(SEVERITY_ICONS[static_cast<int>(m_severity)]);
+        m_info->SetParts({{icon, m_infoText.simplified(), color, false}}, m_infoText);
+    } else {
+        m_info->SetText(m_tip, color, m_tip);
+    }
+    m_info->setToolTip(isMessage ? m_infoText.toHtmlEscaped() : QString());
+    m_info->SetPressable(isMessage);
+}
+
+void StatusBar::UpdateFields()
+{
+    m_interpreter->setVisible(Settings::statusBarInterpreterVisible);
+    m_counts->setVisible(Settings::statusBarErrorCountVisible);
+    UpdateInfo();
+}
+
+QMenu* StatusBar::CreateContextMenu()
+{
+    auto* menu = new QMenu(this);
+    for (const FieldRow& row : FIELDS) {
+        QAction* const action = menu->addAction(tr(row.label));
+        action->setCheckable(true);
+        action->setChecked(*row.shown);
+        connect(action, &QAction::toggled, this, [this, shown = row.shown](bool checked) {
+            *shown = checked;
+            UpdateFields();
+        });
+    }
+    menu->addSeparator();
+    connect(menu->addAction(tr("Hide Status Bar")), &QAction::triggered, this,
+        &StatusBar::HideRequested);
+    return menu;
+}
+
+void StatusBar::contextMenuEvent(QContextMenuEvent* event)
+{
+    QMenu* const menu = CreateContextMenu();
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu->popup(event->globalPos());
 }
 
 void StatusBar::UpdateFonts()
 {
-    for (QLabel* label : {m_info, m_position, m_overwrite, m_interpreter}) {
-        QPalette palette = label->palette();
-        palette.setColor(QPalette::WindowText, Theme::Color(Theme::Role::Text));
-        label->setPalette(palette);
-        label->setFont(Theme::SmallFont(font()));
-    }
+    for (StatusItem* item : {m_counts, m_info, m_overwrite, m_position, m_interpreter})
+        item->setFont(Theme::SmallFont(font()));
 }
 
 void StatusBar::paintEvent(QPaintEvent*)
@@ -140,12 +206,6 @@ void StatusBar::paintEvent(QPaintEvent*)
     QPainter painter(this);
     painter.fillRect(rect(), Theme::Color(Theme::Role::Panel));
     painter.fillRect(0, 0, width(), Theme::Hairline(), Theme::Color(Theme::Role::Groove));
-}
-
-void StatusBar::resizeEvent(QResizeEvent* event)
-{
-    QWidget::resizeEvent(event);
-    UpdateInfoText();
 }
 
 bool StatusBar::event(QEvent* event)

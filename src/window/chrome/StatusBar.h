@@ -2,16 +2,19 @@
 
 #include <QWidget>
 
-class QLabel;
+class QMenu;
+class StatusItem;
 
-/// The line under the window: what the active editor has to say about the cursor's line at the
-/// left, the cursor's place and the editor's language at the right. Owned by the window, which
-/// tells it everything.
+/// The line under the window: the numbers of errors and warnings and what the checkers say about
+/// the cursor's line at the left; the overwrite mode, the cursor's place and the language at the
+/// right. Owned by the window, which tells it everything and answers its presses.
 class StatusBar : public QWidget
 {
     Q_OBJECT
 
 public:
+    enum class Severity { None, Error, Warning, Info };
+
     explicit StatusBar(QWidget* parent);
 
     /// 0 text, 1 MEL, 2 Python. Shown only when the user wants the interpreter there.
@@ -19,27 +22,39 @@ public:
     /// Line and column from 1 and the number of selected characters; 0, 0, 0 shows nothing.
     void SetCursorPosition(int line, int column, int selectionLength);
     void SetOverwrite(bool overwrite);
-    void SetInfo(const QString& text);
+    void SetErrorAndWarningCount(int errors, int warnings);
+    /// The message of the cursor's line; elided where it is too long.
+    void SetInfo(const QString& text, Severity severity = Severity::None);
     /// Stands in place of the info until an empty text is given (tips of menu entries).
     void ShowTip(const QString& text);
+    /// Follows the settings that say which fields are shown.
+    void UpdateFields();
+    /// Check marks for the fields and an entry that hides the bar; for the caller to delete.
+    QMenu* CreateContextMenu();
 
     QSize sizeHint() const override;
 
+Q_SIGNALS:
+    void CountsPressed();
+    void InfoPressed();
+    void HideRequested();
+
 protected:
     void paintEvent(QPaintEvent* event) override;
-    void resizeEvent(QResizeEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
     bool event(QEvent* event) override;
 
 private:
-    QLabel* CreateItem(const QString& name, const QString& accessibleName);
-    void UpdateInfoText();
+    StatusItem* CreateItem(const QString& name);
+    void UpdateInfo();
     void UpdateFonts();
 
-    QLabel* m_info;
-    QLabel* m_position;
-    QLabel* m_overwrite;
-    QLabel* m_interpreterIcon;
-    QLabel* m_interpreter;
+    StatusItem* m_counts;
+    StatusItem* m_info;
+    StatusItem* m_overwrite;
+    StatusItem* m_position;
+    StatusItem* m_interpreter;
     QString m_infoText;
+    Severity m_severity = Severity::None;
     QString m_tip;
 };

@@ -70,6 +70,9 @@ constexpr RoleRow ROLES[] = {
     {R::IdleWaterline,     "idle-waterline",      0xff5f5f5f},
     {R::IdleIcon,          "idle-icon",           0xff777777},
     {R::TabSeparator,      "tab-separator",       0xff1f1f1f},
+    {R::StatusError,       "status-error",        0xffff6b6b},
+    {R::StatusWarning,     "status-warning",      0xffdfe527},
+    {R::ActivityIcon,      "activity-icon",       0xff8f8f8f},
 };
 // clang-format on
 

@@ -18,6 +18,7 @@ public:
         ButtonText, DefaultButton, DefaultEdge, DefaultHover, DefaultPressed, White,
         Field, FieldEdge, FieldHoverEdge, CheckEdge, Lake, LakeText, Text, Strong, Soft, Faint,
         Disabled, Icon, IdleWaterline, IdleIcon, TabSeparator,
+        StatusError, StatusWarning, ActivityIcon,
         // clang-format on
     };
 
