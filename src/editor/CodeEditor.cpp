@@ -3,7 +3,9 @@
 #include "editor/CodeEditor.h"
 
 #include "editor/CodeEditorBlockData.h"
+#include "editor/CodeEditorErrorBarOverlay.h"
 #include "editor/CodeEditorLineNumbers.h"
+#include "editor/SearchHitLines.h"
 #include "editor/TextColumns.h"
 #include "plugin/MayaUtil.h"
 #include "window/chrome/OverlayWidget.h"
@@ -30,9 +32,11 @@ CodeEditor::CodeEditor(
     const CodeEditorProperties& properties, KeyBindings* keyBindings, QWidget* parent)
     : QPlainTextEdit(parent)
     , m_lineNumbers(new CodeEditorLineNumbers(this))
-    , m_dropOverlay(new OverlayWidget(this))
+    , m_errorBar(new CodeEditorErrorBarOverlay(this, verticalScrollBar()))
     , m_keyBindings(keyBindings)
     , m_textChangeTimer(new QTimer(this))
+    , m_dropOverlay(new OverlayWidget(this))
+    , m_searchHits(new SearchHitLines(document(), this))
     , m_extraSelectionsTimer(new QTimer(this))
 {
     setFrameShape(QFrame::NoFrame);
@@ -42,6 +46,7 @@ CodeEditor::CodeEditor(
     setCenterOnScroll(false);
     document()->setDocumentMargin(Theme::Dp(TEXT_MARGIN));
     setContextMenuPolicy(Qt::CustomContextMenu);
+    m_dropOverlay->setObjectName(QStringLiteral("m_dropOverlay"));
     m_textChangeTimer->setSingleShot(true);
     m_textChangeTimer->setInterval(TEXT_CHANGE_DELAY);
     m_extraSelectionsTimer->setSingleShot(true);
@@ -67,6 +72,7 @@ void CodeEditor::CreateConnections()
     connect(this, &QWidget::customContextMenuRequested, this, &CodeEditor::ShowContextMenu);
     connect(
         document(), &QTextDocument::contentsChange, this, &CodeEditor::OnDocumentContentsChanged);
+    connect(m_searchHits, &SearchHitLines::LinesChanged, this, &CodeEditor::OnSearchHitsChanged);
     connect(m_textChangeTimer, &QTimer::timeout, this, &CodeEditor::OnTextChangedDelay);
     connect(m_extraSelectionsTimer, &QTimer::timeout, this, &CodeEditor::UpdateExtraSelections);
 }
@@ -84,9 +90,14 @@ void CodeEditor::SetProperties(const CodeEditorProperties& properties, bool forc
     m_language = properties.language;
     m_filePath = properties.filePath;
     m_label = properties.label;
-    setAccessibleName(m_label);
+    UpdateAccessibleName();
     if (languageChanged)
         UpdateTextOptions();
+}
+
+void CodeEditor::UpdateAccessibleName()
+{
+    setAccessibleName(IsModified() ? tr("%1, modified").arg(m_label) : m_label);
 }
 
 void CodeEditor::WatchFile(const CodeEditorProperties& properties)
@@ -119,6 +130,8 @@ QString CodeEditor::GetText() const
 void CodeEditor::SetText(const QString& text)
 {
     setPlainText(text);
+    m_lineNumbers->UpdateDigits(true);
+    UpdateLineNumberWidth();
 }
 
 QString CodeEditor::GetSelectedText() const
@@ -326,11 +339,14 @@ void CodeEditor::OnTextChanged()
 
 void CodeEditor::OnTextChangedDelay()
 {
+    if (!m_searchRegEx.pattern().isEmpty())
+        m_searchHits->Search(m_searchRegEx);
     Q_EMIT TextChanged(m_filePath, GetText());
 }
 
 void CodeEditor::OnModificationChanged(bool modified)
 {
+    UpdateAccessibleName();
     Q_EMIT ModificationChanged(modified, this);
 }
 

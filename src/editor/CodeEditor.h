@@ -3,14 +3,20 @@
 #include "editor/CodeEditorMarks.h"
 #include "editor/CodeEditorProperties.h"
 
+#include <QAbstractTextDocumentLayout>
 #include <QPlainTextEdit>
 #include <QRegularExpression>
+#include <QTextBlock>
 
 class CodeEditorBlockData;
+class CodeEditorErrorBarOverlay;
 class CodeEditorLineNumbers;
 class KeyBindings;
 class OverlayWidget;
+class SearchHitLines;
+class QAction;
 class QFileSystemWatcher;
+class QHelpEvent;
 class QMenu;
 class QTextCharFormat;
 class QTimer;
@@ -146,8 +152,10 @@ public:
     void UpdateFont();
     void UpdateTextOptions();
 
-    // What the margin paints
+    // What the margin and the error bar paint
     QVector<VisibleLine> GetVisibleLines() const;
+    /// From 0, ascending: where the searched text was found, in the region if there is one.
+    QVector<int> GetSearchHitLines() const;
     int GetGutterWidth() const;
 
 Q_SIGNALS:
@@ -187,6 +195,9 @@ public Q_SLOTS:
     {
         Q_EMIT TogglePythonRevertModuleStateOnExecuteRequested();
     }
+    void CustomCut();
+    void CustomCopy();
+    void CustomPaste();
     /// Asks for help on what is selected.
     void QuickHelp() { Q_EMIT QuickHelpChanged(GetSelectedTextForExecute(), true); }
     /// Opens the host's page on the selected command; nothing in a text editor.
@@ -199,6 +210,9 @@ protected:
     void dragEnterEvent(QDragEnterEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    bool event(QEvent* event) override;
 
 private Q_SLOTS:
     void OnTextChanged();
@@ -208,11 +222,35 @@ private Q_SLOTS:
     void OnFileChanged(const QString& path);
     void ShowContextMenu(const QPoint& point);
     void UpdateLineNumberWidth();
+    void UpdateAccessibleName();
+    void OnSearchHitsChanged();
     void UpdateLineNumbers(const QRect& area, int scrolled);
     void ScheduleExtraSelections();
     void UpdateExtraSelections();
 
 private:
+    /// Roles of the colour scheme, shared by all editors; null where the scheme has none.
+    struct ColorFormats
+    {
+        const QTextCharFormat* plainText = nullptr;
+        const QTextCharFormat* currentLine = nullptr;
+        const QTextCharFormat* matchingSelection = nullptr;
+        const QTextCharFormat* matchingBraces = nullptr;
+        const QTextCharFormat* indentationGuides = nullptr;
+        const QTextCharFormat* found = nullptr;
+        const QTextCharFormat* currentFound = nullptr;
+        const QTextCharFormat* findRegion = nullptr;
+    };
+    using ExtraSelections = QList<QTextEdit::ExtraSelection>;
+    /// A line in view and where it stands in the viewport.
+    struct BlockDrawing
+    {
+        QTextBlock block;
+        QPointF offset;
+        double height = 0.0;
+    };
+
+    static void FetchColorFormats();
     void CreateConnections();
     void WatchFile(const CodeEditorProperties& properties);
 
@@ -220,6 +258,8 @@ private:
     bool HandleKeypadEnter(QKeyEvent* event);
     bool HandleReturn(QKeyEvent* event);
     bool HandleNavigationKey(QKeyEvent* event);
+    bool HandleCompletionKey(QKeyEvent* event);
+    bool HandleClipboardKey(QKeyEvent* event);
     void SendKeyAgain(Qt::Key key, Qt::KeyboardModifiers modifiers);
     void InsertNewLine();
     void ToggleOverwriteMode();
@@ -229,20 +269,50 @@ private:
     void ShiftIndent(int columns);
     void SetIndentWidth(const QTextBlock& block, int width);
 
+    // Marks over the text
+    QVector<QTextBlock> GetNearbyBlocks() const;
+    void AppendSelection(
+        ExtraSelections& selections, const QTextCharFormat* format, int start, int end) const;
+    void AppendCurrentLine(ExtraSelections& selections) const;
+    void AppendFindRegion(ExtraSelections& selections) const;
+    void AppendOccurrences(ExtraSelections& selections, const QVector<QTextBlock>& blocks) const;
+    void AppendFoundText(ExtraSelections& selections, const QVector<QTextBlock>& blocks);
+    void AppendMatchingBraces(ExtraSelections& selections) const;
+    bool IsWithinFindRegion(int start, int end) const;
+    bool IsCurrentMatchSelected() const;
+
+    // Painting
+    QVector<BlockDrawing> GetBlockDrawings(const QRect& area) const;
+    QVector<int> CountIndentGuides(const QVector<BlockDrawing>& blocks) const;
+    int CountIndentGuides(const QTextBlock& block) const;
+    void PaintBlock(QPainter& painter, const BlockDrawing& block,
+        const QAbstractTextDocumentLayout::PaintContext& context, const QRect& area) const;
+    void PaintIndentGuides(QPainter& painter, const QVector<BlockDrawing>& blocks) const;
+    void PaintWaves(QPainter& painter, const QVector<BlockDrawing>& blocks) const;
+    void PaintCurrentMatch(QPainter& painter, const QVector<BlockDrawing>& blocks) const;
+    void PaintCursor(QPainter& painter, const BlockDrawing& block, int cursorPosition) const;
+    /// The rectangles that a span of the document covers, one per visual line.
+    QVector<QRectF> GetSpanRects(const BlockDrawing& block, int start, int end) const;
+    /// The character under a point of the viewport, -1 where none is.
+    int GetCharacterPosition(const QPoint& point) const;
+    bool ShowMarkToolTip(const QHelpEvent& event);
+
     // Following changes of the text
     void OffsetParserMessages(int position, int removed, int added, int addedLines);
     /// Every edit inside the region or at its edges belongs to it.
     void OffsetFindInSelection(int position, int removed, int added);
     /// Tells of a change once and only when the text or a count is another one.
     void UpdateErrorAndWarningText();
-    /// After messages came, went or moved.
+    /// After messages came or went.
     void RefreshMarks();
 
-    void AddMenuEntry(QMenu& menu, const QString& label, int binding, void (CodeEditor::*slot)());
+    void FillContextMenu(QMenu& menu);
+    QAction* AddMenuEntry(
+        QMenu& menu, const QString& label, int binding, void (CodeEditor::*slot)());
     void AddPythonMenu(QMenu& menu);
 
     CodeEditorLineNumbers* m_lineNumbers;
-    OverlayWidget* m_dropOverlay;
+    CodeEditorErrorBarOverlay* m_errorBar; ///< over the vertical scroll bar
     CodeEditorType m_type = CodeEditorType::Buffer;
     CodeEditorLanguage m_language = CodeEditorLanguage::Text;
     QString m_filePath;
@@ -257,6 +327,11 @@ private:
     KeyBindings* m_keyBindings; ///< not owned
     QFileSystemWatcher* m_fileWatcher = nullptr; ///< made for the first file
     QTimer* m_textChangeTimer;
+    OverlayWidget* m_dropOverlay;
+    int m_lastCursorLine = 0; ///< when the marks were made last; from 1
+    int m_currentMatchStart = 0; ///< of the found text that is selected
+    int m_currentMatchEnd = -1; ///< before the start when none is
+    SearchHitLines* m_searchHits;
     QRegularExpression m_searchRegEx; ///< without pattern while nothing is searched
     bool m_findInSelection = false;
     int m_findInSelectionStart = -1;
@@ -266,4 +341,5 @@ private:
     int m_lastRevision = 0; ///< of the document, when positions were carried along last
     int m_lastBlockCount = 1;
     QTimer* m_extraSelectionsTimer;
+    static ColorFormats m_colorFormats; ///< fetched with the first editor and with every new look
 };

@@ -24,15 +24,6 @@ LineRange SelectedLines(const QTextCursor& cursor)
     return {first, last};
 }
 
-int IndentLength(const QString& text)
-{
-    int length = 0;
-    while (length < text.size()
-        && (text.at(length) == QLatin1Char(' ') || text.at(length) == QLatin1Char('\t')))
-        ++length;
-    return length;
-}
-
 } // namespace
 
 /// Gives a line's leading blanks another width in columns, in the editor's style.

@@ -1,6 +1,7 @@
 // Keys, wheel and context menu of the code editor.
 
 #include "editor/CodeEditor.h"
+#include "editor/TextColumns.h"
 #include "language/MelVariableSelection.h"
 #include "settings/KeyBindings.h"
 #include "settings/Settings.h"
@@ -11,11 +12,14 @@
 #include <QTextBlock>
 #include <QToolTip>
 
+#include <utility>
+
 void CodeEditor::keyPressEvent(QKeyEvent* event)
 {
-    QToolTip::hideText();
-    const bool handled
-        = HandleKeypadEnter(event) || HandleReturn(event) || HandleNavigationKey(event);
+    if (QToolTip::isVisible())
+        QToolTip::hideText();
+    const bool handled = HandleKeypadEnter(event) || HandleReturn(event)
+        || HandleNavigationKey(event) || HandleCompletionKey(event) || HandleClipboardKey(event);
     if (!handled)
         QPlainTextEdit::keyPressEvent(event);
 }
@@ -67,17 +71,59 @@ bool CodeEditor::HandleNavigationKey(QKeyEvent* event)
     }
 }
 
+/// The completion key writes no blank, whatever the language.
+bool CodeEditor::HandleCompletionKey(QKeyEvent* event)
+{
+    return event->key() == Qt::Key_Space && event->modifiers() == Qt::ControlModifier;
+}
+
+bool CodeEditor::HandleClipboardKey(QKeyEvent* event)
+{
+    static constexpr std::pair<QKeySequence::StandardKey, void (CodeEditor::*)()> KEYS[] = {
+        {QKeySequence::Cut, &CodeEditor::CustomCut},
+        {QKeySequence::Copy, &CodeEditor::CustomCopy},
+        {QKeySequence::Paste, &CodeEditor::CustomPaste},
+    };
+    for (const auto& [sequence, operation] : KEYS) {
+        if (!event->matches(sequence))
+            continue;
+        (this->*operation)();
+        return true;
+    }
+    return false;
+}
+
+void CodeEditor::CustomCut()
+{
+    cut();
+}
+
+void CodeEditor::CustomCopy()
+{
+    copy();
+}
+
+void CodeEditor::CustomPaste()
+{
+    paste();
+}
+
 void CodeEditor::SendKeyAgain(Qt::Key key, Qt::KeyboardModifiers modifiers)
 {
     QKeyEvent again(QEvent::KeyPress, key, modifiers);
     QApplication::sendEvent(this, &again);
 }
 
+/// The new line is indented like the line before, as far as that indent stands before the cursor.
 void CodeEditor::InsertNewLine()
 {
     QTextCursor cursor = textCursor();
     cursor.beginEditBlock();
+    cursor.removeSelectedText();
+    const QString before = cursor.block().text().left(cursor.positionInBlock());
     cursor.insertBlock();
+    if (IsAutoIndentEnabled())
+        cursor.insertText(before.left(IndentLength(before)));
     cursor.endEditBlock();
     setTextCursor(cursor);
     ensureCursorVisible();
@@ -130,11 +176,18 @@ void CodeEditor::mouseDoubleClickEvent(QMouseEvent* event)
 
 void CodeEditor::ShowContextMenu(const QPoint& point)
 {
-    using K = KeyBindings;
     QMenu menu(this);
-    AddMenuEntry(menu, tr("Cut"), K::Cut, &CodeEditor::cut);
-    AddMenuEntry(menu, tr("Copy"), K::Copy, &CodeEditor::copy);
-    AddMenuEntry(menu, tr("Paste"), K::Paste, &CodeEditor::paste);
+    FillContextMenu(menu);
+    menu.exec(mapToGlobal(point));
+}
+
+void CodeEditor::FillContextMenu(QMenu& menu)
+{
+    using K = KeyBindings;
+    const bool hasSelection = textCursor().hasSelection();
+    AddMenuEntry(menu, tr("Cut"), K::Cut, &CodeEditor::CustomCut)->setEnabled(hasSelection);
+    AddMenuEntry(menu, tr("Copy"), K::Copy, &CodeEditor::CustomCopy)->setEnabled(hasSelection);
+    AddMenuEntry(menu, tr("Paste"), K::Paste, &CodeEditor::CustomPaste)->setEnabled(canPaste());
     menu.addSeparator();
     AddMenuEntry(menu, tr("Select All"), K::SelectAll, &CodeEditor::selectAll);
     menu.addSeparator();
@@ -144,11 +197,14 @@ void CodeEditor::ShowContextMenu(const QPoint& point)
     menu.addSeparator();
     AddMenuEntry(
         menu, tr("Save Script to Shelf"), K::SaveScriptToShelf, &CodeEditor::SaveScriptToShelf);
+    menu.addSeparator();
     if (m_language == CodeEditorLanguage::Python) {
-        menu.addSeparator();
         AddPythonMenu(menu);
+        menu.addSeparator();
     }
-    menu.exec(mapToGlobal(point));
+    AddMenuEntry(
+        menu, tr("Command Reference"), K::CommandReference, &CodeEditor::CommandDocumentation)
+        ->setEnabled(m_language != CodeEditorLanguage::Text);
 }
 
 void CodeEditor::AddPythonMenu(QMenu& menu)
@@ -160,17 +216,17 @@ void CodeEditor::AddPythonMenu(QMenu& menu)
     AddMenuEntry(python, QStringLiteral("Revert Module State"), K::PythonRevertModuleState,
         &CodeEditor::PythonRevertModuleState);
     python.addSeparator();
-    AddMenuEntry(python, QStringLiteral("Revert Module State on Execute"),
+    QAction* onExecute = AddMenuEntry(python, QStringLiteral("Revert Module State on Execute"),
         K::PythonRevertModuleStateOnExecute, &CodeEditor::TogglePythonRevertModuleStateOnExecute);
-    QAction* onExecute = python.actions().constLast();
     onExecute->setCheckable(true);
     onExecute->setChecked(Settings::pythonRevertModuleStateOnExecute);
 }
 
-void CodeEditor::AddMenuEntry(
+QAction* CodeEditor::AddMenuEntry(
     QMenu& menu, const QString& label, int binding, void (CodeEditor::*slot)())
 {
     QAction* action = menu.addAction(label, this, slot);
     action->setShortcut(m_keyBindings->GetShortcut(binding));
     action->setShortcutVisibleInContextMenu(true);
+    return action;
 }

@@ -1,18 +1,46 @@
 #include "editor/CodeEditorLineNumbers.h"
 
 #include "editor/CodeEditor.h"
+#include "editor/CodeEditorMarkToolTip.h"
 #include "settings/ColorSettings.h"
 #include "window/chrome/Theme.h"
 
 #include <QCoreApplication>
+#include <QHelpEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QTextBlock>
+#include <QToolTip>
 
 namespace {
 
 constexpr int LEFT_PADDING = 10; // design pixels
 constexpr int MINIMUM_DIGITS = 2;
+constexpr int MARK_SIZE = 8; // design pixels
+constexpr double INFO_SHARE = 0.6; // of that size
+
+/// Shapes differ as well as colours: a disc, a triangle and a smaller dot.
+void PaintMark(QPainter& painter, const QRectF& place, MarkSeverity severity)
+{
+    switch (severity) {
+    case MarkSeverity::Error:
+        painter.setBrush(Theme::Color(Theme::Role::MarkError));
+        painter.drawEllipse(place);
+        break;
+    case MarkSeverity::Warning: {
+        painter.setBrush(Theme::Color(Theme::Role::MarkWarning));
+        const QPointF corners[]
+            = {{place.center().x(), place.top()}, place.bottomRight(), place.bottomLeft()};
+        painter.drawPolygon(corners, 3);
+        break;
+    }
+    case MarkSeverity::Info:
+        painter.setBrush(Theme::Color(Theme::Role::MarkInfo));
+        const double radius = place.width() * INFO_SHARE / 2.0;
+        painter.drawEllipse(place.center(), radius, radius);
+        break;
+    }
+}
 
 } // namespace
 
@@ -21,13 +49,18 @@ CodeEditorLineNumbers::CodeEditorLineNumbers(CodeEditor* editor)
     , m_editor(editor)
 {
     setObjectName(QStringLiteral("m_lineNumbers"));
+    UpdateDigits(true);
+}
+
+void CodeEditorLineNumbers::UpdateDigits(bool mayShrink)
+{
+    const int needed = qMax(MINIMUM_DIGITS, QString::number(m_editor->GetLineCount()).size());
+    m_digits = mayShrink ? needed : qMax(m_digits, needed);
 }
 
 int CodeEditorLineNumbers::NumberWidth() const
 {
-    const int digits = QString::number(m_editor->GetLineCount()).size();
-    return m_editor->fontMetrics().horizontalAdvance(QLatin1Char('9'))
-        * qMax(MINIMUM_DIGITS, digits);
+    return m_editor->fontMetrics().horizontalAdvance(QLatin1Char('9')) * m_digits;
 }
 
 QSize CodeEditorLineNumbers::sizeHint() const
@@ -44,25 +77,76 @@ void CodeEditorLineNumbers::UpdatePlace()
 
 void CodeEditorLineNumbers::paintEvent(QPaintEvent* event)
 {
+    QPainter painter(this);
+    painter.setFont(m_editor->font());
+    PaintNumbers(painter, event->rect());
+    PaintMarks(painter, event->rect());
+}
+
+void CodeEditorLineNumbers::PaintNumbers(QPainter& painter, const QRect& area) const
+{
     const QTextCharFormat numbers
         = ColorSettings::GetCodeEditorFormat(ColorSettings::LINE_NUMBERS, false);
     const QTextCharFormat gutter = ColorSettings::GetCodeEditorFormat(ColorSettings::GUTTER, false);
     const int numbersWidth = width() - m_editor->GetGutterWidth();
-
-    QPainter painter(this);
-    painter.setFont(m_editor->font());
     painter.fillRect(QRect(0, 0, numbersWidth, height()), numbers.background());
     painter.fillRect(QRect(numbersWidth, 0, width() - numbersWidth, height()), gutter.background());
     const int currentLine = m_editor->GetCurrentLine();
     const int lineHeight = m_editor->fontMetrics().height();
     for (const CodeEditor::VisibleLine& line : m_editor->GetVisibleLines()) {
-        if (line.top > event->rect().bottom() || line.top + line.height < event->rect().top())
+        if (line.top > area.bottom() || line.top + line.height < area.top())
             continue;
         painter.setPen(line.number == currentLine ? Theme::Color(Theme::Role::Soft)
                                                   : numbers.foreground().color());
         painter.drawText(QRect(0, line.top, numbersWidth, lineHeight),
             Qt::AlignRight | Qt::AlignTop, QString::number(line.number));
     }
+}
+
+void CodeEditorLineNumbers::PaintMarks(QPainter& painter, const QRect& area) const
+{
+    const QVector<CodeEditor::VisibleLine> lines = m_editor->GetVisibleLines();
+    if (lines.isEmpty() || m_editor->GetMarks().IsEmpty())
+        return;
+    const int first = lines.constFirst().number - 1;
+    const int count = lines.constLast().number - first;
+    const QVector<int> worst = m_editor->GetMarks().GetWorstOfLines(first, count);
+    const int gutter = m_editor->GetGutterWidth();
+    const int lineHeight = m_editor->fontMetrics().height();
+    const int size = qMin(Theme::Dp(MARK_SIZE), qMin(gutter, lineHeight));
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    for (const CodeEditor::VisibleLine& line : lines) {
+        const int severity = worst.at(line.number - 1 - first);
+        if (severity < 0 || line.top > area.bottom() || line.top + lineHeight < area.top())
+            continue;
+        const QRectF place(width() - gutter + (gutter - size) / 2.0,
+            line.top + (lineHeight - size) / 2.0, size, size);
+        PaintMark(painter, place, MarkSeverity(severity));
+    }
+}
+
+bool CodeEditorLineNumbers::event(QEvent* event)
+{
+    if (event->type() != QEvent::ToolTip)
+        return QWidget::event(event);
+    ShowToolTip(*static_cast<QHelpEvent*>(event));
+    return true;
+}
+
+void CodeEditorLineNumbers::ShowToolTip(const QHelpEvent& event) const
+{
+    for (const CodeEditor::VisibleLine& line : m_editor->GetVisibleLines()) {
+        const QRect row(0, line.top, width(), line.height);
+        if (!row.contains(event.pos()))
+            continue;
+        const QVector<CodeEditorMark> marks
+            = m_editor->GetMarks().GetMarksOfLine(line.number - 1, MAXIMUM_TOOL_TIP_MARKS);
+        const QString text = MarkToolTip(marks, ToolTipRows::Plain, devicePixelRatioF());
+        QToolTip::showText(event.globalPos(), text, m_editor->viewport(), QRect());
+        return;
+    }
+    QToolTip::hideText();
 }
 
 void CodeEditorLineNumbers::wheelEvent(QWheelEvent* event)
@@ -85,18 +169,31 @@ void CodeEditorLineNumbers::mousePressEvent(QMouseEvent* event)
     if (event->button() != Qt::LeftButton)
         return;
     const int line = LineAt(event->pos().y());
-    const bool extend = event->modifiers() & Qt::ShiftModifier;
-    const QTextCursor cursor = m_editor->textCursor();
-    m_anchorLine
-        = extend ? m_editor->document()->findBlock(cursor.anchor()).blockNumber() + 1 : line;
+    m_anchorLine = event->modifiers() & Qt::ShiftModifier ? AnchorLine() : line;
     SelectLines(m_anchorLine, line);
     m_editor->setFocus(Qt::MouseFocusReason);
+}
+
+int CodeEditorLineNumbers::AnchorLine() const
+{
+    const QTextCursor cursor = m_editor->textCursor();
+    const QTextBlock block = m_editor->document()->findBlock(cursor.anchor());
+    // Lines selected upwards are anchored behind the line end of the lowest one.
+    const bool isBehindLine
+        = cursor.anchor() > cursor.position() && cursor.anchor() == block.position();
+    return block.blockNumber() + (isBehindLine ? 0 : 1);
 }
 
 void CodeEditorLineNumbers::mouseMoveEvent(QMouseEvent* event)
 {
     if (m_anchorLine > 0 && (event->buttons() & Qt::LeftButton))
         SelectLines(m_anchorLine, LineAt(event->pos().y()));
+}
+
+void CodeEditorLineNumbers::mouseReleaseEvent(QMouseEvent* event)
+{
+    if (event->button() == Qt::LeftButton)
+        m_anchorLine = -1;
 }
 
 // Whole lines with their line ends, whichever way the drag goes.

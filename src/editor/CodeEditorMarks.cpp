@@ -83,12 +83,12 @@ void CodeEditorMarks::Clear()
 
 bool CodeEditorMarks::Offset(int position, int removed, int added, int addedLines)
 {
-    bool changed = false;
+    bool hasGone = false;
     for (QVector<CodeEditorMark>& marks : m_marks) {
         const auto goes = [&](CodeEditorMark& mark) {
             const int oldStart = mark.start;
             const Fate fate = OffsetSpan(mark.start, mark.end, position, removed, added);
-            changed |= fate != Fate::Same;
+            hasGone |= fate == Fate::Gone;
             // A span that only grew or shrank begins on the line it began on.
             if (fate == Fate::Moved && position + removed <= oldStart)
                 mark.line += addedLines;
@@ -96,7 +96,7 @@ bool CodeEditorMarks::Offset(int position, int removed, int added, int addedLine
         };
         marks.erase(std::remove_if(marks.begin(), marks.end(), goes), marks.end());
     }
-    return changed;
+    return hasGone;
 }
 
 const QVector<CodeEditorMark>& CodeEditorMarks::GetMarks(MarkSeverity severity) const
@@ -128,6 +128,18 @@ QVector<CodeEditorMark> CodeEditorMarks::WorstFirst(Predicate isWanted, int limi
 QVector<CodeEditorMark> CodeEditorMarks::GetMarksOfLine(int line, int limit) const
 {
     return WorstFirst([line](const CodeEditorMark& mark) { return mark.line == line; }, limit);
+}
+
+QVector<int> CodeEditorMarks::GetWorstOfLines(int first, int count) const
+{
+    QVector<int> worst(qMax(0, count), -1);
+    for (int severity = MARK_SEVERITIES - 1; severity >= 0; --severity) {
+        for (const CodeEditorMark& mark : m_marks[severity]) {
+            if (mark.line >= first && mark.line - first < worst.size())
+                worst[mark.line - first] = severity;
+        }
+    }
+    return worst;
 }
 
 QVector<CodeEditorMark> CodeEditorMarks::GetMarksAt(int position, int limit) const

@@ -4,7 +4,6 @@
 
 #include <QVector>
 
-class QTextBlock;
 class QTextDocument;
 
 enum class MarkSeverity { Error = 0, Warning = 1, Info = 2 };
@@ -35,7 +34,7 @@ public:
 
     /// Follows one change of the text: spans behind it move, spans around it grow or shrink, spans
     /// whose edge or whole text was removed go. `addedLines` may be negative. True when a mark
-    /// moved, changed or went.
+    /// went.
     bool Offset(int position, int removed, int added, int addedLines);
 
     /// In the order in which they were reported.
@@ -45,6 +44,9 @@ public:
 
     /// The marks that begin on the line (from 0), worst first, at most `limit` of them.
     QVector<CodeEditorMark> GetMarksOfLine(int line, int limit) const;
+    /// For each of `count` lines from `first` on the MarkSeverity of its worst mark, -1 without
+    /// any.
+    QVector<int> GetWorstOfLines(int first, int count) const;
     /// The marks whose span holds the character at `position`, worst first. An empty span holds
     /// the character behind it.
     QVector<CodeEditorMark> GetMarksAt(int position, int limit) const;

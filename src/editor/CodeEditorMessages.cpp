@@ -1,7 +1,23 @@
 // Messages of the checkers and the search region: kept at their place in the text while it changes.
 
 #include "editor/CodeEditor.h"
+#include "editor/CodeEditorErrorBarOverlay.h"
 #include "editor/CodeEditorLineNumbers.h"
+#include "editor/CodeEditorMarkToolTip.h"
+#include "editor/SearchHitLines.h"
+
+#include <QHelpEvent>
+#include <QTextLayout>
+#include <QToolTip>
+
+#include <algorithm>
+
+namespace {
+
+// Where the toolkit puts a tool tip beside the point that it is given.
+constexpr QPoint TOOL_TIP_SHIFT(2, 16);
+
+} // namespace
 
 void CodeEditor::UpdateErrorsAndWarnings(const QVector<ParserMessage>& errors,
     const QVector<ParserMessage>& warnings, const QVector<ParserMessage>& infos)
@@ -10,6 +26,7 @@ void CodeEditor::UpdateErrorsAndWarnings(const QVector<ParserMessage>& errors,
     m_marks.SetMessages(MarkSeverity::Warning, warnings, *document());
     m_marks.SetMessages(MarkSeverity::Info, infos, *document());
     RefreshMarks();
+    UpdateErrorAndWarningText();
 }
 
 const CodeEditorMarks& CodeEditor::GetMarks() const
@@ -36,8 +53,8 @@ QString CodeEditor::GetErrorAndWarningsText() const
 
 void CodeEditor::RefreshMarks()
 {
-    UpdateErrorAndWarningText();
     m_lineNumbers->update();
+    m_errorBar->UpdateMarks();
     viewport()->update();
 }
 
@@ -62,7 +79,12 @@ void CodeEditor::OnDocumentContentsChanged(int position, int removed, int added)
     m_lastBlockCount = blockCount();
     m_lastRevision = document()->revision();
     // Highlighting announces its new formats as a change, too.
-    if (m_rewritingText || !textChanged)
+    if (!textChanged)
+        return;
+    m_searchHits->Offset(document()->findBlock(position).blockNumber(), addedLines);
+    if (addedLines != 0)
+        m_errorBar->UpdateMarks();
+    if (m_rewritingText)
         return;
     if (m_findInSelectionStart >= 0)
         OffsetFindInSelection(position, removed, added);
@@ -71,8 +93,12 @@ void CodeEditor::OnDocumentContentsChanged(int position, int removed, int added)
 
 void CodeEditor::OffsetParserMessages(int position, int removed, int added, int addedLines)
 {
+    if (m_marks.IsEmpty())
+        return;
+    // What only moves is painted with the text that moves.
     if (m_marks.Offset(position, removed, added, addedLines))
         RefreshMarks();
+    ScheduleExtraSelections();
 }
 
 void CodeEditor::OffsetFindInSelection(int position, int removed, int added)
@@ -92,7 +118,25 @@ void CodeEditor::OffsetFindInSelection(int position, int removed, int added)
 void CodeEditor::SetSearchRegEx(const QRegularExpression& expression)
 {
     m_searchRegEx = expression;
+    m_searchHits->Search(expression);
     ScheduleExtraSelections();
+}
+
+void CodeEditor::OnSearchHitsChanged()
+{
+    m_errorBar->UpdateMarks();
+}
+
+QVector<int> CodeEditor::GetSearchHitLines() const
+{
+    QVector<int> lines = m_searchHits->GetLines();
+    if (m_findInSelectionStart < 0)
+        return lines;
+    const int first = document()->findBlock(m_findInSelectionStart).blockNumber();
+    const int last = document()->findBlock(m_findInSelectionEnd).blockNumber();
+    lines.erase(std::upper_bound(lines.begin(), lines.end(), last), lines.end());
+    lines.erase(lines.begin(), std::lower_bound(lines.begin(), lines.end(), first));
+    return lines;
 }
 
 void CodeEditor::SetSelectedSearchRegion()
@@ -101,6 +145,7 @@ void CodeEditor::SetSelectedSearchRegion()
     m_findInSelection = true;
     m_findInSelectionStart = cursor.hasSelection() ? cursor.selectionStart() : -1;
     m_findInSelectionEnd = cursor.hasSelection() ? cursor.selectionEnd() : -1;
+    OnSearchHitsChanged();
     ScheduleExtraSelections();
 }
 
@@ -109,5 +154,55 @@ void CodeEditor::ClearFindInSelection()
     m_findInSelection = false;
     m_findInSelectionStart = -1;
     m_findInSelectionEnd = -1;
+    OnSearchHitsChanged();
     ScheduleExtraSelections();
+}
+
+bool CodeEditor::event(QEvent* event)
+{
+    if (event->type() == QEvent::ToolTip)
+        return ShowMarkToolTip(*static_cast<QHelpEvent*>(event));
+    return QPlainTextEdit::event(event);
+}
+
+int CodeEditor::GetCharacterPosition(const QPoint& point) const
+{
+    const QTextBlock block = cursorForPosition(point).block();
+    const QRectF place = blockBoundingGeometry(block).translated(contentOffset());
+    const QTextLayout* layout = block.layout();
+    for (int i = 0; i < layout->lineCount(); ++i) {
+        const QTextLine line = layout->lineAt(i);
+        const QRectF lineRect = line.rect().translated(place.topLeft());
+        if (point.y() < lineRect.top() || point.y() >= lineRect.bottom())
+            continue;
+        const double x = point.x() - place.left();
+        // A mark at the very end of a line reaches one column behind it.
+        const double end
+            = line.naturalTextRect().right() + fontMetrics().horizontalAdvance(QLatin1Char(' '));
+        if (x < line.x() || x > end)
+            return -1;
+        return block.position() + line.xToCursor(x, QTextLine::CursorOnCharacter);
+    }
+    return -1;
+}
+
+bool CodeEditor::ShowMarkToolTip(const QHelpEvent& event)
+{
+    const QPoint point = viewport()->mapFromGlobal(event.globalPos());
+    const int position = viewport()->rect().contains(point) ? GetCharacterPosition(point) : -1;
+    const QVector<CodeEditorMark> marks = position < 0
+        ? QVector<CodeEditorMark>()
+        : GetMarks().GetMarksAt(position, MAXIMUM_TOOL_TIP_MARKS);
+    if (marks.isEmpty()) {
+        QToolTip::hideText();
+        return true;
+    }
+    QTextCursor cursor = textCursor();
+    cursor.setPosition(position);
+    const QRect character = cursorRect(cursor);
+    const QPoint below(event.globalPos().x(), viewport()->mapToGlobal(character.bottomLeft()).y());
+    const QRect row(0, character.top(), viewport()->width(), character.height());
+    QToolTip::showText(below - TOOL_TIP_SHIFT + QPoint(0, 1),
+        MarkToolTip(marks, ToolTipRows::Plain, devicePixelRatioF()), viewport(), row);
+    return true;
 }

@@ -1,9 +1,11 @@
 // What the settings say about editors of each language, and brackets and quotes.
 
 #include "editor/CodeEditor.h"
+#include "editor/CodeEditorErrorBarOverlay.h"
 #include "settings/ColorSettings.h"
 #include "settings/Settings.h"
 #include "window/chrome/TextLook.h"
+#include "window/chrome/Theme.h"
 
 #include <QTextDocument>
 
@@ -45,8 +47,11 @@ TabOptions TabOptionsOf(CodeEditorLanguage language)
 }
 
 constexpr int FALLBACK_TAB_SIZE = 4;
+constexpr int CARET_WIDTH = 2; // design pixels
 
 } // namespace
+
+CodeEditor::ColorFormats CodeEditor::m_colorFormats;
 
 bool CodeEditor::IsDisplayErrorsEnabled() const
 {
@@ -95,6 +100,7 @@ bool CodeEditor::IsBackspaceToTabStopEnabled() const
 void CodeEditor::UpdateFontsAndColors()
 {
     UpdateFont();
+    FetchColorFormats();
     TextLook::ApplyColors(*this,
         ColorSettings::GetCodeEditorFormat(ColorSettings::PLAIN_TEXT, false),
         ColorSettings::GetCodeEditorFormat(ColorSettings::SELECTED_TEXT, false));
@@ -102,9 +108,20 @@ void CodeEditor::UpdateFontsAndColors()
     update();
 }
 
+void CodeEditor::FetchColorFormats()
+{
+    const auto fetch
+        = [](const QString& role) { return ColorSettings::GetCodeEditorFormatPtr(role, false); };
+    using C = ColorSettings;
+    m_colorFormats = {fetch(C::PLAIN_TEXT), fetch(C::CURRENT_LINE), fetch(C::MATCHING_SELECTION),
+        fetch(C::MATCHING_BRACES), fetch(C::INDENTATION_GUIDES), fetch(C::FIND_REPLACE_MATCHING),
+        fetch(C::FIND_REPLACE_SELECTED), fetch(C::FIND_REPLACE_SELECTION)};
+}
+
 void CodeEditor::UpdateFont()
 {
     setFont(TextLook::ZoomedFont(Settings::codeEditorFont, Settings::codeEditorZoom));
+    setCursorWidth(Theme::Dp(CARET_WIDTH));
     UpdateTextOptions();
     UpdateLineNumberWidth();
 }
@@ -122,6 +139,7 @@ void CodeEditor::UpdateTextOptions()
     flags.setFlag(QTextOption::ShowLineAndParagraphSeparators, Settings::renderEndOfLine);
     option.setFlags(flags);
     document()->setDefaultTextOption(option);
+    m_errorBar->UpdateMarks();
 }
 
 QChar CodeEditor::GetMatchingBrace(QChar character)

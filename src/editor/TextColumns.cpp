@@ -8,3 +8,12 @@ int VisualWidth(const QString& text, int tabSize)
         width += character == QLatin1Char('\t') ? step - width % step : 1;
     return width;
 }
+
+int IndentLength(const QString& text)
+{
+    int length = 0;
+    while (length < text.size()
+        && (text.at(length) == QLatin1Char(' ') || text.at(length) == QLatin1Char('\t')))
+        ++length;
+    return length;
+}

@@ -5,3 +5,6 @@
 /// Width in columns of `text` with tabs expanded to stops every `tabSize` columns (at least 1).
 /// Columns count from 0; a tab that starts on a stop fills a whole stop.
 int VisualWidth(const QString& text, int tabSize);
+
+/// Number of leading spaces and tabs.
+int IndentLength(const QString& text);

@@ -73,6 +73,11 @@ constexpr RoleRow ROLES[] = {
     {R::StatusError,       "status-error",        0xffff6b6b},
     {R::StatusWarning,     "status-warning",      0xffdfe527},
     {R::ActivityIcon,      "activity-icon",       0xff8f8f8f},
+    {R::MarkError,         "mark-error",          0xfff44646},
+    {R::MarkWarning,       "mark-warning",        0xffdfe527},
+    {R::MarkInfo,          "mark-info",           0xff569cd6},
+    {R::MarkSearch,        "mark-search",         0xffa65a2c},
+    {R::MatchOutline,      "match-outline",       0xffc08a5c},
 };
 // clang-format on
 
@@ -172,6 +177,20 @@ int Theme::Dp(double length)
 int Theme::Hairline()
 {
     return qMax(1, static_cast<int>(std::floor(Scale())));
+}
+
+QString Theme::PicturePath(const QString& name, int pixels)
+{
+    QString largest;
+    for (const int size : ICON_SIZES) {
+        const QString path = IconPath(name, size);
+        if (!QFile::exists(path))
+            continue;
+        largest = path;
+        if (size >= pixels)
+            break;
+    }
+    return largest;
 }
 
 QIcon Theme::Icon(const QString& name)

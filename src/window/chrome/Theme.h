@@ -19,6 +19,7 @@ public:
         Field, FieldEdge, FieldHoverEdge, CheckEdge, Lake, LakeText, Text, Strong, Soft, Faint,
         Disabled, Icon, IdleWaterline, IdleIcon, TabSeparator,
         StatusError, StatusWarning, ActivityIcon,
+        MarkError, MarkWarning, MarkInfo, MarkSearch, MatchOutline,
         // clang-format on
     };
 
@@ -35,6 +36,9 @@ public:
     /// The icon of that name in its own colours, `size` design pixels square; scaled down from the
     /// next larger picture, never up.
     static QPixmap Pixmap(const QString& name, int size, qreal ratio);
+    /// Where the picture of that name stands that is the smallest of at least `pixels`, for rich
+    /// text; the largest one when all are smaller, empty when there is none.
+    static QString PicturePath(const QString& name, int pixels);
     /// The same shape in one colour.
     static QPixmap TintedPixmap(const QString& name, int size, const QColor& color, qreal ratio);
 

@@ -1,0 +1,179 @@
+// What is marked behind the text: the current line, occurrences of the selection, found text,
+// brackets. Made for the blocks in view and some around them, once per turn of the event loop.
+
+#include "editor/BraceMatching.h"
+#include "editor/CodeEditor.h"
+#include "editor/CodeEditorErrorBarOverlay.h"
+#include "editor/CodeEditorLineNumbers.h"
+#include "editor/TextMatches.h"
+#include "settings/Settings.h"
+
+#include <QTextBlock>
+#include <QTimer>
+
+#include <algorithm>
+
+namespace {
+
+// Keeps the marks right while the view scrolls until the next update.
+constexpr int BLOCKS_AROUND = 50;
+constexpr int MAXIMUM_BRACE_DISTANCE = 10000; // blocks
+
+bool IsSame(
+    const QList<QTextEdit::ExtraSelection>& left, const QList<QTextEdit::ExtraSelection>& right)
+{
+    return std::equal(left.begin(), left.end(), right.begin(), right.end(),
+        [](const QTextEdit::ExtraSelection& a, const QTextEdit::ExtraSelection& b) {
+            return a.cursor.anchor() == b.cursor.anchor()
+                && a.cursor.position() == b.cursor.position() && a.format == b.format;
+        });
+}
+
+} // namespace
+
+// Several signals come with each key; the marks are made once for all of them.
+void CodeEditor::ScheduleExtraSelections()
+{
+    if (!m_extraSelectionsTimer->isActive())
+        m_extraSelectionsTimer->start();
+}
+
+void CodeEditor::UpdateExtraSelections()
+{
+    const QVector<QTextBlock> blocks = GetNearbyBlocks();
+    ExtraSelections selections;
+    AppendCurrentLine(selections);
+    AppendFindRegion(selections);
+    AppendOccurrences(selections, blocks);
+    AppendFoundText(selections, blocks);
+    AppendMatchingBraces(selections);
+    if (!IsSame(selections, extraSelections()))
+        setExtraSelections(selections);
+
+    UpdateErrorAndWarningText();
+    if (m_lastCursorLine != GetCurrentLine()) {
+        m_lastCursorLine = GetCurrentLine();
+        m_lineNumbers->update();
+        m_errorBar->update();
+    }
+}
+
+QVector<QTextBlock> CodeEditor::GetNearbyBlocks() const
+{
+    QTextBlock block = firstVisibleBlock();
+    for (int i = 0; i < BLOCKS_AROUND && block.previous().isValid(); ++i)
+        block = block.previous();
+    const int lineHeight = qMax(1, fontMetrics().height());
+    const int count = viewport()->height() / lineHeight + 2 * BLOCKS_AROUND + 1;
+    QVector<QTextBlock> blocks;
+    for (int i = 0; i < count && block.isValid(); ++i, block = block.next())
+        blocks.append(block);
+    return blocks;
+}
+
+void CodeEditor::AppendSelection(
+    ExtraSelections& selections, const QTextCharFormat* format, int start, int end) const
+{
+    if (!format)
+        return;
+    QTextEdit::ExtraSelection selection;
+    selection.format = *format;
+    selection.cursor = textCursor();
+    selection.cursor.setPosition(start);
+    selection.cursor.setPosition(end, QTextCursor::KeepAnchor);
+    selections.append(selection);
+}
+
+void CodeEditor::AppendCurrentLine(ExtraSelections& selections) const
+{
+    AppendSelection(
+        selections, m_colorFormats.currentLine, GetCursorPosition(), GetCursorPosition());
+}
+
+void CodeEditor::AppendFindRegion(ExtraSelections& selections) const
+{
+    const int last = document()->characterCount() - 1;
+    const int end = qMin(m_findInSelectionEnd, last);
+    if (m_findInSelection && m_findInSelectionStart >= 0 && m_findInSelectionStart < end)
+        AppendSelection(selections, m_colorFormats.findRegion, m_findInSelectionStart, end);
+}
+
+void CodeEditor::AppendOccurrences(
+    ExtraSelections& selections, const QVector<QTextBlock>& blocks) const
+{
+    const QTextCursor cursor = textCursor();
+    const QTextBlock block = cursor.block();
+    if (!cursor.hasSelection() || !block.contains(cursor.anchor()))
+        return;
+    const QString text = cursor.selectedText();
+    const bool wordsOnly = Settings::codeEditorMatchedSelectionWordsOnly;
+    const int column = cursor.selectionStart() - block.position();
+    if (text.trimmed().isEmpty() || (wordsOnly && !IsWholeWord(block.text(), column, text.size())))
+        return;
+    for (const QTextBlock& nearby : blocks) {
+        for (const TextMatch& match : FindOccurrences(nearby.text(), text, wordsOnly)) {
+            const int start = nearby.position() + match.start;
+            AppendSelection(
+                selections, m_colorFormats.matchingSelection, start, start + match.length);
+        }
+    }
+}
+
+bool CodeEditor::IsWithinFindRegion(int start, int end) const
+{
+    return !m_findInSelection || m_findInSelectionStart < 0
+        || (start >= m_findInSelectionStart && end <= m_findInSelectionEnd);
+}
+
+bool CodeEditor::IsCurrentMatchSelected() const
+{
+    return m_currentMatchEnd > m_currentMatchStart
+        && GetSelectedStartPosition() == m_currentMatchStart
+        && GetSelectedEndPosition() == m_currentMatchEnd;
+}
+
+void CodeEditor::AppendFoundText(ExtraSelections& selections, const QVector<QTextBlock>& blocks)
+{
+    const bool hadMatch = IsCurrentMatchSelected();
+    m_currentMatchStart = 0;
+    m_currentMatchEnd = -1;
+    if (!m_searchRegEx.pattern().isEmpty() && m_searchRegEx.isValid()) {
+        for (const QTextBlock& block : blocks) {
+            for (const TextMatch& match : FindMatches(block.text(), m_searchRegEx)) {
+                const int start = block.position() + match.start;
+                const int end = start + match.length;
+                if (!IsWithinFindRegion(start, end))
+                    continue;
+                AppendSelection(selections, m_colorFormats.found, start, end);
+                if (start == GetSelectedStartPosition() && end == GetSelectedEndPosition()) {
+                    m_currentMatchStart = start;
+                    m_currentMatchEnd = end;
+                }
+            }
+        }
+    }
+    if (IsCurrentMatchSelected())
+        AppendSelection(
+            selections, m_colorFormats.currentFound, m_currentMatchStart, m_currentMatchEnd);
+    // The outline of the current match is no part of the selections.
+    if (hadMatch != IsCurrentMatchSelected())
+        viewport()->update();
+}
+
+void CodeEditor::AppendMatchingBraces(ExtraSelections& selections) const
+{
+    if (textCursor().hasSelection())
+        return;
+    const QTextBlock block = textCursor().block();
+    const int column = textCursor().positionInBlock();
+    const auto blockData = [this](const QTextBlock& line) { return GetBlockData(line); };
+    for (const int place : {column - 1, column}) {
+        const int partner = FindMatchingBrace(block, place, MAXIMUM_BRACE_DISTANCE, blockData);
+        if (partner < 0)
+            continue;
+        const int brace = block.position() + place;
+        AppendSelection(selections, m_colorFormats.matchingBraces, brace, brace + 1);
+        AppendSelection(selections, m_colorFormats.matchingBraces, partner, partner + 1);
+        return;
+    }
+}

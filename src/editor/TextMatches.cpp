@@ -1,0 +1,56 @@
+#include "editor/TextMatches.h"
+
+#include <QRegularExpression>
+
+#include <algorithm>
+
+namespace {
+
+bool IsWordCharacter(QChar character)
+{
+    return character.isLetterOrNumber() || character == QLatin1Char('_');
+}
+
+bool IsWordCharacterAt(const QString& text, int index)
+{
+    return index >= 0 && index < text.size() && IsWordCharacter(text.at(index));
+}
+
+} // namespace
+
+bool IsWholeWord(const QString& line, int start, int length)
+{
+    const auto begin = line.begin() + start;
+    return length > 0 && std::all_of(begin, begin + length, IsWordCharacter)
+        && !IsWordCharacterAt(line, start - 1) && !IsWordCharacterAt(line, start + length);
+}
+
+QVector<TextMatch> FindOccurrences(const QString& line, const QString& text, bool wholeWords)
+{
+    QVector<TextMatch> matches;
+    const int length = text.size();
+    int from = 0;
+    while (length > 0) {
+        const int found = line.indexOf(text, from);
+        if (found < 0)
+            break;
+        const bool touchesWord
+            = IsWordCharacterAt(line, found - 1) || IsWordCharacterAt(line, found + length);
+        if (!wholeWords || !touchesWord)
+            matches.append({found, length});
+        from = found + length;
+    }
+    return matches;
+}
+
+QVector<TextMatch> FindMatches(const QString& line, const QRegularExpression& expression)
+{
+    QVector<TextMatch> matches;
+    QRegularExpressionMatchIterator iterator = expression.globalMatch(line);
+    while (iterator.hasNext()) {
+        const QRegularExpressionMatch match = iterator.next();
+        if (match.capturedLength() > 0)
+            matches.append({match.capturedStart(), match.capturedLength()});
+    }
+    return matches;
+}
