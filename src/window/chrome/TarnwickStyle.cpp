@@ -1,43 +1,82 @@
 #include "window/chrome/TarnwickStyle.h"
 
+#include "window/chrome/MenuLook.h"
 #include "window/chrome/Theme.h"
 
+#include <QAbstractButton>
+#include <QCheckBox>
+#include <QFocusEvent>
 #include <QPainter>
+#include <QPushButton>
+#include <QSplitterHandle>
 #include <QStyleOption>
+#include <QTimer>
 
 namespace {
 
 constexpr int TOOL_TIP_DELAY = 350; // ms
+constexpr int REST_DELAY = 250; // ms that the pointer stays on a handle before it is shown
 constexpr double DISABLED_ICON_ALPHA = 0.4;
+
+// Design pixels.
+constexpr int RING = 2;
+constexpr int RING_GAP = 1;
+constexpr int RADIUS = 4;
+constexpr int MESSAGE_ICON_SIZE = 28;
+
+// Dynamic properties of watched widgets.
+constexpr char FOCUS_BY_KEY[] = "te2FocusByKey";
+constexpr char POINTER_RESTS[] = "te2PointerRests";
+
+bool IsKeyReason(Qt::FocusReason reason)
+{
+    return reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason
+        || reason == Qt::ShortcutFocusReason;
+}
+
+bool IsWatched(const QWidget* widget)
+{
+    return qobject_cast<const QSplitterHandle*>(widget) || qobject_cast<const QPushButton*>(widget)
+        || qobject_cast<const QCheckBox*>(widget);
+}
+
+/// The handle that is painted: options name its splitter only.
+const QWidget* PaintedWidget(const QPainter& painter)
+{
+    const QPaintDevice* const device = painter.device();
+    return device && device->devType() == QInternal::Widget ? static_cast<const QWidget*>(device)
+                                                            : nullptr;
+}
 
 void DrawSplitter(const QStyleOption& option, QPainter& painter)
 {
-    painter.fillRect(option.rect, Theme::Color(Theme::Role::Panel));
-    const bool dragged = option.state & QStyle::State_Sunken;
-    const QColor color = Theme::Color(dragged ? Theme::Role::Lake : Theme::Role::Groove);
+    const QWidget* const handle = PaintedWidget(painter);
+    const bool lit = option.state & QStyle::State_Sunken
+        || (handle && handle->property(POINTER_RESTS).toBool());
+    const QColor color = Theme::Color(lit ? Theme::Role::Lake : Theme::Role::Groove);
     const int hairline = Theme::Hairline();
     QRect groove = option.rect;
     // A horizontal splitter has upright handles.
     if (option.state & QStyle::State_Horizontal) {
-        groove.setLeft(groove.center().x());
+        groove.setLeft(groove.left() + (groove.width() - hairline) / 2);
         groove.setWidth(hairline);
     } else {
-        groove.setTop(groove.center().y());
+        groove.setTop(groove.top() + (groove.height() - hairline) / 2);
         groove.setHeight(hairline);
     }
+    painter.fillRect(option.rect, Theme::Color(Theme::Role::Panel));
     painter.fillRect(groove, color);
 }
 
-void DrawFocusRing(const QStyleOption& option, QPainter& painter)
+QString MessageIcon(QStyle::StandardPixmap icon)
 {
-    if (!(option.state & QStyle::State_KeyboardFocusChange))
-        return;
-    painter.save();
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(Theme::Color(Theme::Role::Lake), Theme::Hairline()));
-    painter.drawRoundedRect(
-        QRectF(option.rect).adjusted(0.5, 0.5, -0.5, -0.5), Theme::Dp(4), Theme::Dp(4));
-    painter.restore();
+    switch (icon) {
+    case QStyle::SP_MessageBoxQuestion: return QStringLiteral("question");
+    case QStyle::SP_MessageBoxWarning: return QStringLiteral("status_warning");
+    case QStyle::SP_MessageBoxCritical: return QStringLiteral("critical");
+    case QStyle::SP_MessageBoxInformation: return QStringLiteral("status_info");
+    default: return {};
+    }
 }
 
 } // namespace
@@ -46,22 +85,102 @@ TarnwickStyle::TarnwickStyle()
     : QProxyStyle(QStringLiteral("Fusion"))
 { }
 
+void TarnwickStyle::polish(QWidget* widget)
+{
+    QProxyStyle::polish(widget);
+    if (!IsWatched(widget))
+        return;
+    widget->setAttribute(Qt::WA_Hover);
+    widget->removeEventFilter(this);
+    widget->installEventFilter(this);
+}
+
+void TarnwickStyle::unpolish(QWidget* widget)
+{
+    widget->removeEventFilter(this);
+    QProxyStyle::unpolish(widget);
+}
+
+bool TarnwickStyle::eventFilter(QObject* watched, QEvent* event)
+{
+    auto* const widget = qobject_cast<QWidget*>(watched);
+    if (!widget)
+        return false;
+    if (event->type() == QEvent::FocusIn) {
+        widget->setProperty(FOCUS_BY_KEY, IsKeyReason(static_cast<QFocusEvent*>(event)->reason()));
+    } else if (event->type() == QEvent::HoverLeave) {
+        widget->setProperty(POINTER_RESTS, false);
+    } else if (event->type() == QEvent::HoverEnter && qobject_cast<QSplitterHandle*>(widget)) {
+        QTimer::singleShot(REST_DELAY, widget, [widget] {
+            widget->setProperty(POINTER_RESTS, widget->underMouse());
+            widget->update();
+        });
+    }
+    return false;
+}
+
+/// Round a button, or round the box of a check box: at a distance, and only when the focus came by
+/// a key.
+void TarnwickStyle::DrawFocusRing(
+    const QStyleOption& option, QPainter& painter, const QWidget* widget) const
+{
+    const bool isButton = qobject_cast<const QPushButton*>(widget);
+    const bool isCheck = qobject_cast<const QCheckBox*>(widget);
+    const bool byKey = isButton || isCheck ? widget->property(FOCUS_BY_KEY).toBool()
+                                           : option.state & State_KeyboardFocusChange;
+    if (!byKey)
+        return;
+    const double thickness = isButton || isCheck ? Theme::Dp(RING) : Theme::Hairline();
+    QRectF ring = option.rect;
+    if (isButton) {
+        ring = widget->rect();
+    } else if (isCheck) {
+        const double distance = Theme::Dp(RING_GAP) + thickness;
+        ring = QRectF(widget->style()->subElementRect(SE_CheckBoxIndicator, &option, widget))
+                   .adjusted(-distance, -distance, distance, distance);
+    }
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(QPen(Theme::Color(Theme::Role::Lake), thickness));
+    const double half = thickness / 2;
+    const double radius = Theme::Dp(RADIUS) + (isButton || isCheck ? half : 0);
+    painter.drawRoundedRect(ring.adjusted(half, half, -half, -half), radius, radius);
+    painter.restore();
+}
+
 void TarnwickStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option,
     QPainter* painter, const QWidget* widget) const
 {
-    if (element == PE_FrameFocusRect)
-        DrawFocusRing(*option, *painter);
-    else
-        QProxyStyle::drawPrimitive(element, option, painter, widget);
+    switch (element) {
+    case PE_FrameFocusRect: DrawFocusRing(*option, *painter, widget); break;
+    case PE_PanelMenu: MenuLook::DrawPanel(option->rect, *painter); break;
+    case PE_FrameMenu: break; // drawn with the panel
+    default: QProxyStyle::drawPrimitive(element, option, painter, widget);
+    }
 }
 
 void TarnwickStyle::drawControl(ControlElement element, const QStyleOption* option,
     QPainter* painter, const QWidget* widget) const
 {
+    const auto* item = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
     if (element == CE_Splitter)
         DrawSplitter(*option, *painter);
-    else
+    else if (element == CE_MenuItem && item)
+        MenuLook::DrawItem(*item, *painter);
+    else if (element == CE_MenuTearoff)
+        MenuLook::DrawTearOff(*option, *painter);
+    else if (element != CE_MenuEmptyArea)
         QProxyStyle::drawControl(element, option, painter, widget);
+}
+
+QSize TarnwickStyle::sizeFromContents(
+    ContentsType type, const QStyleOption* option, const QSize& size, const QWidget* widget) const
+{
+    const auto* item = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
+    if (type == CT_MenuItem && item)
+        return MenuLook::ItemSize(*item, size);
+    return QProxyStyle::sizeFromContents(type, option, size, widget);
 }
 
 int TarnwickStyle::pixelMetric(
@@ -72,9 +191,14 @@ int TarnwickStyle::pixelMetric(
     case PM_SmallIconSize:
     case PM_ButtonIconSize:
     case PM_ToolBarIconSize: return Theme::Dp(16);
+    case PM_MessageBoxIconSize: return Theme::Dp(MESSAGE_ICON_SIZE);
     case PM_TextCursorWidth: return Theme::Dp(2);
     case PM_ScrollBarExtent: return Theme::Dp(12);
     case PM_MenuTearoffHeight: return Theme::Dp(9);
+    case PM_MenuPanelWidth: return Theme::Hairline();
+    case PM_MenuVMargin: return Theme::Dp(4);
+    case PM_MenuHMargin: return 0;
+    case PM_SubMenuOverlap: return 0;
     default: return QProxyStyle::pixelMetric(metric, option, widget);
     }
 }
@@ -89,6 +213,13 @@ int TarnwickStyle::styleHint(StyleHint hint, const QStyleOption* option, const Q
     case SH_ComboBox_Popup: return 0;
     default: return QProxyStyle::styleHint(hint, option, widget, returnData);
     }
+}
+
+QIcon TarnwickStyle::standardIcon(
+    StandardPixmap icon, const QStyleOption* option, const QWidget* widget) const
+{
+    const QString name = MessageIcon(icon);
+    return name.isEmpty() ? QProxyStyle::standardIcon(icon, option, widget) : Theme::Icon(name);
 }
 
 QPixmap TarnwickStyle::generatedIconPixmap(

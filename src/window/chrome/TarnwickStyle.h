@@ -2,8 +2,10 @@
 
 #include <QProxyStyle>
 
-/// What the style sheet cannot say: focus rings, splitter grooves, disabled icons, sizes and hints.
-/// Owned by the window, set on it before its sheet; the window's children get both.
+/// What the style sheet cannot say: focus rings, splitter grooves, menus, disabled icons, sizes and
+/// hints. Owned by the window, set on it before its sheet; the window's children get both. Watches
+/// handles and buttons for what their options do not tell: how the focus came, how long the
+/// pointer rests.
 class TarnwickStyle : public QProxyStyle
 {
     Q_OBJECT
@@ -11,14 +13,30 @@ class TarnwickStyle : public QProxyStyle
 public:
     TarnwickStyle();
 
+    void polish(QWidget* widget) override;
+    void unpolish(QWidget* widget) override;
+    // The other overloads stay visible.
+    using QProxyStyle::polish;
+    using QProxyStyle::unpolish;
+
     void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
         const QWidget* widget = nullptr) const override;
     void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+        const QWidget* widget = nullptr) const override;
+    QSize sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,
         const QWidget* widget = nullptr) const override;
     int pixelMetric(PixelMetric metric, const QStyleOption* option = nullptr,
         const QWidget* widget = nullptr) const override;
     int styleHint(StyleHint hint, const QStyleOption* option = nullptr,
         const QWidget* widget = nullptr, QStyleHintReturn* returnData = nullptr) const override;
+    QIcon standardIcon(StandardPixmap icon, const QStyleOption* option = nullptr,
+        const QWidget* widget = nullptr) const override;
     QPixmap generatedIconPixmap(
         QIcon::Mode mode, const QPixmap& pixmap, const QStyleOption* option) const override;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void DrawFocusRing(const QStyleOption& option, QPainter& painter, const QWidget* widget) const;
 };

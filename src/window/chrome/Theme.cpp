@@ -5,6 +5,7 @@
 #include "settings/Settings.h"
 
 #include <QFile>
+#include <QFontInfo>
 #include <QHash>
 #include <QPainter>
 #include <QPixmapCache>
@@ -230,9 +231,10 @@ QPixmap Theme::TintedPixmap(const QString& name, int size, const QColor& color, 
 
 QFont Theme::CaptionFont(const QFont& base)
 {
+    constexpr double SPACING = 0.06; // of the size
     QFont font = SmallFont(base);
     font.setWeight(QFont::DemiBold);
-    font.setLetterSpacing(QFont::PercentageSpacing, 106);
+    font.setLetterSpacing(QFont::AbsoluteSpacing, SPACING * QFontInfo(font).pixelSize());
     return font;
 }
 
