@@ -252,6 +252,8 @@ private:
 
     static void FetchColorFormats();
     void CreateConnections();
+    bool IsWrapping() const;
+    void LayOutForWidth();
     void WatchFile(const CodeEditorProperties& properties);
 
     // Keys, each step tells whether it took the key

@@ -139,6 +139,8 @@ void CodeEditor::UpdateTextOptions()
     flags.setFlag(QTextOption::ShowLineAndParagraphSeparators, Settings::renderEndOfLine);
     option.setFlags(flags);
     document()->setDefaultTextOption(option);
+    if (IsWrapping())
+        LayOutForWidth();
     m_errorBar->UpdateMarks();
 }
 

@@ -17,6 +17,7 @@
 namespace {
 
 constexpr int MINIMUM_GUTTER = 10; // pixels
+constexpr int MANY_LINES = 2000; // whose layout takes noticeable time
 constexpr int MAXIMUM_GUTTER = 18;
 /// How far below the view a run of lines without code is followed to the line that gives its
 /// guides.
@@ -121,9 +122,24 @@ void CodeEditor::UpdateLineNumbers(const QRect& area, int scrolled)
 
 void CodeEditor::resizeEvent(QResizeEvent* event)
 {
-    QPlainTextEdit::resizeEvent(event);
+    // With a new width the toolkit lays every line out again: long texts pay that only to wrap.
+    QResizeEvent sameWidth(event->size(), event->size());
+    const bool needsWidth = IsWrapping() || blockCount() < MANY_LINES;
+    QPlainTextEdit::resizeEvent(needsWidth ? event : &sameWidth);
     m_lineNumbers->UpdatePlace();
     ScheduleExtraSelections();
+}
+
+bool CodeEditor::IsWrapping() const
+{
+    return document()->defaultTextOption().wrapMode() != QTextOption::NoWrap;
+}
+
+/// Lines that did not wrap may know an old width.
+void CodeEditor::LayOutForWidth()
+{
+    QResizeEvent newWidth(viewport()->size(), QSize());
+    QPlainTextEdit::resizeEvent(&newWidth);
 }
 
 void CodeEditor::showEvent(QShowEvent* event)

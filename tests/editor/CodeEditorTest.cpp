@@ -56,6 +56,7 @@ private Q_SLOTS:
     void InsertsAtTheFarEndOfTheSelection_data();
     void InsertsAtTheFarEndOfTheSelection();
     void FourthColumnsWhenTheTabSizeIsNone();
+    void WrapsALongTextAtTheWidthItHasNow();
     void AsksTheOptionsOfItsLanguage();
     void PressesKeys_data();
     void PressesKeys();
@@ -224,6 +225,27 @@ void CodeEditorTest::FourthColumnsWhenTheTabSizeIsNone()
     Settings::tabsSizeDefault = 0;
     const CodeEditor editor({}, &m_keyBindings);
     QCOMPARE(editor.SpacesForTab(), QString(4, ' '));
+}
+
+void CodeEditorTest::WrapsALongTextAtTheWidthItHasNow()
+{
+    CodeEditor editor({}, &m_keyBindings);
+    editor.resize(900, 300);
+    editor.show();
+    editor.SetText(QString("a line that is somewhat longer than half of the view ").repeated(2)
+        + QString("\n").repeated(5000));
+    editor.resize(400, 300);
+    QCoreApplication::processEvents();
+    QCOMPARE(editor.document()->firstBlock().layout()->lineCount(), 1);
+    Settings::wordWrapEnabled = true;
+    editor.UpdateTextOptions();
+    QCoreApplication::processEvents();
+    const QTextLayout* layout = editor.document()->firstBlock().layout();
+    QVERIFY(layout->lineCount() > 1);
+    QVERIFY(layout->lineAt(0).naturalTextWidth() <= editor.viewport()->width());
+    editor.resize(300, 300);
+    QCoreApplication::processEvents();
+    QVERIFY(layout->lineAt(0).naturalTextWidth() <= editor.viewport()->width());
 }
 
 void CodeEditorTest::AsksTheOptionsOfItsLanguage()
