@@ -243,6 +243,7 @@ CodeEditor* CodeEditorGroup::RemoveCodeEditor(int index)
     m_stack->removeWidget(editor);
     m_tabBar->RemoveTab(index);
     editor->setParent(nullptr);
+    Q_EMIT TabsChanged();
     return editor;
 }
 
@@ -278,6 +279,7 @@ void CodeEditorGroup::SetTabLabel(
     m_tabBar->SetTabText(index, label);
     m_tabBar->SetTabType(index, type);
     m_tabBar->SetTabModified(index, modified && type == CodeEditorType::File);
+    Q_EMIT TabsChanged();
 }
 
 void CodeEditorGroup::SetTabToolTip(int index, const CodeEditorProperties& properties)

@@ -98,6 +98,8 @@ Q_SIGNALS:
     void ReceivedFocus(CodeEditorGroup* group);
     void TextChanged(const QString& path, const QString& text);
     void FileChanged(const QString& path);
+    /// An editor came, went, or is called or marked differently.
+    void TabsChanged();
 
 private Q_SLOTS:
     void OnCurrentTabChanged(int index);

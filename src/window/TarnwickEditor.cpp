@@ -103,7 +103,7 @@ void TarnwickEditor::CreateConnections()
     connect(m_statusBar, &StatusBar::InfoPressed, this, &T::GoToMessageOfLine);
     connect(m_statusBar, &StatusBar::HideRequested, this, &T::ToggleStatusBar);
     connect(m_sideBar, &SideBar::PageChanged, this, &T::UpdateActivityBar);
-    connect(m_sideBar, &SideBar::HideRequested, this, [this] { SetSideBarVisible(false, true); });
+    ConnectSideBar();
     // Automatic: at once from this thread, queued from any other.
     connect(this, &T::AppendToOutputRequested, this, &T::AppendToOutput);
     connect(qApp, &QApplication::focusChanged, this, &T::OnApplicationFocusChanged);
@@ -117,6 +117,7 @@ void TarnwickEditor::ConnectGroup(CodeEditorGroup* group)
         {&G::CurrentTabChanged, &T::OnCurrentTabChanged},
         {&G::CursorPositionChanged, &T::UpdateCursorPosition},
         {&G::OverwriteModeChanged, &T::OnOverwriteModeChanged},
+        {&G::TabsChanged, &T::UpdateOpenEditors},
         {&G::ExecutePressed, &T::Execute},
         {&G::ExecuteAllPressed, &T::ExecuteAll},
         {&G::ExecuteLinePressed, &T::ExecuteLine},

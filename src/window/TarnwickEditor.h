@@ -172,6 +172,7 @@ public Q_SLOTS:
 
     // Keeping the views in step
     void OnActiveCodeEditorChanged();
+    void UpdateOpenEditors();
     void UpdateInterpreter();
     void UpdateCursorPosition();
     void UpdateTitleBar();
@@ -204,6 +205,8 @@ private:
     void CreateLayout();
     void CreateConnections();
     void ConnectGroup(CodeEditorGroup* group);
+    void ConnectSideBar();
+    void UpdateOpenEditorsSelection();
     void ApplyTheme();
     void SyncActions();
 

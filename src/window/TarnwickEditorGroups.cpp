@@ -231,6 +231,7 @@ void TarnwickEditor::OnCodeEditorGroupReceivedFocus(CodeEditorGroup* group)
 
 void TarnwickEditor::OnActiveCodeEditorChanged()
 {
+    UpdateOpenEditorsSelection();
     UpdateInterpreter();
     UpdateCursorPosition();
     UpdateTitleBar();

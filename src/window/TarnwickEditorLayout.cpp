@@ -235,6 +235,7 @@ void TarnwickEditor::SaveSplitterState()
         Settings::sideBarState = m_sideBarSplitter->saveState();
     if (!m_outputPanel->isHidden() && !m_codeEditorSplitter->isHidden())
         Settings::outputState = m_outputSplitter->saveState();
+    m_sideBar->SaveState();
 }
 
 /// Keeps the place of the floating panel; docked, or not in a panel at all, the stored one stays.

@@ -184,6 +184,7 @@ void TarnwickEditor::ShowSideBarPage(SideBar::Page page)
 void TarnwickEditor::ShowExplorer()
 {
     ShowSideBarPage(SideBar::Page::Explorer);
+    m_sideBar->FocusPage(Qt::ShortcutFocusReason);
 }
 
 /// A press on the page that is shown hides the side bar.

@@ -1,0 +1,179 @@
+#include "views/ExplorerView.h"
+
+#include "settings/Settings.h"
+#include "views/OpenEditorsView.h"
+#include "views/SideBarTree.h"
+#include "views/SubViewHeader.h"
+#include "window/chrome/GrooveSplitter.h"
+
+#include <QMenu>
+#include <QSplitterHandle>
+#include <QVBoxLayout>
+
+namespace {
+
+constexpr int MINIMUM_ROWS = 3;
+constexpr int NO_LIMIT = QWIDGETSIZE_MAX;
+
+} // namespace
+
+ExplorerView::ExplorerView(QWidget* parent)
+    : QWidget(parent)
+    , m_splitter(new GrooveSplitter(Qt::Vertical, this))
+    , m_openEditors(new OpenEditorsView(this))
+{
+    m_splitter->setObjectName(QStringLiteral("m_explorerSplitter"));
+    m_splitter->setChildrenCollapsible(false);
+    m_openEditors->setObjectName(QStringLiteral("m_openEditors"));
+    AddSection(m_openEditors, 1.0);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(m_splitter);
+    // With everything collapsed the headers stay at the top.
+    layout->addStretch(0);
+    connect(m_splitter, &QSplitter::splitterMoved, this, &ExplorerView::OnSplitterMoved);
+    RestoreWeights();
+    UpdateVisibility();
+}
+
+void ExplorerView::AddSection(SubView* section, double weight)
+{
+    m_sections.append(section);
+    m_weights.insert(section, weight);
+    m_splitter->addWidget(section);
+    connect(section, &SubView::ExpandedChanged, this, &ExplorerView::UpdateHeights);
+    connect(section, &SubView::NaturalHeightChanged, this, &ExplorerView::UpdateHeights);
+    connect(section, &SubView::HeaderMenuRequested, this, &ExplorerView::ShowSectionMenu);
+    connect(section->GetHeader(), &SubViewHeader::StepRequested, this,
+        [this, section](int step) { OnStep(section, step); });
+}
+
+QVector<SubView*> ExplorerView::ShownSections() const
+{
+    QVector<SubView*> shown;
+    for (SubView* section : m_sections) {
+        if (!section->isHidden())
+            shown.append(section);
+    }
+    return shown;
+}
+
+void ExplorerView::UpdateVisibility()
+{
+    m_openEditors->setVisible(Settings::openEditorsVisible);
+    UpdateHeights();
+}
+
+void ExplorerView::SaveState()
+{
+    if (testAttribute(Qt::WA_WState_Polished))
+        Settings::explorerState = m_splitter->saveState();
+}
+
+/// The stored sizes are the weights; a section that was collapsed tells nothing.
+void ExplorerView::RestoreWeights()
+{
+    if (!m_splitter->restoreState(Settings::explorerState))
+        return;
+    const QList<int> sizes = m_splitter->sizes();
+    for (int i = 0; i < m_sections.size(); ++i) {
+        if (sizes.value(i) > SubViewHeader::Height())
+            m_weights[m_sections[i]] = sizes[i] - SubViewHeader::Height();
+    }
+    // Stored as a part of the state, but not the user's to choose.
+    m_splitter->setOrientation(Qt::Vertical);
+    m_splitter->setChildrenCollapsible(false);
+    m_splitter->UpdateHandleWidth();
+}
+
+void ExplorerView::UpdateHeights()
+{
+    const QVector<SubView*> shown = ShownSections();
+    QVector<SectionHeights::Section> sections;
+    for (const SubView* section : shown) {
+        const int natural = section->GetNaturalHeight();
+        sections.append({section->IsExpanded(), qMin(natural, m_dragged.value(section, natural)),
+            m_weights.value(section)});
+    }
+    const int header = SubViewHeader::Height();
+    const int grooves = m_splitter->handleWidth() * qMax(0, shown.size() - 1);
+    const QVector<int> heights = SectionHeights::Distribute(
+        height() - grooves, header, MINIMUM_ROWS * SideBarTree::RowHeight(), sections);
+    QList<int> sizes;
+    for (SubView* section : qAsConst(m_sections)) {
+        const int i = shown.indexOf(section);
+        const int natural = section->GetNaturalHeight();
+        const int most = !section->IsExpanded() ? header
+            : natural > 0                       ? header + natural
+                                                : NO_LIMIT;
+        section->setMinimumHeight(header);
+        section->setMaximumHeight(most);
+        sizes.append(i < 0 ? 0 : heights[i]);
+    }
+    m_splitter->setSizes(sizes);
+    UpdateHandles();
+}
+
+/// A handle moves something only between a section that is open and an open one above it.
+void ExplorerView::UpdateHandles()
+{
+    bool openAbove = false;
+    for (int i = 0; i < m_sections.size(); ++i) {
+        const bool open = !m_sections[i]->isHidden() && m_sections[i]->IsExpanded();
+        QSplitterHandle* const handle = m_splitter->handle(i);
+        handle->setEnabled(open && openAbove);
+        handle->setCursor(handle->isEnabled() ? Qt::SplitVCursor : Qt::ArrowCursor);
+        openAbove = openAbove || open;
+    }
+}
+
+void ExplorerView::OnSplitterMoved()
+{
+    const QList<int> sizes = m_splitter->sizes();
+    for (int i = 0; i < m_sections.size(); ++i) {
+        const SubView* const section = m_sections[i];
+        if (section->isHidden() || !section->IsExpanded())
+            continue;
+        const int content = sizes[i] - SubViewHeader::Height();
+        m_weights[section] = content;
+        const int natural = section->GetNaturalHeight();
+        if (natural > 0 && content < natural)
+            m_dragged[section] = content;
+        else
+            m_dragged.remove(section);
+    }
+    SaveState();
+}
+
+void ExplorerView::OnStep(const SubView* section, int step)
+{
+    const QVector<SubView*> shown = ShownSections();
+    const int next = shown.indexOf(const_cast<SubView*>(section)) + step;
+    if (next >= 0 && next < shown.size())
+        shown[next]->GetHeader()->setFocus(Qt::TabFocusReason);
+}
+
+void ExplorerView::ShowSectionMenu(const QPoint& globalPoint)
+{
+    auto* menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    const auto addCheck = [&](const QString& text, bool& option) {
+        QAction* const action = menu->addAction(text);
+        action->setCheckable(true);
+        action->setChecked(option);
+        connect(action, &QAction::toggled, this, [this, &option](bool checked) {
+            option = checked;
+            UpdateVisibility();
+        });
+    };
+    addCheck(tr("Open Editors"), Settings::openEditorsVisible);
+    menu->addSeparator();
+    menu->addAction(tr("Hide Side Bar"), this, &ExplorerView::HideRequested);
+    menu->popup(globalPoint);
+}
+
+void ExplorerView::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    UpdateHeights();
+}

@@ -1,0 +1,211 @@
+#include "views/OpenEditorsView.h"
+
+#include "settings/Settings.h"
+#include "views/SideBarTree.h"
+#include "views/SubViewHeader.h"
+#include "window/chrome/Theme.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QMenu>
+#include <QSet>
+#include <QVBoxLayout>
+
+namespace {
+
+// Design pixels.
+constexpr int TOP_MARGIN = 1;
+constexpr int BOTTOM_MARGIN = 2;
+
+constexpr int MAXIMUM_ROWS = 9; ///< then it scrolls
+constexpr int KEY_ROLE = Qt::UserRole; ///< what tells rows apart: the path, or a heading's text
+
+QIcon LanguageIcon(CodeEditorLanguage language)
+{
+    switch (language) {
+    case CodeEditorLanguage::Mel: return Theme::Icon(QStringLiteral("lang_mel"));
+    case CodeEditorLanguage::Python: return Theme::Icon(QStringLiteral("lang_python"));
+    case CodeEditorLanguage::Text: break;
+    }
+    return Theme::Icon(QStringLiteral("lang_text"));
+}
+
+} // namespace
+
+struct OpenEditorsView::Row
+{
+    QString key;
+    const Editor* editor = nullptr; ///< null: a heading
+    QString detail;
+};
+
+OpenEditorsView::OpenEditorsView(QWidget* parent)
+    : SubView(tr("Open Editors"), &Settings::openEditorsExpanded, parent)
+    , m_tree(new SideBarTree(this))
+{
+    m_tree->setObjectName(QStringLiteral("m_openEditorsTree"));
+    m_tree->setAccessibleName(tr("Open Editors"));
+    m_tree->setRootIsDecorated(false);
+    m_tree->setContextMenuPolicy(Qt::CustomContextMenu);
+    auto* content = new QWidget(this);
+    auto* layout = new QVBoxLayout(content);
+    layout->setContentsMargins(0, Theme::Dp(TOP_MARGIN), 0, Theme::Dp(BOTTOM_MARGIN));
+    layout->addWidget(m_tree);
+    content->setFocusProxy(m_tree);
+    SetContent(content);
+    connect(m_tree, &QTreeWidget::itemClicked, this, &OpenEditorsView::OnActivated);
+    connect(m_tree, &QTreeWidget::itemActivated, this, &OpenEditorsView::OnActivated);
+    connect(m_tree, &SideBarTree::CloseRequested, this, [this](const QTreeWidgetItem* item) {
+        Q_EMIT CloseRequested(item->data(0, KEY_ROLE).toString());
+    });
+    connect(m_tree, &QWidget::customContextMenuRequested, this, &OpenEditorsView::ShowContextMenu);
+}
+
+void OpenEditorsView::SetEditors(const QVector<Editor>& editors)
+{
+    const int count = WantedRows().size();
+    m_editors = editors;
+    UpdateNote();
+    MarkStale();
+    if (WantedRows().size() != count)
+        Q_EMIT NaturalHeightChanged();
+}
+
+void OpenEditorsView::SelectEditor(const QString& path)
+{
+    m_activePath = path;
+    MarkStale();
+}
+
+int OpenEditorsView::GetNaturalHeight() const
+{
+    // Never 0, which would ask for a share.
+    const int rows = qMin(WantedRows().size(), MAXIMUM_ROWS);
+    return rows * SideBarTree::RowHeight() + Theme::Dp(TOP_MARGIN) + Theme::Dp(BOTTOM_MARGIN);
+}
+
+void OpenEditorsView::UpdateNote()
+{
+    int modified = 0;
+    for (const Editor& editor : qAsConst(m_editors))
+        modified += editor.modified ? 1 : 0;
+    GetHeader()->SetNote(modified == 0 ? QString() : tr("%n modified", nullptr, modified));
+}
+
+/// Headings only when there is more than one group to tell apart; the folder only where two labels
+/// are equal.
+QVector<OpenEditorsView::Row> OpenEditorsView::WantedRows() const
+{
+    QSet<int> groups;
+    QHash<QString, int> labels;
+    for (const Editor& editor : m_editors) {
+        groups.insert(editor.group);
+        ++labels[editor.properties.label];
+    }
+    QVector<Row> rows;
+    int group = -1;
+    for (const Editor& editor : m_editors) {
+        if (groups.size() > 1 && editor.group != group)
+            rows.append({tr("Group %1").arg(editor.group + 1), nullptr, QString()});
+        group = editor.group;
+        const bool file = editor.properties.type == CodeEditorType::File;
+        const bool ambiguous = labels.value(editor.properties.label) > 1;
+        const QFileInfo info(editor.properties.filePath);
+        rows.append({editor.properties.filePath, &editor,
+            file && ambiguous ? info.dir().dirName() : QString()});
+    }
+    return rows;
+}
+
+/// Goes through the wanted rows and the tree's side by side: what is in place already is updated,
+/// what has moved is taken from below, what is left over at the end goes.
+void OpenEditorsView::Refresh()
+{
+    const QVector<Row> rows = WantedRows();
+    QSet<QString> wanted;
+    for (const Row& row : rows)
+        wanted.insert(row.key);
+    for (int i = m_tree->topLevelItemCount() - 1; i >= 0; --i) {
+        if (!wanted.contains(m_tree->topLevelItem(i)->data(0, KEY_ROLE).toString()))
+            delete m_tree->takeTopLevelItem(i);
+    }
+    for (int i = 0; i < rows.size(); ++i) {
+        int found = i;
+        while (found < m_tree->topLevelItemCount()
+            && m_tree->topLevelItem(found)->data(0, KEY_ROLE).toString() != rows[i].key)
+            ++found;
+        QTreeWidgetItem* item = nullptr;
+        if (found == m_tree->topLevelItemCount())
+            item = new QTreeWidgetItem;
+        else if (found != i)
+            item = m_tree->takeTopLevelItem(found);
+        if (item)
+            m_tree->insertTopLevelItem(i, item);
+        ApplyRow(m_tree->topLevelItem(i), rows[i]);
+    }
+    ShowSelection();
+}
+
+void OpenEditorsView::ApplyRow(QTreeWidgetItem* item, const Row& row)
+{
+    item->setData(0, KEY_ROLE, row.key);
+    item->setData(0, SideBarTree::HeadingRole, row.editor == nullptr);
+    if (!row.editor) {
+        item->setText(0, row.key);
+        item->setFlags(Qt::NoItemFlags);
+        return;
+    }
+    const CodeEditorProperties& properties = row.editor->properties;
+    const bool file = properties.type == CodeEditorType::File;
+    // A dot says that something could be lost; buffers keep their text by themselves.
+    const bool dot = file && row.editor->modified;
+    item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemNeverHasChildren);
+    item->setText(0, properties.label);
+    item->setIcon(0, LanguageIcon(properties.language));
+    item->setToolTip(0, file ? properties.filePath : QString());
+    item->setData(0, SideBarTree::LanguageIconRole, true);
+    item->setData(0, SideBarTree::ModifiedRole, dot);
+    item->setData(0, SideBarTree::DetailRole, row.detail);
+    item->setData(0, Qt::AccessibleTextRole,
+        dot ? tr("%1, modified").arg(properties.label) : properties.label);
+}
+
+void OpenEditorsView::ShowSelection()
+{
+    for (int i = 0; i < m_tree->topLevelItemCount(); ++i) {
+        QTreeWidgetItem* const item = m_tree->topLevelItem(i);
+        if (item->data(0, KEY_ROLE).toString() != m_activePath || m_activePath.isEmpty())
+            continue;
+        m_tree->setCurrentItem(item);
+        m_tree->scrollToItem(item);
+        return;
+    }
+    m_tree->setCurrentItem(nullptr);
+}
+
+void OpenEditorsView::OnActivated(QTreeWidgetItem* item)
+{
+    if (!item->data(0, SideBarTree::HeadingRole).toBool())
+        Q_EMIT ActivateRequested(item->data(0, KEY_ROLE).toString());
+}
+
+void OpenEditorsView::ShowContextMenu(const QPoint& point)
+{
+    const QTreeWidgetItem* const item = m_tree->itemAt(point);
+    if (!item || item->data(0, SideBarTree::HeadingRole).toBool()) {
+        Q_EMIT HeaderMenuRequested(m_tree->viewport()->mapToGlobal(point));
+        return;
+    }
+    const QString path = item->data(0, KEY_ROLE).toString();
+    auto* menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu->addAction(tr("Open"), this, [this, path] { Q_EMIT ActivateRequested(path); });
+    // A buffer's file is the program's own affair.
+    if (item->data(0, Qt::ToolTipRole).toString() == path) {
+        menu->addSeparator();
+        menu->addAction(tr("Copy Path"), this, [this, path] { Q_EMIT CopyPathRequested(path); });
+        menu->addAction(
+            tr("Reveal in Folder"), this, [this, path] { Q_EMIT RevealRequested(path); });
+    }
+    menu->popup(m_tree->viewport()->mapToGlobal(point));
+}
