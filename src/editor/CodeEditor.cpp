@@ -45,6 +45,9 @@ CodeEditor::CodeEditor(
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     setCenterOnScroll(false);
     document()->setDocumentMargin(Theme::Dp(TEXT_MARGIN));
+    // To the document a margin is an edit like any other.
+    document()->clearUndoRedoStacks();
+    document()->setModified(false);
     setContextMenuPolicy(Qt::CustomContextMenu);
     m_dropOverlay->setObjectName(QStringLiteral("m_dropOverlay"));
     m_textChangeTimer->setSingleShot(true);

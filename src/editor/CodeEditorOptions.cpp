@@ -138,9 +138,14 @@ void CodeEditor::UpdateTextOptions()
     flags.setFlag(QTextOption::ShowTabsAndSpaces, Settings::renderWhitespace);
     flags.setFlag(QTextOption::ShowLineAndParagraphSeparators, Settings::renderEndOfLine);
     option.setFlags(flags);
-    document()->setDefaultTextOption(option);
-    if (IsWrapping())
-        LayOutForWidth();
+    // Setting it lays out the whole document anew, whatever it was before.
+    const QTextOption old = document()->defaultTextOption();
+    if (old.flags() != option.flags() || old.wrapMode() != option.wrapMode()
+        || !qFuzzyCompare(1.0 + old.tabStopDistance(), 1.0 + option.tabStopDistance())) {
+        document()->setDefaultTextOption(option);
+        if (IsWrapping())
+            LayOutForWidth();
+    }
     m_errorBar->UpdateMarks();
 }
 

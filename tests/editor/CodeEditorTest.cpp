@@ -4,7 +4,12 @@
 #include "settings/Settings.h"
 #include "support/TestMain.h"
 
+#include <QDragEnterEvent>
+#include <QMenu>
+#include <QMimeData>
+#include <QSaveFile>
 #include <QSignalSpy>
+#include <QTemporaryDir>
 #include <QTextBlock>
 #include <QtTest>
 
@@ -64,6 +69,16 @@ private Q_SLOTS:
     void LeavesExecuteKeysToTheWindow();
     void ZoomsByTheWheelWithCtrlAlone();
     void KnowsItsQuotes();
+    void ClicksInTheMarginSelectLines_data();
+    void ClicksInTheMarginSelectLines();
+    void TellsOfMessagesOnlyWhenTheyChange();
+    void HighlightingMovesNoMessages();
+    void ShowsItsMenuInOrder_data();
+    void ShowsItsMenuInOrder();
+    void NamesItselfWithItsState();
+    void KeepsWatchingAReplacedFile();
+    void LeavesDraggedFilesAlone();
+    void AsksForHelpOnTheSelection();
 
 private:
     KeyBindings m_keyBindings;
@@ -286,6 +301,16 @@ void CodeEditorTest::PressesKeys_data()
         << "a|b" << int(Qt::Key_Enter) << (shift | keypad) << "a|b";
     QTest::newRow("ctrl+return") << "a|b" << int(Qt::Key_Return) << int(Qt::ControlModifier)
                                  << "a|b";
+    QTest::newRow("return keeps the indent")
+        << "  \ta|b" << int(Qt::Key_Return) << none << "  \ta\n  \t|b";
+    QTest::newRow("return within the indent")
+        << "  |  a" << int(Qt::Key_Return) << none << "  \n  |  a";
+    QTest::newRow("return replaces the selection")
+        << " a<b\nc|d" << int(Qt::Key_Return) << none << " a\n |d";
+    QTest::newRow("ctrl+space writes nothing")
+        << "a|" << int(Qt::Key_Space) << int(Qt::ControlModifier) << "a|";
+    QTest::newRow("cut and copy keys")
+        << "a<b|c" << int(Qt::Key_X) << int(Qt::ControlModifier) << "a|c";
     QTest::newRow("tab") << "a|b" << int(Qt::Key_Tab) << none << "a    |b";
     QTest::newRow("tab over lines")
         << "<a\n  b|\nc" << int(Qt::Key_Tab) << none << "    <a\n      b|\nc";
@@ -367,6 +392,189 @@ void CodeEditorTest::KnowsItsQuotes()
     QVERIFY(mel.IsQuoteForLanguage('"') && python.IsQuoteForLanguage('"'));
     QVERIFY(mel.IsQuoteForLanguage('`') && !python.IsQuoteForLanguage('`'));
     QVERIFY(!mel.IsQuoteForLanguage('\'') && python.IsQuoteForLanguage('\''));
+}
+
+void CodeEditorTest::ClicksInTheMarginSelectLines_data()
+{
+    QTest::addColumn<QString>("marked");
+    QTest::addColumn<int>("pressed");
+    QTest::addColumn<int>("released");
+    QTest::addColumn<int>("modifiers");
+    QTest::addColumn<QString>("expected");
+    const int none = Qt::NoModifier;
+    const int shift = Qt::ShiftModifier;
+    QTest::newRow("a line with its end") << "|a\nb\nc" << 2 << 2 << none << "a\n<b\n|c";
+    QTest::newRow("the last line") << "|a\nb\nc" << 3 << 3 << none << "a\nb\n<c|";
+    QTest::newRow("dragged down") << "a\nb\nc|" << 1 << 2 << none << "<a\nb\n|c";
+    QTest::newRow("dragged up") << "a\nb\nc|" << 2 << 1 << none << "|a\nb\n<c";
+    QTest::newRow("with shift from the cursor") << "a\nb|\nc" << 3 << 3 << shift << "a\n<b\nc|";
+    QTest::newRow("with shift from lines selected upwards")
+        << "|a\nb\n<c\nd" << 3 << 3 << shift << "a\n<b\nc\n|d";
+}
+
+void CodeEditorTest::ClicksInTheMarginSelectLines()
+{
+    QFETCH(QString, marked);
+    QFETCH(int, pressed);
+    QFETCH(int, released);
+    QFETCH(int, modifiers);
+    CodeEditor editor({}, &m_keyBindings);
+    editor.resize(300, 200);
+    SetMarkedText(editor, marked);
+    editor.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&editor));
+    auto* margin = editor.findChild<QWidget*>("m_lineNumbers");
+    const auto place = [&editor](int line) {
+        const CodeEditor::VisibleLine visible = editor.GetVisibleLines().at(line - 1);
+        return QPoint(5, visible.top + visible.height / 2);
+    };
+    const auto keys = Qt::KeyboardModifiers(modifiers);
+    QTest::mousePress(margin, Qt::LeftButton, keys, place(pressed));
+    QMouseEvent move(QEvent::MouseMove, place(released), Qt::NoButton, Qt::LeftButton, keys);
+    QCoreApplication::sendEvent(margin, &move);
+    QTest::mouseRelease(margin, Qt::LeftButton, keys, place(released));
+    QTEST(MarkedText(editor), "expected");
+}
+
+void CodeEditorTest::TellsOfMessagesOnlyWhenTheyChange()
+{
+    CodeEditor editor({CodeEditorType::Buffer, Language::Python, "p", "p"}, &m_keyBindings);
+    SetMarkedText(editor, "a|\nb\nc");
+    QSignalSpy told(&editor, &CodeEditor::ErrorAndWarningTextChanged);
+    ParserMessage message;
+    message.message = "wrong";
+    message.line = 1;
+    message.column = 0;
+    editor.UpdateErrorsAndWarnings({message}, {}, {});
+    QCOMPARE(told.count(), 1);
+    QVERIFY(editor.GetErrorAndWarningsText().isEmpty());
+    editor.UpdateErrorsAndWarnings({message}, {}, {});
+    QCOMPARE(told.count(), 1);
+    editor.SetCurrentLine(2);
+    QTRY_COMPARE(told.count(), 2);
+    QCOMPARE(editor.GetErrorAndWarningsText(), QString("wrong"));
+    // The message stays with its line, the cursor with its own.
+    editor.SetCursorPosition(0, false, false);
+    QTRY_COMPARE(told.count(), 3);
+    QTest::keyClick(&editor, Qt::Key_Return);
+    editor.SetCurrentLine(3);
+    QCOMPARE(editor.GetErrorAndWarningsText(), QString("wrong"));
+    QTRY_COMPARE(told.count(), 4);
+    QTest::keyClick(&editor, Qt::Key_Delete);
+    QTRY_COMPARE(told.count(), 5);
+    QCOMPARE(editor.GetNumberOfErrors(), 0);
+}
+
+void CodeEditorTest::HighlightingMovesNoMessages()
+{
+    CodeEditor editor({CodeEditorType::Buffer, Language::Python, "p", "p"}, &m_keyBindings);
+    editor.SetText("one two");
+    ParserMessage message;
+    message.start = 0;
+    message.end = 3;
+    editor.UpdateErrorsAndWarnings({message}, {}, {});
+    // New formats come as a change of everything without any change of the text.
+    editor.document()->markContentsDirty(0, 7);
+    QCOMPARE(editor.GetNumberOfErrors(), 1);
+    editor.SetText("one two");
+    QCOMPARE(editor.GetNumberOfErrors(), 0);
+}
+
+void CodeEditorTest::ShowsItsMenuInOrder_data()
+{
+    QTest::addColumn<int>("language");
+    QTest::addColumn<QStringList>("expected");
+    const QStringList common = {"Cut", "Copy", "Paste", "", "Select All", "", "Execute",
+        "Execute Line", "Execute All", "", "Save Script to Shelf", ""};
+    QTest::newRow("mel") << int(Language::Mel) << (common + QStringList({"Command Reference"}));
+    QTest::newRow("python") << int(Language::Python)
+                            << (common + QStringList({"Python", "", "Command Reference"}));
+}
+
+void CodeEditorTest::ShowsItsMenuInOrder()
+{
+    QFETCH(int, language);
+    CodeEditor editor({CodeEditorType::Buffer, Language(language), "x", "x"}, &m_keyBindings);
+    editor.show();
+    QStringList labels;
+    QTimer::singleShot(0, &editor, [&labels] {
+        auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+        QVERIFY(menu);
+        for (const QAction* action : menu->actions())
+            labels += action->text();
+        menu->close();
+    });
+    Q_EMIT editor.customContextMenuRequested({5, 5});
+    QTEST(labels, "expected");
+}
+
+void CodeEditorTest::NamesItselfWithItsState()
+{
+    CodeEditor editor({CodeEditorType::Buffer, Language::Mel, "x", "MEL"}, &m_keyBindings);
+    QCOMPARE(editor.accessibleName(), QString("MEL"));
+    QTest::keyClick(&editor, Qt::Key_A);
+    QCOMPARE(editor.accessibleName(), QString("MEL, modified"));
+    editor.SetProperties({CodeEditorType::Buffer, Language::Mel, "x", "other"}, false);
+    QCOMPARE(editor.accessibleName(), QString("other, modified"));
+    editor.SetModified(false);
+    QCOMPARE(editor.accessibleName(), QString("other"));
+}
+
+void CodeEditorTest::KeepsWatchingAReplacedFile()
+{
+    const QTemporaryDir directory;
+    const QString path = directory.filePath("a.py");
+    const auto write = [](const QString& file, const QByteArray& text) {
+        QSaveFile save(file); // A save by another program: a new file in the place of the old one.
+        return save.open(QIODevice::WriteOnly) && save.write(text) >= 0 && save.commit();
+    };
+    QVERIFY(write(path, "1"));
+    CodeEditor editor({CodeEditorType::File, Language::Python, path, "a.py"}, &m_keyBindings);
+    QSignalSpy changed(&editor, &CodeEditor::FileChanged);
+    QVERIFY(write(path, "22"));
+    QTRY_VERIFY(!changed.isEmpty());
+    QCOMPARE(changed.constLast().constFirst().toString(), path);
+    changed.clear();
+    QVERIFY(write(path, "333"));
+    QTRY_VERIFY(!changed.isEmpty());
+    // The watch follows the path, and a buffer has none.
+    const QString other = directory.filePath("b.py");
+    QVERIFY(write(other, "1"));
+    editor.SetProperties({CodeEditorType::File, Language::Python, other, "b.py"}, false);
+    changed.clear();
+    QVERIFY(write(path, "4"));
+    QVERIFY(write(other, "2"));
+    QTRY_VERIFY(!changed.isEmpty());
+    for (const QList<QVariant>& arguments : changed)
+        QCOMPARE(arguments.constFirst().toString(), other);
+}
+
+void CodeEditorTest::LeavesDraggedFilesAlone()
+{
+    CodeEditor editor({}, &m_keyBindings);
+    const auto isTaken = [&editor](const QMimeData& data) {
+        QDragEnterEvent event({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(editor.viewport(), &event);
+        return event.isAccepted();
+    };
+    QMimeData text;
+    text.setText("x");
+    QVERIFY(isTaken(text));
+    QMimeData files;
+    files.setUrls({QUrl::fromLocalFile("/x/y.py")});
+    files.setText("/x/y.py");
+    QVERIFY(!isTaken(files));
+}
+
+void CodeEditorTest::AsksForHelpOnTheSelection()
+{
+    CodeEditor editor({}, &m_keyBindings);
+    SetMarkedText(editor, "a<b\nc|");
+    QSignalSpy asked(&editor, &CodeEditor::QuickHelpChanged);
+    editor.QuickHelp();
+    QCOMPARE(asked.count(), 1);
+    QCOMPARE(asked[0][0].toString(), QString("b\nc"));
+    QVERIFY(asked[0][1].toBool());
 }
 
 TE2_TEST(CodeEditorTest)
