@@ -27,7 +27,8 @@ def start_display():
     """The server picks a free number."""
     reader, writer = os.pipe()
     server = subprocess.Popen(
-        ["Xvfb", "-displayfd", str(writer), "-screen", "0", SCREEN, "-nolisten", "tcp"],
+        ["Xvfb", "-displayfd", str(writer), "-screen", "0", SCREEN, "-dpi", "96", "-nolisten",
+         "tcp"],
         pass_fds=[writer], stderr=subprocess.DEVNULL)
     os.close(writer)
     with os.fdopen(reader) as numbers:
