@@ -7,6 +7,8 @@
 
 #include <maya/MQtUtil.h>
 
+#include <QGuiApplication>
+#include <QScreen>
 #include <QWidget>
 
 namespace {
@@ -28,6 +30,21 @@ bool QueryControl(const QString& command)
 {
     int answer = 0;
     return MayaUtil::ExecuteMelIntResult(command.arg(ControlName()), answer) && answer != 0;
+}
+
+/// Whether a person can get hold of a window there: screens come and go between two sessions.
+bool IsReachable(const QRect& geometry)
+{
+    const QSize least(100, 50); // pixels
+    // Intersecting would turn the rectangle round.
+    if (!geometry.isValid())
+        return false;
+    for (const QScreen* screen : QGuiApplication::screens()) {
+        const QRect visible = screen->availableGeometry() & geometry;
+        if (visible.width() >= least.width() && visible.height() >= least.height())
+            return true;
+    }
+    return false;
 }
 
 QString CreationCommand()
@@ -86,7 +103,7 @@ QWidget* MayaUtil::CreateWorkspaceControl()
         return nullptr;
     // Only right now: the next command may make another layout the current parent.
     QWidget* const control = MQtUtil::getCurrentParent();
-    if (Settings::windowGeometry.isValid())
+    if (IsReachable(Settings::windowGeometry))
         ExecuteMel(MelText::WorkspaceGeometry(Settings::windowGeometry, ControlName()));
     // Given at creation, the script would run at once.
     ExecuteMel(QStringLiteral("workspaceControl -e -uiScript %1 %2")
@@ -118,7 +135,7 @@ void MayaUtil::SetWorkspaceLabel(const QString& title)
 void MayaUtil::UpdateWorkspaceControlGeometry()
 {
     const QWidget* const control = GetWorkspaceControl();
-    if (!control || !Settings::windowGeometry.isValid())
+    if (!control || !IsReachable(Settings::windowGeometry))
         return;
     QWidget* const window = control->window();
     if (window != GetMainWindow())

@@ -23,6 +23,7 @@
 namespace {
 
 // Design pixels.
+constexpr int MENU_BAR_HEIGHT = 28;
 constexpr int GROUP_MINIMUM = 100;
 constexpr int OUTPUT_MINIMUM_HEIGHT = 100;
 constexpr int SIDE_BAR_MINIMUM_WIDTH = 180;
@@ -122,6 +123,7 @@ void TarnwickEditor::CreateLayout()
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
+    m_menuBar->setFixedHeight(Theme::Dp(MENU_BAR_HEIGHT));
     layout->setMenuBar(m_menuBar);
     layout->addLayout(m_middleRow, 1);
     layout->addWidget(m_statusBar);

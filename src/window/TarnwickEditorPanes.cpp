@@ -62,11 +62,13 @@ void TarnwickEditor::SetPanesVisible(bool codeEditor, bool output)
     SaveSplitterState();
     const bool focusGoes = (!codeEditor && HasFocusInside(m_codeEditorSplitter))
         || (!output && HasFocusInside(m_outputPanel));
+    const bool appears = codeEditor && !Settings::codeEditorVisible;
     Settings::codeEditorVisible = codeEditor;
     Settings::outputVisible = output;
     ShowPanes();
     SetOutputExtent(StoredOutputExtent());
-    if (focusGoes)
+    // Editors that come back are what the user means to work in.
+    if (focusGoes || appears)
         FocusShownPane();
 }
 

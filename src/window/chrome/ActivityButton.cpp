@@ -79,8 +79,9 @@ void ActivityButton::PaintWaterline(QPainter& painter) const
 {
     const int inset = Theme::Dp(WATERLINE_INSET);
     const int thickness = Theme::Dp(WATERLINE);
-    const QRectF line(
-        m_waterlineLeft ? 0 : width() - thickness, inset, thickness, height() - 2 * inset);
+    // Half of it lies outside, so that only the inner ends are round.
+    const QRectF line(m_waterlineLeft ? -thickness : width() - thickness, inset, 2 * thickness,
+        height() - 2 * inset);
     painter.setPen(Qt::NoPen);
     painter.setBrush(Theme::Color(Theme::Role::Lake));
     painter.drawRoundedRect(line, thickness / 2.0, thickness / 2.0);

@@ -5,6 +5,7 @@
 
 #include <QAbstractButton>
 #include <QCheckBox>
+#include <QDialogButtonBox>
 #include <QFocusEvent>
 #include <QPainter>
 #include <QPushButton>
@@ -22,10 +23,12 @@ constexpr double DISABLED_ICON_ALPHA = 0.4;
 constexpr int RING = 2;
 constexpr int RING_GAP = 1;
 constexpr int RADIUS = 4;
+constexpr int BUTTON_SPACING = 8;
 constexpr int MESSAGE_ICON_SIZE = 28;
 
 // Dynamic properties of watched widgets.
 constexpr char FOCUS_BY_KEY[] = "te2FocusByKey";
+constexpr char POINTER_INSIDE[] = "te2PointerInside";
 constexpr char POINTER_RESTS[] = "te2PointerRests";
 
 bool IsKeyReason(Qt::FocusReason reason)
@@ -109,10 +112,12 @@ bool TarnwickStyle::eventFilter(QObject* watched, QEvent* event)
     if (event->type() == QEvent::FocusIn) {
         widget->setProperty(FOCUS_BY_KEY, IsKeyReason(static_cast<QFocusEvent*>(event)->reason()));
     } else if (event->type() == QEvent::HoverLeave) {
+        widget->setProperty(POINTER_INSIDE, false);
         widget->setProperty(POINTER_RESTS, false);
     } else if (event->type() == QEvent::HoverEnter && qobject_cast<QSplitterHandle*>(widget)) {
+        widget->setProperty(POINTER_INSIDE, true);
         QTimer::singleShot(REST_DELAY, widget, [widget] {
-            widget->setProperty(POINTER_RESTS, widget->underMouse());
+            widget->setProperty(POINTER_RESTS, widget->property(POINTER_INSIDE));
             widget->update();
         });
     }
@@ -199,6 +204,11 @@ int TarnwickStyle::pixelMetric(
     case PM_MenuVMargin: return Theme::Dp(4);
     case PM_MenuHMargin: return 0;
     case PM_SubMenuOverlap: return 0;
+    case PM_LayoutHorizontalSpacing:
+        // The buttons bring the room for their rings along.
+        if (qobject_cast<const QDialogButtonBox*>(widget))
+            return Theme::Dp(BUTTON_SPACING - 2 * (RING + RING_GAP));
+        return QProxyStyle::pixelMetric(metric, option, widget);
     default: return QProxyStyle::pixelMetric(metric, option, widget);
     }
 }
@@ -210,7 +220,9 @@ int TarnwickStyle::styleHint(StyleHint hint, const QStyleOption* option, const Q
     case SH_ToolTip_WakeUpDelay: return TOOL_TIP_DELAY;
     case SH_EtchDisabledText:
     case SH_DitherDisabledText: return 0;
-    case SH_ComboBox_Popup: return 0;
+    case SH_ComboBox_Popup:
+    case SH_UnderlineShortcut:
+    case SH_DialogButtonBox_ButtonsHaveIcons: return 0;
     default: return QProxyStyle::styleHint(hint, option, widget, returnData);
     }
 }
