@@ -214,6 +214,7 @@ void CodeEditorGroup::ConnectEditor(CodeEditor* editor)
 
     static constexpr std::pair<void (E::*)(), void (G::*)()> RELAYS[] = {
         {&E::OverwriteModeChanged, &G::OverwriteModeChanged},
+        {&E::ErrorAndWarningTextChanged, &G::ErrorAndWarningTextChanged},
         {&E::IncreaseFontSizeRequested, &G::IncreaseFontSizeRequested},
         {&E::DecreaseFontSizeRequested, &G::DecreaseFontSizeRequested},
         {&E::ExecuteRequested, &G::ExecutePressed},

@@ -85,6 +85,7 @@ Q_SIGNALS:
     void CurrentTabChanged();
     void CursorPositionChanged();
     void OverwriteModeChanged();
+    void ErrorAndWarningTextChanged();
     void ExecutePressed();
     void ExecuteAllPressed();
     void ExecuteLinePressed();

@@ -117,6 +117,7 @@ void TarnwickEditor::ConnectGroup(CodeEditorGroup* group)
         {&G::CurrentTabChanged, &T::OnCurrentTabChanged},
         {&G::CursorPositionChanged, &T::UpdateCursorPosition},
         {&G::OverwriteModeChanged, &T::OnOverwriteModeChanged},
+        {&G::ErrorAndWarningTextChanged, &T::UpdateStatusBarInfo},
         {&G::TabsChanged, &T::UpdateOpenEditors},
         {&G::ExecutePressed, &T::Execute},
         {&G::ExecuteAllPressed, &T::ExecuteAll},

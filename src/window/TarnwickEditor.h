@@ -225,6 +225,7 @@ private:
     // Layout. Extents are pixels in the direction of the splitter; the settings hold those that
     // the panes have, or come back with.
     void CreateCodeEditorGroups();
+    void CreateSplitters();
     void ArrangeOutputSplitter();
     void ArrangeSideBarSplitter();
     void PlaceActivityBar();
@@ -256,6 +257,7 @@ private:
     void SetOutputPosition(bool vertical, bool topLeft);
     void ShowSideBarPage(SideBar::Page page);
     void OnActivityPressed(ActivityBar::Item item);
+    void UpdateActivityItems();
     void UpdateActivityBar();
     void UpdateActivityToolTips();
     void ShowActivityContextMenu(const QPoint& point);

@@ -40,22 +40,27 @@ int Share(int extent, int part, int rest)
 
 } // namespace
 
+/// Tab goes through the parts in the order in which they are made.
 void TarnwickEditor::CreateWidgets()
 {
+    m_activityBar = new ActivityBar(this);
+    m_activityBar->setObjectName(QStringLiteral("m_activityBar"));
+    m_activityBar->setContextMenuPolicy(Qt::CustomContextMenu);
+    m_sideBar = new SideBar(this);
+    m_sideBar->setObjectName(QStringLiteral("m_sideBar"));
+    m_sideBar->setMinimumWidth(SideBarMinimumWidth());
+    UpdateActivityItems();
     CreateCodeEditorGroups();
     m_outputPanel = new PanelGroup(&m_keyBindings, this);
     m_outputPanel->setObjectName(QStringLiteral("m_outputPanel"));
     m_outputPanel->setMinimumHeight(Theme::Dp(OUTPUT_MINIMUM_HEIGHT));
-    m_sideBar = new SideBar(this);
-    m_sideBar->setObjectName(QStringLiteral("m_sideBar"));
-    m_sideBar->setMinimumWidth(SideBarMinimumWidth());
-    m_activityBar = new ActivityBar(this);
-    m_activityBar->setObjectName(QStringLiteral("m_activityBar"));
-    m_activityBar->setContextMenuPolicy(Qt::CustomContextMenu);
-    m_activityBar->SetItemShown(ActivityBar::Item::Explorer, true);
     m_statusBar = new StatusBar(this);
     m_statusBar->setObjectName(QStringLiteral("m_statusBar"));
+    CreateSplitters();
+}
 
+void TarnwickEditor::CreateSplitters()
+{
     m_outputSplitter = new QSplitter(this);
     m_outputSplitter->setObjectName(QStringLiteral("m_outputSplitter"));
     m_outputSplitter->setChildrenCollapsible(false);

@@ -202,6 +202,12 @@ void TarnwickEditor::OnActivityPressed(ActivityBar::Item item)
     }
 }
 
+void TarnwickEditor::UpdateActivityItems()
+{
+    for (const PageRow& row : PAGES)
+        m_activityBar->SetItemShown(row.item, m_sideBar->HasPage(row.page));
+}
+
 void TarnwickEditor::UpdateActivityBar()
 {
     m_activityBar->ClearCurrent();

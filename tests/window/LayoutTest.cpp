@@ -68,6 +68,7 @@ private Q_SLOTS:
     void GoesRoundTheEditorsOfAllGroups();
     void GoesThroughUsedEditorsWhileCtrlIsHeld();
     void SaysWhatAnEntryWouldDo();
+    void TabGoesFromTheEdgeInwards();
     void RemembersAFloatingPanelsPlaceOnly();
 
 private:
@@ -83,6 +84,7 @@ private:
     int SideBarWidth() const;
     int OutputExtent() const;
     void SetExtents(int sideBar, int output) const;
+    void ToggleSideBarAtOnce();
     CodeEditor* OpenBuffer(int group, const QString& name) const;
     QAction* Action(const QString& text) const;
 
@@ -147,6 +149,14 @@ void LayoutTest::SetExtents(int sideBar, int output) const
     set(OutputSplitter(), output, Settings::outputTopLeft);
 }
 
+/// Where nobody sees it, nothing slides.
+void LayoutTest::ToggleSideBarAtOnce()
+{
+    m_frame->hide();
+    m_window->ToggleSideBar();
+    m_frame->show();
+}
+
 CodeEditor* LayoutTest::OpenBuffer(int group, const QString& name) const
 {
     CodeEditorGroup* const target = m_window->GetCodeEditorGroupByIndex(group);
@@ -191,22 +201,19 @@ void LayoutTest::KeepsSizesEverywhere()
     CreateWindow();
     SetExtents(SIDE_BAR, OUTPUT);
 
-    m_frame->hide();
-    m_frame->show();
-    m_window->ToggleOutput();
-    m_window->ToggleOutput();
-    m_window->ToggleCodeEditor();
-    m_window->ToggleCodeEditor();
-    m_window->ToggleSideBar();
-    QTRY_VERIFY(Find<SideBar>("m_sideBar")->isHidden());
-    m_window->ToggleSideBar();
-    QTRY_COMPARE(SideBarWidth(), SIDE_BAR);
+    for (const auto toggle : {&TarnwickEditor::ToggleOutput, &TarnwickEditor::ToggleCodeEditor}) {
+        (m_window->*toggle)();
+        (m_window->*toggle)();
+    }
     QCOMPARE(OutputExtent(), OUTPUT);
+    ToggleSideBarAtOnce();
+    QVERIFY(Find<SideBar>("m_sideBar")->isHidden());
+    ToggleSideBarAtOnce();
+    QCOMPARE(SideBarWidth(), SIDE_BAR);
 
     // Hidden at the end, shown after the restart.
     m_window->ToggleOutput();
-    m_window->ToggleSideBar();
-    QTRY_VERIFY(Find<SideBar>("m_sideBar")->isHidden());
+    ToggleSideBarAtOnce();
     Settings::alwaysShowEditorAndOutputOnStartup = false;
     Reopen();
     QVERIFY(Find<PanelGroup>("m_outputPanel")->isHidden());
@@ -509,6 +516,22 @@ void LayoutTest::SaysWhatAnEntryWouldDo()
     QCOMPARE(move->text(), QString("Move Side Bar Left"));
     Reopen();
     QVERIFY(Action("Move Side Bar Left"));
+}
+
+void LayoutTest::TabGoesFromTheEdgeInwards()
+{
+    CreateWindow();
+    const QStringList parts
+        = {"m_activityBar", "m_sideBar", "codeEditorGroup0", "m_outputPanel", "m_statusBar"};
+    QStringList order;
+    for (QWidget* stop = m_window->nextInFocusChain(); stop != m_window;
+         stop = stop->nextInFocusChain()) {
+        for (const QString& part : parts) {
+            if (!order.contains(part) && m_window->findChild<QWidget*>(part)->isAncestorOf(stop))
+                order += part;
+        }
+    }
+    QCOMPARE(order, parts);
 }
 
 void LayoutTest::RemembersAFloatingPanelsPlaceOnly()

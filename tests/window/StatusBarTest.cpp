@@ -219,7 +219,6 @@ void StatusBarTest::LeadsFromMessageToMessage()
         return ParserMessage{text, start, start + 2, -1, -1};
     };
     editor->UpdateErrorsAndWarnings({message("bad", 14)}, {message("odd", 4)}, {});
-    window->OnActiveCodeEditorChanged();
     StatusItem* const counts = window->findChild<StatusItem*>("m_counts");
     StatusItem* const info = window->findChild<StatusItem*>("m_info");
     QCOMPARE(counts->GetText(), QString("1 1"));
