@@ -8,6 +8,7 @@
 #include "editor/SearchHitLines.h"
 #include "editor/TextColumns.h"
 #include "plugin/MayaUtil.h"
+#include "settings/Settings.h"
 #include "window/chrome/OverlayWidget.h"
 #include "window/chrome/Theme.h"
 
@@ -49,6 +50,7 @@ CodeEditor::CodeEditor(
     document()->clearUndoRedoStacks();
     document()->setModified(false);
     setContextMenuPolicy(Qt::CustomContextMenu);
+    setOverwriteMode(Settings::overwriteEnabled);
     m_dropOverlay->setObjectName(QStringLiteral("m_dropOverlay"));
     m_textChangeTimer->setSingleShot(true);
     m_textChangeTimer->setInterval(TEXT_CHANGE_DELAY);
@@ -132,7 +134,14 @@ QString CodeEditor::GetText() const
 
 void CodeEditor::SetText(const QString& text)
 {
+    m_rewritingText = true;
     setPlainText(text);
+    m_rewritingText = false;
+    // Nothing of the old text is left for anything to keep its place.
+    m_marks.Clear();
+    RefreshMarks();
+    if (m_findInSelectionStart >= 0)
+        SetSelectedSearchRegion();
     m_lineNumbers->UpdateDigits(true);
     UpdateLineNumberWidth();
 }

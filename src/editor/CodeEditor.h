@@ -7,6 +7,9 @@
 #include <QPlainTextEdit>
 #include <QRegularExpression>
 #include <QTextBlock>
+#include <QTextLayout>
+
+#include <utility>
 
 class CodeEditorBlockData;
 class CodeEditorErrorBarOverlay;
@@ -35,6 +38,13 @@ public:
         int number = 0;
         int top = 0;
         int height = 0;
+    };
+
+    /// A marked piece of the text, by positions in the document.
+    struct MarkedSpan
+    {
+        int start = 0;
+        int end = 0; ///< behind the last character
     };
 
     /// `keyBindings` outlives the editor and is not owned.
@@ -156,6 +166,9 @@ public:
     QVector<VisibleLine> GetVisibleLines() const;
     /// From 0, ascending: where the searched text was found, in the region if there is one.
     QVector<int> GetSearchHitLines() const;
+    /// Around the view only, ascending.
+    const QVector<MarkedSpan>& GetOccurrences() const { return m_occurrences; }
+    const QVector<MarkedSpan>& GetFoundText() const { return m_foundText; }
     int GetGutterWidth() const;
 
 Q_SIGNALS:
@@ -277,13 +290,20 @@ private:
         ExtraSelections& selections, const QTextCharFormat* format, int start, int end) const;
     void AppendCurrentLine(ExtraSelections& selections) const;
     void AppendFindRegion(ExtraSelections& selections) const;
-    void AppendOccurrences(ExtraSelections& selections, const QVector<QTextBlock>& blocks) const;
-    void AppendFoundText(ExtraSelections& selections, const QVector<QTextBlock>& blocks);
+    QVector<MarkedSpan> FindOccurrencesIn(const QVector<QTextBlock>& blocks) const;
+    QVector<MarkedSpan> FindSearchedTextIn(const QVector<QTextBlock>& blocks) const;
+    void SetMarkedSpans(QVector<MarkedSpan>& spans, const QVector<MarkedSpan>& newSpans);
+    void AppendCurrentMatch(ExtraSelections& selections);
     void AppendMatchingBraces(ExtraSelections& selections) const;
     bool IsWithinFindRegion(int start, int end) const;
     bool IsCurrentMatchSelected() const;
 
     // Painting
+    using SpanSlice
+        = std::pair<QVector<MarkedSpan>::const_iterator, QVector<MarkedSpan>::const_iterator>;
+    /// The spans, ascending, that begin from `start` to before `end`.
+    static SpanSlice SpansWithin(const QVector<MarkedSpan>& spans, int start, int end);
+    QVector<QTextLayout::FormatRange> MarkedRanges(const QTextBlock& block) const;
     QVector<BlockDrawing> GetBlockDrawings(const QRect& area) const;
     QVector<int> CountIndentGuides(const QVector<BlockDrawing>& blocks) const;
     int CountIndentGuides(const QTextBlock& block) const;
@@ -305,6 +325,8 @@ private:
     void OffsetFindInSelection(int position, int removed, int added);
     /// Tells of a change once and only when the text or a count is another one.
     void UpdateErrorAndWarningText();
+    /// Keeps the marks in place for a paint that comes before they are made anew.
+    void OffsetMarkedSpans(int position, int removed, int added);
     /// After messages came or went.
     void RefreshMarks();
 
@@ -330,6 +352,8 @@ private:
     QFileSystemWatcher* m_fileWatcher = nullptr; ///< made for the first file
     QTimer* m_textChangeTimer;
     OverlayWidget* m_dropOverlay;
+    QVector<MarkedSpan> m_occurrences;
+    QVector<MarkedSpan> m_foundText;
     int m_lastCursorLine = 0; ///< when the marks were made last; from 1
     int m_currentMatchStart = 0; ///< of the found text that is selected
     int m_currentMatchEnd = -1; ///< before the start when none is

@@ -113,7 +113,8 @@ void CodeEditorLineNumbers::PaintMarks(QPainter& painter, const QRect& area) con
     const QVector<int> worst = m_editor->GetMarks().GetWorstOfLines(first, count);
     const int gutter = m_editor->GetGutterWidth();
     const int lineHeight = m_editor->fontMetrics().height();
-    const int size = qMin(Theme::Dp(MARK_SIZE), qMin(gutter, lineHeight));
+    // The gutter stays narrow at large interface scales.
+    const int size = qMin(Theme::Dp(MARK_SIZE), qMin(gutter * 2 / 3, lineHeight));
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
     for (const CodeEditor::VisibleLine& line : lines) {

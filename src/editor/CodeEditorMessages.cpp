@@ -81,6 +81,7 @@ void CodeEditor::OnDocumentContentsChanged(int position, int removed, int added)
     // Highlighting announces its new formats as a change, too.
     if (!textChanged)
         return;
+    OffsetMarkedSpans(position, removed, added);
     m_searchHits->Offset(document()->findBlock(position).blockNumber(), addedLines);
     if (addedLines != 0)
         m_errorBar->UpdateMarks();
@@ -98,6 +99,21 @@ void CodeEditor::OffsetParserMessages(int position, int removed, int added, int 
     // What only moves is painted with the text that moves.
     if (m_marks.Offset(position, removed, added, addedLines))
         RefreshMarks();
+    ScheduleExtraSelections();
+}
+
+void CodeEditor::OffsetMarkedSpans(int position, int removed, int added)
+{
+    for (QVector<MarkedSpan>* spans : {&m_occurrences, &m_foundText}) {
+        const auto isTouched = [&](const MarkedSpan& span) {
+            return span.end > position && span.start < position + removed;
+        };
+        spans->erase(std::remove_if(spans->begin(), spans->end(), isTouched), spans->end());
+        for (MarkedSpan& span : *spans) {
+            if (span.start >= position + removed)
+                span = {span.start + added - removed, span.end + added - removed};
+        }
+    }
     ScheduleExtraSelections();
 }
 

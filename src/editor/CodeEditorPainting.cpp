@@ -14,6 +14,8 @@
 #include <QResizeEvent>
 #include <QTextLayout>
 
+#include <algorithm>
+
 namespace {
 
 constexpr int MINIMUM_GUTTER = 10; // pixels
@@ -182,16 +184,48 @@ void CodeEditor::paintEvent(QPaintEvent* event)
         PaintCursor(painter, drawing, context.cursorPosition);
 }
 
+CodeEditor::SpanSlice CodeEditor::SpansWithin(const QVector<MarkedSpan>& spans, int start, int end)
+{
+    const auto isBefore
+        = [](const MarkedSpan& span, int position) { return span.start < position; };
+    return {std::lower_bound(spans.constBegin(), spans.constEnd(), start, isBefore),
+        std::lower_bound(spans.constBegin(), spans.constEnd(), end, isBefore)};
+}
+
+QVector<QTextLayout::FormatRange> CodeEditor::MarkedRanges(const QTextBlock& block) const
+{
+    Ranges ranges;
+    const auto append = [&](const QVector<MarkedSpan>& spans, const QTextCharFormat* format) {
+        const SpanSlice slice
+            = SpansWithin(spans, block.position(), block.position() + block.length());
+        for (auto span = slice.first; format && span != slice.second; ++span) {
+            QTextLayout::FormatRange range;
+            range.start = span->start - block.position();
+            range.length = span->end - span->start;
+            range.format = *format;
+            ranges.append(range);
+        }
+    };
+    append(m_occurrences, m_colorFormats.matchingSelection);
+    append(m_foundText, m_colorFormats.found);
+    return ranges;
+}
+
 void CodeEditor::PaintBlock(QPainter& painter, const BlockDrawing& drawing,
     const QAbstractTextDocumentLayout::PaintContext& context, const QRect& area) const
 {
     const QTextBlock& block = drawing.block;
+    // From what fills lines over marked text to the selection.
     Ranges ranges;
+    Ranges above;
     for (const QAbstractTextDocumentLayout::Selection& selection : context.selections) {
         const QTextLayout::FormatRange range = RangeInBlock(selection, block);
         if (range.length > 0)
-            ranges.append(range);
+            (range.format.boolProperty(QTextFormat::FullWidthSelection) ? ranges : above)
+                .append(range);
     }
+    ranges += MarkedRanges(block);
+    ranges += above;
     const int column = context.cursorPosition - block.position();
     if (overwriteMode() && column >= 0 && column < block.length() - 1) {
         QTextLayout::FormatRange cursor;

@@ -1,5 +1,7 @@
 // What is marked behind the text: the current line, occurrences of the selection, found text,
 // brackets. Made for the blocks in view and some around them, once per turn of the event loop.
+// What may be many is kept as plain spans: the toolkit works out a place in the view for each of
+// its extra selections, which takes longer than painting all of them.
 
 #include "editor/BraceMatching.h"
 #include "editor/CodeEditor.h"
@@ -41,11 +43,13 @@ void CodeEditor::ScheduleExtraSelections()
 void CodeEditor::UpdateExtraSelections()
 {
     const QVector<QTextBlock> blocks = GetNearbyBlocks();
+    SetMarkedSpans(m_occurrences, FindOccurrencesIn(blocks));
+    SetMarkedSpans(m_foundText, FindSearchedTextIn(blocks));
+
     ExtraSelections selections;
     AppendCurrentLine(selections);
     AppendFindRegion(selections);
-    AppendOccurrences(selections, blocks);
-    AppendFoundText(selections, blocks);
+    AppendCurrentMatch(selections);
     AppendMatchingBraces(selections);
     if (!IsSame(selections, extraSelections()))
         setExtraSelections(selections);
@@ -56,6 +60,26 @@ void CodeEditor::UpdateExtraSelections()
         m_lineNumbers->update();
         m_errorBar->update();
     }
+}
+
+/// What scrolled into view was painted from the spans around it, so only a change of what is
+/// visible is painted anew.
+void CodeEditor::SetMarkedSpans(QVector<MarkedSpan>& spans, const QVector<MarkedSpan>& newSpans)
+{
+    const QVector<BlockDrawing> visible = GetBlockDrawings(viewport()->rect());
+    const int first = visible.isEmpty() ? 0 : visible.constFirst().block.position();
+    const int end = visible.isEmpty()
+        ? 0
+        : visible.constLast().block.position() + visible.constLast().block.length();
+    const SpanSlice oldSlice = SpansWithin(spans, first, end);
+    const SpanSlice newSlice = SpansWithin(newSpans, first, end);
+    const bool isSame = std::equal(oldSlice.first, oldSlice.second, newSlice.first, newSlice.second,
+        [](const MarkedSpan& a, const MarkedSpan& b) {
+            return a.start == b.start && a.end == b.end;
+        });
+    spans = newSpans;
+    if (!isSame)
+        viewport()->update();
 }
 
 QVector<QTextBlock> CodeEditor::GetNearbyBlocks() const
@@ -98,25 +122,26 @@ void CodeEditor::AppendFindRegion(ExtraSelections& selections) const
         AppendSelection(selections, m_colorFormats.findRegion, m_findInSelectionStart, end);
 }
 
-void CodeEditor::AppendOccurrences(
-    ExtraSelections& selections, const QVector<QTextBlock>& blocks) const
+QVector<CodeEditor::MarkedSpan> CodeEditor::FindOccurrencesIn(
+    const QVector<QTextBlock>& blocks) const
 {
     const QTextCursor cursor = textCursor();
     const QTextBlock block = cursor.block();
     if (!cursor.hasSelection() || !block.contains(cursor.anchor()))
-        return;
+        return {};
     const QString text = cursor.selectedText();
     const bool wordsOnly = Settings::codeEditorMatchedSelectionWordsOnly;
     const int column = cursor.selectionStart() - block.position();
     if (text.trimmed().isEmpty() || (wordsOnly && !IsWholeWord(block.text(), column, text.size())))
-        return;
+        return {};
+    QVector<MarkedSpan> spans;
     for (const QTextBlock& nearby : blocks) {
         for (const TextMatch& match : FindOccurrences(nearby.text(), text, wordsOnly)) {
             const int start = nearby.position() + match.start;
-            AppendSelection(
-                selections, m_colorFormats.matchingSelection, start, start + match.length);
+            spans.append({start, start + match.length});
         }
     }
+    return spans;
 }
 
 bool CodeEditor::IsWithinFindRegion(int start, int end) const
@@ -132,29 +157,37 @@ bool CodeEditor::IsCurrentMatchSelected() const
         && GetSelectedEndPosition() == m_currentMatchEnd;
 }
 
-void CodeEditor::AppendFoundText(ExtraSelections& selections, const QVector<QTextBlock>& blocks)
+QVector<CodeEditor::MarkedSpan> CodeEditor::FindSearchedTextIn(
+    const QVector<QTextBlock>& blocks) const
+{
+    if (m_searchRegEx.pattern().isEmpty() || !m_searchRegEx.isValid())
+        return {};
+    QVector<MarkedSpan> spans;
+    for (const QTextBlock& block : blocks) {
+        for (const TextMatch& match : FindMatches(block.text(), m_searchRegEx)) {
+            const int start = block.position() + match.start;
+            if (IsWithinFindRegion(start, start + match.length))
+                spans.append({start, start + match.length});
+        }
+    }
+    return spans;
+}
+
+void CodeEditor::AppendCurrentMatch(ExtraSelections& selections)
 {
     const bool hadMatch = IsCurrentMatchSelected();
+    const int start = GetSelectedStartPosition();
+    const int end = GetSelectedEndPosition();
     m_currentMatchStart = 0;
     m_currentMatchEnd = -1;
-    if (!m_searchRegEx.pattern().isEmpty() && m_searchRegEx.isValid()) {
-        for (const QTextBlock& block : blocks) {
-            for (const TextMatch& match : FindMatches(block.text(), m_searchRegEx)) {
-                const int start = block.position() + match.start;
-                const int end = start + match.length;
-                if (!IsWithinFindRegion(start, end))
-                    continue;
-                AppendSelection(selections, m_colorFormats.found, start, end);
-                if (start == GetSelectedStartPosition() && end == GetSelectedEndPosition()) {
-                    m_currentMatchStart = start;
-                    m_currentMatchEnd = end;
-                }
-            }
+    for (const MarkedSpan& span : qAsConst(m_foundText)) {
+        if (span.start == start && span.end == end) {
+            m_currentMatchStart = start;
+            m_currentMatchEnd = end;
         }
     }
     if (IsCurrentMatchSelected())
-        AppendSelection(
-            selections, m_colorFormats.currentFound, m_currentMatchStart, m_currentMatchEnd);
+        AppendSelection(selections, m_colorFormats.currentFound, start, end);
     // The outline of the current match is no part of the selections.
     if (hadMatch != IsCurrentMatchSelected())
         viewport()->update();

@@ -95,6 +95,20 @@ QStringList Marked(const CodeEditor& editor, const QString& role)
     return texts;
 }
 
+QStringList Spans(const CodeEditor& editor, const QVector<CodeEditor::MarkedSpan>& spans)
+{
+    const QString text = editor.GetText();
+    QStringList texts;
+    for (const CodeEditor::MarkedSpan& span : spans)
+        texts += QString("%1:%2").arg(span.start).arg(text.mid(span.start, span.end - span.start));
+    return texts;
+}
+
+QStringList FoundText(const CodeEditor& editor)
+{
+    return Spans(editor, editor.GetFoundText());
+}
+
 } // namespace
 
 class CodeEditorPaintingTest : public QObject
@@ -335,7 +349,19 @@ void CodeEditorPaintingTest::MarksOccurrencesOfTheSelection()
     editor.SetCursorSelection(start, end);
     QCoreApplication::processEvents();
     QTest::qWait(0);
-    QTEST(Marked(editor, ColorSettings::MATCHING_SELECTION), "marked");
+    QTEST(Spans(editor, editor.GetOccurrences()), "marked");
+    const QColor color
+        = ColorSettings::GetCodeEditorFormat(ColorSettings::MATCHING_SELECTION, false)
+              .background()
+              .color();
+    const QImage image = Grab(*editor.viewport());
+    for (const CodeEditor::MarkedSpan& span : editor.GetOccurrences()) {
+        // The selection's own colour covers it.
+        if (span.start != start)
+            QVERIFY(CountPixels(image, color, CharacterRect(editor, span.start)) > 10);
+    }
+    if (editor.GetOccurrences().isEmpty())
+        QCOMPARE(CountPixels(image, color, image.rect(), 30), 0);
 }
 
 void CodeEditorPaintingTest::MarksFoundTextAndTheCurrentMatch()
@@ -344,8 +370,7 @@ void CodeEditorPaintingTest::MarksFoundTextAndTheCurrentMatch()
     editor.SetSearchRegEx(QRegularExpression("ab|z*"));
     editor.SetCursorSelection(3, 5);
     QTRY_COMPARE(Marked(editor, ColorSettings::FIND_REPLACE_SELECTED), QStringList({"3:ab"}));
-    QCOMPARE(Marked(editor, ColorSettings::FIND_REPLACE_MATCHING),
-        QStringList({"0:ab", "3:ab", "6:ab"}));
+    QCOMPARE(FoundText(editor), QStringList({"0:ab", "3:ab", "6:ab"}));
     // The current match keeps its own colour although it is selected, and has an outline.
     const QImage image = Grab(*editor.viewport());
     const QRect match = CharacterRect(editor, 3).united(CharacterRect(editor, 4));
@@ -358,12 +383,11 @@ void CodeEditorPaintingTest::MarksFoundTextAndTheCurrentMatch()
 
     editor.SetCursorSelection(3, 8);
     editor.SetSelectedSearchRegion();
-    QTRY_COMPARE(
-        Marked(editor, ColorSettings::FIND_REPLACE_MATCHING), QStringList({"3:ab", "6:ab"}));
+    QTRY_COMPARE(FoundText(editor), QStringList({"3:ab", "6:ab"}));
     QCOMPARE(Marked(editor, ColorSettings::FIND_REPLACE_SELECTION), QStringList({"3:ab ab"}));
     editor.ClearFindInSelection();
     editor.SetSearchRegEx({});
-    QTRY_VERIFY(Marked(editor, ColorSettings::FIND_REPLACE_MATCHING).isEmpty());
+    QTRY_VERIFY(FoundText(editor).isEmpty());
     QVERIFY(Marked(editor, ColorSettings::FIND_REPLACE_SELECTION).isEmpty());
 }
 
@@ -433,19 +457,18 @@ void CodeEditorPaintingTest::MarksOnlyWhatIsNearTheView()
     CodeEditor& editor = Open(QString("word\n").repeated(5000));
     const int inView = editor.viewport()->height() / editor.fontMetrics().height();
     editor.SetCursorSelection(0, 4);
-    QTRY_VERIFY(editor.extraSelections().size() > inView);
-    QVERIFY(editor.extraSelections().size() < inView + 120);
+    QTRY_VERIFY(editor.GetOccurrences().size() > inView);
+    QVERIFY(editor.GetOccurrences().size() < inView + 120);
     // Following the cursor scrolls without a word from the scroll bar.
     QTest::keyClick(&editor, Qt::Key_End, Qt::ControlModifier);
     editor.SetCursorSelection(editor.GetText().size() - 5, editor.GetText().size() - 1);
     const auto lastMarked = [&editor] {
-        int last = 0;
-        for (const QTextEdit::ExtraSelection& selection : editor.extraSelections())
-            last = qMax(last, selection.cursor.blockNumber());
-        return last;
+        const QVector<CodeEditor::MarkedSpan>& spans = editor.GetOccurrences();
+        const int position = spans.isEmpty() ? 0 : spans.constLast().start;
+        return editor.document()->findBlock(position).blockNumber();
     };
     QTRY_COMPARE(lastMarked(), 4999);
-    QVERIFY(editor.extraSelections().size() < inView + 120);
+    QVERIFY(editor.GetOccurrences().size() < inView + 120);
     editor.verticalScrollBar()->setValue(1000);
     QTRY_VERIFY(lastMarked() >= 1000);
 }
