@@ -4,15 +4,18 @@
 #include "views/OpenEditorsView.h"
 #include "views/SideBarTree.h"
 #include "views/SubViewHeader.h"
+#include "views/WorkspaceView.h"
 #include "window/chrome/GrooveSplitter.h"
 
 #include <QMenu>
 #include <QSplitterHandle>
-#include <QVBoxLayout>
+
+#include <numeric>
 
 namespace {
 
 constexpr int MINIMUM_ROWS = 3;
+constexpr double WORKSPACE_WEIGHT = 2.0; ///< at first
 constexpr int NO_LIMIT = QWIDGETSIZE_MAX;
 
 } // namespace
@@ -21,16 +24,15 @@ ExplorerView::ExplorerView(QWidget* parent)
     : QWidget(parent)
     , m_splitter(new GrooveSplitter(Qt::Vertical, this))
     , m_openEditors(new OpenEditorsView(this))
+    , m_workspace(new WorkspaceView(this))
 {
     m_splitter->setObjectName(QStringLiteral("m_explorerSplitter"));
     m_splitter->setChildrenCollapsible(false);
     m_openEditors->setObjectName(QStringLiteral("m_openEditors"));
+    m_workspace->setObjectName(QStringLiteral("m_workspace"));
     AddSection(m_openEditors, 1.0);
-    auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(m_splitter);
-    // With everything collapsed the headers stay at the top.
-    layout->addStretch(0);
+    AddSection(m_workspace, WORKSPACE_WEIGHT);
+    connect(m_workspace, &WorkspaceView::HideRequested, this, &ExplorerView::HideRequested);
     connect(m_splitter, &QSplitter::splitterMoved, this, &ExplorerView::OnSplitterMoved);
     RestoreWeights();
     UpdateVisibility();
@@ -110,6 +112,11 @@ void ExplorerView::UpdateHeights()
         section->setMaximumHeight(most);
         sizes.append(i < 0 ? 0 : heights[i]);
     }
+    // The new limits count from now on, not when the next event tells of them.
+    m_splitter->refresh();
+    // With everything collapsed the headers stay at the top.
+    const int total = std::accumulate(heights.begin(), heights.end(), grooves);
+    m_splitter->setGeometry(0, 0, width(), total);
     m_splitter->setSizes(sizes);
     UpdateHandles();
 }

@@ -8,6 +8,7 @@
 class GrooveSplitter;
 class OpenEditorsView;
 class SubView;
+class WorkspaceView;
 
 /// The side bar's first page: sections below each other that share its height. Owned by the side
 /// bar. What the user drags is kept as the ratio of the sections that take what is left.
@@ -19,6 +20,7 @@ public:
     explicit ExplorerView(QWidget* parent);
 
     OpenEditorsView* GetOpenEditors() const { return m_openEditors; }
+    WorkspaceView* GetWorkspace() const { return m_workspace; }
 
     /// Puts the sizes into the settings.
     void SaveState();
@@ -43,6 +45,7 @@ private:
 
     GrooveSplitter* m_splitter = nullptr;
     OpenEditorsView* m_openEditors = nullptr;
+    WorkspaceView* m_workspace = nullptr;
     QVector<SubView*> m_sections;
     QHash<const SubView*, double> m_weights;
     QHash<const SubView*, int> m_dragged; ///< height that the user wants of a natural section

@@ -1,10 +1,13 @@
 #include "views/OpenEditorsView.h"
 
+#include "plugin/MayaUtil.h"
 #include "settings/Settings.h"
 #include "views/SideBarTree.h"
 #include "views/SubViewHeader.h"
 #include "window/chrome/Theme.h"
 
+#include <QApplication>
+#include <QClipboard>
 #include <QDir>
 #include <QFileInfo>
 #include <QMenu>
@@ -164,6 +167,7 @@ void OpenEditorsView::ApplyRow(QTreeWidgetItem* item, const Row& row)
     item->setIcon(0, LanguageIcon(properties.language));
     item->setToolTip(0, file ? properties.filePath : QString());
     item->setData(0, SideBarTree::LanguageIconRole, true);
+    item->setData(0, SideBarTree::CopyRole, file ? properties.filePath : QString());
     item->setData(0, SideBarTree::ModifiedRole, dot);
     item->setData(0, SideBarTree::DetailRole, row.detail);
     item->setData(0, Qt::AccessibleTextRole,
@@ -203,9 +207,9 @@ void OpenEditorsView::ShowContextMenu(const QPoint& point)
     // A buffer's file is the program's own affair.
     if (item->data(0, Qt::ToolTipRole).toString() == path) {
         menu->addSeparator();
-        menu->addAction(tr("Copy Path"), this, [this, path] { Q_EMIT CopyPathRequested(path); });
         menu->addAction(
-            tr("Reveal in Folder"), this, [this, path] { Q_EMIT RevealRequested(path); });
+            tr("Copy Path"), this, [path] { QApplication::clipboard()->setText(path); });
+        menu->addAction(tr("Reveal in Folder"), this, [path] { MayaUtil::RevealInFolder(path); });
     }
     menu->popup(m_tree->viewport()->mapToGlobal(point));
 }

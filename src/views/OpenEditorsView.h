@@ -34,8 +34,6 @@ public:
 Q_SIGNALS:
     void ActivateRequested(const QString& path);
     void CloseRequested(const QString& path);
-    void CopyPathRequested(const QString& path);
-    void RevealRequested(const QString& path);
 
 protected:
     void Refresh() override;

@@ -3,6 +3,7 @@
 #include "settings/Settings.h"
 #include "views/ExplorerView.h"
 #include "views/OpenEditorsView.h"
+#include "views/WorkspaceView.h"
 #include "window/chrome/Theme.h"
 
 #include <QKeyEvent>
@@ -77,6 +78,32 @@ void SideBar::FocusPage(Qt::FocusReason reason)
 OpenEditorsView* SideBar::GetOpenEditors() const
 {
     return m_explorer->GetOpenEditors();
+}
+
+WorkspaceView* SideBar::GetWorkspace() const
+{
+    return m_explorer->GetWorkspace();
+}
+
+void SideBar::SaveWorkspace()
+{
+    GetWorkspace()->SaveWorkspace();
+}
+
+void SideBar::SaveWorkspaceAs(const QString& path)
+{
+    GetWorkspace()->SaveWorkspaceAs(path);
+}
+
+void SideBar::OpenWorkspace(const QString& path)
+{
+    GetWorkspace()->OpenWorkspace(path);
+}
+
+void SideBar::UpdatePreferences()
+{
+    m_explorer->UpdateVisibility();
+    GetWorkspace()->UpdateAll();
 }
 
 void SideBar::SaveState()

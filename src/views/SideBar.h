@@ -6,6 +6,7 @@ class ExplorerView;
 class OpenEditorsView;
 class QLabel;
 class QStackedWidget;
+class WorkspaceView;
 
 /// The pane beside the editors: one page at a time under a row with its title. Owned by the window,
 /// which connects itself to the views. While it is hidden none of its views does any work.
@@ -25,10 +26,19 @@ public:
     /// Into the page that is shown.
     void FocusPage(Qt::FocusReason reason);
 
+    // The views; the window connects itself to them.
     OpenEditorsView* GetOpenEditors() const;
+    WorkspaceView* GetWorkspace() const;
 
-    /// Puts what the views remember into the settings.
+    // The workspace
+    void SaveWorkspace();
+    void SaveWorkspaceAs(const QString& path);
+    void OpenWorkspace(const QString& path);
+
+    /// Puts what the pages remember into the settings.
     void SaveState();
+    /// Follows options that were changed elsewhere.
+    void UpdatePreferences();
 
 Q_SIGNALS:
     void PageChanged();

@@ -3,6 +3,8 @@
 #include "views/FocusReason.h"
 #include "window/chrome/Theme.h"
 
+#include <QApplication>
+#include <QClipboard>
 #include <QHeaderView>
 #include <QHelpEvent>
 #include <QPainter>
@@ -59,8 +61,10 @@ int CountRows(const QTreeWidgetItem& parent)
     return rows;
 }
 
-bool IsPlainKey(const QKeyEvent& event)
+bool IsOwnKey(const QKeyEvent& event)
 {
+    if (event.matches(QKeySequence::Copy))
+        return true;
     if (event.modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier))
         return false;
     switch (event.key()) {
@@ -255,7 +259,7 @@ QString SideBarTree::ToolTipOf(const QModelIndex& index) const
 
 bool SideBarTree::event(QEvent* event)
 {
-    if (event->type() == QEvent::ShortcutOverride && IsPlainKey(*static_cast<QKeyEvent*>(event))) {
+    if (event->type() == QEvent::ShortcutOverride && IsOwnKey(*static_cast<QKeyEvent*>(event))) {
         event->accept();
         return true;
     }
@@ -333,11 +337,19 @@ void SideBarTree::mouseDoubleClickEvent(QMouseEvent* event)
 void SideBarTree::keyPressEvent(QKeyEvent* event)
 {
     QTreeWidgetItem* const item = currentItem();
-    if (event->key() == Qt::Key_Delete && event->modifiers() == Qt::NoModifier && item
-        && item->data(0, ClosableRole).toBool())
+    const bool deletes = event->key() == Qt::Key_Delete && event->modifiers() == Qt::NoModifier;
+    if (deletes && item && item->data(0, ClosableRole).toBool())
         Q_EMIT CloseRequested(item);
+    else if (event->matches(QKeySequence::Copy) && item)
+        CopyItem(*item);
     else
         QTreeWidget::keyPressEvent(event);
+}
+
+void SideBarTree::CopyItem(const QTreeWidgetItem& item) const
+{
+    const QString text = item.data(0, CopyRole).toString();
+    QApplication::clipboard()->setText(text.isEmpty() ? item.text(0) : text);
 }
 
 void SideBarTree::focusInEvent(QFocusEvent* event)

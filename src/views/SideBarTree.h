@@ -20,6 +20,7 @@ public:
         LanguageIconRole, ///< bool: the icon is one of a language, which are smaller
         MarkedRole, ///< bool: on the current row's background though not selected
         AbsentRole, ///< bool: greyed
+        CopyRole, ///< what "copy" takes instead of the text
     };
 
     explicit SideBarTree(QWidget* parent);
@@ -50,6 +51,7 @@ private:
     void PaintBranch(QPainter& painter, const RowLook& look) const;
     void PaintLabel(QPainter& painter, const RowLook& look) const;
     void PaintMark(QPainter& painter, const RowLook& look) const;
+    void CopyItem(const QTreeWidgetItem& item) const;
     bool IsElided(const QModelIndex& index) const;
     QString ToolTipOf(const QModelIndex& index) const;
     QRect MarkBox(const QRect& row) const;

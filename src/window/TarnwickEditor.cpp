@@ -81,6 +81,7 @@ void TarnwickEditor::ApplyPreferences()
     for (CodeEditorGroup* group : qAsConst(m_groups))
         group->UpdatePreferences();
     m_outputPanel->ApplyPreferences();
+    m_sideBar->UpdatePreferences();
     RefreshCodeEditorGroups(false);
 }
 
@@ -149,6 +150,7 @@ void TarnwickEditor::WriteUserConfigs()
     Settings::WriteUserConfig();
     ColorSettings::WriteUserConfig();
     m_keyBindings.WriteUserKeyBindings();
+    m_sideBar->SaveWorkspace();
 }
 
 void TarnwickEditor::showEvent(QShowEvent* event)

@@ -164,6 +164,11 @@ public Q_SLOTS:
     /// To the message that the status bar shows.
     void GoToMessageOfLine();
 
+    // Workspace
+    void OpenWorkspace();
+    void SaveWorkspaceAs();
+    void AddFolderToWorkspace();
+
     // Host
     void UpdateOverrideScriptEditorButton();
     void MelCommandReference();
@@ -207,6 +212,9 @@ private:
     void ConnectGroup(CodeEditorGroup* group);
     void ConnectSideBar();
     void UpdateOpenEditorsSelection();
+    /// Empty when cancelled.
+    QString ShowSaveWorkspaceDialog();
+    QString ShowOpenWorkspaceDialog();
     void ApplyTheme();
     void SyncActions();
 
@@ -307,6 +315,9 @@ private:
     QAction* m_increaseFontSizeAction = nullptr;
     QAction* m_decreaseFontSizeAction = nullptr;
     QAction* m_resetFontSizeAction = nullptr;
+    QAction* m_openWorkspaceAction = nullptr;
+    QAction* m_saveWorkspaceAsAction = nullptr;
+    QAction* m_addFolderToWorkspaceAction = nullptr;
     QAction* m_saveScriptToShelfAction = nullptr;
     QAction* m_sourceScriptAction = nullptr;
     QAction* m_echoAllAction = nullptr;

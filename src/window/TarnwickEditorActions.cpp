@@ -40,6 +40,9 @@ struct TarnwickEditor::MenuRow
 
 // clang-format off
 const TarnwickEditor::ActionSpec TarnwickEditor::ACTIONS[] = {
+    {&T::m_openWorkspaceAction,              QT_TR_NOOP("Open Workspace..."),       K::OpenWorkspace,             &T::OpenWorkspace},
+    {&T::m_addFolderToWorkspaceAction,       QT_TR_NOOP("Add Folder to Workspace..."), K::AddFolderToWorkspace,   &T::AddFolderToWorkspace},
+    {&T::m_saveWorkspaceAsAction,            QT_TR_NOOP("Save Workspace As..."),    K::SaveWorkspaceAs,           &T::SaveWorkspaceAs},
     {&T::m_saveScriptToShelfAction,          QT_TR_NOOP("Save Script to Shelf..."), K::SaveScriptToShelf,         &T::SaveScriptToShelf},
     {&T::m_sourceScriptAction,               QT_TR_NOOP("Source Script..."),        K::SourceScript,              &T::SourceScript},
     {&T::m_undoAction,                       QT_TR_NOOP("Undo"),                    K::Undo,                      &T::Undo},
@@ -106,6 +109,8 @@ const TarnwickEditor::ActionSpec TarnwickEditor::ACTIONS[] = {
 #define END {MenuRow::End}
 const TarnwickEditor::MenuRow TarnwickEditor::MENUS[] = {
     MENU(QT_TR_NOOP("File")),
+        ENTRY(m_openWorkspaceAction), SEPARATOR,
+        ENTRY(m_addFolderToWorkspaceAction), ENTRY(m_saveWorkspaceAsAction), SEPARATOR,
         ENTRY(m_saveScriptToShelfAction), ENTRY(m_sourceScriptAction),
     END,
     MENU(QT_TR_NOOP("Edit")),

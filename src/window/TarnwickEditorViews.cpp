@@ -2,13 +2,29 @@
 
 #include "editor/CodeEditor.h"
 #include "editor/CodeEditorGroup.h"
-#include "plugin/MayaUtil.h"
+#include "settings/Settings.h"
 #include "views/OpenEditorsView.h"
 #include "views/SideBar.h"
+#include "views/WorkspaceView.h"
 #include "window/TarnwickEditor.h"
 
-#include <QApplication>
-#include <QClipboard>
+#include <QFileDialog>
+
+namespace {
+
+QString WorkspaceFilters()
+{
+    return QStringLiteral("TE2 Workspace (*%1);;All Files(*.*)").arg(Settings::WORKSPACE_EXTENSION);
+}
+
+/// Where the workspace dialogs start: the folder of the first one, for as long as the program runs.
+const QString& WorkspaceDialogDirectory()
+{
+    static const QString directory = Settings::GetWorkspacesDirectoryPath();
+    return directory;
+}
+
+} // namespace
 
 void TarnwickEditor::ConnectSideBar()
 {
@@ -19,23 +35,68 @@ void TarnwickEditor::ConnectSideBar()
     const O* const openEditors = m_sideBar->GetOpenEditors();
     connect(openEditors, &O::ActivateRequested, this,
         [this](const QString& path) { SetActiveCodeEditor(path); });
-    connect(openEditors, &O::CopyPathRequested, this,
-        [](const QString& path) { QApplication::clipboard()->setText(path); });
-    connect(openEditors, &O::RevealRequested, this, &MayaUtil::RevealInFolder);
+    const WorkspaceView* const workspace = m_sideBar->GetWorkspace();
+    connect(workspace, &WorkspaceView::OpenFileRequested, this, [this](const QString& path) {
+        OpenFile(path, false);
+        SetActiveCodeEditor(path);
+    });
+    connect(workspace, &WorkspaceView::OpenWorkspaceRequested, this, &T::OpenWorkspace);
+    connect(workspace, &WorkspaceView::SaveWorkspaceAsRequested, this, &T::SaveWorkspaceAs);
 }
 
 void TarnwickEditor::UpdateOpenEditors()
 {
     QVector<OpenEditorsView::Editor> editors;
+    QHash<QString, bool> files;
     for (int i = 0; i < m_groups.size(); ++i) {
-        for (int tab = 0; tab < m_groups[i]->GetCount(); ++tab)
-            editors.append({i, m_groups[i]->GetProperties(tab), m_groups[i]->IsModified(tab)});
+        for (int tab = 0; tab < m_groups[i]->GetCount(); ++tab) {
+            const CodeEditorProperties properties = m_groups[i]->GetProperties(tab);
+            const bool modified = m_groups[i]->IsModified(tab);
+            editors.append({i, properties, modified});
+            if (properties.type == CodeEditorType::File)
+                files.insert(properties.filePath, modified);
+        }
     }
     m_sideBar->GetOpenEditors()->SetEditors(editors);
+    m_sideBar->GetWorkspace()->SetOpenFiles(files);
 }
 
 void TarnwickEditor::UpdateOpenEditorsSelection()
 {
     const CodeEditor* const editor = GetActiveCodeEditor();
     m_sideBar->GetOpenEditors()->SelectEditor(editor ? editor->GetFilePath() : QString());
+}
+
+QString TarnwickEditor::ShowSaveWorkspaceDialog()
+{
+    QString path = QFileDialog::getSaveFileName(
+        this, tr("Save Workspace"), WorkspaceDialogDirectory(), WorkspaceFilters());
+    if (!path.isEmpty() && !path.endsWith(Settings::WORKSPACE_EXTENSION, Qt::CaseInsensitive))
+        path += Settings::WORKSPACE_EXTENSION;
+    return path;
+}
+
+QString TarnwickEditor::ShowOpenWorkspaceDialog()
+{
+    return QFileDialog::getOpenFileName(
+        this, tr("Open File"), WorkspaceDialogDirectory(), WorkspaceFilters());
+}
+
+void TarnwickEditor::SaveWorkspaceAs()
+{
+    const QString path = ShowSaveWorkspaceDialog();
+    if (!path.isEmpty())
+        m_sideBar->SaveWorkspaceAs(path);
+}
+
+void TarnwickEditor::OpenWorkspace()
+{
+    const QString path = ShowOpenWorkspaceDialog();
+    if (!path.isEmpty())
+        m_sideBar->OpenWorkspace(path);
+}
+
+void TarnwickEditor::AddFolderToWorkspace()
+{
+    m_sideBar->GetWorkspace()->ShowAddFolderDialog();
 }

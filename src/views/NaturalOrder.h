@@ -1,0 +1,8 @@
+#pragma once
+
+class QString;
+
+/// Orders names as people do: without case, and with the numbers in them by their value. Names that
+/// differ in nothing else are ordered by leading zeros and then by case, so that the order is
+/// total.
+bool NaturalLess(const QString& left, const QString& right);

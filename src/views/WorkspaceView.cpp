@@ -1,0 +1,334 @@
+#include "views/WorkspaceView.h"
+
+#include "plugin/Logger.h"
+#include "plugin/MayaUtil.h"
+#include "settings/Settings.h"
+#include "views/SubViewHeader.h"
+#include "views/WorkspaceTree.h"
+#include "window/chrome/FlatButton.h"
+#include "window/chrome/Theme.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QDir>
+#include <QFileDialog>
+#include <QLabel>
+#include <QMenu>
+#include <QPushButton>
+#include <QStackedWidget>
+#include <QVBoxLayout>
+
+namespace {
+
+// Design pixels.
+constexpr int EMPTY_MARGIN = 16;
+constexpr int EMPTY_SPACING = 8;
+constexpr int EMPTY_ICON = 32;
+constexpr int TOP_MARGIN = 1;
+constexpr int BOTTOM_MARGIN = 2;
+
+QString CleanPath(const QString& path)
+{
+    return QDir::cleanPath(QFileInfo(path).absoluteFilePath());
+}
+
+bool IsDefaultWorkspace(const QString& path)
+{
+    return CleanPath(path) == CleanPath(Settings::GetDefaultWorkspacePath());
+}
+
+} // namespace
+
+WorkspaceView::WorkspaceView(QWidget* parent)
+    : SubView(tr("Workspace"), &Settings::workspaceExpanded, parent)
+    , m_stack(new QStackedWidget(this))
+    , m_tree(new WorkspaceTree(this))
+{
+    m_stack->setObjectName(QStringLiteral("m_workspaceStack"));
+    m_tree->setObjectName(QStringLiteral("m_workspaceTree"));
+    m_tree->setAccessibleName(tr("Workspace"));
+    m_tree->setContextMenuPolicy(Qt::CustomContextMenu);
+    auto* page = new QWidget(this);
+    auto* layout = new QVBoxLayout(page);
+    layout->setContentsMargins(0, Theme::Dp(TOP_MARGIN), 0, Theme::Dp(BOTTOM_MARGIN));
+    layout->addWidget(m_tree);
+    m_stack->addWidget(page);
+    m_stack->addWidget(CreateEmptyState());
+    m_stack->setFocusProxy(m_tree);
+    SetContent(m_stack);
+    const FlatButton* const add = AddTool(QStringLiteral("add_folder"),
+        tr("Add Folder to Workspace..."), QStringLiteral("m_addFolderButton"));
+    const FlatButton* const collapse = AddTool(QStringLiteral("collapse_all"), tr("Collapse All"),
+        QStringLiteral("m_collapseWorkspaceButton"));
+    connect(add, &QAbstractButton::clicked, this, &WorkspaceView::ShowAddFolderDialog);
+    connect(collapse, &QAbstractButton::clicked, m_tree, &WorkspaceTree::CollapseFolders);
+    connect(m_tree, &WorkspaceTree::OpenRequested, this, &WorkspaceView::OpenFileRequested);
+    connect(m_tree, &WorkspaceTree::ChangesFound, this, &WorkspaceView::MarkStale);
+    connect(m_tree, &QWidget::customContextMenuRequested, this, &WorkspaceView::ShowContextMenu);
+    LoadAtStart();
+}
+
+QWidget* WorkspaceView::CreateEmptyState()
+{
+    auto* page = new QWidget(this);
+    auto* icon = new QLabel(page);
+    icon->setPixmap(Theme::TintedPixmap(QStringLiteral("add_folder"), EMPTY_ICON,
+        Theme::Color(Theme::Role::IdleIcon), devicePixelRatioF()));
+    auto* text = new QLabel(tr("No folder in this workspace"), page);
+    text->setWordWrap(true);
+    text->setAlignment(Qt::AlignCenter);
+    auto* add = new QPushButton(tr("Add Folder..."), page);
+    add->setObjectName(QStringLiteral("m_emptyAddFolderButton"));
+    add->setToolTip(tr("Add Folder to Workspace..."));
+    auto* open = new QPushButton(tr("Open Workspace..."), page);
+    open->setObjectName(QStringLiteral("m_emptyOpenWorkspaceButton"));
+    auto* layout = new QVBoxLayout(page);
+    const int margin = Theme::Dp(EMPTY_MARGIN);
+    layout->setContentsMargins(margin, margin, margin, margin);
+    layout->setSpacing(Theme::Dp(EMPTY_SPACING));
+    layout->addWidget(icon, 0, Qt::AlignHCenter);
+    layout->addWidget(text);
+    for (QPushButton* button : {add, open}) {
+        button->setFocusPolicy(Qt::TabFocus);
+        button->setAccessibleName(button->text());
+        layout->addWidget(button, 0, Qt::AlignHCenter);
+    }
+    layout->addStretch(1);
+    page->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(add, &QAbstractButton::clicked, this, &WorkspaceView::ShowAddFolderDialog);
+    connect(open, &QAbstractButton::clicked, this, &WorkspaceView::OpenWorkspaceRequested);
+    connect(page, &QWidget::customContextMenuRequested, this, [this, page](const QPoint& point) {
+        ShowContextMenu(m_tree->viewport()->mapFromGlobal(page->mapToGlobal(point)));
+    });
+    return page;
+}
+
+/// A default workspace that is not there yet is an empty one.
+void WorkspaceView::LoadAtStart()
+{
+    const QString path = Settings::GetWorkspacePath();
+    if (!path.isEmpty() && (QFileInfo::exists(path) || !IsDefaultWorkspace(path)))
+        m_keepsUnreadable = !Load(path) && QFileInfo::exists(path);
+    UpdateTitle();
+    ShowFolders();
+}
+
+bool WorkspaceView::Load(const QString& path)
+{
+    if (m_file.Read(path) != WorkspaceFile::Result::Ok) {
+        Logger::Error(QStringLiteral("Failed to open workspace: %1").arg(path));
+        return false;
+    }
+    if (m_file.IsNewer()) {
+        Logger::Warning(
+            QStringLiteral("Workspace was written by a newer version and is not changed: %1")
+                .arg(path));
+    }
+    m_modified = false;
+    m_keepsUnreadable = false;
+    Settings::workspaceFolders = m_file.GetFolders();
+    return true;
+}
+
+void WorkspaceView::OpenWorkspace(const QString& path)
+{
+    SaveWorkspace();
+    if (!Load(path))
+        return;
+    Settings::workspacePath = IsDefaultWorkspace(path) ? QString() : CleanPath(path);
+    UpdateTitle();
+    ShowFolders();
+    Q_EMIT WorkspaceModified();
+}
+
+void WorkspaceView::SaveWorkspace()
+{
+    const QString path = Settings::GetWorkspacePath();
+    if (!m_modified || m_file.IsNewer() || path.isEmpty())
+        return;
+    // What could not be read may still be worth something to somebody.
+    if (m_keepsUnreadable && !QFile::copy(path, path + QStringLiteral(".broken"))
+        && !QFileInfo::exists(path + QStringLiteral(".broken"))) {
+        Logger::Error(QStringLiteral("Failed to save workspace: %1").arg(path));
+        return;
+    }
+    m_modified = !Write(path);
+}
+
+void WorkspaceView::SaveWorkspaceAs(const QString& path)
+{
+    if (path.isEmpty() || !Write(path))
+        return;
+    Settings::workspacePath = IsDefaultWorkspace(path) ? QString() : CleanPath(path);
+    m_modified = false;
+    UpdateTitle();
+}
+
+bool WorkspaceView::Write(const QString& path)
+{
+    m_file.SetFolders(Settings::workspaceFolders);
+    if (!m_file.Write(path)) {
+        Logger::Error(QStringLiteral("Failed to save workspace: %1").arg(path));
+        return false;
+    }
+    m_keepsUnreadable = false;
+    return true;
+}
+
+void WorkspaceView::SetFolders(const QStringList& folders)
+{
+    Settings::workspaceFolders = folders;
+    m_modified = true;
+    ShowFolders();
+    SaveWorkspace();
+    Q_EMIT WorkspaceModified();
+}
+
+void WorkspaceView::ShowFolders()
+{
+    m_stack->setCurrentIndex(Settings::workspaceFolders.isEmpty() ? 1 : 0);
+    UpdateAll();
+}
+
+void WorkspaceView::UpdateAll()
+{
+    m_readsAll = true;
+    MarkStale();
+}
+
+void WorkspaceView::Refresh()
+{
+    const bool readsAll = m_readsAll;
+    m_readsAll = false;
+    m_tree->SetRoots(Settings::workspaceFolders);
+    m_tree->SetOpenFiles(m_openFiles);
+    if (readsAll)
+        m_tree->RefreshAll();
+    else
+        m_tree->RefreshChanged();
+}
+
+void WorkspaceView::SetOpenFiles(const QHash<QString, bool>& modifiedByPath)
+{
+    if (m_openFiles == modifiedByPath)
+        return;
+    m_openFiles = modifiedByPath;
+    MarkStale();
+}
+
+void WorkspaceView::UpdateTitle()
+{
+    const QString path = Settings::GetWorkspacePath();
+    QString name = QFileInfo(path).fileName();
+    if (name.endsWith(Settings::WORKSPACE_EXTENSION, Qt::CaseInsensitive))
+        name.chop(Settings::WORKSPACE_EXTENSION.size());
+    GetHeader()->SetTitle(path.isEmpty() || IsDefaultWorkspace(path) ? tr("Workspace") : name);
+    GetHeader()->setToolTip(path.toHtmlEscaped());
+}
+
+void WorkspaceView::AddFolder(const QString& path)
+{
+    const QString folder = CleanPath(path);
+    if (!Settings::workspaceFolders.contains(folder)) {
+        SetFolders(Settings::workspaceFolders + QStringList(folder));
+        SetExpanded(true);
+    }
+    if (m_tree->SelectPath(folder))
+        m_tree->currentItem()->setExpanded(true);
+}
+
+void WorkspaceView::RemoveFolder(const QString& path)
+{
+    QStringList folders = Settings::workspaceFolders;
+    if (folders.removeAll(path) > 0)
+        SetFolders(folders);
+}
+
+void WorkspaceView::MoveFolder(const QString& path, int step)
+{
+    QStringList folders = Settings::workspaceFolders;
+    const int from = folders.indexOf(path);
+    const int to = from + step;
+    if (from < 0 || to < 0 || to >= folders.size())
+        return;
+    folders.move(from, to);
+    SetFolders(folders);
+    m_tree->SelectPath(path);
+}
+
+void WorkspaceView::ShowAddFolderDialog()
+{
+    const QString start = Settings::workspaceFolders.value(Settings::workspaceFolders.size() - 1);
+    const QString folder
+        = QFileDialog::getExistingDirectory(this, tr("Add Folder to Workspace"), start);
+    if (!folder.isEmpty())
+        AddFolder(folder);
+}
+
+bool WorkspaceView::SelectPath(const QString& path)
+{
+    return m_tree->SelectPath(path);
+}
+
+QString WorkspaceView::RelativePath(const QString& path) const
+{
+    for (const QString& folder : qAsConst(Settings::workspaceFolders)) {
+        if (path.startsWith(folder + QLatin1Char('/')))
+            return path.mid(folder.size() + 1);
+    }
+    return path;
+}
+
+void WorkspaceView::ShowContextMenu(const QPoint& point)
+{
+    const QTreeWidgetItem* const item = m_tree->itemAt(point);
+    auto* menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    if (item)
+        AddItemEntries(menu, item);
+    else
+        AddSpaceEntries(menu);
+    menu->popup(m_tree->viewport()->mapToGlobal(point));
+}
+
+void WorkspaceView::AddItemEntries(QMenu* menu, const QTreeWidgetItem* item)
+{
+    const QString path = WorkspaceTree::GetPath(item);
+    const WorkspaceTree::Kind kind = WorkspaceTree::GetKind(item);
+    const auto copy = [](const QString& text) { QApplication::clipboard()->setText(text); };
+    if (kind == WorkspaceTree::Kind::File) {
+        menu->addAction(tr("Open"), this, [this, path] { Q_EMIT OpenFileRequested(path); });
+        menu->addSeparator();
+    }
+    menu->addAction(tr("Copy Path"), this, [=] { copy(path); });
+    if (kind == WorkspaceTree::Kind::File)
+        menu->addAction(tr("Copy Relative Path"), this, [=] { copy(RelativePath(path)); });
+    menu->addAction(tr("Reveal in Folder"), this, [path] { MayaUtil::RevealInFolder(path); });
+    if (kind == WorkspaceTree::Kind::Root)
+        AddRootEntries(menu, path);
+}
+
+void WorkspaceView::AddRootEntries(QMenu* menu, const QString& path)
+{
+    menu->addSeparator();
+    menu->addAction(tr("Remove Folder from Workspace"), this, [this, path] { RemoveFolder(path); });
+    QAction* const up
+        = menu->addAction(tr("Move Up"), this, [this, path] { MoveFolder(path, -1); });
+    QAction* const down
+        = menu->addAction(tr("Move Down"), this, [this, path] { MoveFolder(path, 1); });
+    up->setEnabled(Settings::workspaceFolders.first() != path);
+    down->setEnabled(Settings::workspaceFolders.last() != path);
+}
+
+void WorkspaceView::AddSpaceEntries(QMenu* menu)
+{
+    using W = WorkspaceView;
+    menu->addAction(tr("Add Folder to Workspace..."), this, &W::ShowAddFolderDialog);
+    menu->addAction(tr("Open Workspace..."), this, &W::OpenWorkspaceRequested);
+    menu->addAction(tr("Save Workspace As..."), this, &W::SaveWorkspaceAsRequested);
+    menu->addSeparator();
+    menu->addAction(tr("Refresh"), this, &W::UpdateAll);
+    menu->addAction(tr("Collapse All"), m_tree, &WorkspaceTree::CollapseFolders);
+    menu->addSeparator();
+    menu->addAction(tr("Hide Side Bar"), this, &W::HideRequested);
+}

@@ -1,0 +1,73 @@
+#pragma once
+
+#include "views/SubView.h"
+#include "views/WorkspaceFile.h"
+
+#include <QHash>
+
+class QMenu;
+class QStackedWidget;
+class QTreeWidgetItem;
+class WorkspaceTree;
+
+/// The section with the folders of the workspace, which it reads from its file and writes back.
+/// Settings::workspaceFolders and workspacePath always are those of the workspace that is shown.
+class WorkspaceView : public SubView
+{
+    Q_OBJECT
+
+public:
+    explicit WorkspaceView(QWidget* parent);
+
+    /// Writes the workspace when it has changed.
+    void SaveWorkspace();
+    /// Writes the workspace there and goes on with that file.
+    void SaveWorkspaceAs(const QString& path);
+    /// Saves the present workspace, then loads the other one. One that cannot be read changes
+    /// nothing but a line in the output.
+    void OpenWorkspace(const QString& path);
+
+    /// A folder that is there already is only selected.
+    void AddFolder(const QString& path);
+    void RemoveFolder(const QString& path);
+    void MoveFolder(const QString& path, int step);
+    void ShowAddFolderDialog();
+    bool SelectPath(const QString& path);
+    /// Which files are open; true: modified.
+    void SetOpenFiles(const QHash<QString, bool>& modifiedByPath);
+    /// Reads again everything that is shown.
+    void UpdateAll();
+
+Q_SIGNALS:
+    void OpenFileRequested(const QString& path);
+    void OpenWorkspaceRequested();
+    void SaveWorkspaceAsRequested();
+    void HideRequested();
+    /// The folders are others than before.
+    void WorkspaceModified();
+
+protected:
+    void Refresh() override;
+
+private:
+    QWidget* CreateEmptyState();
+    void LoadAtStart();
+    bool Load(const QString& path);
+    bool Write(const QString& path);
+    void SetFolders(const QStringList& folders);
+    void ShowFolders();
+    void UpdateTitle();
+    void ShowContextMenu(const QPoint& point);
+    void AddItemEntries(QMenu* menu, const QTreeWidgetItem* item);
+    void AddRootEntries(QMenu* menu, const QString& path);
+    void AddSpaceEntries(QMenu* menu);
+    QString RelativePath(const QString& path) const;
+
+    QStackedWidget* m_stack;
+    WorkspaceTree* m_tree;
+    WorkspaceFile m_file;
+    QHash<QString, bool> m_openFiles;
+    bool m_modified = false;
+    bool m_keepsUnreadable = false; ///< the file at the path is none of ours to write over
+    bool m_readsAll = true; ///< on the next refresh
+};
