@@ -3,14 +3,16 @@
 #include "window/chrome/MenuLook.h"
 #include "window/chrome/Theme.h"
 
-#include <QAbstractButton>
+#include <QAbstractItemView>
 #include <QCheckBox>
+#include <QComboBox>
 #include <QDialogButtonBox>
 #include <QFocusEvent>
 #include <QPainter>
 #include <QPushButton>
 #include <QSplitterHandle>
 #include <QStyleOption>
+#include <QStyledItemDelegate>
 #include <QTimer>
 
 namespace {
@@ -91,6 +93,10 @@ TarnwickStyle::TarnwickStyle()
 void TarnwickStyle::polish(QWidget* widget)
 {
     QProxyStyle::polish(widget);
+    // Only the rows of this delegate have the height that the sheet gives them.
+    auto* const combo = qobject_cast<QComboBox*>(widget);
+    if (combo && !qobject_cast<QStyledItemDelegate*>(combo->itemDelegate()))
+        combo->setItemDelegate(new QStyledItemDelegate(combo));
     if (!IsWatched(widget))
         return;
     widget->setAttribute(Qt::WA_Hover);
@@ -133,7 +139,9 @@ void TarnwickStyle::DrawFocusRing(
     const bool isCheck = qobject_cast<const QCheckBox*>(widget);
     const bool byKey = isButton || isCheck ? widget->property(FOCUS_BY_KEY).toBool()
                                            : option.state & State_KeyboardFocusChange;
-    if (!byKey)
+    // In a list that pops up the current row says it all.
+    const bool isPopup = widget && widget->window()->windowType() == Qt::Popup;
+    if (!byKey || isPopup)
         return;
     const double thickness = isButton || isCheck ? Theme::Dp(RING) : Theme::Hairline();
     QRectF ring = option.rect;
@@ -149,7 +157,8 @@ void TarnwickStyle::DrawFocusRing(
     painter.setBrush(Qt::NoBrush);
     painter.setPen(QPen(Theme::Color(Theme::Role::Lake), thickness));
     const double half = thickness / 2;
-    const double radius = Theme::Dp(RADIUS) + (isButton || isCheck ? half : 0);
+    const bool isRow = qobject_cast<const QAbstractItemView*>(widget);
+    const double radius = isRow ? 0 : Theme::Dp(RADIUS) + (isButton || isCheck ? half : 0);
     painter.drawRoundedRect(ring.adjusted(half, half, -half, -half), radius, radius);
     painter.restore();
 }

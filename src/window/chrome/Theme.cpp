@@ -74,6 +74,8 @@ constexpr RoleRow ROLES[] = {
     {R::StatusError,       "status-error",        0xffff6b6b},
     {R::StatusWarning,     "status-warning",      0xffdfe527},
     {R::ActivityIcon,      "activity-icon",       0xff8f8f8f},
+    {R::TitleField,        "title-field",         0xff303030},
+    {R::TitleFieldEdge,    "title-field-edge",    0xff3e3e3e},
     {R::MarkError,         "mark-error",          0xfff44646},
     {R::MarkWarning,       "mark-warning",        0xffdfe527},
     {R::MarkInfo,          "mark-info",           0xff569cd6},

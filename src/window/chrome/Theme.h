@@ -18,7 +18,7 @@ public:
         ButtonText, DefaultButton, DefaultEdge, DefaultHover, DefaultPressed, White,
         Field, FieldEdge, FieldHoverEdge, CheckEdge, Lake, LakeText, Text, Strong, Soft, Faint,
         Disabled, Icon, IdleWaterline, IdleIcon, TabSeparator,
-        StatusError, StatusWarning, ActivityIcon,
+        StatusError, StatusWarning, ActivityIcon, TitleField, TitleFieldEdge,
         MarkError, MarkWarning, MarkInfo, MarkSearch, MatchOutline,
         // clang-format on
     };
