@@ -193,7 +193,8 @@ bool TarnwickEditor::eventFilter(QObject* watched, QEvent* event)
     // The host may still ask and stay; unsaved buffers are safe either way.
     if (watched == m_mainWindow && event->type() == QEvent::Close)
         SaveAll(true, false);
-    EndUsedEditorWalk(*event);
+    if (!m_usedPaths.isEmpty())
+        FollowUsedEditorWalk(*event);
     if (const auto* handle = qobject_cast<QSplitterHandle*>(watched))
         OnSplitterHandleEvent(handle->splitter(), *event);
     return QWidget::eventFilter(watched, event);

@@ -227,7 +227,8 @@ private:
     void SetCodeEditorZoom(int zoom);
     void GoToNeighbour(int step);
     void GoToUsedEditor(int step);
-    void EndUsedEditorWalk(const QEvent& event);
+    void FollowUsedEditorWalk(const QEvent& event);
+    void EndUsedEditorWalk();
     void SetOutputZoom(int zoom);
 
     // Layout. Extents are pixels in the direction of the splitter; the settings hold those that

@@ -257,6 +257,9 @@ void TarnwickEditor::SaveWindowGeometry(bool hiding)
 /// Drags and double clicks on the handles of the output and the side-bar splitter.
 void TarnwickEditor::OnSplitterHandleEvent(const QSplitter* splitter, const QEvent& event)
 {
+    // While the whole application is watched there are others' handles, too.
+    if (splitter != m_sideBarSplitter && splitter != m_outputSplitter)
+        return;
     switch (event.type()) {
     case QEvent::MouseButtonDblClick:
         if (splitter == m_sideBarSplitter)

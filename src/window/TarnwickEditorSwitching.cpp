@@ -61,16 +61,22 @@ void TarnwickEditor::GoToUsedEditor(int step)
     const int count = m_usedPaths.size();
     const int next = (m_usedPaths.indexOf(current) + step + count) % count;
     SetActiveCodeEditor(m_usedPaths[next]);
+    // From a menu, or with keys that the user chose: one step at a time.
+    if (!(QApplication::keyboardModifiers() & Qt::ControlModifier))
+        EndUsedEditorWalk();
 }
 
-/// Ends a walk through the used editors when Ctrl goes up, wherever the focus is.
-void TarnwickEditor::EndUsedEditorWalk(const QEvent& event)
+/// A walk ends when Ctrl goes up, wherever the focus is.
+void TarnwickEditor::FollowUsedEditorWalk(const QEvent& event)
 {
-    const bool ends = event.type() == QEvent::ApplicationDeactivate
+    if (event.type() == QEvent::ApplicationDeactivate
         || (event.type() == QEvent::KeyRelease
-            && static_cast<const QKeyEvent&>(event).key() == Qt::Key_Control);
-    if (m_usedPaths.isEmpty() || !ends)
-        return;
+            && static_cast<const QKeyEvent&>(event).key() == Qt::Key_Control))
+        EndUsedEditorWalk();
+}
+
+void TarnwickEditor::EndUsedEditorWalk()
+{
     m_usedPaths.clear();
     qApp->removeEventFilter(this);
 }

@@ -495,6 +495,12 @@ void LayoutTest::GoesThroughUsedEditorsWhileCtrlIsHeld()
     QCOMPARE(press(Qt::Key_Tab), QString("Python"));
     QTest::keyRelease(m_frame->windowHandle(), Qt::Key_Control);
     QCOMPARE(press(Qt::Key_Tab), QString("notes"));
+    QTest::keyRelease(m_frame->windowHandle(), Qt::Key_Control);
+    // From the menu each step is a walk of its own.
+    for (const char* label : {"Python", "notes", "Python"}) {
+        Action("Next Used Editor in Group")->trigger();
+        QCOMPARE(m_window->GetActiveCodeEditor()->GetLabel(), QString(label));
+    }
 }
 
 void LayoutTest::SaysWhatAnEntryWouldDo()
