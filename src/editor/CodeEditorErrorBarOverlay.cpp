@@ -10,9 +10,6 @@
 #include <QStyleOptionSlider>
 #include <QToolTip>
 
-#include <algorithm>
-#include <cstdlib>
-
 namespace {
 
 constexpr int MARK_HEIGHT = 3; // design pixels
@@ -65,7 +62,7 @@ bool CodeEditorErrorBarOverlay::eventFilter(QObject* object, QEvent* event)
     return QWidget::eventFilter(object, event);
 }
 
-QRect CodeEditorErrorBarOverlay::Groove() const
+CodeEditorErrorBarOverlay::Scale CodeEditorErrorBarOverlay::GetScale() const
 {
     QStyleOptionSlider option;
     option.initFrom(m_scrollBar);
@@ -73,8 +70,16 @@ QRect CodeEditorErrorBarOverlay::Groove() const
     option.subControls = QStyle::SC_All;
     option.maximum = m_scrollBar->maximum();
     option.pageStep = m_scrollBar->pageStep();
-    return m_scrollBar->style()->subControlRect(
+    // Arrow buttons, where a style has them, stand for no line.
+    const QRect groove = m_scrollBar->style()->subControlRect(
         QStyle::CC_ScrollBar, &option, QStyle::SC_ScrollBarGroove, m_scrollBar);
+    return {groove.top(), qMax(0, groove.height() - MarkHeight()),
+        qMax(1, m_editor->GetLineCount() - 1)};
+}
+
+int CodeEditorErrorBarOverlay::Scale::TopOf(int line) const
+{
+    return top + static_cast<int>(qint64(room) * qBound(0, line, lastLine) / lastLine);
 }
 
 int CodeEditorErrorBarOverlay::MarkHeight() const
@@ -82,23 +87,13 @@ int CodeEditorErrorBarOverlay::MarkHeight() const
     return Theme::Dp(MARK_HEIGHT);
 }
 
-int CodeEditorErrorBarOverlay::TopOfLine(int line) const
-{
-    const QRect groove = Groove();
-    const qint64 room = qMax(0, groove.height() - MarkHeight());
-    const int lines = qMax(1, m_editor->GetLineCount() - 1);
-    return groove.top() + static_cast<int>(room * qBound(0, line, lines) / lines);
-}
-
 void CodeEditorErrorBarOverlay::RebuildRows()
 {
     m_outdated = false;
     m_rows.fill(NO_MARK, height() + 1);
-    const QRect groove = Groove();
-    const qint64 room = qMax(0, groove.height() - MarkHeight());
-    const int lines = qMax(1, m_editor->GetLineCount() - 1);
-    const auto raise = [&](int line, Rank rank) {
-        const int row = groove.top() + static_cast<int>(room * qBound(0, line, lines) / lines);
+    const Scale scale = GetScale();
+    const auto raise = [this, &scale](int line, Rank rank) {
+        const int row = scale.TopOf(line);
         if (row >= 0 && row < m_rows.size())
             m_rows[row] = qMax<int>(m_rows[row], rank);
     };
@@ -119,7 +114,8 @@ void CodeEditorErrorBarOverlay::paintEvent(QPaintEvent*)
     const int inset = Theme::Dp(MARK_INSET);
     const int markWidth = width() - 2 * inset;
     const int hairline = Theme::Hairline();
-    const int cursorTop = TopOfLine(m_editor->GetCurrentLine() - 1) + (MarkHeight() - hairline) / 2;
+    const int cursorTop
+        = GetScale().TopOf(m_editor->GetCurrentLine() - 1) + (MarkHeight() - hairline) / 2;
     painter.fillRect(inset, cursorTop, markWidth, hairline, Theme::Color(Theme::Role::Disabled));
     // Later ranks over earlier ones, as marks on neighbouring pixels overlap.
     for (int rank = SEARCH_HIT; rank <= ERROR; ++rank) {
@@ -135,10 +131,11 @@ void CodeEditorErrorBarOverlay::ShowToolTip(const QHelpEvent& event) const
 {
     const int reach = Theme::Dp(TOOL_TIP_REACH);
     const int y = event.pos().y();
+    const Scale scale = GetScale();
     QVector<CodeEditorMark> marks;
     for (int i = 0; i < MARK_SEVERITIES; ++i) {
         for (const CodeEditorMark& mark : m_editor->GetMarks().GetMarks(MarkSeverity(i))) {
-            const int top = TopOfLine(mark.line);
+            const int top = scale.TopOf(mark.line);
             if (y >= top - reach && y < top + MarkHeight() + reach)
                 marks.append(mark);
             if (marks.size() >= MAXIMUM_TOOL_TIP_MARKS)

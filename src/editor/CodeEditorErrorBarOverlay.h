@@ -26,11 +26,19 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    /// The part of the scroll bar that stands for the document.
-    QRect Groove() const;
+    /// Where lines stand in the bar; asked for once for many lines, as the style has to answer.
+    struct Scale
+    {
+        int top = 0; ///< pixel of the first line's mark
+        int room = 0; ///< pixels from there to the last line's mark
+        int lastLine = 1; ///< from 0, at least 1
+
+        /// The pixel at which a line's mark begins.
+        int TopOf(int line) const;
+    };
+
+    Scale GetScale() const;
     int MarkHeight() const;
-    /// Where a line's mark begins, in pixels from the top.
-    int TopOfLine(int line) const;
     void RebuildRows();
     void ShowToolTip(const QHelpEvent& event) const;
 

@@ -1,16 +1,13 @@
 #include "editor/CodeEditorMarks.h"
 
+#include "editor/TextMatches.h"
+
 #include <QTextBlock>
 #include <QTextDocument>
 
 #include <algorithm>
 
 namespace {
-
-bool IsWordCharacter(QChar character)
-{
-    return character.isLetterOrNumber() || character == QLatin1Char('_');
-}
 
 /// The word at a column of a line; the rest of the line where no word is.
 void LocateColumn(CodeEditorMark& mark, const QTextBlock& block, int column)

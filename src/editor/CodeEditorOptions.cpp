@@ -105,7 +105,7 @@ void CodeEditor::UpdateFontsAndColors()
         ColorSettings::GetCodeEditorFormat(ColorSettings::PLAIN_TEXT, false),
         ColorSettings::GetCodeEditorFormat(ColorSettings::SELECTED_TEXT, false));
     ScheduleExtraSelections();
-    update();
+    RefreshMarks();
 }
 
 void CodeEditor::FetchColorFormats()

@@ -6,17 +6,17 @@
 
 namespace {
 
-bool IsWordCharacter(QChar character)
-{
-    return character.isLetterOrNumber() || character == QLatin1Char('_');
-}
-
 bool IsWordCharacterAt(const QString& text, int index)
 {
     return index >= 0 && index < text.size() && IsWordCharacter(text.at(index));
 }
 
 } // namespace
+
+bool IsWordCharacter(QChar character)
+{
+    return character.isLetterOrNumber() || character == QLatin1Char('_');
+}
 
 bool IsWholeWord(const QString& line, int start, int length)
 {

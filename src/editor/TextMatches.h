@@ -12,8 +12,11 @@ struct TextMatch
     int length = 0;
 };
 
-/// Whether the piece of the line is made of letters, digits and underscores and none stands beside
-/// it. False for an empty piece.
+/// Letters, digits and the underscore.
+bool IsWordCharacter(QChar character);
+
+/// Whether the piece of the line is made of word characters and none stands beside it. False for an
+/// empty piece.
 bool IsWholeWord(const QString& line, int start, int length);
 
 /// Where `text` stands in the line, case-sensitive and without overlaps; with `wholeWords` only
