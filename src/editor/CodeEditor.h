@@ -364,8 +364,7 @@ private:
     int m_findInSelectionEnd = -1;
     /// Positions are not carried along while the editor rewrites text itself.
     bool m_rewritingText = false;
-    int m_lastRevision = 0; ///< of the document, when positions were carried along last
-    int m_lastBlockCount = 1;
+    int m_lastBlockCount = 1; ///< before the change that is told next
     QTimer* m_extraSelectionsTimer;
     static ColorFormats m_colorFormats; ///< fetched with the first editor and with every new look
 };

@@ -75,12 +75,7 @@ void CodeEditor::UpdateErrorAndWarningText()
 void CodeEditor::OnDocumentContentsChanged(int position, int removed, int added)
 {
     const int addedLines = blockCount() - m_lastBlockCount;
-    const bool textChanged = document()->revision() != m_lastRevision;
     m_lastBlockCount = blockCount();
-    m_lastRevision = document()->revision();
-    // Highlighting announces its new formats as a change, too.
-    if (!textChanged)
-        return;
     OffsetMarkedSpans(position, removed, added);
     m_searchHits->Offset(document()->findBlock(position).blockNumber(), addedLines);
     if (addedLines != 0)

@@ -1,5 +1,6 @@
 #include "editor/CodeEditor.h"
 #include "editor/CodeEditorBlockData.h"
+#include "editor/SearchHitLines.h"
 #include "settings/ColorSettings.h"
 #include "settings/KeyBindings.h"
 #include "settings/Settings.h"
@@ -135,6 +136,7 @@ private Q_SLOTS:
     void MarksMatchingBraces();
     void MarksOnlyWhatIsNearTheView();
     void HitsInTheBarFollowTheText();
+    void EditsWhileSearchingLoseNoHit();
     void ShowsTheDropOverlay();
     void OverwritingShowsABlock_data();
     void OverwritingShowsABlock();
@@ -485,6 +487,20 @@ void CodeEditorPaintingTest::HitsInTheBarFollowTheText()
     QTRY_COMPARE(editor.GetSearchHitLines(), QVector<int>({1, 2, 4}));
     editor.SetSearchRegEx({});
     QVERIFY(editor.GetSearchHitLines().isEmpty());
+}
+
+void CodeEditorPaintingTest::EditsWhileSearchingLoseNoHit()
+{
+    // Long enough for several slices, so that the edit falls between two of them.
+    const int lines = 100000;
+    QTextDocument document(QString("line\n").repeated(lines) + "hit");
+    SearchHitLines hits(&document, this);
+    hits.Search(QRegularExpression("hit"));
+    QCoreApplication::processEvents(QEventLoop::AllEvents, 1);
+    QVERIFY(hits.GetLines().isEmpty());
+    QTextCursor(&document).insertText("hit\n");
+    hits.Offset(0, 1);
+    QTRY_COMPARE(hits.GetLines(), QVector<int>({0, lines + 1}));
 }
 
 void CodeEditorPaintingTest::ShowsTheDropOverlay()

@@ -473,8 +473,15 @@ void CodeEditorTest::HighlightingMovesNoMessages()
     message.start = 0;
     message.end = 3;
     editor.UpdateErrorsAndWarnings({message}, {}, {});
-    // New formats come as a change of everything without any change of the text.
+    // New formats are a change of everything to the layout, also together with the next key.
+    QTextLayout::FormatRange range;
+    range.length = 3;
+    range.format.setFontItalic(true);
+    editor.document()->firstBlock().layout()->setFormats({range});
     editor.document()->markContentsDirty(0, 7);
+    QCOMPARE(editor.GetNumberOfErrors(), 1);
+    editor.moveCursor(QTextCursor::End);
+    QTest::keyClick(&editor, Qt::Key_A);
     QCOMPARE(editor.GetNumberOfErrors(), 1);
     editor.SetText("one two");
     QCOMPARE(editor.GetNumberOfErrors(), 0);
