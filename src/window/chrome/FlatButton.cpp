@@ -42,6 +42,18 @@ void FlatButton::SetExtent(int extent)
     updateGeometry();
 }
 
+void FlatButton::SetIcon(const QString& icon)
+{
+    m_icon = icon;
+    update();
+}
+
+void FlatButton::SetUpsideDown(bool upsideDown)
+{
+    m_upsideDown = upsideDown;
+    update();
+}
+
 QSize FlatButton::sizeHint() const
 {
     return {Theme::Dp(m_extent), Theme::Dp(m_extent)};
@@ -94,13 +106,18 @@ void FlatButton::PaintIcon(QPainter& painter) const
 {
     const int extent = Theme::Dp(ICON_SIZE);
     const QRect area((width() - extent) / 2, (height() - extent) / 2, extent, extent);
+    painter.save();
     painter.setOpacity(isEnabled() ? 1.0 : DISABLED_ALPHA);
+    if (m_upsideDown) {
+        painter.translate(0, height());
+        painter.scale(1.0, -1.0);
+    }
     if (m_tint == Tint::Own && !m_dimmed)
         painter.drawPixmap(area, Theme::Pixmap(m_icon, ICON_SIZE, devicePixelRatioF()));
     else
         painter.drawPixmap(
             area, Theme::TintedPixmap(m_icon, ICON_SIZE, IconColor(), devicePixelRatioF()));
-    painter.setOpacity(1.0);
+    painter.restore();
 }
 
 void FlatButton::enterEvent(QEvent* event)

@@ -23,6 +23,9 @@ public:
     void SetDimmed(bool dimmed);
     /// Edge length in design pixels.
     void SetExtent(int extent);
+    void SetIcon(const QString& icon);
+    /// Shows the icon upside down.
+    void SetUpsideDown(bool upsideDown);
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override { return sizeHint(); }
@@ -42,5 +45,6 @@ private:
     Tint m_tint;
     int m_extent = 24;
     bool m_dimmed = false;
+    bool m_upsideDown = false;
     bool m_focusByKey = false;
 };

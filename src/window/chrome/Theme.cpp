@@ -81,6 +81,7 @@ constexpr RoleRow ROLES[] = {
     {R::MarkInfo,          "mark-info",           0xff569cd6},
     {R::MarkSearch,        "mark-search",         0xffa65a2c},
     {R::MatchOutline,      "match-outline",       0xffc08a5c},
+    {R::NoResults,         "no-results",          0xffff8f85},
 };
 // clang-format on
 

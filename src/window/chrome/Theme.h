@@ -19,7 +19,7 @@ public:
         Field, FieldEdge, FieldHoverEdge, CheckEdge, Lake, LakeText, Text, Strong, Soft, Faint,
         Disabled, Icon, IdleWaterline, IdleIcon, TabSeparator,
         StatusError, StatusWarning, ActivityIcon, TitleField, TitleFieldEdge,
-        MarkError, MarkWarning, MarkInfo, MarkSearch, MatchOutline,
+        MarkError, MarkWarning, MarkInfo, MarkSearch, MatchOutline, NoResults,
         // clang-format on
     };
 

@@ -1,0 +1,180 @@
+#include "editor/SearchExpression.h"
+
+#include "editor/SearchHistory.h"
+#include "support/TestMain.h"
+
+#include <QRegularExpression>
+#include <QtTest>
+
+class SearchExpressionTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void FindsWhatTheTogglesSay_data();
+    void FindsWhatTheTogglesSay();
+    void FindsNothingWithoutText();
+    void KeepsAFaultForItsOwner();
+    void GivesUpOnEndlessTrying();
+    void LimitsNothingHonest();
+    void ExpandsReplacements_data();
+    void ExpandsReplacements();
+    void WalksTheHistory();
+    void SharesTheHistoryAndBoundsIt();
+};
+
+void SearchExpressionTest::FindsWhatTheTogglesSay_data()
+{
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<bool>("matchCase");
+    QTest::addColumn<bool>("matchWord");
+    QTest::addColumn<bool>("useExpression");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QStringList>("found");
+    using L = QStringList;
+    QTest::newRow("any case") << "Sel" << false << false << false << "sel SEL" << L{"sel", "SEL"};
+    QTest::newRow("same case") << "Sel" << true << false << false << "sel Sel" << L{"Sel"};
+    QTest::newRow("signs as they stand")
+        << "a.b(*" << true << false << false << "axb(* a.b(*" << L{"a.b(*"};
+    QTest::newRow("whole words") << "ls" << true << true << false << "else ls_ ls" << L{"ls"};
+    QTest::newRow("letters of any script end no word")
+        << "gr" << true << true << false << QString::fromUtf8("größe gr") << L{"gr"};
+    QTest::newRow("any case of any script") << QString::fromUtf8("Ä") << false << false << false
+                                            << QString::fromUtf8("ä") << L{QString::fromUtf8("ä")};
+    QTest::newRow("expression") << "[ab]+\\d" << false << false << true << "aB1 c2" << L{"aB1"};
+    QTest::newRow("expression as a word")
+        << "a.c" << true << true << true << "abcd abc" << L{"abc"};
+    QTest::newRow("backslashes as they stand")
+        << "\\d" << false << false << false << "1 \\d" << L{"\\d"};
+}
+
+void SearchExpressionTest::FindsWhatTheTogglesSay()
+{
+    QFETCH(QString, typed);
+    QFETCH(bool, matchCase);
+    QFETCH(bool, matchWord);
+    QFETCH(bool, useExpression);
+    QFETCH(QString, text);
+    const QRegularExpression expression
+        = CreateSearchRegEx(typed, matchCase, matchWord, useExpression);
+    for (const QRegularExpression& each : {expression, WithMatchLimit(expression)}) {
+        QStringList found;
+        for (auto matches = each.globalMatch(text); matches.hasNext();)
+            found.append(matches.next().captured());
+        QTEST(found, "found");
+    }
+}
+
+void SearchExpressionTest::FindsNothingWithoutText()
+{
+    QCOMPARE(CreateSearchRegEx("", true, true, true), QRegularExpression());
+    QVERIFY(WithMatchLimit(QRegularExpression()).pattern().isEmpty());
+}
+
+void SearchExpressionTest::KeepsAFaultForItsOwner()
+{
+    QVERIFY(!CreateSearchRegEx("(a", true, false, true).isValid());
+    QVERIFY(CreateSearchRegEx("(a", true, false, false).isValid());
+    QVERIFY(!WithMatchLimit(CreateSearchRegEx("(a", true, false, true)).isValid());
+}
+
+void SearchExpressionTest::GivesUpOnEndlessTrying()
+{
+    const QRegularExpression expression
+        = WithMatchLimit(CreateSearchRegEx("(a+)+[xy]", true, false, true));
+    const QString line = QString(60, 'a') + "c";
+    // Once compiled by the toolkit's second way, too, which it takes after some uses.
+    for (int i = 0; i < 30; ++i) {
+        const QRegularExpressionMatch match = expression.match(line);
+        QVERIFY(!match.hasMatch());
+        QVERIFY(HasExceededMatchLimit(match));
+    }
+}
+
+void SearchExpressionTest::LimitsNothingHonest()
+{
+    const QRegularExpression expression
+        = WithMatchLimit(CreateSearchRegEx("(\\w+)\\s*=.*x", true, false, true));
+    const QString line = QString(20000, 'a') + " = " + QString(20000, 'b') + "x";
+    const QRegularExpressionMatch match = expression.match(line);
+    QVERIFY(match.hasMatch());
+    QVERIFY(!HasExceededMatchLimit(match));
+    const QRegularExpressionMatch miss = expression.match("plain");
+    QVERIFY(!miss.hasMatch() && !HasExceededMatchLimit(miss));
+}
+
+void SearchExpressionTest::ExpandsReplacements_data()
+{
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<bool>("useExpression");
+    QTest::addColumn<QString>("replacement");
+    QTest::addColumn<QString>("expanded");
+    QTest::newRow("groups") << "(\\w+)-(\\w+)" << true << "\\2-\\1"
+                            << "right-left";
+    QTest::newRow("no such group") << "(\\w+)-right" << true << "\\2\\1"
+                                   << "\\2left";
+    QTest::newRow("a group that took no part") << "(x)?(left)" << true << "<\\1\\2>"
+                                               << "<left>";
+    QTest::newRow("line end and tab") << "left" << true << "a\\n\\tb"
+                                      << "a\n\tb";
+    QTest::newRow("a backslash") << "(l)eft" << true << "\\\\1\\\\n"
+                                 << "\\1\\n";
+    QTest::newRow("other escapes stay") << "left" << true << "\\d\\"
+                                        << "\\d\\";
+    QTest::newRow("a dollar is a dollar") << "(left)" << true << "$1"
+                                          << "$1";
+    QTest::newRow("plain search") << "left" << false << "\\1\\n\\\\"
+                                  << "\\1\\n\\\\";
+}
+
+void SearchExpressionTest::ExpandsReplacements()
+{
+    QFETCH(QString, typed);
+    QFETCH(bool, useExpression);
+    QFETCH(QString, replacement);
+    QRegularExpression expression = CreateSearchRegEx(typed, true, false, useExpression);
+    if (useExpression)
+        expression = WithMatchLimit(expression);
+    const QRegularExpressionMatch match = expression.match("left-right");
+    QVERIFY(match.hasMatch());
+    QTEST(ExpandReplacement(replacement, match), "expanded");
+}
+
+void SearchExpressionTest::WalksTheHistory()
+{
+    SearchHistory::Clear();
+    SearchHistory history;
+    QCOMPARE(history.GetOlder("draft"), QString("draft"));
+    for (const char* text : {"first", "second", "", "first"})
+        history.Add(text);
+    QCOMPARE(history.GetOlder("draft"), QString("first"));
+    QCOMPARE(history.GetOlder("first"), QString("second"));
+    QCOMPARE(history.GetOlder("second"), QString("second"));
+    QCOMPARE(history.GetNewer("second"), QString("first"));
+    QCOMPARE(history.GetNewer("first"), QString("draft"));
+    QCOMPARE(history.GetNewer("draft"), QString("draft"));
+    // With the newest text in the field the way begins behind it.
+    SearchHistory another;
+    QCOMPARE(another.GetOlder("first"), QString("second"));
+}
+
+void SearchExpressionTest::SharesTheHistoryAndBoundsIt()
+{
+    SearchHistory::Clear();
+    SearchHistory writer;
+    for (int i = 0; i < 2 * SearchHistory::MAXIMUM_SIZE; ++i)
+        writer.Add(QString::number(i));
+    SearchHistory reader;
+    QString text;
+    int steps = 0;
+    for (QString older = reader.GetOlder(text); older != text; older = reader.GetOlder(text)) {
+        text = older;
+        ++steps;
+    }
+    QCOMPARE(steps, SearchHistory::MAXIMUM_SIZE);
+    QCOMPARE(text, QString::number(SearchHistory::MAXIMUM_SIZE));
+    SearchHistory::Clear();
+}
+
+TE2_TEST(SearchExpressionTest)
+#include "SearchExpressionTest.moc"
