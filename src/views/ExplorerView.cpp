@@ -2,6 +2,7 @@
 
 #include "settings/Settings.h"
 #include "views/OpenEditorsView.h"
+#include "views/OutlineView.h"
 #include "views/SideBarTree.h"
 #include "views/SubViewHeader.h"
 #include "views/WorkspaceView.h"
@@ -15,7 +16,9 @@
 namespace {
 
 constexpr int MINIMUM_ROWS = 3;
-constexpr double WORKSPACE_WEIGHT = 2.0; ///< at first
+// At first.
+constexpr double WORKSPACE_WEIGHT = 2.0;
+constexpr double OUTLINE_WEIGHT = 3.0;
 constexpr int NO_LIMIT = QWIDGETSIZE_MAX;
 
 } // namespace
@@ -25,6 +28,7 @@ ExplorerView::ExplorerView(QWidget* parent)
     , m_splitter(new GrooveSplitter(Qt::Vertical, this))
     , m_openEditors(new OpenEditorsView(this))
     , m_workspace(new WorkspaceView(this))
+    , m_outline(new OutlineView(this))
 {
     m_splitter->setObjectName(QStringLiteral("m_explorerSplitter"));
     m_splitter->setChildrenCollapsible(false);
@@ -32,6 +36,8 @@ ExplorerView::ExplorerView(QWidget* parent)
     m_workspace->setObjectName(QStringLiteral("m_workspace"));
     AddSection(m_openEditors, 1.0);
     AddSection(m_workspace, WORKSPACE_WEIGHT);
+    m_outline->setObjectName(QStringLiteral("m_outline"));
+    AddSection(m_outline, OUTLINE_WEIGHT);
     connect(m_workspace, &WorkspaceView::HideRequested, this, &ExplorerView::HideRequested);
     connect(m_splitter, &QSplitter::splitterMoved, this, &ExplorerView::OnSplitterMoved);
     RestoreWeights();
@@ -63,6 +69,7 @@ QVector<SubView*> ExplorerView::ShownSections() const
 void ExplorerView::UpdateVisibility()
 {
     m_openEditors->setVisible(Settings::openEditorsVisible);
+    m_outline->setVisible(Settings::outlineVisible);
     UpdateHeights();
 }
 
@@ -174,6 +181,7 @@ void ExplorerView::ShowSectionMenu(const QPoint& globalPoint)
         });
     };
     addCheck(tr("Open Editors"), Settings::openEditorsVisible);
+    addCheck(tr("Outline"), Settings::outlineVisible);
     menu->addSeparator();
     menu->addAction(tr("Hide Side Bar"), this, &ExplorerView::HideRequested);
     menu->popup(globalPoint);

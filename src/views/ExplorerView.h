@@ -7,6 +7,7 @@
 
 class GrooveSplitter;
 class OpenEditorsView;
+class OutlineView;
 class SubView;
 class WorkspaceView;
 
@@ -21,6 +22,7 @@ public:
 
     OpenEditorsView* GetOpenEditors() const { return m_openEditors; }
     WorkspaceView* GetWorkspace() const { return m_workspace; }
+    OutlineView* GetOutline() const { return m_outline; }
 
     /// Puts the sizes into the settings.
     void SaveState();
@@ -46,6 +48,7 @@ private:
     GrooveSplitter* m_splitter = nullptr;
     OpenEditorsView* m_openEditors = nullptr;
     WorkspaceView* m_workspace = nullptr;
+    OutlineView* m_outline = nullptr;
     QVector<SubView*> m_sections;
     QHash<const SubView*, double> m_weights;
     QHash<const SubView*, int> m_dragged; ///< height that the user wants of a natural section

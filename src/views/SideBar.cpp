@@ -3,6 +3,8 @@
 #include "settings/Settings.h"
 #include "views/ExplorerView.h"
 #include "views/OpenEditorsView.h"
+#include "views/OutlineView.h"
+#include "views/QuickHelpView.h"
 #include "views/WorkspaceView.h"
 #include "window/chrome/Theme.h"
 
@@ -12,6 +14,8 @@
 #include <QStackedWidget>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace {
 
 // Design pixels.
@@ -19,6 +23,12 @@ constexpr int TITLE_HEIGHT = 34;
 constexpr int TITLE_MARGIN = 14;
 
 } // namespace
+
+struct SideBar::PageRow
+{
+    Page page;
+    const char* title;
+};
 
 SideBar::SideBar(QWidget* parent)
     : QWidget(parent)
@@ -36,6 +46,7 @@ SideBar::SideBar(QWidget* parent)
     CreateLayout();
     UpdateTitle();
     connect(m_title, &QWidget::customContextMenuRequested, this, &SideBar::ShowTitleMenu);
+    connect(GetOutline(), &OutlineView::EditorRequested, this, &SideBar::FocusEditorRequested);
     connect(m_explorer, &ExplorerView::HideRequested, this, &SideBar::HideRequested);
 }
 
@@ -56,9 +67,20 @@ void SideBar::CreateLayout()
     layout->addWidget(m_stack, 1);
 }
 
-bool SideBar::HasPage(Page page) const
+const SideBar::PageRow* SideBar::RowOf(Page page)
 {
-    return page == Page::Explorer;
+    static const PageRow ROWS[] = {
+        {Page::Explorer, QT_TR_NOOP("EXPLORER")},
+        {Page::QuickHelp, QT_TR_NOOP("QUICK HELP")},
+    };
+    const auto* const found = std::find_if(
+        std::begin(ROWS), std::end(ROWS), [page](const PageRow& row) { return row.page == page; });
+    return found == std::end(ROWS) ? nullptr : found;
+}
+
+bool SideBar::HasPage(Page page)
+{
+    return RowOf(page) != nullptr;
 }
 
 void SideBar::ShowPage(Page page)
@@ -66,13 +88,39 @@ void SideBar::ShowPage(Page page)
     if (page == m_page || !HasPage(page))
         return;
     m_page = page;
+    m_stack->setCurrentWidget(page == Page::QuickHelp ? CreateQuickHelp() : m_explorer);
     UpdateTitle();
     Q_EMIT PageChanged();
 }
 
+/// The one there is, if there is one.
+QWidget* SideBar::CreateQuickHelp()
+{
+    if (m_quickHelp)
+        return m_quickHelp;
+    m_quickHelp = new QuickHelpView(this);
+    m_quickHelp->setObjectName(QStringLiteral("m_quickHelp"));
+    m_stack->addWidget(m_quickHelp);
+    connect(m_quickHelp, &QuickHelpView::FlagChosen, this, &SideBar::FlagChosen);
+    connect(m_quickHelp, &QuickHelpView::CommandReferenceRequested, this,
+        &SideBar::CommandReferenceRequested);
+    return m_quickHelp;
+}
+
 void SideBar::FocusPage(Qt::FocusReason reason)
 {
-    m_explorer->setFocus(reason);
+    if (m_page == Page::QuickHelp)
+        m_quickHelp->FocusSearch(reason);
+    else
+        GetWorkspace()->FocusContent(reason);
+}
+
+void SideBar::UpdateQuickHelp(const QString& text, bool isRequested)
+{
+    if (isRequested)
+        ShowPage(Page::QuickHelp);
+    if (isRequested || (m_quickHelp && m_quickHelp->isVisible()))
+        m_quickHelp->Show(text, isRequested);
 }
 
 OpenEditorsView* SideBar::GetOpenEditors() const
@@ -83,6 +131,26 @@ OpenEditorsView* SideBar::GetOpenEditors() const
 WorkspaceView* SideBar::GetWorkspace() const
 {
     return m_explorer->GetWorkspace();
+}
+
+OutlineView* SideBar::GetOutline() const
+{
+    return m_explorer->GetOutline();
+}
+
+void SideBar::UpdateOutline(BaseParser* parser)
+{
+    GetOutline()->Update(parser);
+}
+
+void SideBar::SaveOutline()
+{
+    GetOutline()->Save();
+}
+
+void SideBar::ClearInvalidDetailsFromOutline(const QStringList& openFilePaths)
+{
+    GetOutline()->ClearInvalidDetails(openFilePaths);
 }
 
 void SideBar::SaveWorkspace()
@@ -128,7 +196,7 @@ void SideBar::keyPressEvent(QKeyEvent* event)
 
 void SideBar::UpdateTitle()
 {
-    m_title->setText(tr("EXPLORER"));
+    m_title->setText(tr(RowOf(m_page)->title));
     m_title->setFont(Theme::CaptionFont(font()));
     QPalette palette = m_title->palette();
     palette.setColor(QPalette::WindowText, Theme::Color(Theme::Role::Soft));

@@ -3,7 +3,10 @@
 #include <QWidget>
 
 class ExplorerView;
+class BaseParser;
 class OpenEditorsView;
+class OutlineView;
+class QuickHelpView;
 class QLabel;
 class QStackedWidget;
 class WorkspaceView;
@@ -20,7 +23,7 @@ public:
     explicit SideBar(QWidget* parent);
 
     /// Pages that do not exist are not offered.
-    bool HasPage(Page page) const;
+    static bool HasPage(Page page);
     Page GetPage() const { return m_page; }
     void ShowPage(Page page);
     /// Into the page that is shown.
@@ -29,11 +32,21 @@ public:
     // The views; the window connects itself to them.
     OpenEditorsView* GetOpenEditors() const;
     WorkspaceView* GetWorkspace() const;
+    OutlineView* GetOutline() const;
+
+    // The outline
+    void UpdateOutline(BaseParser* parser);
+    void SaveOutline();
+    void ClearInvalidDetailsFromOutline(const QStringList& openFilePaths);
 
     // The workspace
     void SaveWorkspace();
     void SaveWorkspaceAs(const QString& path);
     void OpenWorkspace(const QString& path);
+
+    /// Help on the command that the text names. What was asked for shows the page; anything else
+    /// only changes it while it can be seen.
+    void UpdateQuickHelp(const QString& text, bool isRequested);
 
     /// Puts what the pages remember into the settings.
     void SaveState();
@@ -45,18 +58,26 @@ Q_SIGNALS:
     void HideRequested();
     /// Escape was pressed in a view.
     void FocusEditorRequested();
+    /// A flag of the quick help, by its long name, for the script.
+    void FlagChosen(const QString& longName);
+    void CommandReferenceRequested(const QString& command);
 
 protected:
     bool event(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
+    struct PageRow;
+
+    static const PageRow* RowOf(Page page);
     void CreateLayout();
+    QWidget* CreateQuickHelp();
     void UpdateTitle();
     void ShowTitleMenu(const QPoint& point);
 
     QLabel* m_title = nullptr;
     QStackedWidget* m_stack = nullptr;
     ExplorerView* m_explorer = nullptr;
+    QuickHelpView* m_quickHelp = nullptr; ///< made when first shown
     Page m_page = Page::Explorer;
 };

@@ -36,11 +36,11 @@ protected:
     /// Refreshes now, or when the content is seen again.
     void MarkStale();
     virtual void Refresh() { }
+    bool IsContentSeen() const;
 
     bool event(QEvent* event) override;
 
 private:
-    bool IsContentSeen() const;
     void RefreshIfSeen();
     void UpdateRevealed(const QWidget* focus);
 

@@ -54,7 +54,6 @@ WorkspaceView::WorkspaceView(QWidget* parent)
     layout->addWidget(m_tree);
     m_stack->addWidget(page);
     m_stack->addWidget(CreateEmptyState());
-    m_stack->setFocusProxy(m_tree);
     SetContent(m_stack);
     const FlatButton* const add = AddTool(QStringLiteral("add_folder"),
         tr("Add Folder to Workspace..."), QStringLiteral("m_addFolderButton"));
@@ -78,7 +77,8 @@ QWidget* WorkspaceView::CreateEmptyState()
     text->setWordWrap(true);
     text->setAlignment(Qt::AlignCenter);
     auto* add = new QPushButton(tr("Add Folder..."), page);
-    add->setObjectName(QStringLiteral("m_emptyAddFolderButton"));
+    m_emptyAddButton = add;
+    add->setObjectName(QStringLiteral("m_emptyAddButton"));
     add->setToolTip(tr("Add Folder to Workspace..."));
     auto* open = new QPushButton(tr("Open Workspace..."), page);
     open->setObjectName(QStringLiteral("m_emptyOpenWorkspaceButton"));
@@ -186,7 +186,9 @@ void WorkspaceView::SetFolders(const QStringList& folders)
 
 void WorkspaceView::ShowFolders()
 {
-    m_stack->setCurrentIndex(Settings::workspaceFolders.isEmpty() ? 1 : 0);
+    const bool empty = Settings::workspaceFolders.isEmpty();
+    m_stack->setCurrentIndex(empty ? 1 : 0);
+    m_stack->setFocusProxy(empty ? m_emptyAddButton : static_cast<QWidget*>(m_tree));
     UpdateAll();
 }
 

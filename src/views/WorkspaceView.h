@@ -65,6 +65,7 @@ private:
 
     QStackedWidget* m_stack;
     WorkspaceTree* m_tree;
+    QWidget* m_emptyAddButton = nullptr;
     WorkspaceFile m_file;
     QHash<QString, bool> m_openFiles;
     bool m_modified = false;

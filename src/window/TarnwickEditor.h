@@ -169,6 +169,10 @@ public Q_SLOTS:
     void SaveWorkspaceAs();
     void AddFolderToWorkspace();
 
+    // Quick help
+    void ShowQuickHelp();
+    void OnQuickHelpChanged(const QString& text, bool isRequested);
+
     // Host
     void UpdateOverrideScriptEditorButton();
     void MelCommandReference();
@@ -212,6 +216,7 @@ private:
     void ConnectGroup(CodeEditorGroup* group);
     void ConnectSideBar();
     void UpdateOpenEditorsSelection();
+    void InsertFlag(const QString& longName);
     /// Empty when cancelled.
     QString ShowSaveWorkspaceDialog();
     QString ShowOpenWorkspaceDialog();
@@ -307,6 +312,7 @@ private:
     QAction* m_toggleActivityBarAction = nullptr;
     QAction* m_toggleStatusBarAction = nullptr;
     QAction* m_explorerAction = nullptr;
+    QAction* m_quickHelpAction = nullptr;
     QAction* m_toggleCodeEditorLayoutAction = nullptr;
     QAction* m_toggleSideBarPositionAction = nullptr;
     QAction* m_outputTopAction = nullptr;

@@ -2,8 +2,11 @@
 
 #include "editor/CodeEditor.h"
 #include "editor/CodeEditorGroup.h"
+#include "plugin/MayaUtil.h"
 #include "settings/Settings.h"
 #include "views/OpenEditorsView.h"
+#include "views/OutlineView.h"
+#include "views/QuickHelpText.h"
 #include "views/SideBar.h"
 #include "views/WorkspaceView.h"
 #include "window/TarnwickEditor.h"
@@ -31,10 +34,21 @@ void TarnwickEditor::ConnectSideBar()
     using O = OpenEditorsView;
     using T = TarnwickEditor;
     connect(m_sideBar, &SideBar::HideRequested, this, [this] { SetSideBarVisible(false, true); });
+    connect(m_sideBar, &SideBar::FlagChosen, this, &T::InsertFlag);
+    connect(m_sideBar, &SideBar::CommandReferenceRequested, this, [this](const QString& command) {
+        const CodeEditor* const editor = GetActiveCodeEditor();
+        MayaUtil::CommandDocumentation(
+            command, editor && editor->GetLanguage() == CodeEditorLanguage::Python);
+    });
     connect(m_sideBar, &SideBar::FocusEditorRequested, this, &T::FocusActiveCodeEditor);
     const O* const openEditors = m_sideBar->GetOpenEditors();
     connect(openEditors, &O::ActivateRequested, this,
         [this](const QString& path) { SetActiveCodeEditor(path); });
+    connect(
+        m_sideBar->GetOutline(), &OutlineView::SelectionChanged, this, [this](int start, int end) {
+            if (CodeEditor* const editor = GetActiveCodeEditor())
+                editor->SetCursorSelection(start, end);
+        });
     const WorkspaceView* const workspace = m_sideBar->GetWorkspace();
     connect(workspace, &WorkspaceView::OpenFileRequested, this, [this](const QString& path) {
         OpenFile(path, false);
@@ -99,4 +113,37 @@ void TarnwickEditor::OpenWorkspace()
 void TarnwickEditor::AddFolderToWorkspace()
 {
     m_sideBar->GetWorkspace()->ShowAddFolderDialog();
+}
+
+/// Help on what is selected in the editor, or on the word at its cursor.
+void TarnwickEditor::ShowQuickHelp()
+{
+    QString text;
+    if (const CodeEditor* const editor = GetCodeEditorWithFocus()) {
+        QTextCursor cursor = editor->textCursor();
+        if (!cursor.hasSelection())
+            cursor.select(QTextCursor::WordUnderCursor);
+        text = cursor.selectedText();
+    }
+    OnQuickHelpChanged(text, true);
+}
+
+void TarnwickEditor::OnQuickHelpChanged(const QString& text, bool isRequested)
+{
+    if (isRequested)
+        ShowSideBarPage(SideBar::Page::QuickHelp);
+    m_sideBar->UpdateQuickHelp(text, isRequested);
+    if (isRequested && text.isEmpty())
+        m_sideBar->FocusPage(Qt::ShortcutFocusReason);
+}
+
+void TarnwickEditor::InsertFlag(const QString& longName)
+{
+    CodeEditor* const editor = GetActiveCodeEditor();
+    if (!editor)
+        return;
+    const QString before = editor->GetText().left(editor->textCursor().selectionEnd());
+    editor->ClearSelectionAndInsertText(QuickHelpText::InsertedText(
+        longName, editor->GetLanguage() == CodeEditorLanguage::Python, before));
+    editor->setFocus(Qt::OtherFocusReason);
 }
