@@ -7,7 +7,22 @@
 #include "plugin/Logger.h"
 #include "settings/Settings.h"
 
+#include <QDir>
+#include <QFileInfo>
 #include <QStackedWidget>
+
+#include <utility>
+
+namespace {
+
+constexpr char INSERT_FAILURE[]
+    = "Failed to insert code editor. Tab and code editor count mismatch.";
+constexpr char REMOVE_FAILURE[]
+    = "Failed to remove code editor. Tab and code editor count mismatch.";
+constexpr char DELETE_FAILURE[]
+    = "Failed to delete code editor. Tab and code editor count mismatch.";
+
+} // namespace
 
 CodeEditorGroup::CodeEditorGroup(int id, KeyBindings* keyBindings, QWidget* parent)
     : QWidget(parent)
@@ -187,7 +202,7 @@ int CodeEditorGroup::InsertCodeEditor(
 
 int CodeEditorGroup::InsertCodeEditor(int index, CodeEditor* editor)
 {
-    if (!CheckCounts("Failed to insert code editor. Tab and code editor count mismatch."))
+    if (!CheckCounts(INSERT_FAILURE))
         return -1;
     const int place = index < 0 || index > GetCount() ? GetCount() : index;
     CodeEditorProperties properties;
@@ -207,20 +222,20 @@ void CodeEditorGroup::ConnectEditor(CodeEditor* editor)
 {
     using E = CodeEditor;
     using G = CodeEditorGroup;
-    connect(editor, &E::ReceivedFocus, this, &G::OnCodeEditorReceivedFocus);
-    connect(editor, &E::TextChanged, this, &G::TextChanged);
-    connect(editor, &E::ModificationChanged, this, &G::OnModificationChanged);
-    connect(editor, &E::FileChanged, this, &G::FileChanged);
-
     static constexpr std::pair<void (E::*)(), void (G::*)()> RELAYS[] = {
+        {&E::ReceivedFocus, &G::OnCodeEditorReceivedFocus},
         {&E::OverwriteModeChanged, &G::OverwriteModeChanged},
         {&E::ErrorAndWarningTextChanged, &G::ErrorAndWarningTextChanged},
+        {&E::EscapeKeyPressed, &G::CloseFindReplace},
         {&E::IncreaseFontSizeRequested, &G::IncreaseFontSizeRequested},
         {&E::DecreaseFontSizeRequested, &G::DecreaseFontSizeRequested},
-        {&E::ExecuteRequested, &G::ExecutePressed},
-        {&E::ExecuteAllRequested, &G::ExecuteAllPressed},
-        {&E::ExecuteLineRequested, &G::ExecuteLinePressed},
+        {&E::ExecuteRequested, &G::OnExecute},
+        {&E::ExecuteAllRequested, &G::OnExecuteAll},
+        {&E::ExecuteLineRequested, &G::OnExecuteLine},
         {&E::SaveScriptToShelfRequested, &G::SaveScriptToShelfPressed},
+        {&E::InsertPathRequested, &G::InsertPathRequested},
+        {&E::PythonDirRequested, &G::PythonDirRequested},
+        {&E::PythonHelpRequested, &G::PythonHelpRequested},
         {&E::PythonUpdateModuleStateRequested, &G::PythonUpdateModuleStateRequested},
         {&E::PythonRevertModuleStateRequested, &G::PythonRevertModuleStateRequested},
         {&E::TogglePythonRevertModuleStateOnExecuteRequested,
@@ -228,14 +243,18 @@ void CodeEditorGroup::ConnectEditor(CodeEditor* editor)
     };
     for (const auto& relay : RELAYS)
         connect(editor, relay.first, this, relay.second);
-    connect(editor, &QPlainTextEdit::cursorPositionChanged, this, &G::CursorPositionChanged);
+    connect(editor, &E::TextChanged, this, &G::OnTextChanged);
+    connect(editor, &E::ModificationChanged, this, &G::OnModificationChanged);
+    connect(editor, &E::FileChanged, this, &G::OnFileChanged);
+    connect(editor, &E::QuickHelpChanged, this, &G::QuickHelpChanged);
+    connect(editor, &QPlainTextEdit::cursorPositionChanged, this, &G::OnCursorPositionChanged);
     // The selection's length is part of what the status bar says about the cursor.
-    connect(editor, &QPlainTextEdit::selectionChanged, this, &G::CursorPositionChanged);
+    connect(editor, &QPlainTextEdit::selectionChanged, this, &G::OnCursorPositionChanged);
 }
 
 CodeEditor* CodeEditorGroup::RemoveCodeEditor(int index)
 {
-    if (!CheckCounts("Failed to remove code editor. Tab and code editor count mismatch."))
+    if (!CheckCounts(REMOVE_FAILURE))
         return nullptr;
     CodeEditor* editor = GetCodeEditor(index);
     if (!editor)
@@ -250,8 +269,35 @@ CodeEditor* CodeEditorGroup::RemoveCodeEditor(int index)
 
 void CodeEditorGroup::DeleteCodeEditor(int index)
 {
-    if (CheckCounts("Failed to delete code editor. Tab and code editor count mismatch."))
+    if (CheckCounts(DELETE_FAILURE))
         delete RemoveCodeEditor(index);
+}
+
+void CodeEditorGroup::MoveCodeEditor(int from, int to)
+{
+    CodeEditor* const editor = GetCodeEditor(from);
+    if (!editor || !GetCodeEditor(to) || from == to)
+        return;
+    // The stack would show a neighbour while the editor is out of it.
+    setUpdatesEnabled(false);
+    CodeEditor* const focused = GetCurrent() && GetCurrent()->hasFocus() ? GetCurrent() : nullptr;
+    m_stack->removeWidget(editor);
+    m_stack->insertWidget(to, editor);
+    m_tabBar->MoveTab(from, to);
+    m_stack->setCurrentIndex(m_tabBar->GetCurrentIndex());
+    if (focused)
+        focused->setFocus(Qt::OtherFocusReason);
+    setUpdatesEnabled(true);
+    Q_EMIT TabsChanged();
+}
+
+void CodeEditorGroup::MoveCodeEditor(CodeEditorGroup* source, int from, int to)
+{
+    if (!source || !CheckCounts(INSERT_FAILURE))
+        return;
+    CodeEditor* const editor = source->RemoveCodeEditor(from);
+    if (editor)
+        InsertCodeEditor(to, editor);
 }
 
 bool CodeEditorGroup::CheckCounts(const char* failure) const
@@ -274,6 +320,23 @@ void CodeEditorGroup::SetProperties(int index, const CodeEditorProperties& prope
     SetTabToolTip(index, properties);
 }
 
+void CodeEditorGroup::UpdateFilePath(
+    const QString& oldPath, const QString& newPath, CodeEditorLanguage language)
+{
+    const int index = GetCodeEditorIndex(oldPath);
+    if (index < 0)
+        return;
+    CodeEditorProperties properties = GetProperties(index);
+    properties.filePath = newPath;
+    properties.language = language;
+    if (properties.type == CodeEditorType::File)
+        properties.label = QFileInfo(newPath).fileName();
+    const int used = m_lastUsedPaths.indexOf(oldPath);
+    if (used >= 0)
+        m_lastUsedPaths[used] = newPath;
+    SetProperties(index, properties);
+}
+
 void CodeEditorGroup::SetTabLabel(
     int index, const QString& label, bool modified, CodeEditorType type)
 {
@@ -287,6 +350,7 @@ void CodeEditorGroup::SetTabToolTip(int index, const CodeEditorProperties& prope
 {
     m_tabBar->SetTabToolTip(
         index, properties.type == CodeEditorType::File ? properties.filePath : properties.label);
+    m_tabBar->SetTabDetail(index, QFileInfo(properties.filePath).dir().dirName());
 }
 
 int CodeEditorGroup::GetTabBarScrollValue() const
@@ -307,6 +371,7 @@ void CodeEditorGroup::FocusCurrentCodeEditor()
 
 void CodeEditorGroup::OnCurrentTabChanged(int index)
 {
+    ClearSearch();
     m_stack->setCurrentIndex(index);
     UpdateLastUsedEditorOrder();
     Q_EMIT CurrentTabChanged();
@@ -319,6 +384,12 @@ void CodeEditorGroup::UpdateLastUsedEditorOrder()
         return;
     m_lastUsedPaths.removeAll(editor->GetFilePath());
     m_lastUsedPaths.prepend(editor->GetFilePath());
+}
+
+void CodeEditorGroup::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    UpdateFindReplacePosition();
 }
 
 void CodeEditorGroup::OnModificationChanged(bool modified, CodeEditor* editor)

@@ -1,10 +1,12 @@
 #pragma once
 
 #include "editor/CodeEditorProperties.h"
+#include "editor/TabDropZone.h"
 
 #include <QStringList>
 #include <QWidget>
 
+class BaseParser;
 class CodeEditor;
 class CodeEditorGroupTabBar;
 class FlatButton;
@@ -61,7 +63,14 @@ public:
     /// Hands the editor back without deleting it; the caller owns it then. Null on failure.
     CodeEditor* RemoveCodeEditor(int index);
     void DeleteCodeEditor(int index);
+    /// Within the group; `to` is the place that the editor has afterwards.
+    void MoveCodeEditor(int from, int to);
+    /// Takes the editor at `from` of another group over; its text and its history stay as they are.
+    void MoveCodeEditor(CodeEditorGroup* source, int from, int to);
     void SetProperties(int index, const CodeEditorProperties& properties);
+    /// After a file got another name. Does nothing when no editor shows the old path.
+    void UpdateFilePath(
+        const QString& oldPath, const QString& newPath, CodeEditorLanguage language);
     void SetTabLabel(int index, const QString& label, bool modified, CodeEditorType type);
     void SetTabToolTip(int index, const CodeEditorProperties& properties);
     int GetTabBarScrollValue() const;
@@ -76,12 +85,29 @@ public:
     void UpdateKeyBindings();
     void UpdatePreferences();
 
+    // Finding and replacing in the current editor
+    void SetFindReplaceVisible(bool visible);
+    bool IsFindReplaceVisible() const;
+    void SetSearchText(const QString& text);
+    bool HasSearchText() const;
+
+    // Parsing. Only the current editor is parsed, and only while it can be seen.
+    /// Parses the current editor now and tells the result by ParserUpdated.
+    void UpdateParser();
+    void SetParsingEnabled(bool enabled) { m_parsingEnabled = enabled; }
+    /// The parser of the current editor's language; null for plain text and without an editor.
+    BaseParser* GetParser() const;
+
+    /// Whether a drop at the edges may split off a new group.
+    void SetTabDropOtherGroupsEnabled(bool enabled) { m_tabDropOtherGroupsEnabled = enabled; }
+
     /// Shows the tool bar when the settings want it.
     void SetMiniToolbarVisible(bool visible);
     /// Only the group that the user works in has the accent.
     void SetActive(bool active);
 
 Q_SIGNALS:
+    void NewTabRequested();
     void CurrentTabChanged();
     void CursorPositionChanged();
     void OverwriteModeChanged();
@@ -90,23 +116,61 @@ Q_SIGNALS:
     void ExecuteAllPressed();
     void ExecuteLinePressed();
     void SaveScriptToShelfPressed();
+    void InsertPathRequested();
+    void PythonDirRequested();
+    void PythonHelpRequested();
     void PythonUpdateModuleStateRequested();
     void PythonRevertModuleStateRequested();
     void TogglePythonRevertModuleStateOnExecuteRequested();
     void MiniToolbarDisplayModified();
     void IncreaseFontSizeRequested();
     void DecreaseFontSizeRequested();
+    void ShutdownWorkers();
     void ReceivedFocus(CodeEditorGroup* group);
+    void CloseTabRequested(CodeEditorGroup* group, int index);
+    void CloseOtherTabsRequested(CodeEditorGroup* group, int index);
+    void CloseTabsToRightRequested(CodeEditorGroup* group, int index);
+    /// The target index is the place that the tab has afterwards.
+    void MoveTabRequested(int sourceGroupId, int sourceIndex, int targetGroupId, int targetIndex);
+    void RenameRequested(CodeEditorGroup* group, int index);
+    void MoveTabToZoneRequested(
+        int sourceGroupId, int sourceIndex, int targetGroupId, TabDropZone zone);
+    /// A file that gets no tab at `index` (it is open already) leaves the place to the next one.
+    void OpenFileRequested(int groupId, int index, const QString& path);
+    void ShowInSideBarRequested(const QString& path);
     void TextChanged(const QString& path, const QString& text);
     void FileChanged(const QString& path);
-    /// An editor came, went, or is called or marked differently.
+    /// To the worker thread, as copies.
+    void PylintSourceCode(const QString& text, const QString& path, const QString& pythonPath);
+    void OpenFilesRequested(int groupId, TabDropZone zone, const QStringList& paths);
+    /// Null when there is nothing to show; otherwise to be read at once.
+    void ParserUpdated(BaseParser* parser);
+    void QuickHelpChanged(const QString& text, bool isRequested);
+    /// An editor came, went, moved, or is called or marked differently.
     void TabsChanged();
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
 
 private Q_SLOTS:
     void OnCurrentTabChanged(int index);
     void OnCodeEditorReceivedFocus() { Q_EMIT ReceivedFocus(this); }
+    void OnTextChanged(const QString& path, const QString& text);
     void OnModificationChanged(bool modified, CodeEditor* editor);
+    void OnFileChanged(const QString& path) { Q_EMIT FileChanged(path); }
+    void OnCursorPositionChanged() { Q_EMIT CursorPositionChanged(); }
+    void OnExecute() { Q_EMIT ExecutePressed(); }
+    void OnExecuteAll() { Q_EMIT ExecuteAllPressed(); }
+    void OnExecuteLine() { Q_EMIT ExecuteLinePressed(); }
+    void OnMoveRequested(int sourceGroupId, int sourceIndex, int target);
+    /// One after the other, each behind the one before it.
+    void RequestOpenFiles(int index, const QStringList& paths);
+    void CopyPath(int index);
+    void OnShowInFolder(int index);
+    void CloseFindReplace();
     void ShowOpenCodeEditorContextMenu();
+    void SetCurrentTabFromAction();
+    /// At a global point.
     void ShowMiniToolbarContextMenu(const QPoint& point);
     void UpdateMiniToolbar();
 
@@ -116,12 +180,22 @@ private:
     void CreateWidgets();
     void CreateLayout();
     void CreateConnections();
+    void ConnectTabBarRequests();
     void ConnectEditor(CodeEditor* editor);
     bool CheckCounts(const char* failure) const;
     void UpdateLastUsedEditorOrder();
     void ScrollTabs();
     void BeginScroll(int direction);
     static const MiniButton* MiniButtons();
+    void ToggleMiniToolbarDisplay(const MiniButton& row);
+
+    // Finding
+    void UpdateFindReplacePosition();
+    void UpdateSearchResults(CodeEditor* editor);
+    /// Takes the marks off the editor that is still shown and ends finding in its selection.
+    void ClearSearch();
+
+    void UpdateParser(CodeEditor* editor);
 
     int m_id;
     KeyBindings* m_keyBindings; ///< not owned
@@ -137,4 +211,6 @@ private:
     QTimer* m_scrollTimer = nullptr;
     int m_scrollDirection = 0;
     QStringList m_lastUsedPaths; ///< most recent first
+    bool m_parsingEnabled = true;
+    bool m_tabDropOtherGroupsEnabled = false;
 };

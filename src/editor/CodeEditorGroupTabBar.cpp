@@ -2,6 +2,7 @@
 
 #include "settings/Settings.h"
 
+#include <QMenu>
 #include <QWheelEvent>
 
 namespace {
@@ -9,17 +10,31 @@ namespace {
 constexpr double EIGHTHS_PER_DEGREE = 8.0;
 constexpr int SMALLEST_TURN = 14; // degrees
 
-QString IconName(CodeEditorLanguage language)
-{
-    switch (language) {
-    case CodeEditorLanguage::Mel: return QStringLiteral("lang_mel");
-    case CodeEditorLanguage::Python: return QStringLiteral("lang_python");
-    case CodeEditorLanguage::Text: break;
-    }
-    return QStringLiteral("lang_text");
-}
-
 } // namespace
+
+/// An entry of a tab's context menu; one without a label is a separator.
+struct CodeEditorGroupTabBar::MenuRow
+{
+    enum class Offered { Always, WithOthers, WithTabsToRight, ForFiles };
+
+    const char* label;
+    void (CodeEditorGroupTabBar::*signal)(int);
+    Offered offered = Offered::Always;
+};
+
+// clang-format off
+const CodeEditorGroupTabBar::MenuRow CodeEditorGroupTabBar::MENU_ROWS[] = {
+    {QT_TR_NOOP("Close"),                   &CodeEditorGroupTabBar::CloseRequested},
+    {QT_TR_NOOP("Close Other Tabs"),        &CodeEditorGroupTabBar::CloseOthersRequested,   MenuRow::Offered::WithOthers},
+    {QT_TR_NOOP("Close Tabs to the Right"), &CodeEditorGroupTabBar::CloseToRightRequested,  MenuRow::Offered::WithTabsToRight},
+    {nullptr,                               nullptr},
+    {QT_TR_NOOP("Rename"),                  &CodeEditorGroupTabBar::RenameRequested},
+    {nullptr,                               nullptr},
+    {QT_TR_NOOP("Copy Path"),               &CodeEditorGroupTabBar::CopyPathRequested},
+    {QT_TR_NOOP("Reveal in Folder"),        &CodeEditorGroupTabBar::ShowInFolderRequested},
+    {QT_TR_NOOP("Reveal in Side Bar"),      &CodeEditorGroupTabBar::ShowInSideBarRequested, MenuRow::Offered::ForFiles},
+};
+// clang-format on
 
 CodeEditorGroupTabBar::CodeEditorGroupTabBar(QWidget* parent)
     : CustomTabBar(parent)
@@ -37,7 +52,42 @@ CodeEditorType CodeEditorGroupTabBar::GetTabType(int index) const
 
 void CodeEditorGroupTabBar::SetTabLanguage(int index, CodeEditorLanguage language)
 {
-    SetTabIcon(index, IconName(language));
+    SetTabIcon(index, GetLanguageIconName(language));
+}
+
+QString CodeEditorGroupTabBar::GetLanguageIconName(CodeEditorLanguage language)
+{
+    switch (language) {
+    case CodeEditorLanguage::Mel: return QStringLiteral("lang_mel");
+    case CodeEditorLanguage::Python: return QStringLiteral("lang_python");
+    case CodeEditorLanguage::Text: break;
+    }
+    return QStringLiteral("lang_text");
+}
+
+bool CodeEditorGroupTabBar::IsOffered(const MenuRow& row, int index) const
+{
+    switch (row.offered) {
+    case MenuRow::Offered::WithOthers: return GetCount() > 1;
+    case MenuRow::Offered::WithTabsToRight: return index + 1 < GetCount();
+    case MenuRow::Offered::ForFiles: return GetTabType(index) == CodeEditorType::File;
+    case MenuRow::Offered::Always: break;
+    }
+    return true;
+}
+
+void CodeEditorGroupTabBar::ShowContextMenu(int index, const QPoint& point)
+{
+    auto* const menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    for (const MenuRow& row : MENU_ROWS) {
+        if (!row.label)
+            menu->addSeparator();
+        else if (IsOffered(row, index))
+            connect(menu->addAction(tr(row.label)), &QAction::triggered, this,
+                [this, index, signal = row.signal] { (this->*signal)(index); });
+    }
+    menu->popup(point);
 }
 
 void CodeEditorGroupTabBar::wheelEvent(QWheelEvent* event)

@@ -1,18 +1,23 @@
-// Widgets, layout and mini tool bar of a code editor group.
+// Widgets, layout and mini tool bar of a code editor group, and what its tab bar asks for.
 
 #include "editor/CodeEditor.h"
 #include "editor/CodeEditorGroup.h"
 #include "editor/CodeEditorGroupTabBar.h"
+#include "plugin/MayaUtil.h"
 #include "settings/KeyBindings.h"
 #include "settings/Settings.h"
 #include "window/chrome/FlatButton.h"
 #include "window/chrome/Theme.h"
 
+#include <QApplication>
+#include <QClipboard>
 #include <QHBoxLayout>
 #include <QMenu>
 #include <QPainter>
 #include <QStackedWidget>
 #include <QTimer>
+
+#include <utility>
 
 namespace {
 
@@ -70,6 +75,7 @@ void CodeEditorGroup::CreateWidgets()
     m_tabBar = new CodeEditorGroupTabBar(row);
     m_tabBar->setObjectName(QStringLiteral("m_tabBar"));
     m_tabBar->setAccessibleName(tr("Tabs of editor group %1").arg(m_id + 1));
+    m_tabBar->SetGroupId(m_id);
     m_stack = new QStackedWidget(this);
     m_miniToolbar = new QWidget(row);
     m_miniToolbar->setObjectName(QStringLiteral("m_miniToolbar"));
@@ -88,6 +94,8 @@ void CodeEditorGroup::CreateWidgets()
         = new FlatButton(QStringLiteral("execute_line"), tr("Execute Line"), own, m_miniToolbar);
     m_openEditorsButton = new FlatButton(
         QStringLiteral("list_code_editors"), tr("Open Editors"), computed, m_miniToolbar);
+    m_scrollLeftButton->setObjectName(QStringLiteral("m_scrollLeftButton"));
+    m_scrollRightButton->setObjectName(QStringLiteral("m_scrollRightButton"));
     m_executeButton->setObjectName(QStringLiteral("m_executeButton"));
     m_executeAllButton->setObjectName(QStringLiteral("m_executeAllButton"));
     m_executeLineButton->setObjectName(QStringLiteral("m_executeLineButton"));
@@ -137,18 +145,71 @@ void CodeEditorGroup::CreateConnections()
     connect(m_tabBar, &CustomTabBar::CurrentChanged, this, &G::OnCurrentTabChanged);
     connect(m_tabBar, &CustomTabBar::Activated, this, &G::FocusCurrentCodeEditor);
     connect(m_tabBar, &CustomTabBar::ScrollRangeChanged, this, &G::UpdateMiniToolbar);
+    ConnectTabBarRequests();
     connect(m_executeButton, &QAbstractButton::clicked, this, &G::ExecutePressed);
     connect(m_executeAllButton, &QAbstractButton::clicked, this, &G::ExecuteAllPressed);
     connect(m_executeLineButton, &QAbstractButton::clicked, this, &G::ExecuteLinePressed);
     connect(
         m_openEditorsButton, &QAbstractButton::clicked, this, &G::ShowOpenCodeEditorContextMenu);
-    connect(
-        m_miniToolbar, &QWidget::customContextMenuRequested, this, &G::ShowMiniToolbarContextMenu);
+    connect(m_miniToolbar, &QWidget::customContextMenuRequested, this, [this](const QPoint& point) {
+        ShowMiniToolbarContextMenu(m_miniToolbar->mapToGlobal(point));
+    });
     connect(m_scrollTimer, &QTimer::timeout, this, &G::ScrollTabs);
     connect(m_scrollLeftButton, &QAbstractButton::pressed, this, [this] { BeginScroll(-1); });
     connect(m_scrollRightButton, &QAbstractButton::pressed, this, [this] { BeginScroll(1); });
     connect(m_scrollLeftButton, &QAbstractButton::released, m_scrollTimer, &QTimer::stop);
     connect(m_scrollRightButton, &QAbstractButton::released, m_scrollTimer, &QTimer::stop);
+}
+
+/// What the user wants done with tabs is the window's to decide.
+void CodeEditorGroup::ConnectTabBarRequests()
+{
+    using B = CodeEditorGroupTabBar;
+    using G = CodeEditorGroup;
+    static const std::pair<void (B::*)(int), void (G::*)(CodeEditorGroup*, int)> REQUESTS[] = {
+        {&B::CloseRequested, &G::CloseTabRequested},
+        {&B::CloseOthersRequested, &G::CloseOtherTabsRequested},
+        {&B::CloseToRightRequested, &G::CloseTabsToRightRequested},
+        {&B::RenameRequested, &G::RenameRequested},
+    };
+    for (const auto& row : REQUESTS)
+        connect(m_tabBar, row.first, this,
+            [this, request = row.second](int index) { (this->*request)(this, index); });
+    connect(m_tabBar, &B::NewTabRequested, this, &G::NewTabRequested);
+    connect(m_tabBar, &B::MoveRequested, this, &G::OnMoveRequested);
+    connect(m_tabBar, &B::OpenFilesRequested, this, &G::RequestOpenFiles);
+    connect(m_tabBar, &B::CopyPathRequested, this, &G::CopyPath);
+    connect(m_tabBar, &B::ShowInFolderRequested, this, &G::OnShowInFolder);
+    connect(m_tabBar, &B::ShowInSideBarRequested, this,
+        [this](int index) { Q_EMIT ShowInSideBarRequested(GetFilePath(index)); });
+    connect(m_tabBar, &B::EmptyZoneContextMenuSelected, this, &G::ShowMiniToolbarContextMenu);
+}
+
+void CodeEditorGroup::OnMoveRequested(int sourceGroupId, int sourceIndex, int target)
+{
+    Q_EMIT MoveTabRequested(sourceGroupId, sourceIndex, m_id, target);
+}
+
+void CodeEditorGroup::RequestOpenFiles(int index, const QStringList& paths)
+{
+    int place = index;
+    for (const QString& path : paths) {
+        const int before = GetCount();
+        Q_EMIT OpenFileRequested(m_id, place, path);
+        place += qMax(0, GetCount() - before);
+    }
+}
+
+void CodeEditorGroup::CopyPath(int index)
+{
+    const QString path = GetFilePath(index);
+    if (!path.isEmpty())
+        QApplication::clipboard()->setText(path);
+}
+
+void CodeEditorGroup::OnShowInFolder(int index)
+{
+    MayaUtil::RevealInFolder(GetFilePath(index));
 }
 
 void CodeEditorGroup::BeginScroll(int direction)
@@ -192,27 +253,48 @@ void CodeEditorGroup::SetActive(bool active)
 
 void CodeEditorGroup::ShowOpenCodeEditorContextMenu()
 {
-    QMenu menu(this);
-    for (int i = 0; i < GetCount(); ++i)
-        menu.addAction(GetLabel(i))->setData(i);
-    const QPoint below = m_openEditorsButton->mapToGlobal({0, m_openEditorsButton->height()});
-    if (const QAction* chosen = menu.exec(below))
-        SetCurrentIndex(chosen->data().toInt());
+    auto* const menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    for (int i = 0; i < GetCount(); ++i) {
+        // An ampersand in a name is no mnemonic.
+        QString label = m_tabBar->GetTabDescription(i);
+        QAction* const action
+            = menu->addAction(label.replace(QLatin1Char('&'), QLatin1String("&&")));
+        action->setData(i);
+        action->setCheckable(true);
+        action->setChecked(i == GetCurrentIndex());
+        connect(action, &QAction::triggered, this, &CodeEditorGroup::SetCurrentTabFromAction);
+    }
+    menu->popup(m_openEditorsButton->mapToGlobal({0, m_openEditorsButton->height()}));
+}
+
+void CodeEditorGroup::SetCurrentTabFromAction()
+{
+    const auto* const action = qobject_cast<const QAction*>(sender());
+    if (!action)
+        return;
+    SetCurrentIndex(action->data().toInt());
+    FocusCurrentCodeEditor();
 }
 
 void CodeEditorGroup::ShowMiniToolbarContextMenu(const QPoint& point)
 {
-    if (!Settings::showTabBarMiniToolbar)
+    if (!Settings::showTabBarMiniToolbar || !m_miniToolbar->isVisible())
         return;
-    QMenu menu(this);
+    auto* const menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
     for (const MiniButton* row = MiniButtons(); row->label; ++row) {
-        QAction* action = menu.addAction(tr(row->label));
+        QAction* const action = menu->addAction(tr(row->label));
         action->setCheckable(true);
         action->setChecked(*row->shown);
-        connect(action, &QAction::toggled, this, [row](bool on) { *row->shown = on; });
+        connect(action, &QAction::triggered, this, [this, row] { ToggleMiniToolbarDisplay(*row); });
     }
-    if (!menu.exec(m_miniToolbar->mapToGlobal(point)))
-        return;
-    UpdateMiniToolbar();
+    menu->popup(point);
+}
+
+void CodeEditorGroup::ToggleMiniToolbarDisplay(const MiniButton& row)
+{
+    *row.shown = !*row.shown;
     Q_EMIT MiniToolbarDisplayModified();
+    UpdateMiniToolbar();
 }

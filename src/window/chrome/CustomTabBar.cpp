@@ -1,65 +1,77 @@
+// Tabs of the tab bar and where they are; see CustomTabBarPainting.cpp for what they look like and
+// CustomTabBarInput.cpp for what is done with them.
+
 #include "window/chrome/CustomTabBar.h"
 
+#include "window/chrome/CustomTabBarMetrics.h"
 #include "window/chrome/Theme.h"
 
 #include <QHelpEvent>
-#include <QPainter>
 #include <QScrollBar>
+#include <QTimer>
 #include <QToolTip>
+
+#include <algorithm>
 
 namespace {
 
-// Design pixels.
-constexpr int BAR_HEIGHT = 34;
-constexpr int PADDING_LEFT = 11;
-constexpr int PADDING_RIGHT = 5;
-constexpr int ICON_SIZE = 14;
-constexpr int ICON_GAP = 7;
-constexpr int MARK_GAP = 6;
-constexpr int MARK_BOX = 20;
-constexpr int MARK_SIZE = 6;
-constexpr int MINIMUM_TAB = 60;
-constexpr int MAXIMUM_TAB = 240;
-constexpr int WATERLINE = 2;
-constexpr int WATERLINE_MARGIN = 3;
-constexpr int SCROLL_STEP = 40;
+constexpr int SCROLL_STEP = 40; // design pixels
 
-int LabelLeft()
+/// Every bar of the process, as a dragged tab names its group by number.
+QVector<CustomTabBar*>& Bars()
 {
-    return Theme::Dp(PADDING_LEFT) + Theme::Dp(ICON_SIZE) + Theme::Dp(ICON_GAP);
-}
-
-int LabelRightMargin()
-{
-    return Theme::Dp(MARK_GAP) + Theme::Dp(MARK_BOX) + Theme::Dp(PADDING_RIGHT);
+    static QVector<CustomTabBar*> bars;
+    return bars;
 }
 
 } // namespace
 
 CustomTabBar::CustomTabBar(QWidget* parent)
     : QAbstractScrollArea(parent)
+    , m_dragScrollTimer(new QTimer(this))
 {
     setFrameShape(QFrame::NoFrame);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setFocusPolicy(Qt::TabFocus);
     setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    setAcceptDrops(true);
     viewport()->setMouseTracking(true);
     horizontalScrollBar()->setSingleStep(Theme::Dp(SCROLL_STEP));
     connect(
         horizontalScrollBar(), &QScrollBar::rangeChanged, this, &CustomTabBar::ScrollRangeChanged);
     connect(
         horizontalScrollBar(), &QScrollBar::valueChanged, this, &CustomTabBar::ScrollRangeChanged);
+    connect(m_dragScrollTimer, &QTimer::timeout, this, &CustomTabBar::ScrollWhileDragging);
+    Bars().append(this);
+}
+
+CustomTabBar::~CustomTabBar()
+{
+    Bars().removeOne(this);
+}
+
+bool CustomTabBar::TabExists(const DraggedTab& tab)
+{
+    const QVector<CustomTabBar*>& bars = Bars();
+    return std::any_of(bars.cbegin(), bars.cend(), [&tab](const CustomTabBar* bar) {
+        return bar->m_groupId >= 0 && bar->m_groupId == tab.groupId && bar->IsValid(tab.index);
+    });
+}
+
+void CustomTabBar::SetGroupId(int id)
+{
+    m_groupId = id;
 }
 
 QSize CustomTabBar::sizeHint() const
 {
-    return {Theme::Dp(MAXIMUM_TAB), Theme::Dp(BAR_HEIGHT)};
+    return {Theme::Dp(TabMetrics::MAXIMUM_TAB), Theme::Dp(TabMetrics::BAR_HEIGHT)};
 }
 
 QSize CustomTabBar::minimumSizeHint() const
 {
-    return {Theme::Dp(MINIMUM_TAB), Theme::Dp(BAR_HEIGHT)};
+    return {Theme::Dp(TabMetrics::MINIMUM_TAB), Theme::Dp(TabMetrics::BAR_HEIGHT)};
 }
 
 void CustomTabBar::SetCurrentIndex(int index)
@@ -68,6 +80,7 @@ void CustomTabBar::SetCurrentIndex(int index)
         return;
     m_currentIndex = index;
     EnsureVisible(index);
+    UpdateAccessibleDescription();
     viewport()->update();
     Q_EMIT CurrentChanged(index);
 }
@@ -79,12 +92,12 @@ int CustomTabBar::InsertTab(int index, const QString& label)
     tab.text = label;
     UpdateWidth(tab);
     m_tabs.insert(place, tab);
-    UpdateScrollRange();
+    UpdateGeometry();
     if (m_currentIndex < 0)
         SetCurrentIndex(0);
     else if (place <= m_currentIndex)
         ++m_currentIndex;
-    viewport()->update();
+    UpdateAccessibleDescription();
     return place;
 }
 
@@ -93,20 +106,25 @@ void CustomTabBar::RemoveTab(int index)
     if (!IsValid(index))
         return;
     m_tabs.remove(index);
-    m_hoveredIndex = -1;
-    UpdateScrollRange();
-    viewport()->update();
-    if (index > m_currentIndex)
-        return;
-    if (index < m_currentIndex) {
+    m_draggedIndex = -1;
+    m_pressedIndex = -1;
+    UpdateGeometry();
+    RefreshHovered();
+    if (index < m_currentIndex)
         --m_currentIndex;
-        return;
-    }
+    else if (index == m_currentIndex)
+        ReplaceCurrent(index);
+    UpdateAccessibleDescription();
+}
+
+/// After the current tab has gone from that place.
+void CustomTabBar::ReplaceCurrent(int place)
+{
     m_currentIndex = -1;
     if (m_tabs.isEmpty())
         Q_EMIT CurrentChanged(-1);
     else
-        SetCurrentIndex(qMin(index, m_tabs.size() - 1));
+        SetCurrentIndex(qMin(place, m_tabs.size() - 1));
 }
 
 void CustomTabBar::MoveTab(int from, int to)
@@ -120,7 +138,10 @@ void CustomTabBar::MoveTab(int from, int to)
         --m_currentIndex;
     else if (to <= m_currentIndex && m_currentIndex < from)
         ++m_currentIndex;
-    viewport()->update();
+    m_draggedIndex = -1;
+    UpdateGeometry();
+    EnsureVisible(to);
+    UpdateAccessibleDescription();
 }
 
 QString CustomTabBar::GetTabText(int index) const
@@ -134,8 +155,7 @@ void CustomTabBar::SetTabText(int index, const QString& text)
         return;
     m_tabs[index].text = text;
     UpdateWidth(m_tabs[index]);
-    UpdateScrollRange();
-    viewport()->update();
+    UpdateGeometry();
 }
 
 void CustomTabBar::SetTabIcon(int index, const QString& iconName)
@@ -149,6 +169,32 @@ void CustomTabBar::SetTabToolTip(int index, const QString& toolTip)
 {
     if (IsValid(index))
         m_tabs[index].toolTip = toolTip;
+}
+
+QString CustomTabBar::GetTabToolTip(int index) const
+{
+    if (!IsValid(index))
+        return {};
+    const Tab& tab = m_tabs[index];
+    // A path says it all.
+    return tab.toolTip == tab.text ? GetTabDescription(index) : tab.toolTip;
+}
+
+void CustomTabBar::SetTabDetail(int index, const QString& detail)
+{
+    if (IsValid(index))
+        m_tabs[index].detail = detail;
+}
+
+QString CustomTabBar::GetTabDescription(int index) const
+{
+    if (!IsValid(index))
+        return {};
+    const Tab& tab = m_tabs[index];
+    const auto sameText = [&tab](const Tab& other) { return other.text == tab.text; };
+    const bool alone = std::count_if(m_tabs.cbegin(), m_tabs.cend(), sameText) == 1;
+    return alone || tab.detail.isEmpty() ? tab.text
+                                         : QStringLiteral("%1 - %2").arg(tab.text, tab.detail);
 }
 
 void CustomTabBar::SetTabData(int index, int value)
@@ -167,6 +213,7 @@ void CustomTabBar::SetTabModified(int index, bool modified)
     if (!IsValid(index) || m_tabs[index].modified == modified)
         return;
     m_tabs[index].modified = modified;
+    UpdateAccessibleDescription();
     viewport()->update();
 }
 
@@ -199,67 +246,84 @@ void CustomTabBar::ScrollBy(int direction)
     SetScrollValue(GetScrollValue() + direction * horizontalScrollBar()->singleStep());
 }
 
-QRect CustomTabBar::TabRect(int index) const
+QRect CustomTabBar::GetTabRect(int index) const
 {
-    int left = -horizontalScrollBar()->value();
-    for (int i = 0; i < index; ++i)
-        left += m_tabs[i].width;
-    return {left, 0, m_tabs[index].width, viewport()->height()};
+    if (!IsValid(index))
+        return {};
+    return {m_tabs[index].left - GetScrollValue(), 0, m_tabs[index].width, viewport()->height()};
 }
 
-int CustomTabBar::TabAt(const QPoint& position) const
+QRect CustomTabBar::GetCloseRect(int index) const
 {
-    for (int i = 0; i < m_tabs.size(); ++i) {
-        if (TabRect(i).contains(position))
-            return i;
-    }
-    return -1;
+    const QRect tab = GetTabRect(index);
+    if (tab.isEmpty())
+        return {};
+    const int extent = Theme::Dp(TabMetrics::MARK_BOX);
+    return {tab.right() + 1 - Theme::Dp(TabMetrics::PADDING_RIGHT) - extent,
+        (tab.height() - extent) / 2, extent, extent};
+}
+
+int CustomTabBar::GetTabAt(const QPoint& position) const
+{
+    if (!viewport()->rect().contains(position))
+        return -1;
+    const int x = position.x() + GetScrollValue();
+    const auto behind = std::upper_bound(m_tabs.cbegin(), m_tabs.cend(), x,
+        [](int value, const Tab& tab) { return value < tab.left + tab.width; });
+    return behind == m_tabs.cend() ? -1 : static_cast<int>(behind - m_tabs.cbegin());
 }
 
 void CustomTabBar::UpdateWidth(Tab& tab) const
 {
     // Measured and elided text may differ by a rounded pixel.
     const int label = fontMetrics().horizontalAdvance(tab.text) + 1;
-    tab.width = qBound(
-        Theme::Dp(MINIMUM_TAB), LabelLeft() + label + LabelRightMargin(), Theme::Dp(MAXIMUM_TAB));
+    tab.width = qBound(Theme::Dp(TabMetrics::MINIMUM_TAB),
+        TabMetrics::LabelLeft() + label + TabMetrics::LabelRightMargin(),
+        Theme::Dp(TabMetrics::MAXIMUM_TAB));
 }
 
-void CustomTabBar::UpdateScrollRange()
+void CustomTabBar::UpdateGeometry()
 {
     int total = 0;
-    for (const Tab& tab : qAsConst(m_tabs))
+    for (Tab& tab : m_tabs) {
+        tab.left = total;
         total += tab.width;
+    }
     horizontalScrollBar()->setPageStep(viewport()->width());
     horizontalScrollBar()->setRange(0, qMax(0, total - viewport()->width()));
+    viewport()->update();
+}
+
+/// Of the current tab, as what has the focus is the whole bar.
+void CustomTabBar::UpdateAccessibleDescription()
+{
+    if (!IsValid(m_currentIndex)) {
+        setAccessibleDescription(QString());
+        return;
+    }
+    const Tab& tab = m_tabs[m_currentIndex];
+    const QString name = tab.modified ? tr("%1, modified").arg(tab.text) : tab.text;
+    setAccessibleDescription(
+        tr("%1, tab %2 of %3").arg(name).arg(m_currentIndex + 1).arg(m_tabs.size()));
 }
 
 void CustomTabBar::EnsureVisible(int index)
 {
-    const QRect tab = TabRect(index);
+    const QRect tab = GetTabRect(index);
     if (tab.left() < 0)
         SetScrollValue(GetScrollValue() + tab.left());
     else if (tab.right() >= viewport()->width())
         SetScrollValue(GetScrollValue() + tab.right() + 1 - viewport()->width());
 }
 
-void CustomTabBar::SetHovered(int index)
-{
-    if (m_hoveredIndex == index)
-        return;
-    m_hoveredIndex = index;
-    viewport()->update();
-}
-
 bool CustomTabBar::viewportEvent(QEvent* event)
 {
     switch (event->type()) {
-    case QEvent::Leave: SetHovered(-1); break;
+    case QEvent::Leave: ClearHovered(); break;
     case QEvent::ToolTip: {
         const auto* help = static_cast<QHelpEvent*>(event);
-        const int index = TabAt(help->pos());
-        if (IsValid(index))
-            QToolTip::showText(
-                help->globalPos(), m_tabs[index].toolTip.toHtmlEscaped(), viewport());
+        QToolTip::showText(
+            help->globalPos(), GetTabToolTip(GetTabAt(help->pos())).toHtmlEscaped(), viewport());
         return true;
     }
     default: break;
@@ -274,113 +338,15 @@ void CustomTabBar::changeEvent(QEvent* event)
         return;
     for (Tab& tab : m_tabs)
         UpdateWidth(tab);
-    UpdateScrollRange();
-}
-
-void CustomTabBar::paintEvent(QPaintEvent*)
-{
-    QPainter painter(viewport());
-    painter.fillRect(viewport()->rect(), Theme::Color(Theme::Role::Panel));
-    for (int i = 0; i < m_tabs.size(); ++i)
-        PaintTab(painter, i);
-}
-
-void CustomTabBar::PaintTab(QPainter& painter, int index) const
-{
-    const Tab& tab = m_tabs[index];
-    const QRect area = TabRect(index);
-    const bool current = index == m_currentIndex;
-    if (current)
-        painter.fillRect(area, Theme::Color(Theme::Role::Canvas));
-    else if (index == m_hoveredIndex)
-        painter.fillRect(area, Theme::Color(Theme::Role::TabHover));
-    painter.fillRect(
-        QRect(area.right() + 1 - Theme::Hairline(), area.top(), Theme::Hairline(), area.height()),
-        Theme::Color(Theme::Role::TabSeparator));
-
-    const int iconExtent = Theme::Dp(ICON_SIZE);
-    const QRect icon(area.left() + Theme::Dp(PADDING_LEFT), (area.height() - iconExtent) / 2,
-        iconExtent, iconExtent);
-    painter.drawPixmap(icon, Theme::Pixmap(tab.iconName, ICON_SIZE, devicePixelRatioF()));
-
-    const QRect label = area.adjusted(LabelLeft(), 0, -LabelRightMargin(), 0);
-    const QString text = fontMetrics().elidedText(tab.text, Qt::ElideMiddle, label.width());
-    painter.setPen(Theme::Color(current ? Theme::Role::Strong : Theme::Role::Soft));
-    painter.drawText(label, Qt::AlignVCenter | Qt::AlignLeft, text);
-
-    painter.setRenderHint(QPainter::Antialiasing);
-    if (tab.modified) {
-        const double radius = Theme::Dp(MARK_SIZE) / 2.0;
-        const QRectF box(area.right() + 1 - Theme::Dp(PADDING_RIGHT) - Theme::Dp(MARK_BOX), 0,
-            Theme::Dp(MARK_BOX), area.height());
-        painter.setPen(Qt::NoPen);
-        painter.setBrush(Theme::Color(Theme::Role::Text));
-        painter.drawEllipse(box.center(), radius, radius);
-    }
-    if (current)
-        PaintWaterline(painter,
-            {icon.topLeft(),
-                QSize(label.left() - icon.left() + fontMetrics().horizontalAdvance(text),
-                    area.height())});
-    if (current && hasFocus()) {
-        painter.setPen(QPen(Theme::Color(Theme::Role::Lake), Theme::Hairline()));
-        painter.setBrush(Qt::NoBrush);
-        painter.drawRect(QRectF(area).adjusted(0.5, 0.5, -0.5, -0.5));
-    }
-    painter.setRenderHint(QPainter::Antialiasing, false);
-}
-
-void CustomTabBar::PaintWaterline(QPainter& painter, const QRect& label) const
-{
-    const int height = Theme::Dp(WATERLINE);
-    const QRectF line(label.left(), viewport()->height() - Theme::Dp(WATERLINE_MARGIN) - height,
-        label.width(), height);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(Theme::Color(m_active ? Theme::Role::Lake : Theme::Role::IdleWaterline));
-    painter.drawRoundedRect(line, height / 2.0, height / 2.0);
+    UpdateGeometry();
 }
 
 void CustomTabBar::resizeEvent(QResizeEvent* event)
 {
     QAbstractScrollArea::resizeEvent(event);
-    UpdateScrollRange();
+    UpdateGeometry();
     if (IsValid(m_currentIndex))
         EnsureVisible(m_currentIndex);
-}
-
-void CustomTabBar::mousePressEvent(QMouseEvent* event)
-{
-    const int index = TabAt(event->pos());
-    if (event->button() != Qt::LeftButton || !IsValid(index)) {
-        event->ignore();
-        return;
-    }
-    SetCurrentIndex(index);
-    Q_EMIT Activated();
-}
-
-void CustomTabBar::mouseMoveEvent(QMouseEvent* event)
-{
-    SetHovered(TabAt(event->pos()));
-}
-
-// Whether and how the wheel acts is the business of derived bars.
-void CustomTabBar::wheelEvent(QWheelEvent* event)
-{
-    event->accept();
-}
-
-void CustomTabBar::keyPressEvent(QKeyEvent* event)
-{
-    switch (event->key()) {
-    case Qt::Key_Left: SetCurrentIndex(m_currentIndex - 1); break;
-    case Qt::Key_Right: SetCurrentIndex(m_currentIndex + 1); break;
-    case Qt::Key_Home: SetCurrentIndex(0); break;
-    case Qt::Key_End: SetCurrentIndex(m_tabs.size() - 1); break;
-    case Qt::Key_Return:
-    case Qt::Key_Space: Q_EMIT Activated(); break;
-    default: event->ignore();
-    }
 }
 
 void CustomTabBar::scrollContentsBy(int, int)
