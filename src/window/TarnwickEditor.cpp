@@ -4,6 +4,7 @@
 
 #include "editor/CodeEditor.h"
 #include "editor/CodeEditorGroup.h"
+#include "language/BaseParser.h"
 #include "output/OutputTextEdit.h"
 #include "plugin/MayaUtil.h"
 #include "settings/ColorSettings.h"
@@ -133,6 +134,12 @@ void TarnwickEditor::ConnectGroup(CodeEditorGroup* group)
     };
     for (const auto& row : SLOTS)
         connect(group, row.first, this, row.second);
+    connect(group, &G::QuickHelpChanged, this, &T::OnQuickHelpChanged);
+    // The outline is that of the group one works in.
+    connect(group, &G::ParserUpdated, this, [this, group](BaseParser* parser) {
+        if (group == GetActiveCodeEditorGroup())
+            OnParserUpdated(parser);
+    });
     connect(group, &G::ReceivedFocus, this, &T::OnCodeEditorGroupReceivedFocus);
 }
 
@@ -145,6 +152,8 @@ void TarnwickEditor::Shutdown()
 
 void TarnwickEditor::WriteUserConfigs()
 {
+    m_sideBar->SaveOutline();
+    m_sideBar->ClearInvalidDetailsFromOutline(GetCodeEditorPaths());
     SaveWindowGeometry(false);
     SaveSplitterState();
     Settings::WriteUserConfig();

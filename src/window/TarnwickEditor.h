@@ -11,6 +11,7 @@
 
 #include <memory>
 
+class BaseParser;
 class CodeEditor;
 class CodeEditorGroup;
 class GrooveSplitter;
@@ -182,6 +183,9 @@ public Q_SLOTS:
     // Keeping the views in step
     void OnActiveCodeEditorChanged();
     void UpdateOpenEditors();
+    /// Parses the active editor again.
+    void UpdateParser();
+    void OnParserUpdated(BaseParser* parser);
     void UpdateInterpreter();
     void UpdateCursorPosition();
     void UpdateTitleBar();
@@ -216,6 +220,7 @@ private:
     void ConnectGroup(CodeEditorGroup* group);
     void ConnectSideBar();
     void UpdateOpenEditorsSelection();
+    void UpdateOutlineCursor();
     void InsertFlag(const QString& longName);
     /// Empty when cancelled.
     QString ShowSaveWorkspaceDialog();

@@ -4,6 +4,7 @@
 #include "editor/CodeEditorGroup.h"
 #include "plugin/Logger.h"
 #include "settings/Settings.h"
+#include "views/SideBar.h"
 #include "window/BufferFile.h"
 #include "window/TarnwickEditor.h"
 
@@ -232,6 +233,8 @@ void TarnwickEditor::OnCodeEditorGroupReceivedFocus(CodeEditorGroup* group)
 void TarnwickEditor::OnActiveCodeEditorChanged()
 {
     UpdateOpenEditorsSelection();
+    m_sideBar->SaveOutline();
+    UpdateParser();
     UpdateInterpreter();
     UpdateCursorPosition();
     UpdateTitleBar();

@@ -46,6 +46,7 @@ void TarnwickEditor::UpdateCursorPosition()
     if (const CodeEditor* editor = GetActiveCodeEditor())
         editor->GetCursorStatus(line, column, selectionLength);
     UpdateLineMessage();
+    UpdateOutlineCursor();
     m_statusBar->SetCursorPosition(line, column, selectionLength);
 }
 

@@ -81,6 +81,23 @@ void TarnwickEditor::UpdateOpenEditorsSelection()
     m_sideBar->GetOpenEditors()->SelectEditor(editor ? editor->GetFilePath() : QString());
 }
 
+void TarnwickEditor::UpdateParser()
+{
+    if (CodeEditorGroup* const group = GetActiveCodeEditorGroup())
+        group->UpdateParser();
+}
+
+void TarnwickEditor::OnParserUpdated(BaseParser* parser)
+{
+    m_sideBar->UpdateOutline(parser);
+}
+
+void TarnwickEditor::UpdateOutlineCursor()
+{
+    const CodeEditor* const editor = GetActiveCodeEditor();
+    m_sideBar->GetOutline()->SetCursorPosition(editor ? editor->GetCursorPosition() : 0);
+}
+
 QString TarnwickEditor::ShowSaveWorkspaceDialog()
 {
     QString path = QFileDialog::getSaveFileName(
@@ -142,8 +159,14 @@ void TarnwickEditor::InsertFlag(const QString& longName)
     CodeEditor* const editor = GetActiveCodeEditor();
     if (!editor)
         return;
-    const QString before = editor->GetText().left(editor->textCursor().selectionEnd());
-    editor->ClearSelectionAndInsertText(QuickHelpText::InsertedText(
-        longName, editor->GetLanguage() == CodeEditorLanguage::Python, before));
+    QTextCursor cursor = editor->textCursor();
+    cursor.setPosition(cursor.selectionEnd());
+    const QString before = editor->GetText().left(cursor.position());
+    const bool python = editor->GetLanguage() == CodeEditorLanguage::Python;
+    // A step of its own for undo, not a part of what was typed before it.
+    cursor.beginEditBlock();
+    cursor.insertText(QuickHelpText::InsertedText(longName, python, before));
+    cursor.endEditBlock();
+    editor->setTextCursor(cursor);
     editor->setFocus(Qt::OtherFocusReason);
 }
