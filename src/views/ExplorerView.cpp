@@ -7,6 +7,7 @@
 #include "views/SubViewHeader.h"
 #include "views/WorkspaceView.h"
 #include "window/chrome/GrooveSplitter.h"
+#include "window/chrome/SplitterState.h"
 
 #include <QMenu>
 #include <QSplitterHandle>
@@ -82,17 +83,12 @@ void ExplorerView::SaveState()
 /// The stored sizes are the weights; a section that was collapsed tells nothing.
 void ExplorerView::RestoreWeights()
 {
-    if (!m_splitter->restoreState(Settings::explorerState))
-        return;
-    const QList<int> sizes = m_splitter->sizes();
-    for (int i = 0; i < m_sections.size(); ++i) {
-        if (sizes.value(i) > SubViewHeader::Height())
+    const QList<int> sizes
+        = SplitterState::Sizes(Settings::explorerState, Qt::Vertical, m_sections.size());
+    for (int i = 0; i < sizes.size(); ++i) {
+        if (sizes[i] > SubViewHeader::Height())
             m_weights[m_sections[i]] = sizes[i] - SubViewHeader::Height();
     }
-    // Stored as a part of the state, but not the user's to choose.
-    m_splitter->setOrientation(Qt::Vertical);
-    m_splitter->setChildrenCollapsible(false);
-    m_splitter->UpdateHandleWidth();
 }
 
 void ExplorerView::UpdateHeights()

@@ -45,6 +45,8 @@ QuickHelpView::QuickHelpView(QWidget* parent)
     CreateConnections();
     UpdateFonts();
     UpdateButtons();
+    m_name->setText(tr("No command"));
+    m_kind->setText(tr("Return searches"));
 }
 
 void QuickHelpView::CreateWidgets()

@@ -6,10 +6,10 @@
 #include "settings/Settings.h"
 #include "views/SideBar.h"
 #include "window/PanelGroup.h"
-#include "window/SplitterState.h"
 #include "window/TarnwickEditor.h"
 #include "window/chrome/ActivityBar.h"
 #include "window/chrome/GrooveSplitter.h"
+#include "window/chrome/SplitterState.h"
 #include "window/chrome/StatusBar.h"
 #include "window/chrome/Theme.h"
 

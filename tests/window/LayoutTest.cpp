@@ -5,10 +5,10 @@
 #include "support/TestMain.h"
 #include "views/SideBar.h"
 #include "window/PanelGroup.h"
-#include "window/SplitterState.h"
 #include "window/TarnwickEditor.h"
 #include "window/WindowFixture.h"
 #include "window/chrome/ActivityBar.h"
+#include "window/chrome/SplitterState.h"
 
 #include <QAction>
 #include <QMainWindow>

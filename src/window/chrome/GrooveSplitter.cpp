@@ -2,6 +2,7 @@
 
 #include "window/chrome/Theme.h"
 
+#include <QMouseEvent>
 #include <QSplitterHandle>
 
 namespace {
@@ -36,6 +37,16 @@ protected:
     {
         UpdateMargins();
         QWidget::resizeEvent(event);
+    }
+
+    /// The base class takes the margin before the groove for a part of the way.
+    void mouseMoveEvent(QMouseEvent* event) override
+    {
+        const QPoint margin(contentsMargins().left(), contentsMargins().top());
+        QMouseEvent moved(event->type(), event->localPos() + margin, event->windowPos() + margin,
+            event->screenPos() + margin, event->button(), event->buttons(), event->modifiers(),
+            event->source());
+        QSplitterHandle::mouseMoveEvent(&moved);
     }
 
 private:

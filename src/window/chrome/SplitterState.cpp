@@ -1,4 +1,4 @@
-#include "window/SplitterState.h"
+#include "window/chrome/SplitterState.h"
 
 #include <QDataStream>
 
