@@ -1,0 +1,337 @@
+#include "language/Highlighter.h"
+
+#include "editor/CodeEditorBlockData.h"
+#include "language/LineBlockData.h"
+#include "settings/ColorSettings.h"
+
+#include <QTextBlock>
+#include <QTextDocument>
+#include <QTimer>
+
+namespace {
+
+constexpr int AT_ONCE_LINES = 2000;
+constexpr int LINES_PER_LOOK_AT_THE_CLOCK = 64;
+constexpr int TURN_MILLISECONDS = 5; // so that a turn stays below 8 with its last step
+/// With a view that asks for its lines, longer documents are not coloured where nobody looks.
+constexpr int BACKGROUND_LINES = 50000;
+
+/// Block data that knows what its line was coloured for.
+class ColouredBlockData : public CodeEditorBlockData
+{
+public:
+    int generation = 0;
+    int stateBefore = RegionScanner::NO_STATE;
+};
+
+int NextGeneration()
+{
+    static int generation = 0;
+    return ++generation;
+}
+
+} // namespace
+
+Highlighter::Highlighter(QTextDocument* document)
+    : Highlighter(document, {}, {})
+{ }
+
+Highlighter::Highlighter(QTextDocument* document, const QVector<MultiLineHighlightingRule>& regions,
+    const QStringList& roleKeys)
+    : QSyntaxHighlighter(document)
+    , m_regionScanner(regions)
+    , m_roleKeys(roleKeys)
+    , m_timer(new QTimer(this))
+    , m_lineCount(document->blockCount())
+{
+    // The toolkit would highlight a change of any length at once and lay every line out for it.
+    disconnect(document, SIGNAL(contentsChange(int, int, int)), this, nullptr);
+    connect(document, &QTextDocument::contentsChange, this, &Highlighter::OnContentsChange);
+    m_timer->setInterval(0);
+    connect(m_timer, &QTimer::timeout, this, &Highlighter::Work);
+    m_generation = NextGeneration();
+    UpdateFormats();
+    m_pending.Add({0, m_lineCount});
+    if (document->isEmpty()) {
+        CarryStatesOn(m_pending.First(), 1, true);
+        m_pending.Clear();
+        m_nextToColour = m_lineCount;
+        return;
+    }
+    m_ignoresToolkit = true;
+    WorkLater();
+}
+
+Highlighter::~Highlighter()
+{
+    // The toolkit takes the colours away, which changes the document once more.
+    if (document())
+        document()->disconnect(this);
+}
+
+void Highlighter::UpdateFormats()
+{
+    m_formats.clear();
+    for (const QString& key : m_roleKeys)
+        m_formats.append(ColorSettings::GetCodeEditorFormat(key, false));
+    m_formats.append(ColorSettings::GetCodeEditorFormat(ColorSettings::WHITESPACES, false));
+    m_showsWhitespace
+        = document()->defaultTextOption().flags().testFlag(QTextOption::ShowTabsAndSpaces);
+}
+
+bool Highlighter::IsComplete() const
+{
+    return m_pending.IsEmpty() && !m_timer->isActive();
+}
+
+void Highlighter::Rehighlight()
+{
+    UpdateFormats();
+    m_generation = NextGeneration();
+    m_nextToColour = 0;
+    if (m_lineCount <= AT_ONCE_LINES && m_pending.IsEmpty()) {
+        ColourLines(0, m_lineCount - 1);
+        m_nextToColour = m_lineCount;
+        return;
+    }
+    if (m_hasView)
+        ColourLines(m_view.first, m_view.end - 1);
+    WorkLater();
+}
+
+void Highlighter::EnsureHighlighted(int firstLine, int lastLine)
+{
+    m_hasView = true;
+    m_view = {qMax(0, firstLine), qMin(lastLine + 1, m_lineCount)};
+    const bool showsWhitespace
+        = document()->defaultTextOption().flags().testFlag(QTextOption::ShowTabsAndSpaces);
+    if (showsWhitespace != m_showsWhitespace)
+        Rehighlight();
+    else
+        ColourLines(m_view.first, m_view.end - 1);
+}
+
+void Highlighter::OnContentsChange(int position, int removed, int added)
+{
+    const int delta = document()->blockCount() - m_lineCount;
+    m_lineCount += delta;
+    const QTextBlock first = document()->findBlock(position);
+    const QTextBlock last = document()->findBlock(position + added + (removed > 0 ? 1 : 0));
+    LineSpan changed{
+        first.blockNumber(), (last.isValid() ? last.blockNumber() : m_lineCount - 1) + 1};
+    // Where lines came or went the last one may bear the state of another; the line behind it is
+    // the first whose own state tells that nothing changes any more.
+    if (delta != 0 || changed.end - changed.first > 1)
+        changed.end = qMin(changed.end + 1, m_lineCount);
+    m_pending.Shift(changed.first, delta);
+    if (m_nextToColour > changed.first)
+        m_nextToColour = qMax(changed.first, m_nextToColour + delta);
+    CatchUpAtOnce(changed);
+}
+
+/// Highlights what changed as far as that is quick, and leaves the rest to the timer.
+void Highlighter::CatchUpAtOnce(const LineSpan& changed)
+{
+    LineSpan rest = changed;
+    const bool isSmall = changed.end - changed.first <= AT_ONCE_LINES;
+    if (isSmall && CarryStatesOn(rest, AT_ONCE_LINES, true))
+        return;
+    if (!isSmall) {
+        // Blocks that were there before may keep what they held.
+        for (const int line : {changed.first, changed.end - 1})
+            document()->findBlockByNumber(line).setUserData(nullptr);
+    }
+    m_nextToColour = qMin(m_nextToColour, rest.first);
+    m_pending.Add({rest.first, qMax(rest.first, rest.end)});
+    WorkLater();
+}
+
+/// Computes the states from span.first on and moves that. True when the lines behind it are right
+/// as they are, false when the number of lines is used up.
+bool Highlighter::CarryStatesOn(LineSpan& span, int maximumLines, bool colour)
+{
+    QTextBlock block = document()->findBlockByNumber(span.first);
+    int state = StateBefore(block);
+    for (int lines = 0; block.isValid(); ++lines, block = block.next()) {
+        if (lines == maximumLines)
+            return false;
+        const int oldState = block.userState();
+        state = colour ? ColourLine(block) : m_regionScanner.Scan(block.text(), state, nullptr);
+        block.setUserState(state);
+        ++span.first;
+        if (state == oldState && span.first >= span.end)
+            return true;
+    }
+    return true;
+}
+
+void Highlighter::WorkLater()
+{
+    if (!m_timer->isActive())
+        m_timer->start();
+}
+
+void Highlighter::Work()
+{
+    m_ignoresToolkit = false;
+    QElapsedTimer clock;
+    clock.start();
+    CarryPendingStatesOn(clock);
+    if (m_pending.IsEmpty() && m_hasView)
+        ColourLines(m_view.first, qMin(m_view.end, m_lineCount) - 1);
+    ColourInTheBackground(clock);
+    const bool leavesTheRest = m_hasView && m_lineCount > BACKGROUND_LINES;
+    if (!m_pending.IsEmpty() || (m_nextToColour < m_lineCount && !leavesTheRest))
+        return;
+    m_timer->stop();
+    Q_EMIT Completed();
+}
+
+void Highlighter::CarryPendingStatesOn(const QElapsedTimer& clock)
+{
+    while (!m_pending.IsEmpty() && clock.elapsed() < TURN_MILLISECONDS) {
+        LineSpan span = m_pending.First();
+        m_nextToColour = qMin(m_nextToColour, span.first);
+        const bool isDone = CarryStatesOn(span, LINES_PER_LOOK_AT_THE_CLOCK, false);
+        m_pending.RemoveFirst();
+        if (!isDone)
+            m_pending.Add({span.first, qMax(span.first, span.end)});
+    }
+}
+
+void Highlighter::ColourInTheBackground(const QElapsedTimer& clock)
+{
+    if (m_hasView && m_lineCount > BACKGROUND_LINES)
+        return;
+    while (m_pending.IsEmpty() && m_nextToColour < m_lineCount
+        && clock.elapsed() < TURN_MILLISECONDS) {
+        const int end = qMin(m_nextToColour + LINES_PER_LOOK_AT_THE_CLOCK, m_lineCount);
+        ColourLines(m_nextToColour, end - 1);
+        m_nextToColour = end;
+    }
+}
+
+int Highlighter::StateBefore(const QTextBlock& block) const
+{
+    const QTextBlock previous = block.previous();
+    return previous.isValid() ? previous.userState() : RegionScanner::NO_STATE;
+}
+
+bool Highlighter::IsColoured(const QTextBlock& block) const
+{
+    const auto* data = dynamic_cast<const ColouredBlockData*>(block.userData());
+    return data && data->generation == m_generation && data->stateBefore == StateBefore(block);
+}
+
+/// Colours those of the lines that are stale, and has the document laid out again only once.
+void Highlighter::ColourLines(int firstLine, int lastLine)
+{
+    int start = -1;
+    int end = -1;
+    QTextBlock block = document()->findBlockByNumber(firstLine);
+    for (int line = firstLine; line <= lastLine && block.isValid(); ++line, block = block.next()) {
+        if (IsColoured(block))
+            continue;
+        QVector<QTextLayout::FormatRange> formats;
+        Look(block, block.text(), formats);
+        block.layout()->setFormats(formats);
+        start = start < 0 ? block.position() : start;
+        end = block.position() + block.length();
+    }
+    if (start >= 0)
+        document()->markContentsDirty(start, end - start);
+}
+
+/// Colours one line within a change of the document; the state that it ends in.
+int Highlighter::ColourLine(QTextBlock block)
+{
+    QVector<QTextLayout::FormatRange> formats;
+    const int state = Look(block, block.text(), formats);
+    if (!block.layout()->preeditAreaText().isEmpty()) {
+        // Text being composed has formats of its own among ours; the toolkit joins them.
+        block.setUserState(state);
+        rehighlightBlock(block);
+    } else if (formats != block.layout()->formats()) {
+        block.layout()->setFormats(formats);
+        document()->markContentsDirty(block.position(), block.length());
+    }
+    return state;
+}
+
+void Highlighter::highlightBlock(const QString& text)
+{
+    if (m_ignoresToolkit)
+        return;
+    if (currentBlock().blockNumber() == 0)
+        UpdateFormats();
+    QVector<QTextLayout::FormatRange> formats;
+    setCurrentBlockState(Look(currentBlock(), text, formats));
+    for (const QTextLayout::FormatRange& range : qAsConst(formats))
+        setFormat(range.start, range.length, range.format);
+}
+
+/// Fills the data of a line and tells its formats; the state that it ends in.
+int Highlighter::Look(
+    QTextBlock block, const QString& text, QVector<QTextLayout::FormatRange>& formats)
+{
+    auto* data = dynamic_cast<ColouredBlockData*>(block.userData());
+    if (!data) {
+        data = new ColouredBlockData;
+        block.setUserData(data);
+    }
+    data->generation = m_generation;
+    data->stateBefore = StateBefore(block);
+    m_regions.clear();
+    const int state = m_regionScanner.Scan(text, data->stateBefore, &m_regions);
+    const int codeEnd = FillBlockData(*data, text, m_regions, m_regionScanner);
+    UpdateSmartIndentData(*data, text, codeEnd);
+    LineRoles roles(text.size());
+    HighlightLine(text, roles);
+    formats = FormatsOf(roles);
+    return state;
+}
+
+void Highlighter::HighlightLine(QStringView text, LineRoles& roles) const
+{
+    HighlightEarlyRules(text, roles);
+    HighlightBuiltins(text, roles);
+    HighlightKeywords(text, roles);
+    HighlightRules(text, roles);
+    for (const LineRegion& region : m_regions)
+        roles.Fill(region.start, region.end, m_regionScanner.GetRule(region.rule).role);
+    if (m_showsWhitespace)
+        HighlightHiddenCharacters(text, roles);
+}
+
+void Highlighter::HighlightHiddenCharacters(QStringView text, LineRoles& roles) const
+{
+    for (int at = 0; at < text.size(); ++at) {
+        if (text.at(at).isSpace())
+            roles.Fill(at, at + 1, m_roleKeys.size());
+    }
+}
+
+QVector<QTextLayout::FormatRange> Highlighter::FormatsOf(const LineRoles& roles) const
+{
+    QVector<QTextLayout::FormatRange> formats;
+    const auto& all = roles.GetRoles();
+    for (int start = 0; start < all.size();) {
+        int end = start + 1;
+        while (end < all.size() && all[end] == all[start])
+            ++end;
+        if (all[start] != LineRoles::NO_ROLE)
+            formats.append({start, end - start, m_formats.at(all[start])});
+        start = end;
+    }
+    return formats;
+}
+
+void Highlighter::HighlightEarlyRules(QStringView, LineRoles&) const { }
+
+void Highlighter::HighlightBuiltins(QStringView, LineRoles&) const { }
+
+void Highlighter::HighlightKeywords(QStringView, LineRoles&) const { }
+
+void Highlighter::HighlightRules(QStringView, LineRoles&) const { }
+
+void Highlighter::UpdateSmartIndentData(CodeEditorBlockData&, QStringView, int) const { }

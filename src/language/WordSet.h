@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QStringList>
+#include <QStringView>
+#include <QVector>
+
+/// A fixed set of words that answers for a part of a text without a copy of it. Highlighters ask
+/// for every word of every line.
+class WordSet
+{
+public:
+    WordSet() = default;
+    /// Empty entries are left out.
+    explicit WordSet(const QStringList& words);
+
+    bool IsEmpty() const { return m_slots.isEmpty(); }
+    bool Contains(QStringView word) const;
+
+private:
+    int SlotOf(QStringView word) const;
+
+    QVector<QString> m_slots; ///< open addressing, at most half full; a power of two
+};

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <QStringList>
+
+/// The colouring rules written down as expressions and applied one after the other: slow, and so
+/// plain that it can be checked by reading. What the scanners must agree with.
+class NaiveHighlighting
+{
+public:
+    enum Language { Python, Mel };
+
+    explicit NaiveHighlighting(Language language);
+
+    /// The colour role of each character of a line that follows one ended in `state`, which becomes
+    /// the state that this line ends in.
+    QStringList RolesOf(const QString& line, int& state) const;
+
+private:
+    struct Rule
+    {
+        QString pattern;
+        QString role;
+    };
+    struct Region
+    {
+        QString start;
+        QString end;
+        int startLength;
+        bool escapable;
+        bool backslashOnly;
+        QString role;
+    };
+
+    static void Apply(const QVector<Rule>& rules, const QString& line, QStringList& roles);
+    void ApplyWords(const QString& line, QStringList& roles) const;
+    int FirstRegion(const QString& line, int from, int& start) const;
+    void ApplyRegions(const QString& line, int& state, QStringList& roles) const;
+
+    QVector<Rule> m_early;
+    QVector<Rule> m_rules;
+    QVector<Region> m_regions;
+    QStringList m_builtins;
+    QStringList m_keywords;
+    QStringList m_commands;
+    QString m_builtinRole;
+    QString m_keywordRole;
+    QString m_commandRole;
+};
