@@ -4,6 +4,10 @@
 
 #include "editor/CodeEditor.h"
 #include "editor/CodeEditorGroupTabBar.h"
+#include "editor/EmptyGroupHint.h"
+#include "language/MelParser.h"
+#include "language/PylintWorker.h"
+#include "language/PythonParser.h"
 #include "plugin/Logger.h"
 #include "settings/Settings.h"
 
@@ -28,13 +32,21 @@ CodeEditorGroup::CodeEditorGroup(int id, KeyBindings* keyBindings, QWidget* pare
     : QWidget(parent)
     , m_id(id)
     , m_keyBindings(keyBindings)
+    , m_melParser(std::make_unique<MelParser>())
+    , m_pythonParser(std::make_unique<PythonParser>())
 {
     setObjectName(QStringLiteral("codeEditorGroup%1").arg(id));
     setAccessibleName(tr("Editor group %1").arg(id + 1));
     CreateWidgets();
     CreateLayout();
     CreateConnections();
+    CreateWorkerThread();
     UpdatePreferences();
+}
+
+CodeEditorGroup::~CodeEditorGroup()
+{
+    DestroyWorkerThread();
 }
 
 int CodeEditorGroup::GetCount() const
@@ -215,6 +227,7 @@ int CodeEditorGroup::InsertCodeEditor(int index, CodeEditor* editor)
     SetTabLabel(place, properties.label, editor->IsModified(), properties.type);
     SetTabToolTip(place, properties);
     ConnectEditor(editor);
+    m_emptyHint->hide();
     return place;
 }
 
@@ -263,6 +276,7 @@ CodeEditor* CodeEditorGroup::RemoveCodeEditor(int index)
     m_stack->removeWidget(editor);
     m_tabBar->RemoveTab(index);
     editor->setParent(nullptr);
+    m_emptyHint->setVisible(GetCount() == 0);
     Q_EMIT TabsChanged();
     return editor;
 }
@@ -430,5 +444,9 @@ void CodeEditorGroup::UpdatePreferences()
     UpdateTextOptions();
     UpdateKeyBindings();
     m_tabBar->parentWidget()->setVisible(Settings::showTabBar);
+    m_tabBar->viewport()->update();
     SetMiniToolbarVisible(Settings::showTabBarMiniToolbar);
+    UpdateFindReplacePosition();
+    if (m_pylintWorker)
+        m_pylintWorker->ResetErrors();
 }

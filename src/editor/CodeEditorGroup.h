@@ -3,19 +3,30 @@
 #include "editor/CodeEditorProperties.h"
 #include "editor/TabDropZone.h"
 
+#include <QPointer>
 #include <QStringList>
 #include <QWidget>
+
+#include <memory>
 
 class BaseParser;
 class CodeEditor;
 class CodeEditorGroupTabBar;
+class EmptyGroupHint;
 class FlatButton;
 class KeyBindings;
+class MelParser;
+class OverlayWidget;
+class PylintWorker;
+class PythonParser;
+class QMimeData;
 class QStackedWidget;
+class QThread;
 class QTimer;
 
-/// One tabbed pane of code editors with its mini tool bar. Owned by the window; lives on the
-/// interface thread; speaks to the window by signals. Invariant: tab i of the bar always shows
+/// One tabbed pane of code editors with its mini tool bar, the parsers that check the current one,
+/// and a thread for pylint. Owned by the window; lives on the interface thread; speaks to the
+/// window by signals. Invariant: tab i of the bar always shows
 /// editor i of the stack; operations that would break it log an error and change nothing.
 /// Operations on an index without an editor do nothing or give a neutral value.
 class CodeEditorGroup : public QWidget
@@ -25,6 +36,8 @@ class CodeEditorGroup : public QWidget
 public:
     /// `id` is the group's index in the window and never changes; `keyBindings` is not owned.
     CodeEditorGroup(int id, KeyBindings* keyBindings, QWidget* parent);
+    /// Waits for the pylint thread, a second at most.
+    ~CodeEditorGroup() override;
 
     int GetId() const { return m_id; }
     int GetCount() const;
@@ -151,6 +164,10 @@ Q_SIGNALS:
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dragMoveEvent(QDragMoveEvent* event) override;
+    void dragLeaveEvent(QDragLeaveEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
 
 private Q_SLOTS:
     void OnCurrentTabChanged(int index);
@@ -168,6 +185,8 @@ private Q_SLOTS:
     void CopyPath(int index);
     void OnShowInFolder(int index);
     void CloseFindReplace();
+    void OnPylintOutput(const QString& path, const QStringList& lines, int fieldCount);
+    void OnPylintFailed(const QString& path);
     void ShowOpenCodeEditorContextMenu();
     void SetCurrentTabFromAction();
     /// At a global point.
@@ -195,7 +214,18 @@ private:
     /// Takes the marks off the editor that is still shown and ends finding in its selection.
     void ClearSearch();
 
+    // Checking
     void UpdateParser(CodeEditor* editor);
+    BaseParser* GetParser(CodeEditorLanguage language) const;
+    static void ShowMessages(CodeEditor& editor, const BaseParser& parser);
+    void RequestPylint(const QString& text, const QString& path);
+    void CreateWorkerThread();
+    void DestroyWorkerThread();
+
+    // Drops
+    void UpdateDropZone(const QPoint& point, const QMimeData* payload);
+    void SetDropZone(TabDropZone zone, const QRect& rectangle);
+    void ClearDropZone();
 
     int m_id;
     KeyBindings* m_keyBindings; ///< not owned
@@ -212,5 +242,15 @@ private:
     int m_scrollDirection = 0;
     QStringList m_lastUsedPaths; ///< most recent first
     bool m_parsingEnabled = true;
+    std::unique_ptr<MelParser> m_melParser;
+    std::unique_ptr<PythonParser> m_pythonParser;
+    QPointer<CodeEditor> m_parsedEditor; ///< whom the Python parser's messages are about
+    int m_parsedRevision = 0; ///< of that editor's text
+    QThread* m_workerThread = nullptr;
+    QPointer<PylintWorker> m_pylintWorker; ///< lives on the worker thread
+    EmptyGroupHint* m_emptyHint = nullptr;
+    TabDropZone m_dropZone = TabDropZone::NoZone;
+    QPointer<CodeEditor> m_dropEditor; ///< shows the zone; null over a group without editors
+    OverlayWidget* m_emptyDropOverlay = nullptr;
     bool m_tabDropOtherGroupsEnabled = false;
 };

@@ -3,10 +3,12 @@
 #include "editor/CodeEditor.h"
 #include "editor/CodeEditorGroup.h"
 #include "editor/CodeEditorGroupTabBar.h"
+#include "editor/EmptyGroupHint.h"
 #include "plugin/MayaUtil.h"
 #include "settings/KeyBindings.h"
 #include "settings/Settings.h"
 #include "window/chrome/FlatButton.h"
+#include "window/chrome/OverlayWidget.h"
 #include "window/chrome/Theme.h"
 
 #include <QApplication>
@@ -77,6 +79,10 @@ void CodeEditorGroup::CreateWidgets()
     m_tabBar->setAccessibleName(tr("Tabs of editor group %1").arg(m_id + 1));
     m_tabBar->SetGroupId(m_id);
     m_stack = new QStackedWidget(this);
+    m_emptyHint = new EmptyGroupHint(m_keyBindings, m_stack);
+    m_emptyHint->setObjectName(QStringLiteral("m_emptyHint"));
+    m_emptyDropOverlay = new OverlayWidget(m_stack);
+    setAcceptDrops(true);
     m_miniToolbar = new QWidget(row);
     m_miniToolbar->setObjectName(QStringLiteral("m_miniToolbar"));
     m_miniToolbar->setContextMenuPolicy(Qt::CustomContextMenu);
@@ -176,6 +182,7 @@ void CodeEditorGroup::ConnectTabBarRequests()
         connect(m_tabBar, row.first, this,
             [this, request = row.second](int index) { (this->*request)(this, index); });
     connect(m_tabBar, &B::NewTabRequested, this, &G::NewTabRequested);
+    connect(m_emptyHint, &EmptyGroupHint::NewTabRequested, this, &G::NewTabRequested);
     connect(m_tabBar, &B::MoveRequested, this, &G::OnMoveRequested);
     connect(m_tabBar, &B::OpenFilesRequested, this, &G::RequestOpenFiles);
     connect(m_tabBar, &B::CopyPathRequested, this, &G::CopyPath);
@@ -228,6 +235,7 @@ void CodeEditorGroup::UpdateKeyBindings()
 {
     for (const MiniButton* row = MiniButtons(); row->label; ++row)
         (this->*row->button)->SetToolTip(m_keyBindings->GetToolTip(row->binding, tr(row->label)));
+    m_emptyHint->UpdateKeyBindings();
 }
 
 void CodeEditorGroup::SetMiniToolbarVisible(bool visible)

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QMetaType>
+
 /// Where in a code editor group something dragged would go.
 enum class TabDropZone : int {
     Center = 0, ///< into the group
@@ -7,3 +9,5 @@ enum class TabDropZone : int {
     After = 2, ///< into a new group below or right of it
     NoZone = 3,
 };
+
+Q_DECLARE_METATYPE(TabDropZone)

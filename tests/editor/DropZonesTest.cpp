@@ -1,0 +1,119 @@
+#include "editor/DropZones.h"
+
+#include "support/TestMain.h"
+#include "window/chrome/TabDragData.h"
+
+#include <QUrl>
+#include <QtTest>
+
+class DropZonesTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void FindsTheZone_data();
+    void FindsTheZone();
+    void ReadsThePayload_data();
+    void ReadsThePayload();
+    void KeepsLargeNumbersInTheProcess();
+    void TakesLocalFilesOnly();
+};
+
+void DropZonesTest::FindsTheZone_data()
+{
+    QTest::addColumn<QPoint>("point");
+    QTest::addColumn<bool>("vertical");
+    QTest::addColumn<bool>("edges");
+    QTest::addColumn<TabDropZone>("zone");
+    QTest::addColumn<QRect>("overlay");
+    const QRect whole(0, 0, 203, 101);
+    const QRect left(0, 0, 101, 101);
+    const QRect right(101, 0, 102, 101);
+    const QRect top(0, 0, 203, 50);
+    const QRect bottom(0, 50, 203, 51);
+    // 15 % of 203 are 30.45, 85 % 172.55; of 101 they are 15.15 and 85.85.
+    QTest::newRow("left end") << QPoint(0, 50) << false << true << TabDropZone::Before << left;
+    QTest::newRow("last of the left")
+        << QPoint(30, 50) << false << true << TabDropZone::Before << left;
+    QTest::newRow("first of the middle")
+        << QPoint(31, 50) << false << true << TabDropZone::Center << whole;
+    QTest::newRow("last of the middle")
+        << QPoint(171, 50) << false << true << TabDropZone::Center << whole;
+    QTest::newRow("first of the right")
+        << QPoint(172, 50) << false << true << TabDropZone::After << right;
+    QTest::newRow("top of groups side by side")
+        << QPoint(100, 0) << false << true << TabDropZone::Center << whole;
+    QTest::newRow("last of the top")
+        << QPoint(100, 15) << true << true << TabDropZone::Before << top;
+    QTest::newRow("below the top")
+        << QPoint(100, 16) << true << true << TabDropZone::Center << whole;
+    QTest::newRow("first of the bottom")
+        << QPoint(100, 85) << true << true << TabDropZone::After << bottom;
+    QTest::newRow("left end of stacked groups")
+        << QPoint(0, 50) << true << true << TabDropZone::Center << whole;
+    QTest::newRow("edge without splitting")
+        << QPoint(0, 50) << false << false << TabDropZone::Center << whole;
+    QTest::newRow("above") << QPoint(0, -1) << false << true << TabDropZone::NoZone << QRect();
+    QTest::newRow("right of it") << QPoint(203, 50) << false << true << TabDropZone::NoZone
+                                 << QRect();
+}
+
+void DropZonesTest::FindsTheZone()
+{
+    QFETCH(QPoint, point);
+    QFETCH(bool, vertical);
+    QFETCH(bool, edges);
+    const DropTarget target
+        = FindDropTarget(point, QSize(203, 101), vertical ? Qt::Vertical : Qt::Horizontal, edges);
+    QTEST(target.zone, "zone");
+    QTEST(target.overlay, "overlay");
+}
+
+void DropZonesTest::ReadsThePayload_data()
+{
+    QTest::addColumn<QString>("type");
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<bool>("isTab");
+    const QString type = "quenholt-te2/move-code-editor";
+    QTest::newRow("group and place") << type << QByteArray("\x02\xf0", 2) << true;
+    QTest::newRow("nothing") << type << QByteArray("") << false;
+    QTest::newRow("one byte") << type << QByteArray("\x02", 1) << false;
+    QTest::newRow("three bytes") << type << QByteArray("\x02\xf0\x00", 3) << false;
+    QTest::newRow("another type") << "text/plain" << QByteArray("\x02\xf0", 2) << false;
+}
+
+void DropZonesTest::ReadsThePayload()
+{
+    QFETCH(QString, type);
+    QFETCH(QByteArray, bytes);
+    QMimeData payload;
+    payload.setData(type, bytes);
+    const auto tab = TabDragData::Read(&payload);
+    QTEST(tab.has_value(), "isTab");
+    if (tab) {
+        QCOMPARE(tab->groupId, 2);
+        QCOMPARE(tab->index, 240);
+    }
+}
+
+void DropZonesTest::KeepsLargeNumbersInTheProcess()
+{
+    const TabDragData last({1, 255});
+    QCOMPARE(last.data(TabDragData::MimeType()), QByteArray("\x01\xff", 2));
+    const TabDragData large({1, 256});
+    QCOMPARE(TabDragData::Read(&large)->index, 256);
+    QMimeData abroad;
+    abroad.setData(TabDragData::MimeType(), large.data(TabDragData::MimeType()));
+    QVERIFY(!TabDragData::Read(&abroad));
+}
+
+void DropZonesTest::TakesLocalFilesOnly()
+{
+    QMimeData payload;
+    payload.setUrls({QUrl("file:///b%20c.py"), QUrl("https://host/x.py"), QUrl("file:///a.mel")});
+    QCOMPARE(TabDragData::LocalFiles(&payload), QStringList({"/b c.py", "/a.mel"}));
+    QVERIFY(TabDragData::LocalFiles(nullptr).isEmpty());
+}
+
+TE2_TEST(DropZonesTest)
+#include "DropZonesTest.moc"
