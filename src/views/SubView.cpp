@@ -40,6 +40,9 @@ FlatButton* SubView::AddTool(const QString& icon, const QString& label, const QS
     auto* button = new FlatButton(icon, label, FlatButton::Tint::Computed, this);
     button->setObjectName(name);
     m_header->AddTool(button);
+    // The content is there already, but Tab comes by the tools first.
+    setTabOrder(m_lastTool ? m_lastTool : static_cast<QWidget*>(m_header), button);
+    m_lastTool = button;
     return button;
 }
 

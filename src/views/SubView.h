@@ -47,6 +47,7 @@ private:
     bool* m_expanded; ///< not owned
     SubViewHeader* m_header;
     QWidget* m_content = nullptr;
+    QWidget* m_lastTool = nullptr;
     bool m_hovered = false;
     bool m_stale = false;
 };

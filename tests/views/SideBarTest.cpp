@@ -253,8 +253,13 @@ void SideBarTest::ToolsComeWithTheFocus()
     Section(1)->GetHeader()->setFocus();
     QVERIFY(collapse->isVisible());
     QCOMPARE(collapse->pos(), place);
+    // From the header by the tools to the content.
     QTest::keyClick(Section(1)->GetHeader(), Qt::Key_Tab);
-    QVERIFY(Section(1)->isAncestorOf(QApplication::focusWidget()));
+    QCOMPARE(QApplication::focusWidget()->objectName(), QString("m_addFolderButton"));
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    QCOMPARE(QApplication::focusWidget(), collapse);
+    QTest::keyClick(collapse, Qt::Key_Tab);
+    QCOMPARE(QApplication::focusWidget()->objectName(), QString("m_emptyAddButton"));
 }
 
 void SideBarTest::PagesAreShownWhenTheyExist()
