@@ -80,6 +80,10 @@ public:
     void ClearSelectionAndInsertText(const QString& text);
     bool IsModified() const;
     void SetModified(bool modified);
+    /// Takes the blanks off the ends of all lines; with `ensureNewLine` the text then ends with a
+    /// line end. One step to undo.
+    void TrimTrailingWhiteSpaces(bool ensureNewLine);
+    void EnsureNewLineAtEof();
     /// The null character outside the text.
     QChar CharacterAt(int position) const;
     QString SpacesStr(int count) const;
