@@ -5,29 +5,15 @@
 #include <QFile>
 #include <QSaveFile>
 
-namespace {
-
-void SetAside(const QString& path)
-{
-    const QString aside = path + QStringLiteral(".unreadable");
-    QFile::remove(aside);
-    if (!QFile::rename(path, aside))
-        Logger::Error(QStringLiteral("Failed to rename file: %1").arg(path));
-}
-
-} // namespace
-
 QString BufferFile::Read(const QString& path)
 {
     QFile file(path);
-    if (!file.exists())
-        return QStringLiteral("");
     if (!file.open(QIODevice::ReadOnly)) {
         Logger::Error(QStringLiteral("Failed to open file: %1").arg(path));
-        SetAside(path);
-        return QStringLiteral("");
+        return QString();
     }
-    return QString::fromUtf8(file.readAll());
+    const QString text = QString::fromUtf8(file.readAll());
+    return text.isNull() ? QStringLiteral("") : text;
 }
 
 bool BufferFile::Write(const QString& path, const QString& text)

@@ -6,8 +6,7 @@
 /// logged; none loses what was stored before.
 namespace BufferFile {
 
-/// The text of the file; empty, not null, when there is no such file. A file that cannot be read is
-/// renamed out of the way, so that the next save does not replace it.
+/// Null when the file cannot be read, which has been logged; an empty file gives an empty text.
 QString Read(const QString& path);
 
 /// Replaces the file only when the whole text is on the disk.

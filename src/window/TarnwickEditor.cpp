@@ -34,10 +34,14 @@ TarnwickEditor::TarnwickEditor(QWidget* parent)
     CreateLayout();
     CreateConnections();
     ApplyPreferences();
-    NewMelBuffer();
-    NewPythonBuffer();
+    RestoreCodeEditors();
+    if (GetCodeEditorCount() == 0) {
+        NewMelBuffer();
+        NewPythonBuffer();
+    }
     SetActiveCodeEditorGroup(GetActiveCodeEditorGroup(), true);
     m_keyBindings.ReadUserKeyBindings();
+    m_bindingsRead = true;
     for (CodeEditorGroup* group : qAsConst(m_groups))
         group->UpdateKeyBindings();
     m_outputPanel->UpdateKeyBindings();
@@ -116,6 +120,7 @@ void TarnwickEditor::ConnectGroup(CodeEditorGroup* group)
     using G = CodeEditorGroup;
     using T = TarnwickEditor;
     static constexpr std::pair<void (G::*)(), void (T::*)()> SLOTS[] = {
+        {&G::NewTabRequested, &T::OnNewTabRequested},
         {&G::CurrentTabChanged, &T::OnCurrentTabChanged},
         {&G::CursorPositionChanged, &T::UpdateCursorPosition},
         {&G::OverwriteModeChanged, &T::OnOverwriteModeChanged},
@@ -131,6 +136,7 @@ void TarnwickEditor::ConnectGroup(CodeEditorGroup* group)
             &T::OnTogglePythonRevertModuleStateOnExecuteRequested},
         {&G::IncreaseFontSizeRequested, &T::IncreaseCodeEditorFontSize},
         {&G::DecreaseFontSizeRequested, &T::DecreaseCodeEditorFontSize},
+        {&G::MiniToolbarDisplayModified, &T::OnMiniToolbarDisplayModified},
     };
     for (const auto& row : SLOTS)
         connect(group, row.first, this, row.second);
@@ -140,7 +146,20 @@ void TarnwickEditor::ConnectGroup(CodeEditorGroup* group)
         if (group == GetActiveCodeEditorGroup())
             OnParserUpdated(parser);
     });
+    static constexpr std::pair<void (G::*)(G*, int), void (T::*)(G*, int)> TAB_SLOTS[] = {
+        {&G::CloseTabRequested, &T::OnCloseTabRequested},
+        {&G::CloseOtherTabsRequested, &T::OnCloseOtherTabsRequested},
+        {&G::CloseTabsToRightRequested, &T::OnCloseTabsToRightRequested},
+        {&G::RenameRequested, &T::Rename},
+    };
+    for (const auto& row : TAB_SLOTS)
+        connect(group, row.first, this, row.second);
     connect(group, &G::ReceivedFocus, this, &T::OnCodeEditorGroupReceivedFocus);
+    connect(group, &G::FileChanged, this, &T::OnFileChanged);
+    connect(group, &G::MoveTabRequested, this, &T::OnMoveTabRequested);
+    connect(group, &G::MoveTabToZoneRequested, this, &T::OnMoveTabToZoneRequested);
+    connect(group, &G::OpenFileRequested, this, &T::OnOpenFileRequested);
+    connect(group, &G::OpenFilesRequested, this, &T::OnOpenFilesRequested);
 }
 
 void TarnwickEditor::Shutdown()
@@ -152,13 +171,16 @@ void TarnwickEditor::Shutdown()
 
 void TarnwickEditor::WriteUserConfigs()
 {
+    UpdateCodeEditorGroupDetails();
     m_sideBar->SaveOutline();
     m_sideBar->ClearInvalidDetailsFromOutline(GetCodeEditorPaths());
     SaveWindowGeometry(false);
     SaveSplitterState();
     Settings::WriteUserConfig();
     ColorSettings::WriteUserConfig();
-    m_keyBindings.WriteUserKeyBindings();
+    // The first buffers are made, and the state saved with them, before the user's keys are read.
+    if (m_bindingsRead)
+        m_keyBindings.WriteUserKeyBindings();
     m_sideBar->SaveWorkspace();
 }
 
@@ -199,9 +221,10 @@ void TarnwickEditor::keyPressEvent(QKeyEvent* event)
 
 bool TarnwickEditor::eventFilter(QObject* watched, QEvent* event)
 {
-    // The host may still ask and stay; unsaved buffers are safe either way.
-    if (watched == m_mainWindow && event->type() == QEvent::Close)
-        SaveAll(true, false);
+    if (watched == m_mainWindow && event->type() == QEvent::Close && !MayHostClose()) {
+        event->ignore();
+        return true;
+    }
     if (!m_usedPaths.isEmpty())
         FollowUsedEditorWalk(*event);
     if (const auto* handle = qobject_cast<QSplitterHandle*>(watched))

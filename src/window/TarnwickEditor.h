@@ -1,11 +1,13 @@
 #pragma once
 
 #include "editor/CodeEditorProperties.h"
+#include "editor/TabDropZone.h"
 #include "settings/KeyBindings.h"
 #include "views/SideBar.h"
 #include "window/chrome/ActivityBar.h"
 
 #include <QList>
+#include <QMessageBox>
 #include <QVector>
 #include <QWidget>
 
@@ -24,6 +26,8 @@ class QSplitter;
 class QVariantAnimation;
 class StatusBar;
 class TarnwickStyle;
+struct GroupPlan;
+struct TabDetails;
 
 /// The editor window, placed in the host's workspace control: owns the code editor groups, the
 /// output panel and the status bar, decides what is executed, and carries the host's output into
@@ -47,7 +51,6 @@ public:
     /// Saves what must outlive the window; called before it is deleted.
     void Shutdown();
     void WriteUserConfigs();
-    void SaveState() { WriteUserConfigs(); }
     void ApplyPreferences();
 
     // Groups and editors
@@ -72,12 +75,17 @@ public:
     /// no group.
     int CreateCodeEditor(CodeEditorType type, CodeEditorLanguage language, const QString& path,
         const QString& label, const QString& text, CodeEditorGroup* group, int index);
+    /// The same with the text of the file, the language of its name and, without a label, its
+    /// name. -1 also for a file that cannot be read, which has been logged.
+    int CreateCodeEditor(CodeEditorType type, const QString& path, const QString& label,
+        CodeEditorGroup* group, int index);
     static CodeEditorLanguage GetLanguageFromFilename(const QFileInfo& info);
+    /// Puts the open tabs into the settings.
+    void UpdateCodeEditorGroupDetails();
 
-    // Files and buffers
+    // Files and buffers. A buffer is a tab without a name of its own, whose text a file in the
+    // internal buffer folder keeps.
     void NewBuffer(CodeEditorLanguage language);
-    void NewMelBuffer();
-    void NewPythonBuffer();
     /// Opens the file in the active group, or shows the tab that has it. The flag tells a restored
     /// session from a request.
     void OpenFile(const QString& path, bool restoring);
@@ -86,6 +94,14 @@ public:
     void SaveAll(bool saveBuffers, bool saveFiles);
     bool SaveCodeEditor(const QString& path, const QString& text);
     bool SaveCodeEditor(int groupIndex, int tabIndex);
+    bool ModifiedFilesExist() const;
+    /// Without `ask` nobody is asked and nothing is saved or deleted.
+    void CloseCodeEditor(CodeEditorGroup* group, int index, bool ask);
+    void Rename(CodeEditorGroup* group, int index);
+    /// A file has another name now: editors and views follow.
+    void OnFilePathChanged(const QString& oldPath, const QString& newPath);
+    void DeleteFileByPath(const QString& path);
+    void AddRecentFile(const QString& path);
 
     // Module state
     bool IsPythonModuleStateUpdated() const { return m_pythonModuleStateUpdated; }
@@ -113,6 +129,27 @@ public Q_SLOTS:
     void PrintPythonEnviron();
     /// Prints the variable that the sending action is named after.
     void PrintMayaEnvVarPaths();
+
+    // Files and buffers; of the active editor where nothing else is said
+    /// Asks for the language.
+    void NewBuffer();
+    void NewMelBuffer();
+    void NewPythonBuffer();
+    void OpenFile();
+    /// Opens the file that the sending action carries.
+    void OpenRecentFile();
+    void ReopenClosedFile();
+    void ClearRecentFiles();
+    void Save();
+    void SaveAs();
+    void SaveAll() { SaveAll(true, true); }
+    void Rename();
+    void RevertFile();
+    void CloseFile();
+    void CloseAllFiles();
+    void SaveState() { WriteUserConfigs(); }
+    /// Looks after the files that other programs changed; asks where something would be lost.
+    void CheckForFileChanges();
 
     // Output
     void AppendToOutput(const QString& text);
@@ -200,6 +237,16 @@ protected:
     bool event(QEvent* event) override;
 
 private Q_SLOTS:
+    void OnNewTabRequested();
+    void OnMiniToolbarDisplayModified();
+    void OnFileChanged(const QString& path);
+    void OnCloseTabRequested(CodeEditorGroup* group, int index);
+    void OnCloseOtherTabsRequested(CodeEditorGroup* group, int index);
+    void OnCloseTabsToRightRequested(CodeEditorGroup* group, int index);
+    void OnMoveTabRequested(int sourceId, int sourceIndex, int targetId, int targetIndex);
+    void OnMoveTabToZoneRequested(int sourceId, int sourceIndex, int targetId, TabDropZone zone);
+    void OnOpenFileRequested(int groupId, int index, const QString& path);
+    void OnOpenFilesRequested(int groupId, TabDropZone zone, const QStringList& paths);
     void OnCurrentTabChanged();
     void OnCodeEditorGroupReceivedFocus(CodeEditorGroup* group);
     void OnOverwriteModeChanged();
@@ -232,7 +279,34 @@ private:
     void RefreshCodeEditorGroups(bool focus);
     bool IsTarnwickEditorWidget(const QWidget* widget) const;
     QString ExecuteText(const CodeEditor& editor, int kind) const;
-    QString BufferPath(CodeEditorLanguage language) const;
+    void RestoreCodeEditors();
+    void RestoreCodeEditor(const TabDetails& details);
+
+    // Files
+    void PreSave(CodeEditor* editor);
+    bool WriteCodeEditor(CodeEditor* editor);
+    /// Empty when cancelled.
+    QString ShowSaveFileNameDialog(const CodeEditorProperties& properties);
+    QMessageBox::StandardButton ShowUnsavedFileDialog(const QString& name);
+    bool ShowConfirmCloseInternalBufferDialog(const QString& label);
+    /// False when the tab has to stay.
+    bool PrepareClosingBuffer(CodeEditor* editor);
+    bool PrepareClosingFile(CodeEditor* editor);
+    void CloseTabs(CodeEditorGroup* group, const QStringList& paths);
+    bool RenameFile(CodeEditorProperties& properties, const QString& name);
+    void ReloadFile(CodeEditor* editor);
+    void OnPathsChanged();
+    void ActivateGroupWithEditors();
+    void UpdateRecentFilesMenu();
+    /// False when the user wants to go on.
+    bool MayHostClose();
+    static QString DefaultBufferLabel(CodeEditorLanguage language);
+
+    // Tabs that are moved
+    QVector<int> CountTabs() const;
+    void MoveGroupsAlong(const GroupPlan& plan);
+    static void MoveAllTabs(CodeEditorGroup* source, CodeEditorGroup* target);
+    void FinishMove(const QString& path);
     bool IsOutputFocused() const;
     void SetCodeEditorZoom(int zoom);
     void GoToNeighbour(int step);
@@ -288,7 +362,11 @@ private:
     QWidget* m_mainWindow = nullptr; ///< the host's; not owned
     QList<CodeEditorGroup*> m_groups; ///< owned by the widget tree
     KeyBindings m_keyBindings;
+    QStringList m_changedPaths; ///< what other programs, or we, have written
+    QStringList m_savedPaths; ///< what we have written
+    bool m_checkingForFileChanges = false;
     QMenuBar* m_menuBar = nullptr;
+    QMenu* m_recentFilesMenu = nullptr;
     QSplitter* m_codeEditorSplitter = nullptr;
     QSplitter* m_outputSplitter = nullptr;
     PanelGroup* m_outputPanel = nullptr;
@@ -299,6 +377,7 @@ private:
     ActivityBar* m_activityBar = nullptr;
     StatusBar* m_statusBar = nullptr;
     QStringList m_usedPaths; ///< while a walk through the used editors lasts
+    bool m_bindingsRead = false;
     bool m_bindingsEnabled = true;
     bool m_pythonModuleStateUpdated = false;
 
@@ -327,6 +406,20 @@ private:
     QAction* m_increaseFontSizeAction = nullptr;
     QAction* m_decreaseFontSizeAction = nullptr;
     QAction* m_resetFontSizeAction = nullptr;
+    QAction* m_newBufferAction = nullptr;
+    QAction* m_newMelBufferAction = nullptr;
+    QAction* m_newPythonBufferAction = nullptr;
+    QAction* m_openFileAction = nullptr;
+    QAction* m_reopenClosedFileAction = nullptr;
+    QAction* m_clearRecentFilesAction = nullptr;
+    QAction* m_saveAction = nullptr;
+    QAction* m_saveAsAction = nullptr;
+    QAction* m_saveAllAction = nullptr;
+    QAction* m_renameAction = nullptr;
+    QAction* m_revertFileAction = nullptr;
+    QAction* m_closeFileAction = nullptr;
+    QAction* m_closeAllFilesAction = nullptr;
+    QAction* m_saveStateAction = nullptr;
     QAction* m_openWorkspaceAction = nullptr;
     QAction* m_saveWorkspaceAsAction = nullptr;
     QAction* m_addFolderToWorkspaceAction = nullptr;

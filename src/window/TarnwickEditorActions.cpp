@@ -36,10 +36,25 @@ struct TarnwickEditor::MenuRow
     QAction* TarnwickEditor::*action = nullptr;
     const char* title = nullptr;
     void (TarnwickEditor::*onShow)() = nullptr;
+    QMenu* TarnwickEditor::*menu = nullptr; ///< where it is filled elsewhere
 };
 
 // clang-format off
 const TarnwickEditor::ActionSpec TarnwickEditor::ACTIONS[] = {
+    {&T::m_newBufferAction,                  QT_TR_NOOP("New..."),                  K::NewBuffer,                 &T::NewBuffer},
+    {&T::m_newMelBufferAction,               QT_TR_NOOP("New MEL Buffer"),          K::NewMelBuffer,              &T::NewMelBuffer},
+    {&T::m_newPythonBufferAction,            QT_TR_NOOP("New Python Buffer"),       K::NewPythonBuffer,           &T::NewPythonBuffer},
+    {&T::m_openFileAction,                   QT_TR_NOOP("Open File..."),            K::OpenFile,                  &T::OpenFile},
+    {&T::m_reopenClosedFileAction,           QT_TR_NOOP("Reopen Closed File"),      K::ReopenClosedFile,          &T::ReopenClosedFile},
+    {&T::m_clearRecentFilesAction,           QT_TR_NOOP("Clear Items"),             K::None,                      &T::ClearRecentFiles},
+    {&T::m_saveAction,                       QT_TR_NOOP("Save"),                    K::Save,                      &T::Save},
+    {&T::m_saveAsAction,                     QT_TR_NOOP("Save As..."),              K::SaveAs,                    &T::SaveAs},
+    {&T::m_saveAllAction,                    QT_TR_NOOP("Save All"),                K::SaveAll,                   &T::SaveAll},
+    {&T::m_renameAction,                     QT_TR_NOOP("Rename..."),               K::Rename,                    &T::Rename},
+    {&T::m_revertFileAction,                 QT_TR_NOOP("Revert File"),             K::RevertFile,                &T::RevertFile},
+    {&T::m_closeFileAction,                  QT_TR_NOOP("Close File"),              K::CloseFile,                 &T::CloseFile},
+    {&T::m_closeAllFilesAction,              QT_TR_NOOP("Close All Files"),         K::CloseAllFiles,             &T::CloseAllFiles},
+    {&T::m_saveStateAction,                  QT_TR_NOOP("Save State"),              K::SaveState,                 &T::SaveState},
     {&T::m_openWorkspaceAction,              QT_TR_NOOP("Open Workspace..."),       K::OpenWorkspace,             &T::OpenWorkspace},
     {&T::m_addFolderToWorkspaceAction,       QT_TR_NOOP("Add Folder to Workspace..."), K::AddFolderToWorkspace,   &T::AddFolderToWorkspace},
     {&T::m_saveWorkspaceAsAction,            QT_TR_NOOP("Save Workspace As..."),    K::SaveWorkspaceAs,           &T::SaveWorkspaceAs},
@@ -110,9 +125,15 @@ const TarnwickEditor::ActionSpec TarnwickEditor::ACTIONS[] = {
 #define END {MenuRow::End}
 const TarnwickEditor::MenuRow TarnwickEditor::MENUS[] = {
     MENU(QT_TR_NOOP("File")),
+        ENTRY(m_newBufferAction), ENTRY(m_newMelBufferAction), ENTRY(m_newPythonBufferAction), SEPARATOR,
+        ENTRY(m_openFileAction),
+        {MenuRow::Begin, nullptr, QT_TR_NOOP("Recent Files"), nullptr, &T::m_recentFilesMenu}, END, SEPARATOR,
         ENTRY(m_openWorkspaceAction), SEPARATOR,
         ENTRY(m_addFolderToWorkspaceAction), ENTRY(m_saveWorkspaceAsAction), SEPARATOR,
-        ENTRY(m_saveScriptToShelfAction), ENTRY(m_sourceScriptAction),
+        ENTRY(m_saveAction), ENTRY(m_saveAsAction), ENTRY(m_saveAllAction), ENTRY(m_renameAction), SEPARATOR,
+        ENTRY(m_saveScriptToShelfAction), ENTRY(m_sourceScriptAction), SEPARATOR,
+        ENTRY(m_revertFileAction), ENTRY(m_closeFileAction), ENTRY(m_closeAllFilesAction), SEPARATOR,
+        ENTRY(m_saveStateAction),
     END,
     MENU(QT_TR_NOOP("Edit")),
         ENTRY(m_undoAction), ENTRY(m_redoAction), SEPARATOR,
@@ -198,6 +219,8 @@ void TarnwickEditor::CreateMenus()
             menu->setTearOffEnabled(!row.onShow);
             if (row.onShow)
                 connect(menu, &QMenu::aboutToShow, this, row.onShow);
+            if (row.menu)
+                this->*row.menu = menu;
             open.append(menu);
             break;
         }
@@ -206,6 +229,7 @@ void TarnwickEditor::CreateMenus()
         case MenuRow::Separator: open.last()->addSeparator(); break;
         }
     }
+    UpdateRecentFilesMenu();
 }
 
 /// The check marks and panes follow the host and the settings each time the window is shown.

@@ -1,81 +1,388 @@
-// Files on disk: opening and saving them.
+// Files and buffers of the editor window: opening, saving, renaming, reverting.
 
+#include "editor/CodeEditor.h"
 #include "editor/CodeEditorGroup.h"
 #include "plugin/Logger.h"
 #include "settings/Settings.h"
+#include "window/BufferFile.h"
+#include "window/FileText.h"
 #include "window/TarnwickEditor.h"
 
-#include <QApplication>
-#include <QFile>
+#include <QDir>
+#include <QFileDialog>
 #include <QFileInfo>
-#include <QTextStream>
+#include <QInputDialog>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTemporaryFile>
 
 namespace {
 
-/// Shows the wait cursor while it lives.
-class WaitCursor
+const QString SCRIPT_FILTER = QStringLiteral("Script Files(*.mel *.py *.pyw *.pyi)");
+const QString MEL_FILTER = QStringLiteral("MEL (*.mel)");
+const QString PYTHON_FILTER = QStringLiteral("Python (*.py *.pyw *.pyi)");
+const QString ALL_FILTER = QStringLiteral("All Files(*.*)");
+const QString FILTER_SEPARATOR = QStringLiteral(";;");
+
+struct BufferRow
 {
-public:
-    WaitCursor() { QApplication::setOverrideCursor(Qt::WaitCursor); }
-    ~WaitCursor() { QApplication::restoreOverrideCursor(); }
-    WaitCursor(const WaitCursor&) = delete;
-    WaitCursor& operator=(const WaitCursor&) = delete;
+    const char* fileTemplate; ///< in the internal buffer folder
+    QString* label;
 };
 
-void SetCodec(QTextStream& stream)
+/// By language.
+const BufferRow BUFFERS[] = {
+    {"textBuffer_XXXXXX.txt", &Settings::defaultTextBufferLabel},
+    {"melBuffer_XXXXXX.mel", &Settings::defaultMelBufferLabel},
+    {"pythonBuffer_XXXXXX.py", &Settings::defaultPythonBufferLabel},
+};
+
+const BufferRow& RowOf(CodeEditorLanguage language)
 {
-    // Otherwise the locale's, as the stream has it.
-    if (Settings::utf8FileEncodingForReadWrite)
-        stream.setCodec("UTF-8");
+    return BUFFERS[static_cast<int>(language)];
+}
+
+/// A new, empty backing file; empty when none could be made.
+QString MakeBufferFile(CodeEditorLanguage language)
+{
+    QTemporaryFile file(QStringLiteral("%1/%2").arg(
+        Settings::GetInternalBufferDirectoryPath(), QLatin1String(RowOf(language).fileTemplate)));
+    file.setAutoRemove(false);
+    if (file.open())
+        return QFileInfo(file).absoluteFilePath();
+    Logger::Error(QStringLiteral("Failed to open file for save: %1").arg(file.fileTemplate()));
+    return QString();
+}
+
+/// The name with the filter's first extension, unless it has one of the filter's.
+QString WithExtension(const QString& path, const QString& filter)
+{
+    struct ExtensionRow
+    {
+        QString filterStart;
+        QStringList extensions;
+    };
+    static const ExtensionRow ROWS[] = {
+        {QStringLiteral("MEL"), {QStringLiteral(".mel")}},
+        {QStringLiteral("Python"),
+            {QStringLiteral(".py"), QStringLiteral(".pyw"), QStringLiteral(".pyi")}},
+    };
+    for (const ExtensionRow& row : ROWS) {
+        if (!filter.startsWith(row.filterStart))
+            continue;
+        const bool hasOne = std::any_of(row.extensions.begin(), row.extensions.end(),
+            [&path](const QString& end) { return path.endsWith(end, Qt::CaseInsensitive); });
+        return hasOne ? path : path + row.extensions.first();
+    }
+    return path;
 }
 
 } // namespace
 
-void TarnwickEditor::OpenFile(const QString& path, bool /*restoring*/)
+QString TarnwickEditor::DefaultBufferLabel(CodeEditorLanguage language)
+{
+    return *RowOf(language).label;
+}
+
+void TarnwickEditor::NewBuffer()
+{
+    QMessageBox box(QMessageBox::Question, tr("Source Type"),
+        tr("Specify executor source language."), QMessageBox::NoButton, this);
+    QPushButton* const mel = box.addButton(tr("MEL"), QMessageBox::AcceptRole);
+    const QAbstractButton* const python = box.addButton(tr("Python"), QMessageBox::AcceptRole);
+    const QAbstractButton* const none = box.addButton(tr("None"), QMessageBox::ActionRole);
+    box.addButton(tr("Cancel"), QMessageBox::RejectRole);
+    box.setDefaultButton(mel);
+    box.exec();
+    if (box.clickedButton() == mel)
+        NewBuffer(CodeEditorLanguage::Mel);
+    else if (box.clickedButton() == python)
+        NewBuffer(CodeEditorLanguage::Python);
+    else if (box.clickedButton() == none)
+        NewBuffer(CodeEditorLanguage::Text);
+}
+
+void TarnwickEditor::NewBuffer(CodeEditorLanguage language)
 {
     CodeEditorGroup* const group = GetActiveCodeEditorGroup();
-    if (path.isEmpty() || !group)
+    const QString path = MakeBufferFile(language);
+    if (path.isEmpty())
         return;
-    const QFileInfo info(path);
-    const QString text = GetFileText(info.absoluteFilePath());
-    if (text.isNull())
-        return;
-    const int index = CreateCodeEditor(CodeEditorType::File, GetLanguageFromFilename(info),
-        info.absoluteFilePath(), info.fileName(), text, group, -1);
+    const int index = CreateCodeEditor(
+        CodeEditorType::Buffer, language, path, QString(), QStringLiteral(""), group, -1);
     if (index < 0)
         return;
     group->SetCurrentIndex(index);
     SaveState();
 }
 
+void TarnwickEditor::NewMelBuffer()
+{
+    NewBuffer(CodeEditorLanguage::Mel);
+}
+
+void TarnwickEditor::NewPythonBuffer()
+{
+    NewBuffer(CodeEditorLanguage::Python);
+}
+
+void TarnwickEditor::OpenFile()
+{
+    // For as long as the program runs the dialog comes back as it was left.
+    static QString filter = SCRIPT_FILTER;
+    static QString directory;
+    const QString filters
+        = QStringList{SCRIPT_FILTER, MEL_FILTER, PYTHON_FILTER, ALL_FILTER}.join(FILTER_SEPARATOR);
+    const QString path
+        = QFileDialog::getOpenFileName(this, tr("Open File"), directory, filters, &filter);
+    if (path.isEmpty())
+        return;
+    directory = QFileInfo(path).absolutePath();
+    OpenFile(path, false);
+}
+
+void TarnwickEditor::OpenFile(const QString& path, bool /*restoring*/)
+{
+    CodeEditorGroup* const group = GetActiveCodeEditorGroup();
+    if (path.isEmpty() || !group)
+        return;
+    const int index = CreateCodeEditor(CodeEditorType::File, path, QString(), group, -1);
+    if (index < 0)
+        return;
+    group->SetCurrentIndex(index);
+    SaveState();
+}
+
+int TarnwickEditor::CreateCodeEditor(CodeEditorType type, const QString& path, const QString& label,
+    CodeEditorGroup* group, int index)
+{
+    const QFileInfo info(path);
+    const QString absolutePath = info.absoluteFilePath();
+    const bool isBuffer = type == CodeEditorType::Buffer;
+    const QString text = isBuffer ? BufferFile::Read(absolutePath) : GetFileText(absolutePath);
+    if (text.isNull())
+        return -1;
+    return CreateCodeEditor(type, GetLanguageFromFilename(info), absolutePath,
+        isBuffer ? label : info.fileName(), text, group, index);
+}
+
 QString TarnwickEditor::GetFileText(const QString& path) const
 {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly | QIODevice::Text)) {
-        Logger::Error(QStringLiteral("Failed to open file: %1").arg(path));
-        return QString();
-    }
-    const WaitCursor cursor;
-    QTextStream stream(&file);
-    SetCodec(stream);
-    const QString text = stream.readAll();
-    // Null says that reading failed.
-    return text.isNull() ? QStringLiteral("") : text;
+    return FileText::Read(QFileInfo(path).absoluteFilePath());
 }
 
 bool TarnwickEditor::SaveCodeEditor(const QString& path, const QString& text)
 {
-    if (path.isEmpty())
+    if (path.isEmpty() || !FileText::Write(path, text))
         return false;
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Text | QIODevice::Truncate)) {
-        Logger::Error(QStringLiteral("Failed to open file for save: %1").arg(path));
+    if (!m_savedPaths.contains(path))
+        m_savedPaths.append(path);
+    return true;
+}
+
+void TarnwickEditor::PreSave(CodeEditor* editor)
+{
+    const bool isMel = editor->GetLanguage() == CodeEditorLanguage::Mel;
+    if (!isMel && editor->GetLanguage() != CodeEditorLanguage::Python)
+        return;
+    const bool trim = isMel ? Settings::melTrimTrailingWhiteSpacesOnSave
+                            : Settings::pythonTrimTrailingWhiteSpacesOnSave;
+    const bool newLine
+        = isMel ? Settings::melEnsureNewLineAtEofOnSave : Settings::pythonEnsureNewLineAtEofOnSave;
+    if (trim)
+        editor->TrimTrailingWhiteSpaces(newLine);
+    else if (newLine)
+        editor->EnsureNewLineAtEof();
+}
+
+/// To the editor's own path: of a buffer that of its backing file.
+bool TarnwickEditor::WriteCodeEditor(CodeEditor* editor)
+{
+    PreSave(editor);
+    const QString path = editor->GetFilePath();
+    const bool isBuffer = editor->GetType() == CodeEditorType::Buffer;
+    if (isBuffer ? !BufferFile::Write(path, editor->GetText())
+                 : !SaveCodeEditor(path, editor->GetText()))
+        return false;
+    editor->SetModified(false);
+    return true;
+}
+
+bool TarnwickEditor::SaveCodeEditor(int groupIndex, int tabIndex)
+{
+    const CodeEditorGroup* const group = GetCodeEditorGroupByIndex(groupIndex);
+    CodeEditor* const editor = group ? group->GetCodeEditor(tabIndex) : nullptr;
+    return editor && WriteCodeEditor(editor);
+}
+
+void TarnwickEditor::SaveAll(bool saveBuffers, bool saveFiles)
+{
+    for (int i = 0; i < m_groups.size(); ++i) {
+        for (int tab = 0; tab < m_groups[i]->GetCount(); ++tab) {
+            const bool isBuffer = m_groups[i]->GetType(tab) == CodeEditorType::Buffer;
+            if (m_groups[i]->IsModified(tab) && (isBuffer ? saveBuffers : saveFiles))
+                SaveCodeEditor(i, tab);
+        }
+    }
+}
+
+void TarnwickEditor::Save()
+{
+    CodeEditor* const editor = GetActiveCodeEditor();
+    if (!editor)
+        return;
+    if (editor->GetType() == CodeEditorType::Buffer)
+        SaveAs();
+    else
+        WriteCodeEditor(editor);
+}
+
+QString TarnwickEditor::ShowSaveFileNameDialog(const CodeEditorProperties& properties)
+{
+    static QString directory;
+    const bool isFile
+        = properties.type == CodeEditorType::File && QFileInfo(properties.filePath).isFile();
+    QString filter = properties.language == CodeEditorLanguage::Mel ? MEL_FILTER
+        : properties.language == CodeEditorLanguage::Python         ? PYTHON_FILTER
+                                                                    : ALL_FILTER;
+    const QString filters
+        = QStringList{MEL_FILTER, PYTHON_FILTER, ALL_FILTER}.join(FILTER_SEPARATOR);
+    const QString path = QFileDialog::getSaveFileName(
+        this, tr("Save File"), isFile ? properties.filePath : directory, filters, &filter);
+    if (path.isEmpty())
+        return path;
+    directory = QFileInfo(path).absolutePath();
+    return WithExtension(path, filter);
+}
+
+void TarnwickEditor::SaveAs()
+{
+    CodeEditorGroup* const group = GetActiveCodeEditorGroup();
+    CodeEditor* const editor = GetActiveCodeEditor();
+    if (!editor)
+        return;
+    CodeEditorProperties properties;
+    editor->GetProperties(properties);
+    const QFileInfo info(ShowSaveFileNameDialog(properties));
+    if (info.filePath().isEmpty())
+        return;
+    const QString path = info.absoluteFilePath();
+    if (path != properties.filePath && CodeEditorExists(path)) {
+        Logger::Error(QStringLiteral("An open editor already exists with that path: %1").arg(path));
+        return;
+    }
+    PreSave(editor);
+    if (!SaveCodeEditor(path, editor->GetText()))
+        return;
+    if (properties.type == CodeEditorType::Buffer)
+        DeleteFileByPath(properties.filePath);
+    editor->SetModified(false);
+    group->SetProperties(group->GetCurrentIndex(),
+        {CodeEditorType::File, GetLanguageFromFilename(info), path, info.fileName()});
+    OnPathsChanged();
+}
+
+bool TarnwickEditor::ModifiedFilesExist() const
+{
+    for (const CodeEditorGroup* group : m_groups) {
+        for (int tab = 0; tab < group->GetCount(); ++tab) {
+            if (group->GetType(tab) == CodeEditorType::File && group->IsModified(tab))
+                return true;
+        }
+    }
+    return false;
+}
+
+void TarnwickEditor::Rename()
+{
+    if (CodeEditorGroup* group = GetActiveCodeEditorGroup())
+        Rename(group, group->GetCurrentIndex());
+}
+
+void TarnwickEditor::Rename(CodeEditorGroup* group, int index)
+{
+    if (!group || !group->GetCodeEditor(index))
+        return;
+    CodeEditorProperties properties = group->GetProperties(index);
+    bool accepted = false;
+    QString name = QInputDialog::getText(
+        this, tr("Rename"), tr("New Name:"), QLineEdit::Normal, properties.label, &accepted);
+    if (!accepted || name.isEmpty())
+        return;
+    if (properties.type == CodeEditorType::File) {
+        if (!RenameFile(properties, name))
+            return;
+    } else {
+        if (name.contains(QLatin1Char(';'))) {
+            name.remove(QLatin1Char(';'));
+            Logger::Warning(QStringLiteral("Rename: ';' is an invalid character."));
+        }
+        properties.label = name;
+    }
+    group->SetProperties(index, properties);
+    OnPathsChanged();
+}
+
+bool TarnwickEditor::RenameFile(CodeEditorProperties& properties, const QString& name)
+{
+    const QString oldPath = properties.filePath;
+    const QFileInfo target(QStringLiteral("%1/%2").arg(QFileInfo(oldPath).absolutePath(), name));
+    const QString newPath = target.absoluteFilePath();
+    if (target.exists()) {
+        Logger::Error(QStringLiteral("Raname failed. File already exists: %1").arg(newPath));
         return false;
     }
-    const WaitCursor cursor;
-    QTextStream stream(&file);
-    SetCodec(stream);
-    stream << text;
-    stream.flush();
-    return stream.status() == QTextStream::Ok && file.flush();
+    if (!QFile::rename(oldPath, newPath)) {
+        Logger::Error(
+            QStringLiteral("Rename file failed. Please verify file path and permissions: %1 -> %2")
+                .arg(oldPath, newPath));
+        return false;
+    }
+    OnFilePathChanged(oldPath, newPath);
+    properties
+        = {CodeEditorType::File, GetLanguageFromFilename(target), newPath, target.fileName()};
+    return true;
+}
+
+void TarnwickEditor::OnFilePathChanged(const QString& oldPath, const QString& newPath)
+{
+    const CodeEditorLanguage language = GetLanguageFromFilename(QFileInfo(newPath));
+    for (CodeEditorGroup* group : qAsConst(m_groups))
+        group->UpdateFilePath(oldPath, newPath, language);
+    OnPathsChanged();
+}
+
+/// After tabs got other names.
+void TarnwickEditor::OnPathsChanged()
+{
+    UpdateOpenEditors();
+    UpdateOpenEditorsSelection();
+    UpdateTitleBar();
+    UpdateInterpreter();
+    SaveState();
+}
+
+void TarnwickEditor::DeleteFileByPath(const QString& path)
+{
+    if (path.isEmpty() || !QFileInfo::exists(path))
+        return;
+    if (!QFile::remove(path))
+        Logger::Error(QStringLiteral("Failed to delete file: %1").arg(path));
+}
+
+void TarnwickEditor::RevertFile()
+{
+    CodeEditor* const editor = GetActiveCodeEditor();
+    if (!editor || editor->GetType() != CodeEditorType::File || !editor->IsModified())
+        return;
+    const auto answer = QMessageBox::question(this, tr("Reload"),
+        tr("Reloading this file will result in unsaved changes being lost.\n\nContinue?"),
+        QMessageBox::Yes | QMessageBox::No, QMessageBox::No);
+    if (answer != QMessageBox::Yes)
+        return;
+    const QString text = GetFileText(editor->GetFilePath());
+    if (text.isNull())
+        return;
+    editor->SetText(text);
+    editor->SetModified(false);
 }

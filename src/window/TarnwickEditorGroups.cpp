@@ -5,37 +5,10 @@
 #include "plugin/Logger.h"
 #include "settings/Settings.h"
 #include "views/SideBar.h"
-#include "window/BufferFile.h"
 #include "window/TarnwickEditor.h"
 
 #include <QApplication>
 #include <QFileInfo>
-
-namespace {
-
-struct BufferRow
-{
-    CodeEditorLanguage language;
-    const char* fileName; ///< in the internal buffer folder
-};
-
-constexpr BufferRow BUFFERS[] = {
-    {CodeEditorLanguage::Text, "textBuffer.txt"},
-    {CodeEditorLanguage::Mel, "melBuffer.mel"},
-    {CodeEditorLanguage::Python, "pythonBuffer.py"},
-};
-
-QString DefaultLabel(CodeEditorLanguage language)
-{
-    switch (language) {
-    case CodeEditorLanguage::Mel: return Settings::defaultMelBufferLabel;
-    case CodeEditorLanguage::Python: return Settings::defaultPythonBufferLabel;
-    case CodeEditorLanguage::Text: break;
-    }
-    return Settings::defaultTextBufferLabel;
-}
-
-} // namespace
 
 int TarnwickEditor::GetCodeEditorGroupIndex(const CodeEditorGroup* group) const
 {
@@ -153,7 +126,7 @@ int TarnwickEditor::CreateCodeEditor(CodeEditorType type, CodeEditorLanguage lan
         return -1;
     }
     const CodeEditorProperties properties
-        = {type, language, path, label.isEmpty() ? DefaultLabel(language) : label};
+        = {type, language, path, label.isEmpty() ? DefaultBufferLabel(language) : label};
     const int place = group->InsertCodeEditor(index, properties, text);
     RefreshCodeEditorGroups(false);
     return place;
@@ -168,58 +141,6 @@ CodeEditorLanguage TarnwickEditor::GetLanguageFromFilename(const QFileInfo& info
     return suffix == QLatin1String("mel") ? CodeEditorLanguage::Mel : CodeEditorLanguage::Text;
 }
 
-QString TarnwickEditor::BufferPath(CodeEditorLanguage language) const
-{
-    return QStringLiteral("%1/%2").arg(Settings::GetInternalBufferDirectoryPath(),
-        QLatin1String(BUFFERS[static_cast<int>(language)].fileName));
-}
-
-/// Opens the language's buffer with the text it had when the window was last shut down.
-void TarnwickEditor::NewBuffer(CodeEditorLanguage language)
-{
-    CodeEditorGroup* const group = GetActiveCodeEditorGroup();
-    const QString path = BufferPath(language);
-    const int index = CreateCodeEditor(
-        CodeEditorType::Buffer, language, path, QString(), BufferFile::Read(path), group, -1);
-    if (index >= 0)
-        group->SetCurrentIndex(index);
-}
-
-void TarnwickEditor::NewMelBuffer()
-{
-    NewBuffer(CodeEditorLanguage::Mel);
-}
-
-void TarnwickEditor::NewPythonBuffer()
-{
-    NewBuffer(CodeEditorLanguage::Python);
-}
-
-void TarnwickEditor::SaveAll(bool saveBuffers, bool saveFiles)
-{
-    for (int i = 0; i < m_groups.size(); ++i) {
-        for (int tab = 0; tab < m_groups[i]->GetCount(); ++tab) {
-            const bool buffer = m_groups[i]->GetType(tab) == CodeEditorType::Buffer;
-            if (m_groups[i]->IsModified(tab) && (buffer ? saveBuffers : saveFiles))
-                SaveCodeEditor(i, tab);
-        }
-    }
-}
-
-bool TarnwickEditor::SaveCodeEditor(int groupIndex, int tabIndex)
-{
-    CodeEditorGroup* const group = GetCodeEditorGroupByIndex(groupIndex);
-    if (!group || !group->GetCodeEditor(tabIndex))
-        return false;
-    const QString path = group->GetFilePath(tabIndex);
-    const QString text = group->GetText(tabIndex);
-    const bool isBuffer = group->GetType(tabIndex) == CodeEditorType::Buffer;
-    if (isBuffer ? !BufferFile::Write(path, text) : !SaveCodeEditor(path, text))
-        return false;
-    group->SetModified(tabIndex, false);
-    return true;
-}
-
 void TarnwickEditor::OnCurrentTabChanged()
 {
     OnActiveCodeEditorChanged();
@@ -228,6 +149,21 @@ void TarnwickEditor::OnCurrentTabChanged()
 void TarnwickEditor::OnCodeEditorGroupReceivedFocus(CodeEditorGroup* group)
 {
     SetActiveCodeEditorGroup(group, false);
+    CheckForFileChanges();
+}
+
+/// In the group that was clicked.
+void TarnwickEditor::OnNewTabRequested()
+{
+    SetActiveCodeEditorGroup(qobject_cast<CodeEditorGroup*>(sender()), false);
+    NewBuffer();
+}
+
+/// Which buttons there are is one setting for all groups.
+void TarnwickEditor::OnMiniToolbarDisplayModified()
+{
+    for (CodeEditorGroup* group : qAsConst(m_groups))
+        group->UpdatePreferences();
 }
 
 void TarnwickEditor::OnActiveCodeEditorChanged()

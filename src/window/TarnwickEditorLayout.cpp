@@ -147,7 +147,10 @@ void TarnwickEditor::RefreshCodeEditorGroups(bool focus)
     CodeEditorGroup* const active = GetActiveCodeEditorGroup();
     const bool allEmpty = GetCodeEditorCount() == 0;
     bool changed = false;
+    // A place for one more group there is only while one of them is empty.
+    const bool allInUse = !CountTabs().contains(0);
     for (CodeEditorGroup* group : qAsConst(m_groups)) {
+        group->SetTabDropOtherGroupsEnabled(!allInUse);
         const bool shown = group->GetCount() > 0 || (allEmpty && group == active);
         changed = changed || shown == group->isHidden();
         group->setVisible(shown);

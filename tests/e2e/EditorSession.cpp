@@ -17,15 +17,18 @@ QList<QPlainTextEdit*> TextEditsOfClass(const char* className)
     return found;
 }
 
-/// Clicks along the tab bars, as the widths of the tabs are nobody else's business.
-void ShowTabOf(QPlainTextEdit* editor)
+/// Walks through the tabs by keys, as their places are nobody else's business.
+void ShowTabOf(QPlainTextEdit* editor, const QList<QPlainTextEdit*>& editors)
 {
-    constexpr int STEP = 20; // pixels, less than the narrowest tab
-    for (QAbstractScrollArea* bar : editor->window()->findChildren<QAbstractScrollArea*>()) {
-        if (qstrcmp(bar->metaObject()->className(), "CodeEditorGroupTabBar") != 0)
-            continue;
-        for (int x = STEP; x < bar->width() && !editor->isVisible(); x += STEP)
-            QTest::mouseClick(bar->viewport(), Qt::LeftButton, {}, QPoint(x, bar->height() / 2));
+    editor->window()->activateWindow();
+    for (int i = 0; i < editors.size() && !editor->isVisible(); ++i) {
+        for (QPlainTextEdit* shown : editors) {
+            if (!shown->isVisible())
+                continue;
+            shown->setFocus();
+            QTest::keyClick(shown, Qt::Key_PageDown, Qt::ControlModifier);
+            break;
+        }
     }
 }
 
@@ -74,7 +77,7 @@ QPlainTextEdit* EditorSession::Focus(const QString& label)
     }
     if (!editor)
         return nullptr;
-    ShowTabOf(editor);
+    ShowTabOf(editor, Editors());
     editor->window()->activateWindow();
     editor->setFocus();
     const bool focused
