@@ -195,6 +195,12 @@ private Q_SLOTS:
 
 private:
     struct MiniButton;
+    /// Whose text a parser's results are about.
+    struct ParsedText
+    {
+        QPointer<CodeEditor> editor;
+        int revision = 0; ///< of the document
+    };
 
     void CreateWidgets();
     void CreateLayout();
@@ -217,6 +223,8 @@ private:
     // Checking
     void UpdateParser(CodeEditor* editor);
     BaseParser* GetParser(CodeEditorLanguage language) const;
+    void Parse(CodeEditor& editor, BaseParser& parser);
+    bool IsParsed(const CodeEditor& editor, const BaseParser& parser) const;
     static void ShowMessages(CodeEditor& editor, const BaseParser& parser);
     void RequestPylint(const QString& text, const QString& path);
     void CreateWorkerThread();
@@ -244,8 +252,8 @@ private:
     bool m_parsingEnabled = true;
     std::unique_ptr<MelParser> m_melParser;
     std::unique_ptr<PythonParser> m_pythonParser;
-    QPointer<CodeEditor> m_parsedEditor; ///< whom the Python parser's messages are about
-    int m_parsedRevision = 0; ///< of that editor's text
+    ParsedText m_parsedMel;
+    ParsedText m_parsedPython;
     QThread* m_workerThread = nullptr;
     QPointer<PylintWorker> m_pylintWorker; ///< lives on the worker thread
     EmptyGroupHint* m_emptyHint = nullptr;

@@ -22,7 +22,9 @@ void CodeEditorGroup::OnTextChanged(const QString& path, const QString& text)
     CodeEditor* const current = GetCurrent();
     if (current && IsFindReplaceVisible() && HasSearchText())
         UpdateSearchResults(current);
-    UpdateParser(current);
+    // What changes in the background is parsed when it is shown.
+    if (!current || current->GetFilePath() == path)
+        UpdateParser(current);
     if (Settings::sideBarVisible && Settings::searchViewActive
         && !Settings::globalSearchRegEx.pattern().isEmpty())
         Q_EMIT TextChanged(path, text);
@@ -61,16 +63,31 @@ void CodeEditorGroup::UpdateParser(CodeEditor* editor)
         Q_EMIT ParserUpdated(nullptr);
         return;
     }
-    const QString text = editor->GetText();
-    parser->Parse(text, editor->GetFilePath());
-    m_parsedEditor = editor;
-    m_parsedRevision = editor->document()->revision();
+    Parse(*editor, *parser);
     // The marks come from pylint alone while it is there to give them.
     if (parser->IsPython() && Settings::pylintEnabled)
-        RequestPylint(text, editor->GetFilePath());
+        RequestPylint(editor->GetText(), editor->GetFilePath());
     else
         ShowMessages(*editor, *parser);
     Q_EMIT ParserUpdated(parser);
+}
+
+/// Going back and forth between groups or tabs of two languages parses nothing twice.
+void CodeEditorGroup::Parse(CodeEditor& editor, BaseParser& parser)
+{
+    if (IsParsed(editor, parser))
+        return;
+    parser.Parse(editor.GetText(), editor.GetFilePath());
+    ParsedText& parsed = parser.IsPython() ? m_parsedPython : m_parsedMel;
+    parsed.editor = &editor;
+    parsed.revision = editor.document()->revision();
+}
+
+bool CodeEditorGroup::IsParsed(const CodeEditor& editor, const BaseParser& parser) const
+{
+    const ParsedText& parsed = parser.IsPython() ? m_parsedPython : m_parsedMel;
+    return parsed.editor == &editor && parsed.revision == editor.document()->revision()
+        && parser.GetFilePath() == editor.GetFilePath();
 }
 
 void CodeEditorGroup::ShowMessages(CodeEditor& editor, const BaseParser& parser)
@@ -98,12 +115,11 @@ void CodeEditorGroup::OnPylintOutput(const QString& path, const QStringList& lin
 void CodeEditorGroup::OnPylintFailed(const QString& path)
 {
     CodeEditor* const editor = GetCurrent();
+    if (!editor || editor->GetFilePath() != path)
+        return;
     // What the parser found elsewhere, or in another text, would be marked in the wrong places;
     // after the change of the text it is parsed again anyway.
-    const bool parsed = editor && editor == m_parsedEditor && editor->GetFilePath() == path
-        && editor->document()->revision() == m_parsedRevision
-        && editor->GetLanguage() == CodeEditorLanguage::Python;
-    if (parsed)
+    if (editor->GetLanguage() == CodeEditorLanguage::Python && IsParsed(*editor, *m_pythonParser))
         ShowMessages(*editor, *m_pythonParser);
 }
 

@@ -108,6 +108,9 @@ void GroupCheckingTest::ParsesWhatCanBeSeen()
     QVERIFY(last()->IsPython());
     QCOMPARE(m_group->GetParser(), last());
     QVERIFY(python->GetNumberOfErrors() > 0);
+    python->SetText("x = 1");
+    m_group->UpdateParser();
+    QCOMPARE(python->GetNumberOfErrors(), 0);
 
     m_group->SetCurrentIndex(1);
     m_group->UpdateParser();
@@ -163,6 +166,10 @@ void GroupCheckingTest::TellsTheSearchOfChanges()
     Q_EMIT editor->TextChanged("/scripts/0", "b");
     QCOMPARE(parsed.count(), 1);
     QTEST(told.count() == 1, "told");
+    // A change in the background is told, too, but parses nothing.
+    Q_EMIT editor->TextChanged("/elsewhere", "b");
+    QTEST(told.count() == 2, "told");
+    QCOMPARE(parsed.count(), 1);
     Settings::sideBarVisible = true;
 }
 
