@@ -167,6 +167,7 @@ void OpenEditorsView::ApplyRow(QTreeWidgetItem* item, const Row& row)
     item->setIcon(0, LanguageIcon(properties.language));
     item->setToolTip(0, file ? properties.filePath : QString());
     item->setData(0, SideBarTree::LanguageIconRole, true);
+    item->setData(0, SideBarTree::ClosableRole, true);
     item->setData(0, SideBarTree::CopyRole, file ? properties.filePath : QString());
     item->setData(0, SideBarTree::ModifiedRole, dot);
     item->setData(0, SideBarTree::DetailRole, row.detail);
@@ -176,15 +177,32 @@ void OpenEditorsView::ApplyRow(QTreeWidgetItem* item, const Row& row)
 
 void OpenEditorsView::ShowSelection()
 {
+    QTreeWidgetItem* const item = ItemOf(m_activePath);
+    m_tree->setCurrentItem(item);
+    if (item)
+        m_tree->scrollToItem(item);
+}
+
+/// Null for no path, or one that has no row.
+QTreeWidgetItem* OpenEditorsView::ItemOf(const QString& path) const
+{
     for (int i = 0; i < m_tree->topLevelItemCount(); ++i) {
         QTreeWidgetItem* const item = m_tree->topLevelItem(i);
-        if (item->data(0, KEY_ROLE).toString() != m_activePath || m_activePath.isEmpty())
-            continue;
-        m_tree->setCurrentItem(item);
-        m_tree->scrollToItem(item);
-        return;
+        if (!path.isEmpty() && item->data(0, KEY_ROLE).toString() == path)
+            return item;
     }
-    m_tree->setCurrentItem(nullptr);
+    return nullptr;
+}
+
+void OpenEditorsView::Reveal(const QString& path)
+{
+    SetExpanded(true);
+    QTreeWidgetItem* const item = ItemOf(path);
+    if (!item)
+        return;
+    m_tree->setCurrentItem(item);
+    m_tree->scrollToItem(item);
+    FocusContent(Qt::ShortcutFocusReason);
 }
 
 void OpenEditorsView::OnActivated(QTreeWidgetItem* item)
@@ -203,7 +221,7 @@ void OpenEditorsView::ShowContextMenu(const QPoint& point)
     const QString path = item->data(0, KEY_ROLE).toString();
     auto* menu = new QMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
-    menu->addAction(tr("Open"), this, [this, path] { Q_EMIT ActivateRequested(path); });
+    menu->addAction(tr("Close"), this, [this, path] { Q_EMIT CloseRequested(path); });
     // A buffer's file is the program's own affair.
     if (item->data(0, Qt::ToolTipRole).toString() == path) {
         menu->addSeparator();

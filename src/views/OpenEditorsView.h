@@ -29,6 +29,8 @@ public:
     void SetEditors(const QVector<Editor>& editors);
     /// Marks the row of the active editor; none for an empty path.
     void SelectEditor(const QString& path);
+    /// Selects the row of that path and moves the focus to it.
+    void Reveal(const QString& path);
     int GetNaturalHeight() const override;
 
 Q_SIGNALS:
@@ -45,6 +47,7 @@ private:
     void ApplyRow(QTreeWidgetItem* item, const Row& row);
     void UpdateNote();
     void ShowSelection();
+    QTreeWidgetItem* ItemOf(const QString& path) const;
     void OnActivated(QTreeWidgetItem* item);
     void ShowContextMenu(const QPoint& point);
 

@@ -141,6 +141,7 @@ void TarnwickEditor::ConnectGroup(CodeEditorGroup* group)
     for (const auto& row : SLOTS)
         connect(group, row.first, this, row.second);
     connect(group, &G::QuickHelpChanged, this, &T::OnQuickHelpChanged);
+    connect(group, &G::ShowInSideBarRequested, this, &T::ShowInSideBar);
     // The outline is that of the group one works in.
     connect(group, &G::ParserUpdated, this, [this, group](BaseParser* parser) {
         if (group == GetActiveCodeEditorGroup())

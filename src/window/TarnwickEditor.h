@@ -267,6 +267,7 @@ private:
     void ConnectGroup(CodeEditorGroup* group);
     void ConnectSideBar();
     void UpdateOpenEditorsSelection();
+    void ShowInSideBar(const QString& path);
     void UpdateOutlineCursor();
     void InsertFlag(const QString& longName);
     /// Empty when cancelled.

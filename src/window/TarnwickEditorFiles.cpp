@@ -4,6 +4,8 @@
 #include "editor/CodeEditorGroup.h"
 #include "plugin/Logger.h"
 #include "settings/Settings.h"
+#include "views/OutlineView.h"
+#include "views/SideBar.h"
 #include "window/BufferFile.h"
 #include "window/FileText.h"
 #include "window/TarnwickEditor.h"
@@ -349,6 +351,7 @@ void TarnwickEditor::OnFilePathChanged(const QString& oldPath, const QString& ne
     const CodeEditorLanguage language = GetLanguageFromFilename(QFileInfo(newPath));
     for (CodeEditorGroup* group : qAsConst(m_groups))
         group->UpdateFilePath(oldPath, newPath, language);
+    m_sideBar->GetOutline()->MoveStoredDetails(oldPath, newPath);
     OnPathsChanged();
 }
 

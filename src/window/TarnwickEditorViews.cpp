@@ -44,6 +44,11 @@ void TarnwickEditor::ConnectSideBar()
     const O* const openEditors = m_sideBar->GetOpenEditors();
     connect(openEditors, &O::ActivateRequested, this,
         [this](const QString& path) { SetActiveCodeEditor(path); });
+    // As if the tab's own cross had been pressed.
+    connect(openEditors, &O::CloseRequested, this, [this](const QString& path) {
+        if (CodeEditorGroup* const group = GetCodeEditorGroupByPath(path))
+            Q_EMIT group->CloseTabRequested(group, group->GetCodeEditorIndex(path));
+    });
     connect(
         m_sideBar->GetOutline(), &OutlineView::SelectionChanged, this, [this](int start, int end) {
             if (CodeEditor* const editor = GetActiveCodeEditor())
@@ -56,6 +61,18 @@ void TarnwickEditor::ConnectSideBar()
     });
     connect(workspace, &WorkspaceView::OpenWorkspaceRequested, this, &T::OpenWorkspace);
     connect(workspace, &WorkspaceView::SaveWorkspaceAsRequested, this, &T::SaveWorkspaceAs);
+}
+
+/// In the workspace, or among the open editors for what lies outside of it.
+void TarnwickEditor::ShowInSideBar(const QString& path)
+{
+    ShowSideBarPage(SideBar::Page::Explorer);
+    WorkspaceView* const workspace = m_sideBar->GetWorkspace();
+    workspace->SetExpanded(true);
+    if (workspace->SelectPath(path))
+        workspace->FocusContent(Qt::ShortcutFocusReason);
+    else
+        m_sideBar->GetOpenEditors()->Reveal(path);
 }
 
 void TarnwickEditor::UpdateOpenEditors()

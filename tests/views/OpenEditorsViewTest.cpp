@@ -58,6 +58,7 @@ private Q_SLOTS:
     void KeepsRowsThatStay();
     void FollowsTheActiveEditor();
     void AnswersToMouseAndKeys();
+    void ClosesByMouseAndKeys();
     void WorksOnlyWhileSeen();
     void TakesTheHeightOfItsRows();
     void HeaderExpandsAndCollapses();
@@ -150,6 +151,32 @@ void OpenEditorsViewTest::AnswersToMouseAndKeys()
     QTest::keyClick(Tree(), Qt::Key_Return);
     QCOMPARE(activated.size(), 1);
     QCOMPARE(activated.takeFirst().first().toString(), QString("/2.py"));
+}
+
+void OpenEditorsViewTest::ClosesByMouseAndKeys()
+{
+    QSignalSpy closed(View(), &OpenEditorsView::CloseRequested);
+    QSignalSpy activated(View(), &OpenEditorsView::ActivateRequested);
+    View()->SetEditors({File("/1.py"), File("/2.py", 1)});
+    QTRY_COMPARE(Tree()->viewport()->height(), Tree()->GetRowsHeight());
+    const auto click = [this](int row, Qt::MouseButton button, bool atTheCross) {
+        QPoint place = Tree()->visualItemRect(Tree()->topLevelItem(row)).center();
+        if (atTheCross)
+            place.setX(Tree()->viewport()->width() - 17);
+        QTest::mouseClick(Tree()->viewport(), button, Qt::NoModifier, place);
+    };
+    click(1, Qt::LeftButton, true);
+    click(3, Qt::MiddleButton, false);
+    // Headings have no cross.
+    click(0, Qt::LeftButton, true);
+    click(2, Qt::MiddleButton, false);
+    Tree()->setCurrentItem(Tree()->topLevelItem(1));
+    QTest::keyClick(Tree(), Qt::Key_Delete);
+    QStringList paths;
+    for (const QList<QVariant>& arguments : qAsConst(closed))
+        paths += arguments.first().toString();
+    QCOMPARE(paths, (QStringList{"/1.py", "/2.py", "/1.py"}));
+    QVERIFY(activated.isEmpty());
 }
 
 void OpenEditorsViewTest::WorksOnlyWhileSeen()
