@@ -5,6 +5,7 @@
 #include "editor/CodeEditorBlockData.h"
 #include "editor/CodeEditorErrorBarOverlay.h"
 #include "editor/CodeEditorLineNumbers.h"
+#include "editor/DocumentSearch.h"
 #include "editor/SearchHitLines.h"
 #include "editor/TextColumns.h"
 #include "plugin/MayaUtil.h"
@@ -38,6 +39,7 @@ CodeEditor::CodeEditor(
     , m_textChangeTimer(new QTimer(this))
     , m_dropOverlay(new OverlayWidget(this))
     , m_searchHits(new SearchHitLines(document(), this))
+    , m_search(new DocumentSearch(document(), this))
     , m_extraSelectionsTimer(new QTimer(this))
 {
     setFrameShape(QFrame::NoFrame);
@@ -78,6 +80,7 @@ void CodeEditor::CreateConnections()
     connect(
         document(), &QTextDocument::contentsChange, this, &CodeEditor::OnDocumentContentsChanged);
     connect(m_searchHits, &SearchHitLines::LinesChanged, this, &CodeEditor::OnSearchHitsChanged);
+    connect(m_search, &DocumentSearch::Counted, this, &CodeEditor::OnSearchCounted);
     connect(m_textChangeTimer, &QTimer::timeout, this, &CodeEditor::OnTextChangedDelay);
     connect(m_extraSelectionsTimer, &QTimer::timeout, this, &CodeEditor::UpdateExtraSelections);
 }

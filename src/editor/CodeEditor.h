@@ -14,6 +14,7 @@
 class CodeEditorBlockData;
 class CodeEditorErrorBarOverlay;
 class CodeEditorLineNumbers;
+class DocumentSearch;
 class KeyBindings;
 class OverlayWidget;
 class SearchHitLines;
@@ -23,6 +24,7 @@ class QHelpEvent;
 class QMenu;
 class QTextCharFormat;
 class QTimer;
+struct TextSpan;
 
 /// The editor of one script: text with line numbers, the rules of what is handed to the host when
 /// the user executes, and a change notification that waits for a pause in typing. Owned by its
@@ -158,6 +160,30 @@ public:
     void SetSelectedSearchRegion();
     void ClearFindInSelection();
 
+    // Find and replace, with the current search; they answer whether something was found
+    /// Selects and centres the first match that starts at `position` or behind (that ends there
+    /// or before), wrapping round at the ends of the text or the region.
+    bool Find(int position, bool backward);
+    /// Steps over the match that is selected.
+    bool FindNext();
+    bool FindPrevious();
+    /// FindNext unless a match is selected. What is far away in a long text is shown later.
+    void FindWhileTyping();
+    /// Replaces the match that is selected and goes to the next one; only goes there without one.
+    bool Replace(const QString& text);
+    /// One undo step. How many matches were replaced; `findInSelection`: in the region only.
+    int ReplaceAll(const QRegularExpression& expression, const QString& text, bool findInSelection);
+    /// Counts all matches at once: the number of the one at the selection's start, from 1 or -1,
+    /// and how many there are.
+    void GetSearchResults(const QRegularExpression& expression, int& current, int& total);
+    /// Counts in slices; SearchResultsChanged tells of each but the first.
+    const DocumentSearch& CountSearchResults();
+    const DocumentSearch& GetSearch() const { return *m_search; }
+    void SelectWordUnderCursor();
+    /// What to search for: the selection, else the word under the cursor, which gets selected.
+    /// Empty when that is more than one line.
+    QString TakeSearchText();
+
     /// Where a dragged tab or file would go, in the editor's coordinates; empty: nowhere.
     void SetDropOverlayRect(const QRect& rectangle);
 
@@ -197,6 +223,7 @@ Q_SIGNALS:
     void FileChanged(const QString& path);
     void QuickHelpChanged(const QString& text, bool isRequested);
     void ModificationChanged(bool modified, CodeEditor* editor);
+    void SearchResultsChanged();
 
 public Q_SLOTS:
     void Execute() { Q_EMIT ExecuteRequested(); }
@@ -241,6 +268,7 @@ private Q_SLOTS:
     void UpdateLineNumberWidth();
     void UpdateAccessibleName();
     void OnSearchHitsChanged();
+    void OnSearchCounted();
     void UpdateLineNumbers(const QRect& area, int scrolled);
     void ScheduleExtraSelections();
     void UpdateExtraSelections();
@@ -302,6 +330,11 @@ private:
     bool IsWithinFindRegion(int start, int end) const;
     bool IsCurrentMatchSelected() const;
 
+    // Find and replace
+    DocumentSearch& UpdateSearch();
+    void ShowMatch(const TextSpan& match);
+    bool IsMatchSelected();
+
     // Painting
     using SpanSlice
         = std::pair<QVector<MarkedSpan>::const_iterator, QVector<MarkedSpan>::const_iterator>;
@@ -362,6 +395,8 @@ private:
     int m_currentMatchStart = 0; ///< of the found text that is selected
     int m_currentMatchEnd = -1; ///< before the start when none is
     SearchHitLines* m_searchHits;
+    DocumentSearch* m_search;
+    bool m_findWhenCounted = false; ///< the next match was not near enough to be found at once
     QRegularExpression m_searchRegEx; ///< without pattern while nothing is searched
     bool m_findInSelection = false;
     int m_findInSelectionStart = -1;

@@ -39,6 +39,7 @@ CodeEditorGroup::CodeEditorGroup(int id, KeyBindings* keyBindings, QWidget* pare
     setAccessibleName(tr("Editor group %1").arg(id + 1));
     CreateWidgets();
     CreateLayout();
+    CreateFindReplace();
     CreateConnections();
     CreateWorkerThread();
     UpdatePreferences();
@@ -260,6 +261,7 @@ void CodeEditorGroup::ConnectEditor(CodeEditor* editor)
     connect(editor, &E::ModificationChanged, this, &G::OnModificationChanged);
     connect(editor, &E::FileChanged, this, &G::OnFileChanged);
     connect(editor, &E::QuickHelpChanged, this, &G::QuickHelpChanged);
+    ConnectEditorSearch(editor);
     connect(editor, &QPlainTextEdit::cursorPositionChanged, this, &G::OnCursorPositionChanged);
     // The selection's length is part of what the status bar says about the cursor.
     connect(editor, &QPlainTextEdit::selectionChanged, this, &G::OnCursorPositionChanged);
@@ -272,6 +274,8 @@ CodeEditor* CodeEditorGroup::RemoveCodeEditor(int index)
     CodeEditor* editor = GetCodeEditor(index);
     if (!editor)
         return nullptr;
+    if (editor == GetCurrent())
+        LeaveSearch();
     disconnect(editor, nullptr, this, nullptr);
     m_stack->removeWidget(editor);
     m_tabBar->RemoveTab(index);
@@ -385,8 +389,9 @@ void CodeEditorGroup::FocusCurrentCodeEditor()
 
 void CodeEditorGroup::OnCurrentTabChanged(int index)
 {
-    ClearSearch();
+    LeaveSearch();
     m_stack->setCurrentIndex(index);
+    EnterSearch();
     UpdateLastUsedEditorOrder();
     Q_EMIT CurrentTabChanged();
 }

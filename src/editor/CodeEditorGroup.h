@@ -4,15 +4,18 @@
 #include "editor/TabDropZone.h"
 
 #include <QPointer>
+#include <QRegularExpression>
 #include <QStringList>
 #include <QWidget>
 
+#include <functional>
 #include <memory>
 
 class BaseParser;
 class CodeEditor;
 class CodeEditorGroupTabBar;
 class EmptyGroupHint;
+class FindReplaceWidget;
 class FlatButton;
 class KeyBindings;
 class MelParser;
@@ -90,6 +93,22 @@ public:
     void SetTabBarScrollValue(int value);
     void FocusCurrentCodeEditor();
 
+    // Find and replace in the current editor
+    /// `takeSearchText`: seek what is selected or under the cursor.
+    void ShowFindReplace(bool replace, bool takeSearchText, bool focus, bool focusReplace);
+    void SetFindReplaceVisible(bool visible);
+    bool IsFindReplaceVisible() const;
+    void SetSearchText(const QString& text);
+    bool HasSearchText() const;
+    /// Seeks what is selected or under the cursor, without showing the bar.
+    void SelectAndFind(bool backward);
+    FindReplaceWidget* GetFindReplace() const { return m_findReplace; }
+    /// Takes the marks off the editor that is shown.
+    void ClearSearch();
+    /// Ends finding in a region of the editor that is shown.
+    void ClearSearchSelection();
+    void UpdateSearchResults(CodeEditor* editor);
+
     // Re-reading the settings
     void UpdateTextOptions();
     void UpdateFontsAndColors();
@@ -97,12 +116,6 @@ public:
     void UpdateOverwriteMode();
     void UpdateKeyBindings();
     void UpdatePreferences();
-
-    // Finding and replacing in the current editor
-    void SetFindReplaceVisible(bool visible);
-    bool IsFindReplaceVisible() const;
-    void SetSearchText(const QString& text);
-    bool HasSearchText() const;
 
     // Parsing. Only the current editor is parsed, and only while it can be seen.
     /// Parses the current editor now and tells the result by ParserUpdated.
@@ -162,6 +175,12 @@ Q_SIGNALS:
     /// An editor came, went, moved, or is called or marked differently.
     void TabsChanged();
 
+public Q_SLOTS:
+    /// Also with the bar closed: what was sought last.
+    void FindNext();
+    void FindPrevious();
+    void CloseFindReplace();
+
 protected:
     void resizeEvent(QResizeEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
@@ -170,6 +189,11 @@ protected:
     void dropEvent(QDropEvent* event) override;
 
 private Q_SLOTS:
+    void OnSearchChanged(const QRegularExpression& expression, bool findInSelection,
+        bool incremental, bool retakeRegion);
+    void OnFindReplaceClosed();
+    void Replace(const QString& text);
+    void ReplaceAll(const QString& text);
     void OnCurrentTabChanged(int index);
     void OnCodeEditorReceivedFocus() { Q_EMIT ReceivedFocus(this); }
     void OnTextChanged(const QString& path, const QString& text);
@@ -184,7 +208,6 @@ private Q_SLOTS:
     void RequestOpenFiles(int index, const QStringList& paths);
     void CopyPath(int index);
     void OnShowInFolder(int index);
-    void CloseFindReplace();
     void OnPylintOutput(const QString& path, const QStringList& lines, int fieldCount);
     void OnPylintFailed(const QString& path);
     void ShowOpenCodeEditorContextMenu();
@@ -202,6 +225,17 @@ private:
         int revision = 0; ///< of the document
     };
 
+    // Find and replace
+    void CreateFindReplace();
+    void ConnectEditorSearch(CodeEditor* editor);
+    /// Before and after another editor becomes current.
+    void LeaveSearch();
+    void EnterSearch();
+    bool IsSearching() const;
+    void RunSearch(const std::function<void(CodeEditor&)>& operation);
+    void ShowSearchResults();
+    void UpdateFindReplacePosition();
+
     void CreateWidgets();
     void CreateLayout();
     void CreateConnections();
@@ -213,12 +247,6 @@ private:
     void BeginScroll(int direction);
     static const MiniButton* MiniButtons();
     void ToggleMiniToolbarDisplay(const MiniButton& row);
-
-    // Finding
-    void UpdateFindReplacePosition();
-    void UpdateSearchResults(CodeEditor* editor);
-    /// Takes the marks off the editor that is still shown and ends finding in its selection.
-    void ClearSearch();
 
     // Checking
     void UpdateParser(CodeEditor* editor);
@@ -246,6 +274,8 @@ private:
     FlatButton* m_executeAllButton = nullptr;
     FlatButton* m_executeLineButton = nullptr;
     FlatButton* m_openEditorsButton = nullptr;
+    FindReplaceWidget* m_findReplace = nullptr;
+    QRegularExpression m_searchRegEx; ///< what was sought last; without pattern: nothing
     QTimer* m_scrollTimer = nullptr;
     int m_scrollDirection = 0;
     QStringList m_lastUsedPaths; ///< most recent first

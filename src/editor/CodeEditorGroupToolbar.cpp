@@ -4,6 +4,7 @@
 #include "editor/CodeEditorGroup.h"
 #include "editor/CodeEditorGroupTabBar.h"
 #include "editor/EmptyGroupHint.h"
+#include "editor/FindReplaceWidget.h"
 #include "plugin/MayaUtil.h"
 #include "settings/KeyBindings.h"
 #include "settings/Settings.h"
@@ -236,6 +237,7 @@ void CodeEditorGroup::UpdateKeyBindings()
     for (const MiniButton* row = MiniButtons(); row->label; ++row)
         (this->*row->button)->SetToolTip(m_keyBindings->GetToolTip(row->binding, tr(row->label)));
     m_emptyHint->UpdateKeyBindings();
+    m_findReplace->UpdateKeyBindings(m_keyBindings);
 }
 
 void CodeEditorGroup::SetMiniToolbarVisible(bool visible)

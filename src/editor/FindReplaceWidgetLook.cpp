@@ -72,6 +72,7 @@ void FindReplaceWidget::CreateWidgets()
         field->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
         field->installEventFilter(this);
     }
+    m_replaceLineEdit->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     for (const ButtonRow& row : BUTTONS) {
         auto* button = new FlatButton(
             QString::fromLatin1(row.icon), tr(row.label), FlatButton::Tint::Computed, this);
@@ -213,7 +214,8 @@ void FindReplaceWidget::UpdateSize()
         all->itemAt(0)->layout()->setContentsMargins(0, 0, 0, 0);
         all->setContentsMargins(margins);
     }
-    all->invalidate();
+    // Rows that came or went are known to the nested layouts only after this.
+    all->activate();
     const int right = x() + this->width();
     setGeometry(right - width, y(), width, all->sizeHint().height());
 }

@@ -10,7 +10,8 @@ namespace {
 
 // Design pixels.
 constexpr int TOOL_EXTENT = 20;
-constexpr int TOOLS_MARGIN = 6;
+constexpr int TOOLS_MARGIN = 7;
+constexpr int TEXT_SHIFT = -1; ///< against the toolkit's own margin
 constexpr int HALO = 1;
 constexpr int RADIUS = 4;
 constexpr double HALO_ALPHA = 0.45;
@@ -19,7 +20,9 @@ constexpr double HALO_ALPHA = 0.45;
 
 ToolLineEdit::ToolLineEdit(QWidget* parent)
     : QLineEdit(parent)
-{ }
+{
+    setTextMargins(TEXT_SHIFT, 0, 0, 0);
+}
 
 void ToolLineEdit::AddTool(FlatButton* button)
 {
@@ -28,7 +31,7 @@ void ToolLineEdit::AddTool(FlatButton* button)
     button->setCursor(Qt::ArrowCursor);
     m_tools.append(button);
     const int width = Theme::Dp(TOOL_EXTENT) * m_tools.size();
-    setTextMargins(0, 0, width, 0);
+    setTextMargins(TEXT_SHIFT, 0, width, 0);
     PlaceTools();
 }
 

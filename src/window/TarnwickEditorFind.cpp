@@ -1,0 +1,103 @@
+// Find and replace in one text: in the console while the focus is in it, otherwise in the active
+// editor.
+
+#include "editor/CodeEditorGroup.h"
+#include "editor/FindReplaceWidget.h"
+#include "output/OutputTextEdit.h"
+#include "window/PanelGroup.h"
+#include "window/TarnwickEditor.h"
+
+#include <QApplication>
+
+/// Also while the console's own bar has the focus.
+bool TarnwickEditor::IsFocusInOutput() const
+{
+    const QWidget* focus = QApplication::focusWidget();
+    const QWidget* output = m_outputPanel->GetOutput();
+    return focus && (focus == output || output->isAncestorOf(focus));
+}
+
+void TarnwickEditor::ShowFindReplace(bool replace)
+{
+    if (CodeEditorGroup* group = GetActiveCodeEditorGroup()) {
+        // From the replace command on, the other field is next once something is sought.
+        const bool isVisible = group->IsFindReplaceVisible();
+        group->ShowFindReplace(
+            replace || (isVisible && group->GetFindReplace()->IsReplaceVisible()), true, true,
+            replace);
+    }
+}
+
+void TarnwickEditor::FindAgain(bool backward)
+{
+    CodeEditorGroup* group = GetActiveCodeEditorGroup();
+    if (!group)
+        return;
+    if (!group->HasSearchText())
+        group->SelectAndFind(backward);
+    else if (backward)
+        group->FindPrevious();
+    else
+        group->FindNext();
+}
+
+void TarnwickEditor::SelectAndFind(bool backward)
+{
+    if (CodeEditorGroup* group = GetActiveCodeEditorGroup())
+        group->SelectAndFind(backward);
+}
+
+void TarnwickEditor::Find()
+{
+    ShowFindReplace(false);
+}
+
+void TarnwickEditor::Replace()
+{
+    ShowFindReplace(true);
+}
+
+void TarnwickEditor::FindNext()
+{
+    FindAgain(false);
+}
+
+void TarnwickEditor::FindPrevious()
+{
+    FindAgain(true);
+}
+
+void TarnwickEditor::SelectAndFindNext()
+{
+    SelectAndFind(false);
+}
+
+void TarnwickEditor::SelectAndFindPrevious()
+{
+    SelectAndFind(true);
+}
+
+void TarnwickEditor::ReplaceNext()
+{
+    if (FindReplaceWidget* bar = TakeReplaceBar())
+        bar->Replace();
+}
+
+void TarnwickEditor::ReplaceAll()
+{
+    if (FindReplaceWidget* bar = TakeReplaceBar())
+        bar->ReplaceAll();
+}
+
+/// The bar that replaces; where it is not in view it is shown and null returned, as nobody can say
+/// what its fields hold.
+FindReplaceWidget* TarnwickEditor::TakeReplaceBar()
+{
+    CodeEditorGroup* group = GetActiveCodeEditorGroup();
+    if (!group)
+        return nullptr;
+    if (group->IsFindReplaceVisible() && group->GetFindReplace()->IsReplaceVisible())
+        return group->GetFindReplace();
+    ShowFindReplace(true);
+    return nullptr;
+}

@@ -1,0 +1,635 @@
+#include "editor/CodeEditor.h"
+#include "editor/CodeEditorGroup.h"
+#include "editor/DocumentSearch.h"
+#include "editor/FindReplaceWidget.h"
+#include "editor/SearchExpression.h"
+#include "editor/SearchHistory.h"
+#include "settings/KeyBindings.h"
+#include "support/TestMain.h"
+#include "window/chrome/FlatButton.h"
+#include "window/chrome/ToolLineEdit.h"
+
+#include <QLabel>
+#include <QSignalSpy>
+#include <QTextBlock>
+#include <QtTest>
+
+namespace {
+
+QRegularExpression Literal(const char* text)
+{
+    return CreateSearchRegEx(text, true, false, false);
+}
+
+QRegularExpression Typed(const char* text)
+{
+    return WithMatchLimit(CreateSearchRegEx(text, true, false, true));
+}
+
+/// The text with the selection between "[" and "]"; a bare cursor is "[]".
+QString Marked(const CodeEditor& editor)
+{
+    QString text = editor.GetText();
+    text.insert(editor.GetSelectedEndPosition(), ']');
+    return text.insert(editor.GetSelectedStartPosition(), '[');
+}
+
+/// The reverse of Marked.
+void SetMarked(CodeEditor& editor, QString marked)
+{
+    const int start = marked.indexOf('[');
+    marked.remove(start, 1);
+    const int end = marked.indexOf(']');
+    marked.remove(end, 1);
+    editor.SetText(marked);
+    editor.SetCursorSelection(start, end);
+}
+
+/// A group with one editor in a window that is shown.
+struct Group
+{
+    Group()
+        : widget(0, &keyBindings, nullptr)
+    {
+        SearchHistory::Clear();
+        widget.InsertCodeEditor(
+            0, {CodeEditorType::Buffer, CodeEditorLanguage::Text, "/a", "a"}, "");
+        widget.resize(900, 400);
+        widget.show();
+        widget.activateWindow();
+        (void)QTest::qWaitForWindowActive(&widget);
+        widget.FocusCurrentCodeEditor();
+    }
+    CodeEditor& Editor() const { return *widget.GetCurrent(); }
+    FindReplaceWidget& Bar() const { return *widget.GetFindReplace(); }
+    ToolLineEdit* Field() const { return Bar().findChild<ToolLineEdit*>("m_searchLineEdit"); }
+    QString Results() const { return Bar().findChild<QLabel*>("m_resultsLabel")->text(); }
+    void Toggle(const char* button) const { Bar().findChild<FlatButton*>(button)->click(); }
+
+    KeyBindings keyBindings;
+    CodeEditorGroup widget;
+};
+
+} // namespace
+
+class CodeEditorFindTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void GoesRoundTheText_data();
+    void GoesRoundTheText();
+    void FindsNothingWithoutAPattern();
+    void StaysInItsRegion_data();
+    void StaysInItsRegion();
+    void CarriesTheRegionAlong();
+    void CountsWhatItFinds_data();
+    void CountsWhatItFinds();
+    void CountsLongTextsInSlices();
+    void CountsAnewWhenTheTextChanged();
+    void SaysWhenItGaveUp();
+    void ReplacesOneAndGoesOn_data();
+    void ReplacesOneAndGoesOn();
+    void ReplacesAll_data();
+    void ReplacesAll();
+    void UndoesReplaceAllInOneStep();
+    void KeepsTheRegionOfReplaceAll();
+    void FollowsTyping();
+    void SearchesOnFarAheadOnceCounted();
+    void SeeksWhatIsSelected_data();
+    void SeeksWhatIsSelected();
+    void TakesTheRegionOnceAndLosesItWhenSwitchedOff();
+    void ShowsWhichMatchTheCursorIsAt();
+    void FindsAgainWithTheBarClosed();
+    void ClosesWithEscapeInTheEditor();
+    void FollowsTheCurrentTab();
+    void FloatsBesideTheScrollBar();
+    void ReplacesFromTheBar();
+
+private:
+    KeyBindings m_keyBindings;
+};
+
+void CodeEditorFindTest::GoesRoundTheText_data()
+{
+    QTest::addColumn<QString>("before");
+    QTest::addColumn<QString>("pattern");
+    QTest::addColumn<bool>("backward");
+    QTest::addColumn<QString>("after");
+    QTest::newRow("the next one") << "[]ab ab"
+                                  << "ab" << false << "[ab] ab";
+    QTest::newRow("over the selected one") << "[ab] ab"
+                                           << "ab" << false << "ab [ab]";
+    QTest::newRow("from the last to the first") << "ab [ab]"
+                                                << "ab" << false << "[ab] ab";
+    QTest::newRow("from the first to the last") << "[ab] ab\nab"
+                                                << "ab" << true << "ab ab\n[ab]";
+    QTest::newRow("the one before the cursor") << "ab[] ab"
+                                               << "ab" << true << "[ab] ab";
+    QTest::newRow("the match that a selection grows to") << "[a]b ab"
+                                                         << "ab" << false << "[ab] ab";
+    QTest::newRow("the match that ends where the selection ends") << "ab a[b]"
+                                                                  << "ab" << true << "ab [ab]";
+    QTest::newRow("only what the count counts") << "a[aa]a"
+                                                << "aa" << false << "aa[aa]";
+    QTest::newRow("the only one again") << "x [ab]"
+                                        << "ab" << false << "x [ab]";
+    QTest::newRow("nowhere") << "x[]y"
+                             << "ab" << false << "x[]y";
+    QTest::newRow("an empty match steps on") << "[]a\nb\nc"
+                                             << "^" << false << "a\n[]b\nc";
+    QTest::newRow("an empty match steps back") << "a\nb\n[]c"
+                                               << "^" << true << "a\n[]b\nc";
+    QTest::newRow("an empty match at the very end") << "[]a\nb"
+                                                    << "$" << true << "a\nb[]";
+    QTest::newRow("lines are searched one by one") << "[]a\nb"
+                                                   << "a\\sb" << false << "[]a\nb";
+    QTest::newRow("what stands before a match counts") << "[b] ab"
+                                                       << "(?<=a)b" << false << "b a[b]";
+}
+
+void CodeEditorFindTest::GoesRoundTheText()
+{
+    QFETCH(QString, before);
+    QFETCH(QString, pattern);
+    QFETCH(bool, backward);
+    QFETCH(QString, after);
+    CodeEditor editor({}, &m_keyBindings);
+    SetMarked(editor, before);
+    editor.SetSearchRegEx(Typed(pattern.toUtf8()));
+    const bool found = backward ? editor.FindPrevious() : editor.FindNext();
+    QTEST(Marked(editor), "after");
+    QCOMPARE(found, before != after || before == "x [ab]");
+}
+
+void CodeEditorFindTest::FindsNothingWithoutAPattern()
+{
+    CodeEditor editor({}, &m_keyBindings);
+    SetMarked(editor, "[]abc");
+    for (const QRegularExpression& expression : {QRegularExpression(), QRegularExpression("(")}) {
+        editor.SetSearchRegEx(expression);
+        QVERIFY(!editor.FindNext());
+        QVERIFY(!editor.FindPrevious());
+        QCOMPARE(editor.ReplaceAll(expression, "x", false), 0);
+        QCOMPARE(Marked(editor), QString("[]abc"));
+    }
+}
+
+void CodeEditorFindTest::StaysInItsRegion_data()
+{
+    QTest::addColumn<bool>("backward");
+    QTest::addColumn<int>("cursor");
+    QTest::addColumn<QVector<int>>("starts"); // of the matches found one after the other
+    using Starts = QVector<int>;
+    // "ab ab ab ab" with the middle two and the blanks around them as the region.
+    QTest::newRow("forwards from before") << false << 0 << Starts{3, 6, 3};
+    QTest::newRow("forwards from behind") << false << 11 << Starts{3, 6};
+    QTest::newRow("backwards from before") << true << 0 << Starts{6, 3, 6};
+    QTest::newRow("backwards from behind") << true << 11 << Starts{6, 3};
+    QTest::newRow("from inside") << false << 4 << Starts{6, 3};
+}
+
+void CodeEditorFindTest::StaysInItsRegion()
+{
+    QFETCH(bool, backward);
+    QFETCH(int, cursor);
+    QFETCH(QVector<int>, starts);
+    CodeEditor editor({}, &m_keyBindings);
+    SetMarked(editor, "a[b ab ab a]b");
+    editor.SetSelectedSearchRegion();
+    editor.SetSearchRegEx(Literal("ab"));
+    editor.SetCursorPosition(cursor, false, false);
+    for (const int start : starts) {
+        QVERIFY(backward ? editor.FindPrevious() : editor.FindNext());
+        QCOMPARE(editor.GetSelectedStartPosition(), start);
+    }
+    int current = 0;
+    int total = 0;
+    editor.GetSearchResults(Literal("ab"), current, total);
+    QCOMPARE(total, 2);
+    QCOMPARE(current, starts.last() == 3 ? 1 : 2);
+}
+
+void CodeEditorFindTest::CarriesTheRegionAlong()
+{
+    CodeEditor editor({}, &m_keyBindings);
+    SetMarked(editor, "x [ab ab] ab");
+    editor.SetSelectedSearchRegion();
+    const auto type = [&editor](int position, const QString& text) {
+        editor.SetCursorPosition(position, false, false);
+        editor.textCursor().insertText(text);
+    };
+    int current = 0;
+    int total = 0;
+    type(0, "ab ");
+    editor.GetSearchResults(Literal("ab"), current, total);
+    QCOMPARE(total, 2);
+    type(7, " ab ");
+    editor.GetSearchResults(Literal("ab"), current, total);
+    QCOMPARE(total, 3);
+    editor.SetCursorSelection(5, 11);
+    editor.textCursor().removeSelectedText();
+    editor.GetSearchResults(Literal("ab"), current, total);
+    QCOMPARE(total, 1);
+}
+
+void CodeEditorFindTest::CountsWhatItFinds_data()
+{
+    QTest::addColumn<QString>("marked");
+    QTest::addColumn<QString>("pattern");
+    QTest::addColumn<int>("current");
+    QTest::addColumn<int>("total");
+    QTest::newRow("none") << "[]abc"
+                          << "x" << -1 << 0;
+    QTest::newRow("empty pattern") << "[]abc"
+                                   << "" << -1 << 0;
+    QTest::newRow("cursor elsewhere") << "a[]ba"
+                                      << "a" << -1 << 2;
+    QTest::newRow("second of three") << "a\nb [a]\na"
+                                     << "a" << 2 << 3;
+    QTest::newRow("only the start counts") << "ab [a]b"
+                                           << "ab" << 2 << 2;
+    QTest::newRow("empty matches") << "a\n[]b\nc"
+                                   << "^" << 2 << 3;
+    QTest::newRow("without overlaps") << "[]aaaa"
+                                      << "aa" << 1 << 2;
+}
+
+void CodeEditorFindTest::CountsWhatItFinds()
+{
+    QFETCH(QString, marked);
+    QFETCH(QString, pattern);
+    CodeEditor editor({}, &m_keyBindings);
+    SetMarked(editor, marked);
+    int current = 0;
+    int total = 7;
+    editor.GetSearchResults(Typed(pattern.toUtf8()), current, total);
+    QTEST(current, "current");
+    QTEST(total, "total");
+}
+
+void CodeEditorFindTest::CountsLongTextsInSlices()
+{
+    constexpr int LINES = 60000;
+    const QString line = QString("some words of a line and a hit\n").repeated(LINES);
+    QTextDocument document;
+    QPlainTextEdit edit;
+    edit.setPlainText(line);
+    DocumentSearch search(edit.document(), nullptr);
+    QSignalSpy counted(&search, &DocumentSearch::Counted);
+    search.Search(Typed("h(i)t"), -1, -1);
+    QVERIFY(!search.IsFinished());
+    QVERIFY(search.GetTotal() < LINES);
+    // What is asked before the count is through is right as well.
+    const int last = line.size() - 4;
+    QCOMPARE(search.FindPrevious(last + 10).start, last);
+    QCOMPARE(search.GetNumber(last), -1);
+    QTRY_VERIFY(search.IsFinished());
+    QVERIFY(counted.count() > 0);
+    QCOMPARE(search.GetTotal(), LINES);
+    QCOMPARE(search.GetNumber(last), LINES);
+    QCOMPARE(search.FindNext(last + 1).start, -1);
+    QCOMPARE(search.FindNext(last - 40).start, last - 31);
+    // Nothing is counted twice.
+    counted.clear();
+    search.Search(Typed("h(i)t"), -1, -1);
+    QVERIFY(search.IsFinished());
+    QCoreApplication::processEvents();
+    QCOMPARE(counted.count(), 0);
+}
+
+void CodeEditorFindTest::CountsAnewWhenTheTextChanged()
+{
+    CodeEditor editor({}, &m_keyBindings);
+    editor.SetText(QString("a hit\n").repeated(60000));
+    editor.SetSearchRegEx(Typed("h(i)t"));
+    QVERIFY(!editor.CountSearchResults().IsFinished());
+    QTextCursor cursor(editor.document());
+    cursor.movePosition(QTextCursor::End, QTextCursor::KeepAnchor);
+    cursor.insertText("one hit");
+    QTRY_VERIFY(editor.GetSearch().IsFinished());
+    QCOMPARE(editor.GetSearch().GetTotal(), 1);
+    QCOMPARE(editor.GetSearch().GetNumber(4), 1);
+}
+
+void CodeEditorFindTest::SaysWhenItGaveUp()
+{
+    CodeEditor editor({}, &m_keyBindings);
+    editor.SetText(QString(60, 'a') + "c\naax\n");
+    int current = 0;
+    int total = 0;
+    editor.GetSearchResults(Typed("(a+)+[xy]"), current, total);
+    QCOMPARE(total, 1);
+    QVERIFY(editor.GetSearch().HasGivenUp());
+    editor.GetSearchResults(Typed("a+x"), current, total);
+    QVERIFY(!editor.GetSearch().HasGivenUp());
+}
+
+void CodeEditorFindTest::ReplacesOneAndGoesOn_data()
+{
+    QTest::addColumn<QString>("before");
+    QTest::addColumn<QString>("pattern");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("after");
+    QTest::newRow("first only goes there") << "[]ab ab"
+                                           << "ab"
+                                           << "x"
+                                           << "[ab] ab";
+    QTest::newRow("replaces and goes on") << "[ab] ab"
+                                          << "ab"
+                                          << "x"
+                                          << "x [ab]";
+    QTest::newRow("the last wraps") << "ab [ab]"
+                                    << "ab"
+                                    << "x"
+                                    << "[ab] x";
+    QTest::newRow("the only one") << "[ab]"
+                                  << "ab"
+                                  << "x"
+                                  << "x[]";
+    QTest::newRow("not into what was put in") << "[ab] ab"
+                                              << "ab"
+                                              << "abab"
+                                              << "abab [ab]";
+    QTest::newRow("groups") << "[f(1)] f(2)"
+                            << "f\\((\\d)\\)"
+                            << "g[\\1]"
+                            << "g[1] [f(2)]";
+    QTest::newRow("in its surroundings") << "a[b] ab"
+                                         << "(?<=a)b"
+                                         << "x"
+                                         << "ax a[b]";
+    QTest::newRow("empty matches step on") << "[]a\nb"
+                                           << "^"
+                                           << "# "
+                                           << "# a\n[]b";
+    QTest::newRow("at the ends of lines") << "a[]\nb"
+                                          << "$"
+                                          << ";"
+                                          << "a;\nb[]";
+}
+
+void CodeEditorFindTest::ReplacesOneAndGoesOn()
+{
+    QFETCH(QString, before);
+    QFETCH(QString, pattern);
+    QFETCH(QString, text);
+    QFETCH(QString, after);
+    CodeEditor editor({}, &m_keyBindings);
+    SetMarked(editor, before);
+    editor.SetSearchRegEx(Typed(pattern.toUtf8()));
+    editor.Replace(text);
+    // The brackets of the replacement are no marks.
+    QCOMPARE(Marked(editor), after);
+}
+
+void CodeEditorFindTest::ReplacesAll_data()
+{
+    QTest::addColumn<QString>("before");
+    QTest::addColumn<QRegularExpression>("expression");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("after");
+    QTest::addColumn<int>("count");
+    QTest::newRow("plain") << "ab\nab" << Literal("ab") << "\\1"
+                           << "\\1\n\\1" << 2;
+    QTest::newRow("growing") << "aaa" << Literal("a") << "aa"
+                             << "aaaaaa" << 3;
+    QTest::newRow("with nothing") << "abab" << Literal("b") << ""
+                                  << "aa" << 2;
+    QTest::newRow("groups") << "a=1\nb=2" << Typed("(\\w)=(\\d)") << "\\2=\\1"
+                            << "1=a\n2=b" << 2;
+    QTest::newRow("line ends") << "a, b, c" << Typed(", ") << ",\\n"
+                               << "a,\nb,\nc" << 2;
+    QTest::newRow("empty matches") << "a\n\nb" << Typed("^") << "# "
+                                   << "# a\n# \n# b" << 3;
+    QTest::newRow("case as typed")
+        << "Ab aB" << CreateSearchRegEx("ab", false, false, false) << "xY"
+        << "xY xY" << 2;
+    QTest::newRow("nothing found") << "ab" << Literal("x") << "y"
+                                   << "ab" << 0;
+}
+
+void CodeEditorFindTest::ReplacesAll()
+{
+    QFETCH(QString, before);
+    QFETCH(QRegularExpression, expression);
+    QFETCH(QString, text);
+    CodeEditor editor({}, &m_keyBindings);
+    editor.SetText(before);
+    QTEST(editor.ReplaceAll(expression, text, false), "count");
+    QTEST(editor.GetText(), "after");
+}
+
+void CodeEditorFindTest::UndoesReplaceAllInOneStep()
+{
+    CodeEditor editor({}, &m_keyBindings);
+    const QString text = QString("a b a\n").repeated(500);
+    editor.SetText(text);
+    QCOMPARE(editor.ReplaceAll(Literal("a"), "longer", false), 1000);
+    editor.undo();
+    QCOMPARE(editor.GetText(), text);
+    QVERIFY(!editor.document()->isUndoAvailable());
+    editor.redo();
+    QCOMPARE(editor.GetText().count("longer"), 1000);
+}
+
+void CodeEditorFindTest::KeepsTheRegionOfReplaceAll()
+{
+    CodeEditor editor({}, &m_keyBindings);
+    SetMarked(editor, "ab [ab ab] ab");
+    editor.SetSelectedSearchRegion();
+    QCOMPARE(editor.ReplaceAll(Literal("ab"), "abc", true), 2);
+    QCOMPARE(editor.GetText(), QString("ab abc abc ab"));
+    QCOMPARE(editor.GetFindInSelectionStart(), 3);
+    QCOMPARE(editor.GetFindInSelectionEnd(), 10);
+    QCOMPARE(editor.ReplaceAll(Literal("abc"), "a", true), 2);
+    QCOMPARE(editor.GetFindInSelectionEnd(), 6);
+}
+
+void CodeEditorFindTest::FollowsTyping()
+{
+    Group group;
+    SetMarked(group.Editor(), "[]s set self settings");
+    group.widget.ShowFindReplace(false, false, true, false);
+    QCOMPARE(group.Results(), QString("No Results"));
+    QTest::keyClicks(group.Field(), "s");
+    QCOMPARE(Marked(group.Editor()), QString("[s] set self settings"));
+    QCOMPARE(group.Results(), QString("1 of 5"));
+    QTest::keyClicks(group.Field(), "et");
+    QCOMPARE(Marked(group.Editor()), QString("s [set] self settings"));
+    QCOMPARE(group.Results(), QString("1 of 2"));
+    QTest::keyClicks(group.Field(), "t");
+    QCOMPARE(Marked(group.Editor()), QString("s set self [sett]ings"));
+    QTest::keyClick(group.Field(), Qt::Key_Backspace);
+    QCOMPARE(Marked(group.Editor()), QString("s set self [set]tings"));
+    QTest::keyClick(group.Field(), Qt::Key_Return, Qt::ShiftModifier);
+    QCOMPARE(Marked(group.Editor()), QString("s [set] self settings"));
+    group.Field()->clear();
+    QCOMPARE(group.Results(), QString("No Results"));
+    QVERIFY(group.Editor().GetSearchRegEx().pattern().isEmpty());
+}
+
+void CodeEditorFindTest::SearchesOnFarAheadOnceCounted()
+{
+    Group group;
+    group.Editor().SetText(QString("some words of a line\n").repeated(100000) + "needle");
+    group.widget.ShowFindReplace(false, false, true, false);
+    group.Toggle("m_regularExpressionButton");
+    group.Bar().SetSearchText("n(e)edle");
+    QTRY_COMPARE(group.Editor().GetSelectedText(), QString("needle"));
+    QTRY_COMPARE(group.Results(), QString("1 of 1"));
+}
+
+void CodeEditorFindTest::SeeksWhatIsSelected_data()
+{
+    QTest::addColumn<QString>("marked");
+    QTest::addColumn<QString>("sought");
+    QTest::addColumn<QString>("after");
+    QTest::newRow("selection") << "a [b c] d"
+                               << "b c"
+                               << "a [b c] d";
+    QTest::newRow("word under the cursor") << "one tw[]o"
+                                           << "two"
+                                           << "one [two]";
+    QTest::newRow("several lines are no text to seek") << "[a\nb]"
+                                                       << "old"
+                                                       << "[a\nb]";
+    QTest::newRow("nothing there") << "a  []  b"
+                                   << "old"
+                                   << "a  []  b";
+}
+
+void CodeEditorFindTest::SeeksWhatIsSelected()
+{
+    QFETCH(QString, marked);
+    Group group;
+    group.widget.SetSearchText("old");
+    SetMarked(group.Editor(), marked);
+    group.widget.ShowFindReplace(false, true, true, false);
+    QTEST(group.Field()->text(), "sought");
+    QTEST(Marked(group.Editor()), "after");
+    QVERIFY(group.Field()->hasFocus());
+    QCOMPARE(group.Field()->selectedText(), group.Field()->text());
+}
+
+void CodeEditorFindTest::TakesTheRegionOnceAndLosesItWhenSwitchedOff()
+{
+    Group group;
+    SetMarked(group.Editor(), "ab [ab ab] ab");
+    group.widget.ShowFindReplace(false, false, true, false);
+    group.Toggle("m_findInSelectionButton");
+    QTest::keyClicks(group.Field(), "ab");
+    QCOMPARE(group.Results(), QString("1 of 2"));
+    group.widget.FindNext();
+    group.widget.FindNext();
+    QCOMPARE(Marked(group.Editor()), QString("ab [ab] ab ab"));
+    QCOMPARE(group.Editor().GetFindInSelectionEnd(), 8);
+    group.Toggle("m_findInSelectionButton");
+    QCOMPARE(group.Results(), QString("2 of 4"));
+    QCOMPARE(group.Editor().GetFindInSelectionStart(), -1);
+}
+
+void CodeEditorFindTest::ShowsWhichMatchTheCursorIsAt()
+{
+    Group group;
+    SetMarked(group.Editor(), "[]ab ab ab");
+    group.widget.ShowFindReplace(false, false, true, false);
+    group.Bar().SetSearchText("ab");
+    group.Editor().SetCursorSelection(6, 8);
+    QCOMPARE(group.Results(), QString("3 of 3"));
+    group.Editor().SetCursorSelection(2, 2);
+    QCOMPARE(group.Results(), QString("3 of 3"));
+    QTest::keyClicks(&group.Editor(), "ab");
+    QTRY_COMPARE(group.Results(), QString("3 of 4"));
+}
+
+void CodeEditorFindTest::FindsAgainWithTheBarClosed()
+{
+    Group group;
+    SetMarked(group.Editor(), "one t[]wo two");
+    group.widget.SelectAndFind(false);
+    QVERIFY(!group.widget.IsFindReplaceVisible());
+    QCOMPARE(Marked(group.Editor()), QString("one two [two]"));
+    group.widget.FindNext();
+    QCOMPARE(Marked(group.Editor()), QString("one [two] two"));
+    group.widget.FindPrevious();
+    QCOMPARE(Marked(group.Editor()), QString("one two [two]"));
+    QVERIFY(group.Editor().GetSearchRegEx().pattern().isEmpty());
+}
+
+void CodeEditorFindTest::ClosesWithEscapeInTheEditor()
+{
+    Group group;
+    SetMarked(group.Editor(), "[a]b ab");
+    group.widget.ShowFindReplace(false, true, true, false);
+    group.Toggle("m_findInSelectionButton");
+    QVERIFY(group.widget.IsFindReplaceVisible());
+    QTest::keyClick(&group.Editor(), Qt::Key_Escape);
+    QVERIFY(!group.widget.IsFindReplaceVisible());
+    QVERIFY(group.Editor().hasFocus());
+    QVERIFY(group.Editor().GetSearchRegEx().pattern().isEmpty());
+    QVERIFY(!group.Editor().IsFindInSelectionEnabled());
+    QVERIFY(!group.Bar().IsFindInSelection());
+    QVERIFY(group.widget.HasSearchText());
+}
+
+void CodeEditorFindTest::FollowsTheCurrentTab()
+{
+    Group group;
+    CodeEditor& first = group.Editor();
+    SetMarked(first, "[ab ab]");
+    group.widget.ShowFindReplace(false, false, true, false);
+    group.Toggle("m_findInSelectionButton");
+    group.Bar().SetSearchText("ab");
+    group.widget.InsertCodeEditor(
+        1, {CodeEditorType::Buffer, CodeEditorLanguage::Text, "/b", "b"}, "ab ab ab");
+    group.widget.SetCurrentIndex(1);
+    QVERIFY(first.GetSearchRegEx().pattern().isEmpty());
+    QVERIFY(!first.IsFindInSelectionEnabled());
+    QVERIFY(!group.Bar().IsFindInSelection());
+    QVERIFY(!group.Editor().GetSearchRegEx().pattern().isEmpty());
+    QVERIFY(group.Results().endsWith("of 3"));
+    // A removed editor takes no marks along; without any editor there is nothing to search.
+    CodeEditor* removed = group.widget.RemoveCodeEditor(1);
+    QVERIFY(removed->GetSearchRegEx().pattern().isEmpty());
+    delete removed;
+    QVERIFY(group.Results().endsWith("of 2"));
+    group.widget.DeleteCodeEditor(0);
+    QVERIFY(!group.widget.IsFindReplaceVisible());
+    group.widget.ShowFindReplace(false, true, true, false);
+    QVERIFY(!group.widget.IsFindReplaceVisible());
+}
+
+void CodeEditorFindTest::FloatsBesideTheScrollBar()
+{
+    Group group;
+    group.widget.ShowFindReplace(true, false, true, false);
+    const int margin = group.Editor().GetVerticalScrollBarWidth() + 20;
+    for (const int width : {900, 600, 350}) {
+        group.widget.resize(width, 400);
+        QTRY_COMPARE(group.Bar().geometry().right() + 1, width - margin);
+        QVERIFY(group.Bar().width() <= width - 40);
+    }
+    const QWidget* tabRow = group.widget.findChild<QWidget*>("tabRow");
+    QCOMPARE(group.Bar().y(), tabRow->geometry().bottom() + 1);
+}
+
+void CodeEditorFindTest::ReplacesFromTheBar()
+{
+    Group group;
+    SetMarked(group.Editor(), "[f]1 f2 f3");
+    group.widget.ShowFindReplace(true, false, true, true);
+    QVERIFY(group.Bar().IsReplaceVisible());
+    group.Toggle("m_regularExpressionButton");
+    group.Bar().SetSearchText("f(\\d)");
+    group.Bar().findChild<ToolLineEdit*>("m_replaceLineEdit")->setText("\\1!");
+    group.Toggle("m_replaceButton");
+    QCOMPARE(Marked(group.Editor()), QString("1! [f2] f3"));
+    QCOMPARE(group.Results(), QString("1 of 2"));
+    group.Toggle("m_replaceAllButton");
+    QCOMPARE(group.Editor().GetText(), QString("1! 2! 3!"));
+    QCOMPARE(group.Results(), QString("No Results"));
+}
+
+TE2_TEST(CodeEditorFindTest)
+#include "CodeEditorFindTest.moc"
