@@ -275,7 +275,7 @@ bool SideBarTree::viewportEvent(QEvent* event)
         // Names come from files, so they are never read as rich text.
         QToolTip::showText(help->globalPos(),
             text.isEmpty() ? text
-                           : QStringLiteral("<span style=\"white-space:pre\">%1</span>")
+                           : QStringLiteral("<p style=\"white-space:pre\">%1</p>")
                                  .arg(text.toHtmlEscaped()),
             viewport(), visualRect(index));
         return true;
