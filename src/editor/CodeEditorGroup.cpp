@@ -408,6 +408,7 @@ void CodeEditorGroup::UpdateLastUsedEditorOrder()
 void CodeEditorGroup::resizeEvent(QResizeEvent* event)
 {
     QWidget::resizeEvent(event);
+    UpdateMiniToolbar();
     UpdateFindReplacePosition();
 }
 

@@ -247,6 +247,7 @@ private:
     void BeginScroll(int direction);
     static const MiniButton* MiniButtons();
     void ToggleMiniToolbarDisplay(const MiniButton& row);
+    bool HasRoomForMiniToolbar() const;
 
     // Checking
     void UpdateParser(CodeEditor* editor);
@@ -278,6 +279,7 @@ private:
     QRegularExpression m_searchRegEx; ///< what was sought last; without pattern: nothing
     QTimer* m_scrollTimer = nullptr;
     int m_scrollDirection = 0;
+    bool m_miniToolbarVisible = false; ///< wanted; a narrow group hides it all the same
     QStringList m_lastUsedPaths; ///< most recent first
     bool m_parsingEnabled = true;
     std::unique_ptr<MelParser> m_melParser;

@@ -24,17 +24,21 @@ bool CanBeDropped(const QMimeData* payload)
 
 void CodeEditorGroup::dragEnterEvent(QDragEnterEvent* event)
 {
-    dragMoveEvent(event);
-}
-
-void CodeEditorGroup::dragMoveEvent(QDragMoveEvent* event)
-{
     UpdateDropZone(event->pos(), event->mimeData());
     // Also outside the editors, as otherwise nothing would tell of the way back to them.
     if (CanBeDropped(event->mimeData()))
         event->acceptProposedAction();
     else
         event->ignore();
+}
+
+void CodeEditorGroup::dragMoveEvent(QDragMoveEvent* event)
+{
+    UpdateDropZone(event->pos(), event->mimeData());
+    if (m_dropZone == TabDropZone::NoZone)
+        event->ignore();
+    else
+        event->acceptProposedAction();
 }
 
 void CodeEditorGroup::dragLeaveEvent(QDragLeaveEvent*)

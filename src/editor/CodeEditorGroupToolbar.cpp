@@ -242,8 +242,14 @@ void CodeEditorGroup::UpdateKeyBindings()
 
 void CodeEditorGroup::SetMiniToolbarVisible(bool visible)
 {
-    m_miniToolbar->setVisible(visible);
+    m_miniToolbarVisible = visible;
     UpdateMiniToolbar();
+}
+
+/// A group too narrow for the tool bar keeps its tabs.
+bool CodeEditorGroup::HasRoomForMiniToolbar() const
+{
+    return width() >= m_miniToolbar->sizeHint().width() + m_tabBar->minimumSizeHint().width();
 }
 
 void CodeEditorGroup::UpdateMiniToolbar()
@@ -252,6 +258,7 @@ void CodeEditorGroup::UpdateMiniToolbar()
     m_scrollRightButton->setEnabled(m_tabBar->CanScroll(1));
     for (const MiniButton* row = MiniButtons(); row->label; ++row)
         (this->*row->button)->setVisible(*row->shown);
+    m_miniToolbar->setVisible(m_miniToolbarVisible && HasRoomForMiniToolbar());
 }
 
 void CodeEditorGroup::SetActive(bool active)
@@ -275,7 +282,10 @@ void CodeEditorGroup::ShowOpenCodeEditorContextMenu()
         action->setChecked(i == GetCurrentIndex());
         connect(action, &QAction::triggered, this, &CodeEditorGroup::SetCurrentTabFromAction);
     }
-    menu->popup(m_openEditorsButton->mapToGlobal({0, m_openEditorsButton->height()}));
+    // The button stands at the group's right end, so the menu ends there, too.
+    const QPoint corner(
+        m_openEditorsButton->width() - menu->sizeHint().width(), m_openEditorsButton->height());
+    menu->popup(m_openEditorsButton->mapToGlobal(corner));
 }
 
 void CodeEditorGroup::SetCurrentTabFromAction()

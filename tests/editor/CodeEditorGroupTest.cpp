@@ -376,6 +376,10 @@ void CodeEditorGroupTest::ChoosesItsExecuteButtons()
     auto* const menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
     menu->actions().at(1)->trigger();
     QVERIFY(shown());
+    m_group->resize(150, 400);
+    QVERIFY(!shown()); // no room for more than a tab
+    m_group->resize(600, 400);
+    QVERIFY(shown());
     QVERIFY(Settings::showCodeEditorExecuteAllBtn);
     QCOMPARE(modified.count(), 1);
     menu->close();

@@ -4,6 +4,7 @@
 #include "support/TestMain.h"
 
 #include <QApplication>
+#include <QContextMenuEvent>
 #include <QDropEvent>
 #include <QSignalSpy>
 #include <QUrl>
@@ -57,6 +58,8 @@ private Q_SLOTS:
     void TellsTabsWithOneTextApart();
     void TellsWhatTheCurrentTabIs();
     void PaintsAMarkOnlyWhereThereIsOne();
+    void ShowsTheFocusOfKeysOnly();
+    void OpensTheMenuOfTheCurrentTabByKey();
 
 private:
     void Click(int index, Qt::MouseButton button, bool onCross = false);
@@ -346,6 +349,38 @@ void CustomTabBarTest::PaintsAMarkOnlyWhereThereIsOne()
     Settings::showCloseButtonOnTabs = true;
     QCOMPARE(CountMarkPixels(0), dot);
     QVERIFY(dot != cross);
+}
+
+void CustomTabBarTest::ShowsTheFocusOfKeysOnly()
+{
+    const auto picture = [this] { return m_bar->viewport()->grab().toImage(); };
+    const QImage rest = picture();
+    m_bar->activateWindow();
+    m_bar->setFocus(Qt::OtherFocusReason);
+    QTRY_VERIFY(m_bar->hasFocus());
+    QCOMPARE(picture(), rest);
+    m_bar->clearFocus();
+    m_bar->setFocus(Qt::TabFocusReason);
+    QVERIFY(picture() != rest);
+    m_bar->clearFocus();
+    QCOMPARE(picture(), rest);
+}
+
+void CustomTabBarTest::OpensTheMenuOfTheCurrentTabByKey()
+{
+    QSignalSpy empty(m_bar.get(), &CustomTabBar::EmptyZoneContextMenuSelected);
+    const auto ask = [this] {
+        // The place that comes with the key is not where the tab is.
+        const QPoint place(m_bar->width() - 5, 5);
+        QContextMenuEvent event(QContextMenuEvent::Keyboard, place, m_bar->mapToGlobal(place));
+        QCoreApplication::sendEvent(m_bar.get(), &event);
+    };
+    ask();
+    QCOMPARE(empty.count(), 0);
+    while (m_bar->GetCount() > 0)
+        m_bar->RemoveTab(0);
+    ask();
+    QCOMPARE(empty.count(), 1);
 }
 
 TE2_TEST(CustomTabBarTest)

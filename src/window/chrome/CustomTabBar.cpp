@@ -339,6 +339,7 @@ void CustomTabBar::changeEvent(QEvent* event)
     for (Tab& tab : m_tabs)
         UpdateWidth(tab);
     UpdateGeometry();
+    updateGeometry(); // the height follows the interface scale
 }
 
 void CustomTabBar::resizeEvent(QResizeEvent* event)

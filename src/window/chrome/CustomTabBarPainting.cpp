@@ -10,7 +10,7 @@
 namespace {
 
 // Design pixels.
-constexpr int DOT_SIZE = 6;
+constexpr int DOT_SIZE = 7;
 constexpr int MARK_RADIUS = 4;
 constexpr int WATERLINE = 2;
 constexpr int WATERLINE_MARGIN = 3;

@@ -35,12 +35,13 @@ void OverlayWidget::SetRect(const QRect& rectangle)
         hide();
         return;
     }
+    // A scroll area puts its scroll bars on top again whenever it lays itself out.
+    raise();
     if (!isHidden() && m_glide.endValue().toRect() == rectangle)
         return;
     if (isHidden()) {
         m_glide.setEndValue(rectangle);
         setGeometry(rectangle);
-        raise();
         show();
         m_fade.setStartValue(0.0);
         m_fade.setEndValue(1.0);
