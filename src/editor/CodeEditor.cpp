@@ -69,6 +69,7 @@ void CodeEditor::CreateConnections()
 {
     connect(this, &QPlainTextEdit::blockCountChanged, this, &CodeEditor::UpdateLineNumberWidth);
     connect(this, &QPlainTextEdit::updateRequest, this, &CodeEditor::UpdateLineNumbers);
+    connect(this, &QPlainTextEdit::updateRequest, this, &CodeEditor::HighlightVisibleLines);
     connect(
         this, &QPlainTextEdit::cursorPositionChanged, this, &CodeEditor::ScheduleExtraSelections);
     connect(this, &QPlainTextEdit::selectionChanged, this, &CodeEditor::ScheduleExtraSelections);
@@ -99,8 +100,10 @@ void CodeEditor::SetProperties(const CodeEditorProperties& properties, bool forc
     m_filePath = properties.filePath;
     m_label = properties.label;
     UpdateAccessibleName();
-    if (languageChanged)
+    if (languageChanged) {
+        UpdateHighlighter();
         UpdateTextOptions();
+    }
 }
 
 void CodeEditor::UpdateAccessibleName()
@@ -298,11 +301,6 @@ void CodeEditor::GetCursorStatus(
 void CodeEditor::GetCursorStatus(int& line, int& column, int& selectionLength) const
 {
     GetCursorStatus(textCursor(), line, column, selectionLength);
-}
-
-CodeEditorBlockData* CodeEditor::GetBlockData(const QTextBlock& block) const
-{
-    return static_cast<CodeEditorBlockData*>(block.userData());
 }
 
 CodeEditorBlockData* CodeEditor::GetBlockData(const QTextCursor& cursor) const

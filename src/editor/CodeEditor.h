@@ -15,6 +15,7 @@ class CodeEditorBlockData;
 class CodeEditorErrorBarOverlay;
 class CodeEditorLineNumbers;
 class DocumentSearch;
+class Highlighter;
 class KeyBindings;
 class OverlayWidget;
 class SearchHitLines;
@@ -108,7 +109,7 @@ public:
         const QTextCursor& cursor, int& line, int& column, int& selectionLength) const;
     void GetCursorStatus(int& line, int& column, int& selectionLength) const;
 
-    // Line data; null where no highlighter has been
+    // Line data; null for an invalid block only
     CodeEditorBlockData* GetBlockData(const QTextBlock& block) const;
     CodeEditorBlockData* GetBlockData(const QTextCursor& cursor) const;
     CodeEditorBlockData* GetPreviousBlockData(const QTextCursor& cursor) const;
@@ -301,6 +302,10 @@ private:
     void LayOutForWidth();
     void WatchFile(const CodeEditorProperties& properties);
 
+    // Highlighting
+    void UpdateHighlighter();
+    void HighlightVisibleLines();
+
     // Keys, each step tells whether it took the key
     bool HandleKeypadEnter(QKeyEvent* event);
     bool HandleReturn(QKeyEvent* event);
@@ -405,5 +410,6 @@ private:
     bool m_rewritingText = false;
     int m_lastBlockCount = 1; ///< before the change that is told next
     QTimer* m_extraSelectionsTimer;
+    Highlighter* m_highlighter = nullptr; ///< owned by the document
     static ColorFormats m_colorFormats; ///< fetched with the first editor and with every new look
 };

@@ -1,6 +1,7 @@
 // What the settings say about editors of each language, and brackets and quotes.
 
 #include "editor/CodeEditor.h"
+#include "language/Highlighter.h"
 #include "editor/CodeEditorErrorBarOverlay.h"
 #include "settings/ColorSettings.h"
 #include "settings/Settings.h"
@@ -104,6 +105,7 @@ void CodeEditor::UpdateFontsAndColors()
     TextLook::ApplyColors(*this,
         ColorSettings::GetCodeEditorFormat(ColorSettings::PLAIN_TEXT, false),
         ColorSettings::GetCodeEditorFormat(ColorSettings::SELECTED_TEXT, false));
+    m_highlighter->Rehighlight();
     ScheduleExtraSelections();
     RefreshMarks();
 }
@@ -145,6 +147,7 @@ void CodeEditor::UpdateTextOptions()
         document()->setDefaultTextOption(option);
         if (IsWrapping())
             LayOutForWidth();
+        HighlightVisibleLines();
     }
     m_errorBar->UpdateMarks();
 }

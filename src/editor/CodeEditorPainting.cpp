@@ -129,6 +129,7 @@ void CodeEditor::resizeEvent(QResizeEvent* event)
     const bool needsWidth = IsWrapping() || blockCount() < MANY_LINES;
     QPlainTextEdit::resizeEvent(needsWidth ? event : &sameWidth);
     m_lineNumbers->UpdatePlace();
+    HighlightVisibleLines();
     ScheduleExtraSelections();
 }
 

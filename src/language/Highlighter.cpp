@@ -47,6 +47,7 @@ Highlighter::Highlighter(QTextDocument* document, const QVector<MultiLineHighlig
     // The toolkit would highlight a change of any length at once and lay every line out for it.
     disconnect(document, SIGNAL(contentsChange(int, int, int)), this, nullptr);
     connect(document, &QTextDocument::contentsChange, this, &Highlighter::OnContentsChange);
+    connect(document, &QTextDocument::contentsChanged, this, &Highlighter::OnContentsChanged);
     m_timer->setInterval(0);
     connect(m_timer, &QTimer::timeout, this, &Highlighter::Work);
     m_generation = NextGeneration();
@@ -105,10 +106,20 @@ void Highlighter::EnsureHighlighted(int firstLine, int lastLine)
     m_view = {qMax(0, firstLine), qMin(lastLine + 1, m_lineCount)};
     const bool showsWhitespace
         = document()->defaultTextOption().flags().testFlag(QTextOption::ShowTabsAndSpaces);
+    if (m_isInLongChange)
+        return; // asked again when it is over
     if (showsWhitespace != m_showsWhitespace)
         Rehighlight();
-    else
-        ColourLines(m_view.first, m_view.end - 1);
+    else if (!m_pending.IsEmpty() && m_pending.First().first < m_view.end)
+        CarryPendingStatesOn(AT_ONCE_LINES);
+    ColourLines(m_view.first, m_view.end - 1);
+}
+
+CodeEditorBlockData* Highlighter::GetBlockData(const QTextBlock& block)
+{
+    if (block.isValid() && !IsColoured(block) && !m_isInLongChange)
+        ColourLines(block.blockNumber(), block.blockNumber());
+    return dynamic_cast<CodeEditorBlockData*>(block.userData());
 }
 
 void Highlighter::OnContentsChange(int position, int removed, int added)
@@ -143,7 +154,17 @@ void Highlighter::CatchUpAtOnce(const LineSpan& changed)
     }
     m_nextToColour = qMin(m_nextToColour, rest.first);
     m_pending.Add({rest.first, qMax(rest.first, rest.end)});
+    m_isInLongChange = true;
     WorkLater();
+}
+
+void Highlighter::OnContentsChanged()
+{
+    if (!m_isInLongChange)
+        return;
+    m_isInLongChange = false;
+    if (m_hasView)
+        EnsureHighlighted(m_view.first, m_view.end - 1);
 }
 
 /// Computes the states from span.first on and moves that. True when the lines behind it are right
@@ -174,9 +195,11 @@ void Highlighter::WorkLater()
 void Highlighter::Work()
 {
     m_ignoresToolkit = false;
+    m_isInLongChange = false;
     QElapsedTimer clock;
     clock.start();
-    CarryPendingStatesOn(clock);
+    while (!m_pending.IsEmpty() && clock.elapsed() < TURN_MILLISECONDS)
+        CarryPendingStatesOn(LINES_PER_LOOK_AT_THE_CLOCK);
     if (m_pending.IsEmpty() && m_hasView)
         ColourLines(m_view.first, qMin(m_view.end, m_lineCount) - 1);
     ColourInTheBackground(clock);
@@ -187,16 +210,15 @@ void Highlighter::Work()
     Q_EMIT Completed();
 }
 
-void Highlighter::CarryPendingStatesOn(const QElapsedTimer& clock)
+/// A step of the states that are known to be stale, from the first of them on.
+void Highlighter::CarryPendingStatesOn(int maximumLines)
 {
-    while (!m_pending.IsEmpty() && clock.elapsed() < TURN_MILLISECONDS) {
-        LineSpan span = m_pending.First();
-        m_nextToColour = qMin(m_nextToColour, span.first);
-        const bool isDone = CarryStatesOn(span, LINES_PER_LOOK_AT_THE_CLOCK, false);
-        m_pending.RemoveFirst();
-        if (!isDone)
-            m_pending.Add({span.first, qMax(span.first, span.end)});
-    }
+    LineSpan span = m_pending.First();
+    m_nextToColour = qMin(m_nextToColour, span.first);
+    const bool isDone = CarryStatesOn(span, maximumLines, false);
+    m_pending.RemoveFirst();
+    if (!isDone)
+        m_pending.Add({span.first, qMax(span.first, span.end)});
 }
 
 void Highlighter::ColourInTheBackground(const QElapsedTimer& clock)

@@ -29,6 +29,8 @@ public:
     /// Colours these lines (block numbers, both included) now if they are not. Call it for what
     /// comes into view; very long documents are then coloured only where somebody looks.
     void EnsureHighlighted(int firstLine, int lastLine);
+    /// The data of a line, which is coloured for it if it has to be. Null for an invalid block.
+    CodeEditorBlockData* GetBlockData(const QTextBlock& block);
     /// Everything again, after the colours, the vocabulary or the visible white space changed.
     void Rehighlight();
     /// Whether nothing is left to do.
@@ -57,10 +59,11 @@ protected:
 private:
     // Lines whose state or text changed
     void OnContentsChange(int position, int removed, int added);
+    void OnContentsChanged();
     void CatchUpAtOnce(const LineSpan& changed);
     bool CarryStatesOn(LineSpan& span, int maximumLines, bool colour);
     void Work();
-    void CarryPendingStatesOn(const QElapsedTimer& clock);
+    void CarryPendingStatesOn(int maximumLines);
     void ColourInTheBackground(const QElapsedTimer& clock);
     void WorkLater();
 
@@ -87,5 +90,6 @@ private:
     int m_nextToColour = 0; ///< the lines before are coloured, or change at once
     LineSpan m_view; ///< asked for last
     bool m_hasView = false;
+    bool m_isInLongChange = false; ///< the document does not know its new layout yet
     bool m_ignoresToolkit = false; ///< while the toolkit would highlight everything at once
 };

@@ -1,6 +1,6 @@
 #include "language/PythonParser.h"
 
-#include <QChar>
+#include <array>
 
 namespace {
 
@@ -17,24 +17,16 @@ int Width(QStringView indent)
     return width;
 }
 
-/// Whether a character inside a line means anything to the scan.
-bool IsSignificant(ushort code)
+constexpr std::array<bool, 128> MakeSignificant()
 {
-    switch (code) {
-    case '\n':
-    case '"':
-    case '#':
-    case '\'':
-    case '(':
-    case ')':
-    case ':':
-    case '[':
-    case ']':
-    case '{':
-    case '}': return true;
-    default: return false;
-    }
+    std::array<bool, 128> significant{};
+    for (const char character : {'\n', '"', '#', '\'', '(', ')', ':', '[', ']', '{', '}'})
+        significant[std::size_t(character)] = true;
+    return significant;
 }
+
+/// Whether a character inside a line means anything to the scan.
+constexpr std::array<bool, 128> SIGNIFICANT = MakeSignificant();
 
 } // namespace
 
@@ -110,7 +102,7 @@ void PythonParser::ParseInsideLine()
 {
     // A line feed ends every line, the last one included.
     const QChar* character = m_script.constData() + m_position;
-    while (!IsSignificant(character->unicode()))
+    while (character->unicode() >= SIGNIFICANT.size() || !SIGNIFICANT[character->unicode()])
         ++character;
     m_position = int(character - m_script.constData());
     ParseCharacter(*character);

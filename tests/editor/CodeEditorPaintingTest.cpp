@@ -1,5 +1,4 @@
 #include "editor/CodeEditor.h"
-#include "editor/CodeEditorBlockData.h"
 #include "editor/SearchHitLines.h"
 #include "settings/ColorSettings.h"
 #include "settings/KeyBindings.h"
@@ -58,23 +57,6 @@ QRect CharacterRect(const CodeEditor& editor, int position)
     cursor.setPosition(position);
     const QRect caret = editor.cursorRect(cursor);
     return {caret.left(), caret.top(), editor.fontMetrics().horizontalAdvance('x'), caret.height()};
-}
-
-/// What a highlighter would leave: indent and emptiness of every line, "#" lines being empty.
-void SetBlockData(const CodeEditor& editor)
-{
-    for (QTextBlock block = editor.document()->begin(); block.isValid(); block = block.next()) {
-        const QString text = block.text();
-        int length = 0;
-        while (length < text.size() && text.at(length).isSpace())
-            ++length;
-        auto* data = new CodeEditorBlockData;
-        data->SetIndent(text.left(length));
-        data->SetEmpty(length == text.size() || text.at(length) == '#');
-        for (int i = 0; i < text.size(); ++i)
-            data->AppendBrace(text.at(i), i);
-        block.setUserData(data);
-    }
 }
 
 void ShowToolTip(QWidget& widget, const QPoint& point)
@@ -169,7 +151,6 @@ void CodeEditorPaintingTest::cleanup()
 CodeEditor& CodeEditorPaintingTest::Open(const QString& text)
 {
     m_editor->SetText(text);
-    SetBlockData(*m_editor);
     QCoreApplication::processEvents();
     return *m_editor;
 }
@@ -347,7 +328,7 @@ void CodeEditorPaintingTest::MarksOccurrencesOfTheSelection()
     QFETCH(int, end);
     QFETCH(bool, wordsOnly);
     Settings::codeEditorMatchedSelectionWordsOnly = wordsOnly;
-    CodeEditor& editor = Open("ab abc AB\n\nx (ab) y");
+    CodeEditor& editor = Open("ab abc AB\n\n+ (ab) y");
     editor.SetCursorSelection(start, end);
     QCoreApplication::processEvents();
     QTest::qWait(0);

@@ -3,6 +3,7 @@
 #include "plugin/MayaUtil.h"
 #include "settings/ColorSettings.h"
 
+#include <QHash>
 #include <QRegularExpression>
 
 using Colors = ColorSettings;
@@ -13,6 +14,15 @@ void Fill(QStringList& roles, int start, int length, const QString& role)
 {
     for (int i = start; i < start + length; ++i)
         roles[i] = role;
+}
+
+const QRegularExpression& Compiled(const QString& pattern)
+{
+    static QHash<QString, QRegularExpression> compiled;
+    auto found = compiled.find(pattern);
+    if (found == compiled.end())
+        found = compiled.insert(pattern, QRegularExpression(pattern));
+    return *found;
 }
 
 } // namespace
@@ -68,7 +78,7 @@ QStringList NaiveHighlighting::RolesOf(const QString& line, int& state) const
 void NaiveHighlighting::Apply(const QVector<Rule>& rules, const QString& line, QStringList& roles)
 {
     for (const Rule& rule : rules) {
-        auto matches = QRegularExpression(rule.pattern).globalMatch(line);
+        auto matches = Compiled(rule.pattern).globalMatch(line);
         while (matches.hasNext()) {
             const QRegularExpressionMatch match = matches.next();
             Fill(roles, match.capturedStart(), match.capturedLength(), rule.role);
@@ -78,13 +88,13 @@ void NaiveHighlighting::Apply(const QVector<Rule>& rules, const QString& line, Q
 
 void NaiveHighlighting::ApplyWords(const QString& line, QStringList& roles) const
 {
-    auto builtins = QRegularExpression("[.a-zA-Z0-9_]+").globalMatch(line);
+    auto builtins = Compiled("[.a-zA-Z0-9_]+").globalMatch(line);
     while (builtins.hasNext()) {
         const QRegularExpressionMatch word = builtins.next();
         if (m_builtins.contains(word.captured()))
             Fill(roles, word.capturedStart(), word.capturedLength(), m_builtinRole);
     }
-    auto words = QRegularExpression("[-$a-zA-Z0-9_]+").globalMatch(line);
+    auto words = Compiled("[-$a-zA-Z0-9_]+").globalMatch(line);
     while (words.hasNext()) {
         const QRegularExpressionMatch word = words.next();
         if (m_keywords.contains(word.captured()))
@@ -98,7 +108,7 @@ int NaiveHighlighting::FirstRegion(const QString& line, int from, int& start) co
 {
     int first = -1;
     for (int i = 0; i < m_regions.size(); ++i) {
-        const int found = line.indexOf(QRegularExpression(m_regions.at(i).start), from);
+        const int found = line.indexOf(Compiled(m_regions.at(i).start), from);
         if (found >= 0 && (first < 0 || found < start)) {
             first = i;
             start = found;
@@ -118,9 +128,9 @@ void NaiveHighlighting::ApplyRegions(const QString& line, int& state, QStringLis
     }
     for (state = -1; open >= 0;) {
         const Region& region = m_regions.at(open);
-        const QRegularExpression endPattern(region.end);
+        const QRegularExpression& endPattern = Compiled(region.end);
         QRegularExpressionMatch end = endPattern.match(line, searchFrom);
-        const QRegularExpression backslashes("\\\\*$");
+        const QRegularExpression& backslashes = Compiled("\\\\*$");
         while (region.escapable && end.hasMatch()
             && backslashes.match(line.left(end.capturedStart())).capturedLength() % 2 != 0)
             end = endPattern.match(line, end.capturedStart() + 1);
