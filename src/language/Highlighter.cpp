@@ -8,6 +8,8 @@
 #include <QTextDocument>
 #include <QTimer>
 
+#include <utility>
+
 namespace {
 
 constexpr int AT_ONCE_LINES = 2000;
@@ -16,13 +18,21 @@ constexpr int TURN_MILLISECONDS = 5; // so that a turn stays below 8 with its la
 /// With a view that asks for its lines, longer documents are not coloured where nobody looks.
 constexpr int BACKGROUND_LINES = 50000;
 
-/// Block data that knows what its line was coloured for.
+constexpr int NOT_COLOURED = 0;
+
+/// Block data that knows what it was filled for, and whether the line was coloured, too.
 class ColouredBlockData : public CodeEditorBlockData
 {
 public:
-    int generation = 0;
+    int generation = NOT_COLOURED;
     int stateBefore = RegionScanner::NO_STATE;
+    int revision = 0; ///< of the line's text
 };
+
+const ColouredBlockData* DataOf(const QTextBlock& block)
+{
+    return dynamic_cast<const ColouredBlockData*>(block.userData());
+}
 
 int NextGeneration()
 {
@@ -43,6 +53,7 @@ Highlighter::Highlighter(QTextDocument* document, const QVector<MultiLineHighlig
     , m_roleKeys(roleKeys)
     , m_timer(new QTimer(this))
     , m_lineCount(document->blockCount())
+    , m_settledRevision(document->revision())
 {
     // The toolkit would highlight a change of any length at once and lay every line out for it.
     disconnect(document, SIGNAL(contentsChange(int, int, int)), this, nullptr);
@@ -104,10 +115,13 @@ void Highlighter::EnsureHighlighted(int firstLine, int lastLine)
 {
     m_hasView = true;
     m_view = {qMax(0, firstLine), qMin(lastLine + 1, m_lineCount)};
+    // Within a change the document must not be told of new colours: it would forget what changed.
+    if (document()->revision() != m_settledRevision) {
+        m_isViewDue = true;
+        return;
+    }
     const bool showsWhitespace
         = document()->defaultTextOption().flags().testFlag(QTextOption::ShowTabsAndSpaces);
-    if (m_isInLongChange)
-        return; // asked again when it is over
     if (showsWhitespace != m_showsWhitespace)
         Rehighlight();
     else if (!m_pending.IsEmpty() && m_pending.First().first < m_view.end)
@@ -117,8 +131,8 @@ void Highlighter::EnsureHighlighted(int firstLine, int lastLine)
 
 CodeEditorBlockData* Highlighter::GetBlockData(const QTextBlock& block)
 {
-    if (block.isValid() && !IsColoured(block) && !m_isInLongChange)
-        ColourLines(block.blockNumber(), block.blockNumber());
+    if (block.isValid() && !IsFilled(block))
+        FillData(block, block.text());
     return dynamic_cast<CodeEditorBlockData*>(block.userData());
 }
 
@@ -154,16 +168,14 @@ void Highlighter::CatchUpAtOnce(const LineSpan& changed)
     }
     m_nextToColour = qMin(m_nextToColour, rest.first);
     m_pending.Add({rest.first, qMax(rest.first, rest.end)});
-    m_isInLongChange = true;
     WorkLater();
 }
 
+/// The end of a change, or of an edit block that changed nothing.
 void Highlighter::OnContentsChanged()
 {
-    if (!m_isInLongChange)
-        return;
-    m_isInLongChange = false;
-    if (m_hasView)
+    m_settledRevision = document()->revision();
+    if (std::exchange(m_isViewDue, false))
         EnsureHighlighted(m_view.first, m_view.end - 1);
 }
 
@@ -195,7 +207,7 @@ void Highlighter::WorkLater()
 void Highlighter::Work()
 {
     m_ignoresToolkit = false;
-    m_isInLongChange = false;
+    m_settledRevision = document()->revision();
     QElapsedTimer clock;
     clock.start();
     while (!m_pending.IsEmpty() && clock.elapsed() < TURN_MILLISECONDS)
@@ -239,10 +251,15 @@ int Highlighter::StateBefore(const QTextBlock& block) const
     return previous.isValid() ? previous.userState() : RegionScanner::NO_STATE;
 }
 
+bool Highlighter::IsFilled(const QTextBlock& block) const
+{
+    const ColouredBlockData* data = DataOf(block);
+    return data && data->revision == block.revision() && data->stateBefore == StateBefore(block);
+}
+
 bool Highlighter::IsColoured(const QTextBlock& block) const
 {
-    const auto* data = dynamic_cast<const ColouredBlockData*>(block.userData());
-    return data && data->generation == m_generation && data->stateBefore == StateBefore(block);
+    return IsFilled(block) && DataOf(block)->generation == m_generation;
 }
 
 /// Colours those of the lines that are stale, and has the document laid out again only once.
@@ -292,21 +309,30 @@ void Highlighter::highlightBlock(const QString& text)
         setFormat(range.start, range.length, range.format);
 }
 
-/// Fills the data of a line and tells its formats; the state that it ends in.
-int Highlighter::Look(
-    QTextBlock block, const QString& text, QVector<QTextLayout::FormatRange>& formats)
+/// Fills the data of a line but leaves its colours; the state that it ends in.
+int Highlighter::FillData(QTextBlock block, const QString& text)
 {
     auto* data = dynamic_cast<ColouredBlockData*>(block.userData());
     if (!data) {
         data = new ColouredBlockData;
         block.setUserData(data);
     }
-    data->generation = m_generation;
+    data->generation = NOT_COLOURED;
     data->stateBefore = StateBefore(block);
+    data->revision = block.revision();
     m_regions.clear();
     const int state = m_regionScanner.Scan(text, data->stateBefore, &m_regions);
     const int codeEnd = FillBlockData(*data, text, m_regions, m_regionScanner);
     UpdateSmartIndentData(*data, text, codeEnd);
+    return state;
+}
+
+/// Fills the data of a line and tells the formats that it is to get; the state that it ends in.
+int Highlighter::Look(
+    const QTextBlock& block, const QString& text, QVector<QTextLayout::FormatRange>& formats)
+{
+    const int state = FillData(block, text);
+    static_cast<ColouredBlockData*>(block.userData())->generation = m_generation;
     LineRoles roles(text.size());
     HighlightLine(text, roles);
     formats = FormatsOf(roles);

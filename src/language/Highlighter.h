@@ -29,7 +29,7 @@ public:
     /// Colours these lines (block numbers, both included) now if they are not. Call it for what
     /// comes into view; very long documents are then coloured only where somebody looks.
     void EnsureHighlighted(int firstLine, int lastLine);
-    /// The data of a line, which is coloured for it if it has to be. Null for an invalid block.
+    /// The data of a line, filled now if it is not. Null for an invalid block.
     CodeEditorBlockData* GetBlockData(const QTextBlock& block);
     /// Everything again, after the colours, the vocabulary or the visible white space changed.
     void Rehighlight();
@@ -69,10 +69,13 @@ private:
 
     // One line
     int StateBefore(const QTextBlock& block) const;
+    bool IsFilled(const QTextBlock& block) const;
     bool IsColoured(const QTextBlock& block) const;
     void ColourLines(int firstLine, int lastLine);
     int ColourLine(QTextBlock block);
-    int Look(QTextBlock block, const QString& text, QVector<QTextLayout::FormatRange>& formats);
+    int FillData(QTextBlock block, const QString& text);
+    int Look(
+        const QTextBlock& block, const QString& text, QVector<QTextLayout::FormatRange>& formats);
     void HighlightLine(QStringView text, LineRoles& roles) const;
     void HighlightHiddenCharacters(QStringView text, LineRoles& roles) const;
     QVector<QTextLayout::FormatRange> FormatsOf(const LineRoles& roles) const;
@@ -86,10 +89,11 @@ private:
     QTimer* m_timer;
     PendingLines m_pending;
     int m_lineCount;
+    int m_settledRevision; ///< of the document, when the last change was over
     int m_generation = 0; ///< of the colours; lines of another one are stale
     int m_nextToColour = 0; ///< the lines before are coloured, or change at once
     LineSpan m_view; ///< asked for last
     bool m_hasView = false;
-    bool m_isInLongChange = false; ///< the document does not know its new layout yet
+    bool m_isViewDue = false; ///< asked for within a change
     bool m_ignoresToolkit = false; ///< while the toolkit would highlight everything at once
 };

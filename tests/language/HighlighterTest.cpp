@@ -108,6 +108,8 @@ private Q_SLOTS:
     void LongTextsAreFinishedLater();
     void LongCascadesAreFinishedLater();
     void AnEditMeetsUnfinishedLines();
+    void ManyLinesChangedInOneStep();
+    void DataWithinAnEditBlock();
     void OnlyTheViewOfAVeryLongText();
     void ColoursWhatIsAskedFor();
     void AttachesToAFilledDocument();
@@ -270,6 +272,42 @@ void HighlighterTest::AnEditMeetsUnfinishedLines()
     removal.removeSelectedText();
     QTRY_VERIFY(script.highlighter->IsComplete());
     QCOMPARE(Difference(script.document, NaiveHighlighting::Mel), QString());
+}
+
+void HighlighterTest::ManyLinesChangedInOneStep()
+{
+    Script script(NaiveHighlighting::Python);
+    script.document.setPlainText(QString("if x: # y\n").repeated(5000));
+    QTRY_VERIFY(script.highlighter->IsComplete());
+    QTextCursor cursor(&script.document);
+    cursor.beginEditBlock();
+    for (QTextBlock block = script.document.begin(); block.isValid(); block = block.next()) {
+        cursor.setPosition(block.position());
+        cursor.insertText(block.blockNumber() % 2 ? "'" : "  ");
+    }
+    cursor.endEditBlock();
+    QTRY_VERIFY(script.highlighter->IsComplete());
+    QCOMPARE(Difference(script.document, NaiveHighlighting::Python), QString());
+}
+
+// Aids to typing ask for the data of lines that they are just changing.
+void HighlighterTest::DataWithinAnEditBlock()
+{
+    Script script(NaiveHighlighting::Python);
+    script.document.setPlainText("a\nb\nc");
+    QSignalSpy changes(&script.document, &QTextDocument::contentsChange);
+    QTextCursor cursor(&script.document);
+    cursor.beginEditBlock();
+    cursor.insertText("f(");
+    QCOMPARE(script.highlighter->GetBlockData(cursor.block())->GetBraces('(').size(), 1);
+    script.highlighter->EnsureHighlighted(0, 2);
+    cursor.movePosition(QTextCursor::End);
+    cursor.insertText("'''");
+    cursor.endEditBlock();
+    QCOMPARE(changes.size(), 1);
+    QCOMPARE(changes.at(0).at(0).toInt(), 0);
+    QCOMPARE(Difference(script.document, NaiveHighlighting::Python), QString());
+    QVERIFY(!script.highlighter->GetBlockData(QTextBlock()));
 }
 
 void HighlighterTest::OnlyTheViewOfAVeryLongText()
