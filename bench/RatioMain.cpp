@@ -64,7 +64,7 @@ private:
     static void PrintLine(const std::string& name, double value, double goal)
     {
         std::printf(
-            "%-32s %10.2f %10.2f%s\n", name.c_str(), value, goal, value > goal ? "   over" : "");
+            "%-32s %10.3f %10.3f%s\n", name.c_str(), value, goal, value > goal ? "   over" : "");
     }
 
     static double Median(std::vector<double> values)

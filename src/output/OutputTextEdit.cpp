@@ -2,6 +2,7 @@
 
 #include "output/OutputTextEdit.h"
 
+#include "editor/FindReplaceWidget.h"
 #include "language/MelVariableSelection.h"
 #include "output/TextTail.h"
 #include "settings/ColorSettings.h"
@@ -40,6 +41,7 @@ OutputTextEdit::OutputTextEdit(KeyBindings* keyBindings, QWidget* parent)
     m_turnTimer->setSingleShot(true);
     m_turnTimer->setInterval(0);
     UpdateFontsAndColors();
+    CreateFindReplace();
     CreateConnections();
     m_repaintTimer.start();
 }
@@ -73,16 +75,17 @@ void OutputTextEdit::AppendText(const QString& text)
     }
     if (text.isEmpty())
         return;
+    m_followDue = true;
+    m_extraSelectionsDue = true;
     if (m_turnNanoseconds >= INSERT_AT_ONCE) {
         Join(text);
     } else {
         QElapsedTimer spent;
         spent.start();
         InsertText(text);
+        FollowOutput();
         m_turnNanoseconds += spent.nsecsElapsed();
     }
-    m_followDue = true;
-    m_extraSelectionsDue = true;
     if (!m_turnTimer->isActive())
         m_turnTimer->start();
     RepaintIfDue();
@@ -145,8 +148,10 @@ void OutputTextEdit::FinishTurn()
 {
     m_turnNanoseconds = 0;
     FollowOutput();
-    if (m_extraSelectionsDue)
-        UpdateExtraSelections();
+    if (!m_extraSelectionsDue)
+        return;
+    UpdateExtraSelections();
+    UpdateSearchResults();
 }
 
 void OutputTextEdit::RepaintIfDue()
@@ -154,6 +159,7 @@ void OutputTextEdit::RepaintIfDue()
     if (m_repaintTimer.elapsed() <= REPAINT_INTERVAL)
         return;
     FollowOutput();
+    UpdateSearchResults();
     UpdateExtraSelections();
     viewport()->repaint();
     m_repaintTimer.start();
@@ -165,8 +171,10 @@ void OutputTextEdit::ClearAll()
     m_pendingText.clear();
     m_followDue = false;
     clear();
+    m_findReplace->SetFindInSelectionEnabled(false, false);
     m_extraSelections.clear();
     setExtraSelections(m_extraSelections);
+    UpdateSearchResults();
 }
 
 void OutputTextEdit::ScrollToEnd()
@@ -303,6 +311,7 @@ void OutputTextEdit::resizeEvent(QResizeEvent* event)
     QPlainTextEdit::resizeEvent(event);
     if (textCursor().atEnd())
         ScrollToEnd();
+    UpdateFindReplacePosition();
 }
 
 void OutputTextEdit::focusInEvent(QFocusEvent* event)
@@ -317,6 +326,7 @@ void OutputTextEdit::keyPressEvent(QKeyEvent* event)
         QPlainTextEdit::keyPressEvent(event);
         return;
     }
+    CloseFindReplace();
     QTextCursor cursor = textCursor();
     cursor.clearSelection();
     setTextCursor(cursor);

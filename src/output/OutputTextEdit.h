@@ -8,6 +8,8 @@
 #include <memory>
 
 struct ExtraSelectionProperties;
+class DocumentSearch;
+class FindReplaceWidget;
 class KeyBindings;
 class QFile;
 class QTextStream;
@@ -59,6 +61,23 @@ public:
     int blockCount();
     void selectAll();
 
+    void SelectWordUnderCursor();
+
+    // Finding, with a bar that floats over the text
+    /// Starts with what is selected, or the word under the cursor. Nothing is ever replaced here.
+    void ShowFindReplace(bool replace, bool focus);
+    void CloseFindReplace();
+    bool IsFindReplaceVisible() const;
+    bool HasSearchText() const;
+    FindReplaceWidget* GetFindReplace() const { return m_findReplace; }
+    /// Selects the first match at or behind `from` (the last one before it), going on at the other
+    /// end of the text. False when there is none.
+    bool Find(int from, bool backward);
+    /// The number of matches, and that of the selected one from 1, or -1.
+    void GetSearchResults(const QRegularExpression& expression, int& count, int& current);
+    static int EarliestPosition(const QTextCursor& cursor);
+    static int LatestPosition(const QTextCursor& cursor);
+
     // Re-reading the settings
     void UpdateFontsAndColors();
     void UpdateFont();
@@ -71,6 +90,13 @@ Q_SIGNALS:
 
 public Q_SLOTS:
     void UpdateExtraSelections();
+    void FindNext();
+    void FindPrevious();
+    void OnSearchChanged(
+        const QRegularExpression& expression, bool findInSelection, bool incremental);
+    void OnFindReplaceClosed();
+    void UpdateSearchResults();
+    void UpdateFindReplacePosition();
 
 protected:
     bool event(QEvent* event) override;
@@ -91,6 +117,10 @@ private Q_SLOTS:
 
 private:
     void CreateConnections();
+    void CreateFindReplace();
+    DocumentSearch& UpdateSearch();
+    bool IsMatchSelected();
+    void ShowSearchResults();
 
     // Appending
     void WriteToLog(const QString& text);
@@ -105,6 +135,7 @@ private:
     // Extra selections
     void HighlightUserDefinedSelections(int start, int end);
     void HighlightMatchedSelection(int start, int end);
+    void HighlightFoundSelection(int start, int end);
     QRegularExpression MatchedSelectionExpression(const QString& selected) const;
     void AppendSelection(int start, int end, const QTextCharFormat& format);
     void UpdateRules();
@@ -122,6 +153,9 @@ private:
     int m_pendingCutSize = 0; ///< length at which the pending text is cut to the limit again
     std::unique_ptr<QFile> m_logFile; ///< null when not writing
     std::unique_ptr<QTextStream> m_logStream; ///< null when not writing
+    FindReplaceWidget* m_findReplace = nullptr;
+    DocumentSearch* m_search = nullptr;
+    QRegularExpression m_searchRegEx; ///< without pattern when nothing is sought
     QElapsedTimer m_repaintTimer;
 
     QTimer* m_turnTimer; ///< 0 ms: fires at the end of a turn

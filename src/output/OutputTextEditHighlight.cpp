@@ -72,6 +72,7 @@ void OutputTextEdit::UpdateExtraSelections()
         bottom.movePosition(QTextCursor::EndOfBlock);
         HighlightUserDefinedSelections(start, bottom.position());
         HighlightMatchedSelection(start, bottom.position());
+        HighlightFoundSelection(start, bottom.position());
     }
     if (!IsSame(m_extraSelections, shown))
         setExtraSelections(m_extraSelections);

@@ -1,5 +1,6 @@
 #include "window/PanelGroup.h"
 
+#include "editor/FindReplaceWidget.h"
 #include "output/OutputTextEdit.h"
 #include "plugin/MayaUtil.h"
 #include "settings/KeyBindings.h"
@@ -160,6 +161,7 @@ void PanelGroup::ApplyPreferences()
 void PanelGroup::UpdateKeyBindings()
 {
     m_clearButton->SetToolTip(m_keyBindings->GetToolTip(KeyBindings::ClearOutput, tr("Clear")));
+    m_output->GetFindReplace()->UpdateKeyBindings(m_keyBindings);
     UpdateWriteToFile();
 }
 

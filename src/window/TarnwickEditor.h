@@ -321,6 +321,7 @@ private:
     bool IsFocusInOutput() const;
     void ShowFindReplace(bool replace);
     void FindAgain(bool backward);
+    void FindAgainInOutput(bool backward);
     void SelectAndFind(bool backward);
     FindReplaceWidget* TakeReplaceBar();
     void SetCodeEditorZoom(int zoom);

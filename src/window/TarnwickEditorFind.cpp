@@ -19,6 +19,10 @@ bool TarnwickEditor::IsFocusInOutput() const
 
 void TarnwickEditor::ShowFindReplace(bool replace)
 {
+    if (IsFocusInOutput()) {
+        m_outputPanel->GetOutput()->ShowFindReplace(false, true);
+        return;
+    }
     if (CodeEditorGroup* group = GetActiveCodeEditorGroup()) {
         // From the replace command on, the other field is next once something is sought.
         const bool isVisible = group->IsFindReplaceVisible();
@@ -30,6 +34,10 @@ void TarnwickEditor::ShowFindReplace(bool replace)
 
 void TarnwickEditor::FindAgain(bool backward)
 {
+    if (IsFocusInOutput()) {
+        FindAgainInOutput(backward);
+        return;
+    }
     CodeEditorGroup* group = GetActiveCodeEditorGroup();
     if (!group)
         return;
@@ -39,6 +47,17 @@ void TarnwickEditor::FindAgain(bool backward)
         group->FindPrevious();
     else
         group->FindNext();
+}
+
+void TarnwickEditor::FindAgainInOutput(bool backward)
+{
+    OutputTextEdit* const output = m_outputPanel->GetOutput();
+    if (!output->HasSearchText())
+        output->ShowFindReplace(false, true);
+    else if (backward)
+        output->FindPrevious();
+    else
+        output->FindNext();
 }
 
 void TarnwickEditor::SelectAndFind(bool backward)

@@ -1,0 +1,199 @@
+// What the console costs beside a bare text widget that is appended to line by line.
+
+#include "RatioMain.h"
+#include "output/OutputTextEdit.h"
+#include "settings/ColorSettings.h"
+#include "settings/KeyBindings.h"
+#include "settings/Settings.h"
+
+#include <QApplication>
+
+#include <benchmark/benchmark.h>
+#include <functional>
+#include <memory>
+
+namespace {
+
+constexpr int BURST_LINES = 100000;
+constexpr int SINGLE_LINES = 2000; // one per turn of the event loop
+constexpr int BIG_TEXT_CHARACTERS = 20 * 1000 * 1000;
+const QSize SIZE(1000, 400);
+
+/// Like what hosts print: most of it plain, now and then a line that a rule colours.
+QString Line(int number)
+{
+    switch (number % 10) {
+    case 3: return QStringLiteral("// Result: %1 //").arg(number);
+    case 7: return QStringLiteral("# Warning: line %1 is odd #").arg(number);
+    default:
+        return QStringLiteral("setAttr \"pCube%1.translateX\" %2;").arg(number).arg(number * 3);
+    }
+}
+
+const QStringList& Lines()
+{
+    static const QStringList lines = [] {
+        QStringList all;
+        for (int i = 0; i < BURST_LINES; ++i)
+            all.append(Line(i));
+        return all;
+    }();
+    return lines;
+}
+
+const QString& BigText()
+{
+    static const QString text = [] {
+        QString all;
+        for (int i = 0; all.size() < BIG_TEXT_CHARACTERS; ++i)
+            all += Line(i) + QLatin1Char('\n');
+        return all;
+    }();
+    return text;
+}
+
+void Settle()
+{
+    for (int turn = 0; turn < 3; ++turn)
+        QApplication::processEvents();
+}
+
+KeyBindings& Bindings()
+{
+    static KeyBindings bindings;
+    return bindings;
+}
+
+std::unique_ptr<OutputTextEdit> MakeConsole()
+{
+    auto console = std::make_unique<OutputTextEdit>(&Bindings());
+    console->SetLineLimit(Settings::outputBufferSize);
+    console->resize(SIZE);
+    console->show();
+    Settle();
+    return console;
+}
+
+/// The floor: the toolkit's widget with the same limit and font.
+std::unique_ptr<QPlainTextEdit> MakeBare()
+{
+    auto bare = std::make_unique<QPlainTextEdit>();
+    bare->setReadOnly(true);
+    bare->setUndoRedoEnabled(false);
+    bare->setFont(Settings::outputFont);
+    bare->setLineWrapMode(QPlainTextEdit::NoWrap);
+    bare->setMaximumBlockCount(Settings::outputBufferSize);
+    bare->resize(SIZE);
+    bare->show();
+    Settle();
+    return bare;
+}
+
+/// A faster console that shows something else is no faster console.
+void Check(benchmark::State& state, const QString& text, QStringList expected)
+{
+    expected = expected.mid(qMax(0, expected.size() - Settings::outputBufferSize));
+    if (text != expected.join(QLatin1Char('\n')))
+        state.SkipWithError("the console's text is not what was appended");
+}
+
+QStringList WithLastLineEmpty(QStringList lines)
+{
+    lines.append(QString());
+    return lines;
+}
+
+void Burst(benchmark::State& state)
+{
+    const auto console = MakeConsole();
+    for (auto _ : state) {
+        for (const QString& line : Lines())
+            console->AppendText(line + QLatin1Char('\n'));
+        Settle();
+    }
+    Check(state, console->GetText(), WithLastLineEmpty(Lines()));
+}
+
+void BareBurst(benchmark::State& state)
+{
+    const auto bare = MakeBare();
+    for (auto _ : state) {
+        for (const QString& line : Lines())
+            bare->appendPlainText(line);
+        Settle();
+    }
+    Check(state, bare->toPlainText(), Lines());
+}
+
+void BigAppend(benchmark::State& state)
+{
+    const auto console = MakeConsole();
+    const QString text = BigText();
+    for (auto _ : state) {
+        console->AppendText(text);
+        Settle();
+    }
+    Check(state, console->GetText(), text.split(QLatin1Char('\n')));
+}
+
+void BareBigAppend(benchmark::State& state)
+{
+    const auto bare = MakeBare();
+    const QString text = BigText();
+    for (auto _ : state) {
+        bare->appendPlainText(text);
+        Settle();
+    }
+    Check(state, bare->toPlainText(), text.split(QLatin1Char('\n')));
+}
+
+void OnePerTurn(benchmark::State& state)
+{
+    const auto console = MakeConsole();
+    for (auto _ : state) {
+        for (int i = 0; i < SINGLE_LINES; ++i) {
+            console->AppendText(Lines()[i] + QLatin1Char('\n'));
+            QApplication::processEvents();
+        }
+    }
+    Check(state, console->GetText(), WithLastLineEmpty(Lines().mid(0, SINGLE_LINES)));
+}
+
+void BareOnePerTurn(benchmark::State& state)
+{
+    const auto bare = MakeBare();
+    for (auto _ : state) {
+        for (int i = 0; i < SINGLE_LINES; ++i) {
+            bare->appendPlainText(Lines()[i]);
+            QApplication::processEvents();
+        }
+    }
+    Check(state, bare->toPlainText(), Lines().mid(0, SINGLE_LINES));
+}
+
+void Register(const char* name, void (*run)(benchmark::State&))
+{
+    benchmark::RegisterBenchmark(name, run)
+        ->Unit(benchmark::kMillisecond)
+        ->UseRealTime()
+        ->Iterations(1);
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    QApplication application(argc, argv);
+    // With the built-in rules on.
+    ColorSettings::Initialize();
+    Register("burst_of_100k_lines", Burst);
+    Register("burst_of_100k_lines/floor", BareBurst);
+    RatioGoal("burst_of_100k_lines", 0.01);
+    Register("20_megabytes_at_once", BigAppend);
+    Register("20_megabytes_at_once/floor", BareBigAppend);
+    RatioGoal("20_megabytes_at_once", 0.01);
+    Register("one_line_per_turn", OnePerTurn);
+    Register("one_line_per_turn/floor", BareOnePerTurn);
+    RatioGoal("one_line_per_turn", 1);
+    return RunBenchmarks(argc, argv);
+}

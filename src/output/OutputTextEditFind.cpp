@@ -1,0 +1,209 @@
+// Finding in the console.
+
+#include "editor/DocumentSearch.h"
+#include "editor/FindReplaceWidget.h"
+#include "editor/TextMatches.h"
+#include "output/OutputTextEdit.h"
+#include "settings/ColorSettings.h"
+
+#include <QApplication>
+#include <QTextBlock>
+
+void OutputTextEdit::CreateFindReplace()
+{
+    using F = FindReplaceWidget;
+    m_search = new DocumentSearch(QPlainTextEdit::document(), this);
+    m_findReplace = new F(false, this);
+    m_findReplace->setObjectName(QStringLiteral("m_findReplace"));
+    m_findReplace->UpdateKeyBindings(m_keyBindings);
+    connect(m_findReplace, &F::SearchChanged, this, &OutputTextEdit::OnSearchChanged);
+    connect(m_findReplace, &F::FindNextRequested, this, &OutputTextEdit::FindNext);
+    connect(m_findReplace, &F::FindPreviousRequested, this, &OutputTextEdit::FindPrevious);
+    connect(m_findReplace, &F::ShowRequested, this,
+        [this](bool replace) { ShowFindReplace(replace, true); });
+    connect(m_findReplace, &F::Closed, this, &OutputTextEdit::OnFindReplaceClosed);
+    connect(m_search, &DocumentSearch::Counted, this, &OutputTextEdit::ShowSearchResults);
+}
+
+void OutputTextEdit::ShowFindReplace(bool /*replace*/, bool focus)
+{
+    // What stands in the field already was typed there.
+    const bool isTyping = m_findReplace->isAncestorOf(QApplication::focusWidget());
+    QString text;
+    if (!isTyping) {
+        if (!textCursor().hasSelection())
+            SelectWordUnderCursor();
+        text = GetSelectedTextForExecute();
+    }
+    UpdateFindReplacePosition();
+    m_findReplace->Appear();
+    if (text.isEmpty() || text.contains(QLatin1Char('\n')))
+        m_findReplace->SetSearchText(m_findReplace->GetSearchText());
+    else
+        m_findReplace->SeedSearchText(text);
+    if (focus)
+        m_findReplace->FocusSearchText();
+    UpdateExtraSelections();
+}
+
+void OutputTextEdit::CloseFindReplace()
+{
+    m_findReplace->Close();
+}
+
+bool OutputTextEdit::IsFindReplaceVisible() const
+{
+    return !m_findReplace->isHidden();
+}
+
+bool OutputTextEdit::HasSearchText() const
+{
+    return m_findReplace->HasSearchText();
+}
+
+void OutputTextEdit::OnFindReplaceClosed()
+{
+    setFocus(Qt::OtherFocusReason);
+    UpdateExtraSelections();
+}
+
+void OutputTextEdit::OnSearchChanged(
+    const QRegularExpression& expression, bool /*findInSelection*/, bool incremental)
+{
+    m_searchRegEx = expression;
+    if (!IsFindReplaceVisible())
+        return;
+    // From the selection's start, so that typing on keeps the match that grows with it.
+    if (incremental && !expression.pattern().isEmpty() && !IsMatchSelected())
+        Find(EarliestPosition(textCursor()), false);
+    UpdateExtraSelections();
+    UpdateSearchResults();
+}
+
+DocumentSearch& OutputTextEdit::UpdateSearch()
+{
+    FlushJoined();
+    m_search->Search(m_searchRegEx, -1, -1);
+    return *m_search;
+}
+
+bool OutputTextEdit::IsMatchSelected()
+{
+    const QTextCursor cursor = textCursor();
+    return UpdateSearch().GetMatch({cursor.selectionStart(), cursor.selectionEnd()}).hasMatch();
+}
+
+bool OutputTextEdit::Find(int from, bool backward)
+{
+    const DocumentSearch& search = UpdateSearch();
+    TextSpan found = backward ? search.FindPrevious(from) : search.FindNext(from);
+    if (!found.IsValid()) {
+        // Behind the last place, so that an empty match at the very end counts as before it.
+        const int end = QPlainTextEdit::document()->characterCount();
+        found = backward ? search.FindPrevious(end) : search.FindNext(0);
+    }
+    if (!found.IsValid())
+        return false;
+    QTextCursor cursor = textCursor();
+    cursor.setPosition(found.start);
+    cursor.setPosition(found.end, QTextCursor::KeepAnchor);
+    setCenterOnScroll(true);
+    setTextCursor(cursor);
+    ensureCursorVisible();
+    setCenterOnScroll(false);
+    UpdateExtraSelections();
+    UpdateSearchResults();
+    return true;
+}
+
+void OutputTextEdit::FindNext()
+{
+    const QTextCursor cursor = textCursor();
+    // The same empty match would be found again.
+    const bool isEmptyMatch = !cursor.hasSelection() && IsMatchSelected();
+    Find(LatestPosition(cursor) + (isEmptyMatch ? 1 : 0), false);
+}
+
+void OutputTextEdit::FindPrevious()
+{
+    Find(EarliestPosition(textCursor()), true);
+}
+
+void OutputTextEdit::GetSearchResults(
+    const QRegularExpression& expression, int& count, int& current)
+{
+    FlushJoined();
+    m_search->Search(expression, -1, -1);
+    m_search->Finish();
+    count = m_search->GetTotal();
+    current = m_search->GetNumber(GetSelectedStartPosition());
+}
+
+void OutputTextEdit::UpdateSearchResults()
+{
+    if (!IsFindReplaceVisible())
+        return;
+    UpdateSearch();
+    ShowSearchResults();
+}
+
+/// While counting, none yet does not mean none.
+void OutputTextEdit::ShowSearchResults()
+{
+    if (!IsFindReplaceVisible() || (!m_search->IsFinished() && m_search->GetTotal() == 0))
+        return;
+    const int start = QPlainTextEdit::textCursor().selectionStart();
+    m_findReplace->SetResults(m_search->GetNumber(start), m_search->GetTotal());
+}
+
+/// At the top right of the text, beside the scroll bar.
+void OutputTextEdit::UpdateFindReplacePosition()
+{
+    const QRect text = viewport()->geometry();
+    m_findReplace->SetParentWidth(width());
+    m_findReplace->move(text.right() + 1 - m_findReplace->width(), text.top());
+    m_findReplace->raise();
+}
+
+int OutputTextEdit::EarliestPosition(const QTextCursor& cursor)
+{
+    return qMin(cursor.anchor(), cursor.position());
+}
+
+int OutputTextEdit::LatestPosition(const QTextCursor& cursor)
+{
+    return qMax(cursor.anchor(), cursor.position());
+}
+
+void OutputTextEdit::SelectWordUnderCursor()
+{
+    QTextCursor cursor = textCursor();
+    cursor.select(QTextCursor::WordUnderCursor);
+    setTextCursor(cursor);
+}
+
+void OutputTextEdit::HighlightFoundSelection(int start, int end)
+{
+    if (!IsFindReplaceVisible() || !HasSearchText() || m_searchRegEx.pattern().isEmpty())
+        return;
+    const QTextCharFormat found
+        = ColorSettings::GetOutputFormat(ColorSettings::FIND_REPLACE_MATCHING, false);
+    const QTextCursor cursor = QPlainTextEdit::textCursor();
+    TextSpan current;
+    for (QTextBlock block = QPlainTextEdit::document()->findBlock(start);
+         block.isValid() && block.position() <= end; block = block.next()) {
+        for (const TextMatch& match : FindMatches(block.text(), m_searchRegEx)) {
+            const int from = block.position() + match.start;
+            const int to = from + match.length;
+            if (to < start || from > end)
+                continue;
+            AppendSelection(from, to, found);
+            if (from == cursor.selectionStart() && to == cursor.selectionEnd())
+                current = {from, to};
+        }
+    }
+    if (current.IsValid()) {
+        AppendSelection(current.start, current.end,
+            ColorSettings::GetOutputFormat(ColorSettings::FIND_REPLACE_SELECTED, false));
+    }
+}

@@ -1,0 +1,165 @@
+#include "editor/FindReplaceWidget.h"
+#include "editor/SearchExpression.h"
+#include "output/OutputTextEdit.h"
+#include "settings/ColorSettings.h"
+#include "settings/KeyBindings.h"
+#include "settings/Settings.h"
+#include "support/TestMain.h"
+
+#include <QtTest>
+
+class OutputFindTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+    void SearchesRoundTheEnds();
+    void KeepsTheMatchThatGrowsWhileTyping();
+    void CountsWhatIsAppendedWhileTheBarIsOpen();
+    void MarksMatchesAndTheCurrentOne();
+    void StartsWithTheWordUnderTheCursor_data();
+    void StartsWithTheWordUnderTheCursor();
+    void EscapeClosesTheBarAndDropsTheSelection();
+
+private:
+    void Search(const QString& text);
+    int SelectedStart() { return m_output->GetSelectedStartPosition(); }
+
+    KeyBindings m_keyBindings;
+    std::unique_ptr<OutputTextEdit> m_output;
+};
+
+void OutputFindTest::init()
+{
+    ColorSettings::Initialize();
+    Settings::outputSyntaxHighlightingEnabled = true;
+    m_output = std::make_unique<OutputTextEdit>(&m_keyBindings);
+    m_output->resize(600, 300);
+    m_output->show();
+}
+
+void OutputFindTest::cleanup()
+{
+    m_output.reset();
+}
+
+void OutputFindTest::Search(const QString& text)
+{
+    m_output->ShowFindReplace(false, true);
+    m_output->GetFindReplace()->SetSearchText(text);
+}
+
+void OutputFindTest::SearchesRoundTheEnds()
+{
+    m_output->AppendText("ab x ab x ab");
+    Search("ab");
+    QVERIFY(m_output->Find(0, false));
+    QCOMPARE(SelectedStart(), 0);
+    QVector<int> starts;
+    for (int i = 0; i < 3; ++i) {
+        m_output->FindNext();
+        starts += SelectedStart();
+    }
+    QCOMPARE(starts, QVector<int>({5, 10, 0}));
+    m_output->FindPrevious();
+    QCOMPARE(SelectedStart(), 10);
+    Search("nowhere");
+    QVERIFY(!m_output->Find(0, false));
+    QCOMPARE(SelectedStart(), 10);
+}
+
+void OutputFindTest::KeepsTheMatchThatGrowsWhileTyping()
+{
+    m_output->AppendText("fog fig fit");
+    m_output->moveCursor(QTextCursor::Start);
+    Search("f");
+    QCOMPARE(SelectedStart(), 0);
+    m_output->GetFindReplace()->SetSearchText("fi");
+    QCOMPARE(m_output->GetSelectedText(), QString("fi"));
+    QCOMPARE(SelectedStart(), 4);
+    m_output->GetFindReplace()->SetSearchText("fit");
+    QCOMPARE(SelectedStart(), 8);
+}
+
+void OutputFindTest::CountsWhatIsAppendedWhileTheBarIsOpen()
+{
+    m_output->AppendText("ab\n");
+    Search("ab");
+    const auto* label = m_output->GetFindReplace()->findChild<QWidget*>("m_resultsLabel");
+    QVERIFY(label);
+    QTRY_COMPARE(label->property("text").toString(), QString("1 of 1"));
+    m_output->AppendText("more ab and ab\n");
+    QTRY_VERIFY(label->property("text").toString().endsWith("of 3"));
+    m_output->ClearAll();
+    QTRY_COMPARE(label->property("text").toString(), QString("No Results"));
+    int count = -1;
+    int current = -1;
+    m_output->AppendText("ab ab");
+    m_output->Find(1, false);
+    m_output->GetSearchResults(CreateSearchRegEx("ab", false, false, false), count, current);
+    QCOMPARE(count, 2);
+    QCOMPARE(current, 2);
+}
+
+void OutputFindTest::MarksMatchesAndTheCurrentOne()
+{
+    m_output->AppendText("ab x ab\n");
+    Search("ab");
+    QVERIFY(m_output->Find(0, false));
+    QVector<QPair<int, QColor>> marks;
+    for (const QTextEdit::ExtraSelection& mark : m_output->extraSelections())
+        marks.append({mark.cursor.selectionStart(), mark.format.background().color()});
+    const QColor found = ColorSettings::GetOutputFormat(ColorSettings::FIND_REPLACE_MATCHING, false)
+                             .background()
+                             .color();
+    const QColor current
+        = ColorSettings::GetOutputFormat(ColorSettings::FIND_REPLACE_SELECTED, false)
+              .background()
+              .color();
+    // Later ones paint over earlier ones.
+    QVERIFY(marks.size() >= 3);
+    QCOMPARE(marks.mid(marks.size() - 3),
+        (QVector<QPair<int, QColor>>{{0, found}, {5, found}, {0, current}}));
+    Settings::outputSyntaxHighlightingEnabled = false;
+    m_output->UpdateExtraSelections();
+    QVERIFY(m_output->extraSelections().isEmpty());
+}
+
+void OutputFindTest::StartsWithTheWordUnderTheCursor_data()
+{
+    QTest::addColumn<int>("anchor");
+    QTest::addColumn<int>("position");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("word") << 1 << 1 << "first";
+    QTest::newRow("selection") << 2 << 5 << "rst";
+    QTest::newRow("two lines keep what was there") << 2 << 9 << "before";
+}
+
+void OutputFindTest::StartsWithTheWordUnderTheCursor()
+{
+    QFETCH(int, anchor);
+    QFETCH(int, position);
+    m_output->AppendText("first\nsecond\n");
+    Search("before");
+    m_output->CloseFindReplace();
+    QTextCursor cursor = m_output->textCursor();
+    cursor.setPosition(anchor);
+    cursor.setPosition(position, QTextCursor::KeepAnchor);
+    m_output->setTextCursor(cursor);
+    m_output->ShowFindReplace(false, true);
+    QTEST(m_output->GetFindReplace()->GetSearchText(), "text");
+}
+
+void OutputFindTest::EscapeClosesTheBarAndDropsTheSelection()
+{
+    m_output->AppendText("ab");
+    Search("ab");
+    QTest::keyClick(m_output.get(), Qt::Key_Escape);
+    QVERIFY(!m_output->IsFindReplaceVisible());
+    QCOMPARE(m_output->GetSelectedText(), QString());
+}
+
+TE2_TEST(OutputFindTest)
+#include "OutputFindTest.moc"
