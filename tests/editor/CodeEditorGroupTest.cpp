@@ -213,9 +213,17 @@ void CodeEditorGroupTest::TakesAnEditorOverFromAnotherGroup()
     editor->Execute();
     QCOMPARE(here.count(), 0);
     QCOMPARE(there.count(), 1);
+    // What is searched in its old group is not marked in it any more.
+    m_group->SetFindReplaceVisible(true);
+    m_group->SetSearchText("text");
+    CodeEditor* const searched = m_group->GetCurrent();
+    QVERIFY(!searched->GetSearchRegEx().pattern().isEmpty());
+    other.MoveCodeEditor(m_group.get(), 0, 0);
+    QVERIFY(searched->GetSearchRegEx().pattern().isEmpty());
+    QVERIFY(!m_group->GetCurrent()->GetSearchRegEx().pattern().isEmpty());
     other.MoveCodeEditor(m_group.get(), 7, 0);
     other.MoveCodeEditor(nullptr, 0, 0);
-    QCOMPARE(other.GetCount(), 2);
+    QCOMPARE(other.GetCount(), 3);
 }
 
 void CodeEditorGroupTest::FollowsAFileToItsNewName()
