@@ -3,6 +3,7 @@
 #include "settings/Settings.h"
 #include "support/TestMain.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QContextMenuEvent>
 #include <QDropEvent>
@@ -57,6 +58,7 @@ private Q_SLOTS:
     void ScrollsWhileSomethingIsHeldAtItsEnd();
     void TellsTabsWithOneTextApart();
     void TellsWhatTheCurrentTabIs();
+    void IsReadOutTabByTab();
     void PaintsAMarkOnlyWhereThereIsOne();
     void ShowsTheFocusOfKeysOnly();
     void OpensTheMenuOfTheCurrentTabByKey();
@@ -318,6 +320,32 @@ void CustomTabBarTest::TellsWhatTheCurrentTabIs()
     m_bar->MoveTab(1, 3);
     m_bar->RemoveTab(0);
     QCOMPARE(m_bar->accessibleDescription(), QString("bbb, modified, tab 3 of 3"));
+}
+
+void CustomTabBarTest::IsReadOutTabByTab()
+{
+    QAccessibleInterface* const list = QAccessible::queryAccessibleInterface(m_bar.get());
+    QVERIFY(list);
+    QCOMPARE(list->role(), QAccessible::PageTabList);
+    QCOMPARE(list->childCount(), 4);
+    QVERIFY(!list->child(4));
+    m_bar->SetTabModified(2, true);
+    QAccessibleInterface* const tab = list->child(2);
+    QCOMPARE(tab->role(), QAccessible::PageTab);
+    QCOMPARE(tab->text(QAccessible::Name), QString("ccc, modified"));
+    QCOMPARE(list->indexOfChild(tab), 2);
+    QCOMPARE(tab->parent(), list);
+    const QPoint centre = tab->rect().center();
+    QCOMPARE(list->childAt(centre.x(), centre.y()), tab);
+
+    QVERIFY(!tab->state().selected);
+    tab->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    QVERIFY(tab->state().selected);
+    QCOMPARE(m_bar->GetCurrentIndex(), 2);
+    m_bar->RemoveTab(3);
+    m_bar->RemoveTab(2);
+    QVERIFY(!tab->isValid());
+    QCOMPARE(tab->text(QAccessible::Name), QString());
 }
 
 /// Pixels of a mark's place that differ from the tab's ground.

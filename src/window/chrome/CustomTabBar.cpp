@@ -3,6 +3,7 @@
 
 #include "window/chrome/CustomTabBar.h"
 
+#include "window/chrome/CustomTabBarAccessibility.h"
 #include "window/chrome/CustomTabBarMetrics.h"
 #include "window/chrome/Theme.h"
 
@@ -43,12 +44,16 @@ CustomTabBar::CustomTabBar(QWidget* parent)
     connect(
         horizontalScrollBar(), &QScrollBar::valueChanged, this, &CustomTabBar::ScrollRangeChanged);
     connect(m_dragScrollTimer, &QTimer::timeout, this, &CustomTabBar::ScrollWhileDragging);
+    if (Bars().isEmpty())
+        AccessibleTabBar::Install();
     Bars().append(this);
 }
 
 CustomTabBar::~CustomTabBar()
 {
     Bars().removeOne(this);
+    if (Bars().isEmpty())
+        AccessibleTabBar::Uninstall();
 }
 
 bool CustomTabBar::TabExists(const DraggedTab& tab)
@@ -81,6 +86,7 @@ void CustomTabBar::SetCurrentIndex(int index)
     m_currentIndex = index;
     EnsureVisible(index);
     UpdateAccessibleDescription();
+    NotifyAccessibility(hasFocus() ? QAccessible::Focus : QAccessible::Selection, index);
     viewport()->update();
     Q_EMIT CurrentChanged(index);
 }
@@ -197,6 +203,14 @@ QString CustomTabBar::GetTabDescription(int index) const
                                          : QStringLiteral("%1 - %2").arg(tab.text, tab.detail);
 }
 
+QString CustomTabBar::GetTabAccessibleName(int index) const
+{
+    if (!IsValid(index))
+        return {};
+    const Tab& tab = m_tabs[index];
+    return tab.modified ? tr("%1, modified").arg(tab.text) : tab.text;
+}
+
 void CustomTabBar::SetTabData(int index, int value)
 {
     if (IsValid(index))
@@ -214,6 +228,7 @@ void CustomTabBar::SetTabModified(int index, bool modified)
         return;
     m_tabs[index].modified = modified;
     UpdateAccessibleDescription();
+    NotifyAccessibility(QAccessible::NameChanged, index);
     viewport()->update();
 }
 
@@ -301,10 +316,19 @@ void CustomTabBar::UpdateAccessibleDescription()
         setAccessibleDescription(QString());
         return;
     }
-    const Tab& tab = m_tabs[m_currentIndex];
-    const QString name = tab.modified ? tr("%1, modified").arg(tab.text) : tab.text;
-    setAccessibleDescription(
-        tr("%1, tab %2 of %3").arg(name).arg(m_currentIndex + 1).arg(m_tabs.size()));
+    setAccessibleDescription(tr("%1, tab %2 of %3")
+                                 .arg(GetTabAccessibleName(m_currentIndex))
+                                 .arg(m_currentIndex + 1)
+                                 .arg(m_tabs.size()));
+}
+
+void CustomTabBar::NotifyAccessibility(QAccessible::Event event, int index)
+{
+    if (!QAccessible::isActive())
+        return;
+    QAccessibleEvent notice(this, event);
+    notice.setChild(index);
+    QAccessible::updateAccessibility(&notice);
 }
 
 void CustomTabBar::EnsureVisible(int index)

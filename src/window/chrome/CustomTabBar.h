@@ -3,6 +3,7 @@
 #include "window/chrome/TabDragData.h"
 
 #include <QAbstractScrollArea>
+#include <QAccessible>
 #include <QVector>
 
 class QTimer;
@@ -43,6 +44,8 @@ public:
     void SetTabDetail(int index, const QString& detail);
     /// The text, with the detail when another tab has the same text.
     QString GetTabDescription(int index) const;
+    /// The text, and "modified" when it is.
+    QString GetTabAccessibleName(int index) const;
     void SetTabData(int index, int value);
     int GetTabData(int index) const;
     /// Shows the dot of a tab with unsaved changes.
@@ -124,6 +127,8 @@ private:
     void EnsureVisible(int index);
     void ReplaceCurrent(int place);
     void UpdateAccessibleDescription();
+    /// Tells screen readers about a tab.
+    void NotifyAccessibility(QAccessible::Event event, int index);
 
     // Mouse
     void SetHovered(const QPoint& position);
