@@ -4,7 +4,9 @@
 #include "settings/Settings.h"
 
 #include <QApplication>
+#include <QCryptographicHash>
 #include <QFile>
+#include <QSaveFile>
 #include <QTextStream>
 
 namespace {
@@ -19,41 +21,51 @@ public:
     WaitCursor& operator=(const WaitCursor&) = delete;
 };
 
-void SetCodec(QTextStream& stream)
+void SetCodec(QTextStream& stream, CodeEditorType type)
 {
     // Otherwise the locale's, as the stream has it.
-    if (Settings::utf8FileEncodingForReadWrite)
+    if (type == CodeEditorType::Buffer || Settings::utf8FileEncodingForReadWrite)
         stream.setCodec("UTF-8");
 }
 
 } // namespace
 
-QString FileText::Read(const QString& path)
+QString FileText::Read(const QString& path, CodeEditorType type)
 {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly | QIODevice::Text)) {
-        Logger::Error(QStringLiteral("Failed to open file: %1").arg(path));
-        return QString();
-    }
     const WaitCursor cursor;
-    QTextStream stream(&file);
-    SetCodec(stream);
-    const QString text = stream.readAll();
-    return text.isNull() ? QStringLiteral("") : text;
+    QFile file(path);
+    if (file.open(QIODevice::ReadOnly | QIODevice::Text)) {
+        QTextStream stream(&file);
+        SetCodec(stream, type);
+        const QString text = stream.readAll();
+        if (file.error() == QFile::NoError)
+            return text.isNull() ? QStringLiteral("") : text;
+    }
+    Logger::Error(QStringLiteral("Failed to open file: %1").arg(path));
+    return QString();
 }
 
-bool FileText::Write(const QString& path, const QString& text)
+bool FileText::Write(const QString& path, const QString& text, CodeEditorType type)
 {
-    QFile file(path);
     const WaitCursor cursor;
-    if (file.open(QIODevice::WriteOnly | QIODevice::Text | QIODevice::Truncate)) {
+    QSaveFile file(path);
+    // A file may be writable where its folder is not.
+    file.setDirectWriteFallback(true);
+    if (file.open(QIODevice::WriteOnly | QIODevice::Text)) {
         QTextStream stream(&file);
-        SetCodec(stream);
+        SetCodec(stream, type);
         stream << text;
         stream.flush();
-        if (stream.status() == QTextStream::Ok && file.flush())
+        if (stream.status() == QTextStream::Ok && file.commit())
             return true;
     }
     Logger::Error(QStringLiteral("Failed to open file for save: %1").arg(path));
     return false;
+}
+
+QByteArray FileText::Fingerprint(const QString& path)
+{
+    QFile file(path);
+    QCryptographicHash hash(QCryptographicHash::Sha1);
+    return file.open(QIODevice::ReadOnly) && hash.addData(&file) ? hash.result() : QByteArray();
 }

@@ -1,15 +1,23 @@
 #pragma once
 
+#include "editor/CodeEditorProperties.h"
+
+#include <QByteArray>
 #include <QString>
 
-/// The one place where scripts are read from and written to disk. Shows the wait cursor meanwhile.
-/// The encoding is UTF-8 when the user wants it, else the locale's.
+/// Scripts on disk: the one place that reads them and the one that writes them. Shows the wait
+/// cursor meanwhile. Line ends are line feeds in memory. A user's file has the encoding that the
+/// user chose, UTF-8 or the locale's; the program's own backing files are UTF-8, which can keep any
+/// text. Every failure is logged.
 namespace FileText {
 
-/// Null when the file cannot be read, which has been logged; an empty file gives an empty text.
-QString Read(const QString& path);
+/// Null when the file cannot be read; an empty file gives an empty text.
+QString Read(const QString& path, CodeEditorType type);
 
-/// False when not every byte reached the disk, which has been logged.
-bool Write(const QString& path, const QString& text);
+/// Replaces the file only when the whole text is on the disk; on failure the old one stays.
+bool Write(const QString& path, const QString& text, CodeEditorType type);
+
+/// Tells one content of a file from another; empty for a file that cannot be read.
+QByteArray Fingerprint(const QString& path);
 
 } // namespace FileText

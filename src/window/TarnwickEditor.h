@@ -6,8 +6,8 @@
 #include "views/SideBar.h"
 #include "window/chrome/ActivityBar.h"
 
+#include <QHash>
 #include <QList>
-#include <QMessageBox>
 #include <QVector>
 #include <QWidget>
 
@@ -63,6 +63,7 @@ public:
     CodeEditor* GetActiveCodeEditor() const;
     CodeEditor* GetCodeEditorWithFocus() const;
     CodeEditor* GetCodeEditor(const QString& path) const;
+    CodeEditor* GetCodeEditor(const QString& path, bool openIfMissing);
     CodeEditorGroup* GetCodeEditorGroupByPath(const QString& path) const;
     int GetCodeEditorIndex(const CodeEditorGroup* group, const QString& path) const;
     bool CodeEditorExists(const QString& path) const;
@@ -91,13 +92,14 @@ public:
     /// session from a request.
     void OpenFile(const QString& path, bool restoring);
     /// Null when the file cannot be read, which has been logged.
-    QString GetFileText(const QString& path) const;
+    QString GetFileText(const QString& path);
     void SaveAll(bool saveBuffers, bool saveFiles);
     bool SaveCodeEditor(const QString& path, const QString& text);
     bool SaveCodeEditor(int groupIndex, int tabIndex);
     bool ModifiedFilesExist() const;
-    /// Without `ask` nobody is asked and nothing is saved or deleted.
-    void CloseCodeEditor(CodeEditorGroup* group, int index, bool ask);
+    /// Without `ask` nobody is asked and nothing is saved or deleted. False only when the user
+    /// cancelled or the text could not be saved: then nothing more is to be closed either.
+    bool CloseCodeEditor(CodeEditorGroup* group, int index, bool ask);
     void Rename(CodeEditorGroup* group, int index);
     /// A file has another name now: editors and views follow.
     void OnFilePathChanged(const QString& oldPath, const QString& newPath);
@@ -265,6 +267,8 @@ private Q_SLOTS:
 private:
     struct ActionSpec;
     struct MenuRow;
+    enum class UnsavedAnswer { Save, Discard, Cancel };
+    enum class CloseAnswer { Close, Keep, Cancel };
 
     // Construction
     void InitializeForMaya();
@@ -297,15 +301,21 @@ private:
     bool WriteCodeEditor(CodeEditor* editor);
     /// Empty when cancelled.
     QString ShowSaveFileNameDialog(const CodeEditorProperties& properties);
-    QMessageBox::StandardButton ShowUnsavedFileDialog(const QString& name);
+    /// Of all files when the name is empty.
+    UnsavedAnswer ShowUnsavedFileDialog(const QString& name);
     bool ShowConfirmCloseInternalBufferDialog(const QString& label);
-    /// False when the tab has to stay.
-    bool PrepareClosingBuffer(CodeEditor* editor);
-    bool PrepareClosingFile(CodeEditor* editor);
-    void CloseTabs(CodeEditorGroup* group, const QStringList& paths);
-    bool RenameFile(CodeEditorProperties& properties, const QString& name);
-    void ReloadFile(CodeEditor* editor);
-    void OnPathsChanged();
+    /// Asks where something would be lost, and saves or deletes as the answer wants it.
+    CloseAnswer PrepareClosingBuffer(const CodeEditorProperties& properties);
+    CloseAnswer PrepareClosingFile(const CodeEditorProperties& properties);
+    void CloseTabs(const QStringList& paths);
+    bool ConfirmReplacing(const QString& path);
+    void BecomeFile(const CodeEditorProperties& old, const QString& path);
+    void RenameBuffer(CodeEditorProperties properties, const QString& name);
+    void RenameFile(const QString& oldPath, const QString& name);
+    void FollowFileChange(const QString& path);
+    void ReloadFile(const QString& path);
+    QString ReadText(const QString& path, CodeEditorType type);
+    void OnPathChanged(const QString& oldPath, const QString& newPath);
     void ActivateGroupWithEditors();
     void UpdateRecentFilesMenu();
     /// False when the user wants to go on.
@@ -378,8 +388,10 @@ private:
     QWidget* m_mainWindow = nullptr; ///< the host's; not owned
     QList<CodeEditorGroup*> m_groups; ///< owned by the widget tree
     KeyBindings m_keyBindings;
-    QStringList m_changedPaths; ///< what other programs, or we, have written
-    QStringList m_savedPaths; ///< what we have written
+    QStringList m_changedPaths; ///< files that somebody has written since the last check
+    /// Fingerprints of the open files as this window last read or wrote them: who else has written
+    /// one has made it another.
+    QHash<QString, QByteArray> m_diskContents;
     bool m_checkingForFileChanges = false;
     QMenuBar* m_menuBar = nullptr;
     QMenu* m_recentFilesMenu = nullptr;

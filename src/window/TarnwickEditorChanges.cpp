@@ -3,6 +3,7 @@
 #include "editor/CodeEditor.h"
 #include "editor/CodeEditorGroup.h"
 #include "settings/Settings.h"
+#include "window/FileText.h"
 #include "window/TarnwickEditor.h"
 
 #include <QAction>
@@ -28,35 +29,42 @@ void TarnwickEditor::CheckForFileChanges()
     if (m_checkingForFileChanges)
         return;
     const QScopedValueRollback<bool> checking(m_checkingForFileChanges, true);
-    if (Settings::checkForModifiedFiles) {
-        const QStringList paths = m_changedPaths;
-        for (const QString& path : paths) {
-            if (m_savedPaths.contains(path))
-                continue;
-            // A question lets the event loop run: editors may go meanwhile.
-            if (CodeEditor* editor = GetCodeEditor(path))
-                ReloadFile(editor);
-        }
-    }
-    m_changedPaths.clear();
-    m_savedPaths.clear();
+    // What changes while a question stands is left to the next check.
+    QStringList paths;
+    paths.swap(m_changedPaths);
+    if (!Settings::checkForModifiedFiles)
+        return;
+    for (const QString& path : qAsConst(paths))
+        FollowFileChange(path);
 }
 
-void TarnwickEditor::ReloadFile(CodeEditor* editor)
+void TarnwickEditor::FollowFileChange(const QString& path)
 {
-    const QString path = editor->GetFilePath();
+    const CodeEditor* const editor = GetCodeEditor(path);
+    const QByteArray content = FileText::Fingerprint(path);
+    // The watcher also tells of what this window has written, sooner or later.
+    if (!editor || content == m_diskContents.value(path))
+        return;
+    // Asked once for each change.
+    m_diskContents.insert(path, content);
     if (editor->IsModified()) {
         const auto answer = QMessageBox::question(this, tr("Reload"),
             tr("%1\n\nThis file has been modified by another program.\n"
                "Do you want to reload it?")
                 .arg(path),
             QMessageBox::Yes | QMessageBox::No, QMessageBox::No);
-        editor = GetCodeEditor(path);
-        if (answer != QMessageBox::Yes || !editor)
+        if (answer != QMessageBox::Yes)
             return;
     }
+    ReloadFile(path);
+}
+
+/// Keeps the cursor's place and what is in view.
+void TarnwickEditor::ReloadFile(const QString& path)
+{
     const QString text = GetFileText(path);
-    if (text.isNull())
+    CodeEditor* const editor = GetCodeEditor(path);
+    if (text.isNull() || !editor)
         return;
     const int position = editor->GetCursorPosition();
     const int scrollValue = editor->GetVerticalScrollBarValue();

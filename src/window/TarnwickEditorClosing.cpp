@@ -1,22 +1,27 @@
-// Closing tabs and the host's window, with the questions that keep people's work.
+// Closing tabs and the host's window, with the questions that keep people's work. A question lets
+// the event loop run: tabs may have moved or gone when it is answered, so they are known by their
+// paths.
 
 #include "editor/CodeEditor.h"
 #include "editor/CodeEditorGroup.h"
 #include "settings/Settings.h"
 #include "window/TarnwickEditor.h"
 
-#include <QCloseEvent>
 #include <QMessageBox>
 
-QMessageBox::StandardButton TarnwickEditor::ShowUnsavedFileDialog(const QString& name)
+TarnwickEditor::UnsavedAnswer TarnwickEditor::ShowUnsavedFileDialog(const QString& name)
 {
     const bool all = name.isEmpty();
-    QMessageBox box(QMessageBox::Question, all ? Settings::APPLICATION_TITLE : tr("Save"),
-        all ? tr("Tarnwick Editor 2 files have been modified. Save all changes?")
-            : tr("'%1' has been modified. Save changes?").arg(name),
-        QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, this);
-    box.setDefaultButton(QMessageBox::Yes);
-    return static_cast<QMessageBox::StandardButton>(box.exec());
+    const QMessageBox::StandardButton answer
+        = QMessageBox::question(this, all ? Settings::APPLICATION_TITLE : tr("Save"),
+            all ? tr("Tarnwick Editor 2 files have been modified. Save all changes?")
+                : tr("'%1' has been modified. Save changes?").arg(name),
+            QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, QMessageBox::Yes);
+    switch (answer) {
+    case QMessageBox::Yes: return UnsavedAnswer::Save;
+    case QMessageBox::No: return UnsavedAnswer::Discard;
+    default: return UnsavedAnswer::Cancel;
+    }
 }
 
 bool TarnwickEditor::ShowConfirmCloseInternalBufferDialog(const QString& label)
@@ -27,83 +32,99 @@ bool TarnwickEditor::ShowConfirmCloseInternalBufferDialog(const QString& label)
         == QMessageBox::Yes;
 }
 
-void TarnwickEditor::CloseCodeEditor(CodeEditorGroup* group, int index, bool ask)
+bool TarnwickEditor::CloseCodeEditor(CodeEditorGroup* group, int index, bool ask)
 {
-    CodeEditor* const editor = group ? group->GetCodeEditor(index) : nullptr;
-    if (!editor)
-        return;
-    const bool isBuffer = editor->GetType() == CodeEditorType::Buffer;
-    if (ask && !(isBuffer ? PrepareClosingBuffer(editor) : PrepareClosingFile(editor)))
-        return;
+    if (!group || !group->GetCodeEditor(index))
+        return true;
+    const CodeEditorProperties properties = group->GetProperties(index);
+    const bool isBuffer = properties.type == CodeEditorType::Buffer;
+    const CloseAnswer answer = !ask ? CloseAnswer::Close
+        : isBuffer                  ? PrepareClosingBuffer(properties)
+                                    : PrepareClosingFile(properties);
+    CodeEditorGroup* const owner = GetCodeEditorGroupByPath(properties.filePath);
+    if (answer != CloseAnswer::Close || !owner)
+        return answer != CloseAnswer::Cancel;
     if (!isBuffer)
-        AddRecentFile(editor->GetFilePath());
-    // A question lets the event loop run: the tab may stand elsewhere by now.
-    group->DeleteCodeEditor(group->GetCodeEditorIndex(editor->GetFilePath()));
+        AddRecentFile(properties.filePath);
+    m_diskContents.remove(properties.filePath);
+    owner->DeleteCodeEditor(owner->GetCodeEditorIndex(properties.filePath));
+    ActivateGroupWithEditors();
     RefreshCodeEditorGroups(false);
-    if (group == GetActiveCodeEditorGroup() && group->GetCount() == 0)
-        ActivateGroupWithEditors();
-    OnActiveCodeEditorChanged();
-    SaveState();
-}
-
-bool TarnwickEditor::PrepareClosingBuffer(CodeEditor* editor)
-{
-    const bool asks
-        = Settings::showConfirmDialogOnInternalBufferClose && !editor->GetText().isEmpty();
-    if (asks && !ShowConfirmCloseInternalBufferDialog(editor->GetLabel()))
-        return false;
-    DeleteFileByPath(editor->GetFilePath());
     return true;
 }
 
-bool TarnwickEditor::PrepareClosingFile(CodeEditor* editor)
+TarnwickEditor::CloseAnswer TarnwickEditor::PrepareClosingBuffer(
+    const CodeEditorProperties& properties)
 {
-    if (!editor->IsModified())
-        return true;
-    const auto answer = ShowUnsavedFileDialog(editor->GetLabel());
-    if (answer == QMessageBox::Yes)
-        return WriteCodeEditor(editor);
-    return answer == QMessageBox::No;
+    const bool asks = Settings::showConfirmDialogOnInternalBufferClose
+        && !GetCodeEditor(properties.filePath)->GetText().isEmpty();
+    if (asks && !ShowConfirmCloseInternalBufferDialog(properties.label))
+        return CloseAnswer::Keep;
+    DeleteFileByPath(properties.filePath);
+    return CloseAnswer::Close;
 }
 
-/// The next group to work in when the active one has no editor any more.
+TarnwickEditor::CloseAnswer TarnwickEditor::PrepareClosingFile(
+    const CodeEditorProperties& properties)
+{
+    if (!GetCodeEditor(properties.filePath)->IsModified())
+        return CloseAnswer::Close;
+    const UnsavedAnswer answer = ShowUnsavedFileDialog(properties.label);
+    if (answer != UnsavedAnswer::Save)
+        return answer == UnsavedAnswer::Discard ? CloseAnswer::Close : CloseAnswer::Cancel;
+    CodeEditor* const editor = GetCodeEditor(properties.filePath);
+    return editor && WriteCodeEditor(editor) ? CloseAnswer::Close : CloseAnswer::Cancel;
+}
+
+/// An empty group must not stay active while others have editors: what is opened next would split
+/// the window for no reason.
 void TarnwickEditor::ActivateGroupWithEditors()
 {
-    for (CodeEditorGroup* group : qAsConst(m_groups)) {
-        if (group->GetCount() == 0)
-            continue;
-        SetActiveCodeEditorGroup(group, false);
-        group->FocusCurrentCodeEditor();
-        return;
+    const int active = GetActiveCodeEditorGroupIndex();
+    for (int distance = 0; distance < m_groups.size(); ++distance) {
+        for (const int index : {active - distance, active + distance}) {
+            CodeEditorGroup* const group = GetCodeEditorGroupByIndex(index);
+            if (group && group->GetCount() > 0) {
+                SetActiveCodeEditorGroup(group, false);
+                return;
+            }
+        }
     }
 }
 
-/// By path, as the places change with each tab that goes.
-void TarnwickEditor::CloseTabs(CodeEditorGroup* group, const QStringList& paths)
+/// One after the other; a question that is cancelled ends it. What is asked about is shown.
+void TarnwickEditor::CloseTabs(const QStringList& paths)
 {
-    for (const QString& path : paths)
-        CloseCodeEditor(group, group->GetCodeEditorIndex(path), true);
+    for (const QString& path : paths) {
+        CodeEditorGroup* const group = GetCodeEditorGroupByPath(path);
+        if (!group)
+            continue;
+        const int index = group->GetCodeEditorIndex(path);
+        const bool isBuffer = group->GetType(index) == CodeEditorType::Buffer;
+        if (isBuffer ? !group->GetText(index).isEmpty() : group->IsModified(index))
+            group->SetCurrentIndex(index);
+        if (!CloseCodeEditor(group, index, true))
+            break;
+    }
+    OnActiveCodeEditorChanged();
+    FocusActiveCodeEditor();
+    SaveState();
 }
 
 void TarnwickEditor::CloseFile()
 {
-    if (CodeEditorGroup* group = GetActiveCodeEditorGroup())
-        CloseCodeEditor(group, group->GetCurrentIndex(), true);
+    if (const CodeEditor* editor = GetActiveCodeEditor())
+        CloseTabs({editor->GetFilePath()});
 }
 
 void TarnwickEditor::CloseAllFiles()
 {
-    for (CodeEditorGroup* group : qAsConst(m_groups)) {
-        QStringList paths;
-        for (const CodeEditorProperties& properties : group->GetAllProperties())
-            paths.append(properties.filePath);
-        CloseTabs(group, paths);
-    }
+    CloseTabs(GetCodeEditorPaths());
 }
 
 void TarnwickEditor::OnCloseTabRequested(CodeEditorGroup* group, int index)
 {
-    CloseCodeEditor(group, index, true);
+    CloseTabs({group->GetFilePath(index)});
 }
 
 void TarnwickEditor::OnCloseOtherTabsRequested(CodeEditorGroup* group, int index)
@@ -113,7 +134,7 @@ void TarnwickEditor::OnCloseOtherTabsRequested(CodeEditorGroup* group, int index
         if (tab != index)
             paths.append(group->GetFilePath(tab));
     }
-    CloseTabs(group, paths);
+    CloseTabs(paths);
 }
 
 void TarnwickEditor::OnCloseTabsToRightRequested(CodeEditorGroup* group, int index)
@@ -121,7 +142,7 @@ void TarnwickEditor::OnCloseTabsToRightRequested(CodeEditorGroup* group, int ind
     QStringList paths;
     for (int tab = index + 1; tab < group->GetCount(); ++tab)
         paths.append(group->GetFilePath(tab));
-    CloseTabs(group, paths);
+    CloseTabs(paths);
 }
 
 /// Asked when the host's main window is about to close. Buffers are kept whatever is answered.
@@ -131,8 +152,10 @@ bool TarnwickEditor::MayHostClose()
     if (Settings::saveAllOnExit || !Settings::showUnsavedFileDialogOnMayaExit
         || !ModifiedFilesExist())
         return true;
-    const auto answer = ShowUnsavedFileDialog(QString());
-    if (answer == QMessageBox::Yes)
-        SaveAll(false, true);
-    return answer != QMessageBox::Cancel;
+    const UnsavedAnswer answer = ShowUnsavedFileDialog(QString());
+    if (answer != UnsavedAnswer::Save)
+        return answer == UnsavedAnswer::Discard;
+    SaveAll(false, true);
+    // What could not be saved would be lost now.
+    return !ModifiedFilesExist();
 }

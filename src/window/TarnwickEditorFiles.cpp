@@ -6,7 +6,6 @@
 #include "settings/Settings.h"
 #include "views/OutlineView.h"
 #include "views/SideBar.h"
-#include "window/BufferFile.h"
 #include "window/FileText.h"
 #include "window/TarnwickEditor.h"
 
@@ -54,6 +53,11 @@ QString MakeBufferFile(CodeEditorLanguage language)
         return QFileInfo(file).absoluteFilePath();
     Logger::Error(QStringLiteral("Failed to open file for save: %1").arg(file.fileTemplate()));
     return QString();
+}
+
+QString AbsolutePath(const QString& path)
+{
+    return QDir::cleanPath(QFileInfo(path).absoluteFilePath());
 }
 
 /// The name with the filter's first extension, unless it has one of the filter's.
@@ -114,7 +118,7 @@ void TarnwickEditor::NewBuffer(CodeEditorLanguage language)
         CodeEditorType::Buffer, language, path, QString(), QStringLiteral(""), group, -1);
     if (index < 0)
         return;
-    group->SetCurrentIndex(index);
+    SetActiveCodeEditor(GetActiveCodeEditorGroupIndex(), index, true);
     SaveState();
 }
 
@@ -151,34 +155,40 @@ void TarnwickEditor::OpenFile(const QString& path, bool /*restoring*/)
     const int index = CreateCodeEditor(CodeEditorType::File, path, QString(), group, -1);
     if (index < 0)
         return;
-    group->SetCurrentIndex(index);
+    SetActiveCodeEditor(GetActiveCodeEditorGroupIndex(), index, true);
     SaveState();
 }
 
 int TarnwickEditor::CreateCodeEditor(CodeEditorType type, const QString& path, const QString& label,
     CodeEditorGroup* group, int index)
 {
-    const QFileInfo info(path);
-    const QString absolutePath = info.absoluteFilePath();
-    const bool isBuffer = type == CodeEditorType::Buffer;
-    const QString text = isBuffer ? BufferFile::Read(absolutePath) : GetFileText(absolutePath);
+    const QFileInfo info(AbsolutePath(path));
+    const QString text
+        = CodeEditorExists(info.filePath()) ? QStringLiteral("") : ReadText(info.filePath(), type);
     if (text.isNull())
         return -1;
-    return CreateCodeEditor(type, GetLanguageFromFilename(info), absolutePath,
-        isBuffer ? label : info.fileName(), text, group, index);
+    return CreateCodeEditor(type, GetLanguageFromFilename(info), info.filePath(),
+        type == CodeEditorType::Buffer ? label : info.fileName(), text, group, index);
 }
 
-QString TarnwickEditor::GetFileText(const QString& path) const
+QString TarnwickEditor::GetFileText(const QString& path)
 {
-    return FileText::Read(QFileInfo(path).absoluteFilePath());
+    return ReadText(AbsolutePath(path), CodeEditorType::File);
+}
+
+QString TarnwickEditor::ReadText(const QString& path, CodeEditorType type)
+{
+    const QString text = FileText::Read(path, type);
+    if (!text.isNull() && type == CodeEditorType::File)
+        m_diskContents.insert(path, FileText::Fingerprint(path));
+    return text;
 }
 
 bool TarnwickEditor::SaveCodeEditor(const QString& path, const QString& text)
 {
-    if (path.isEmpty() || !FileText::Write(path, text))
+    if (path.isEmpty() || !FileText::Write(path, text, CodeEditorType::File))
         return false;
-    if (!m_savedPaths.contains(path))
-        m_savedPaths.append(path);
+    m_diskContents.insert(path, FileText::Fingerprint(path));
     return true;
 }
 
@@ -201,12 +211,16 @@ void TarnwickEditor::PreSave(CodeEditor* editor)
 bool TarnwickEditor::WriteCodeEditor(CodeEditor* editor)
 {
     PreSave(editor);
-    const QString path = editor->GetFilePath();
-    const bool isBuffer = editor->GetType() == CodeEditorType::Buffer;
-    if (isBuffer ? !BufferFile::Write(path, editor->GetText())
-                 : !SaveCodeEditor(path, editor->GetText()))
+    CodeEditorProperties properties;
+    editor->GetProperties(properties);
+    const bool isBuffer = properties.type == CodeEditorType::Buffer;
+    const QString text = editor->GetText();
+    if (isBuffer ? !FileText::Write(properties.filePath, text, properties.type)
+                 : !SaveCodeEditor(properties.filePath, text))
         return false;
     editor->SetModified(false);
+    // A file that had been deleted is there again to be watched.
+    editor->SetProperties(properties, false);
     return true;
 }
 
@@ -254,34 +268,56 @@ QString TarnwickEditor::ShowSaveFileNameDialog(const CodeEditorProperties& prope
     if (path.isEmpty())
         return path;
     directory = QFileInfo(path).absolutePath();
-    return WithExtension(path, filter);
+    const QString completed = WithExtension(path, filter);
+    // The dialog has asked about the name that was typed.
+    return completed == path || !QFileInfo::exists(completed) || ConfirmReplacing(completed)
+        ? completed
+        : QString();
+}
+
+bool TarnwickEditor::ConfirmReplacing(const QString& path)
+{
+    return QMessageBox::question(this, tr("Save File"),
+               tr("%1 already exists.\nDo you want to replace it?").arg(path),
+               QMessageBox::Yes | QMessageBox::No, QMessageBox::No)
+        == QMessageBox::Yes;
 }
 
 void TarnwickEditor::SaveAs()
 {
-    CodeEditorGroup* const group = GetActiveCodeEditorGroup();
-    CodeEditor* const editor = GetActiveCodeEditor();
-    if (!editor)
+    const CodeEditorGroup* const group = GetActiveCodeEditorGroup();
+    if (!GetActiveCodeEditor())
         return;
-    CodeEditorProperties properties;
-    editor->GetProperties(properties);
-    const QFileInfo info(ShowSaveFileNameDialog(properties));
-    if (info.filePath().isEmpty())
+    const CodeEditorProperties properties = group->GetProperties(group->GetCurrentIndex());
+    const QString chosen = ShowSaveFileNameDialog(properties);
+    const QString path = chosen.isEmpty() ? chosen : AbsolutePath(chosen);
+    // The dialog let the event loop run: the editor may be gone.
+    CodeEditor* const editor = GetCodeEditor(properties.filePath);
+    if (path.isEmpty() || !editor)
         return;
-    const QString path = info.absoluteFilePath();
     if (path != properties.filePath && CodeEditorExists(path)) {
         Logger::Error(QStringLiteral("An open editor already exists with that path: %1").arg(path));
         return;
     }
     PreSave(editor);
-    if (!SaveCodeEditor(path, editor->GetText()))
-        return;
-    if (properties.type == CodeEditorType::Buffer)
-        DeleteFileByPath(properties.filePath);
-    editor->SetModified(false);
-    group->SetProperties(group->GetCurrentIndex(),
-        {CodeEditorType::File, GetLanguageFromFilename(info), path, info.fileName()});
-    OnPathsChanged();
+    if (SaveCodeEditor(path, editor->GetText()))
+        BecomeFile(properties, path);
+}
+
+/// After the editor's text has been written to `path`.
+void TarnwickEditor::BecomeFile(const CodeEditorProperties& old, const QString& path)
+{
+    CodeEditorGroup* const group = GetCodeEditorGroupByPath(old.filePath);
+    const int index = group->GetCodeEditorIndex(old.filePath);
+    const QFileInfo info(path);
+    group->SetModified(index, false);
+    group->SetProperties(
+        index, {CodeEditorType::File, GetLanguageFromFilename(info), path, info.fileName()});
+    if (old.type == CodeEditorType::Buffer)
+        DeleteFileByPath(old.filePath);
+    if (old.filePath != path)
+        m_diskContents.remove(old.filePath);
+    OnPathChanged(old.filePath, path);
 }
 
 bool TarnwickEditor::ModifiedFilesExist() const
@@ -305,63 +341,66 @@ void TarnwickEditor::Rename(CodeEditorGroup* group, int index)
 {
     if (!group || !group->GetCodeEditor(index))
         return;
-    CodeEditorProperties properties = group->GetProperties(index);
+    const CodeEditorProperties properties = group->GetProperties(index);
     bool accepted = false;
-    QString name = QInputDialog::getText(
+    const QString name = QInputDialog::getText(
         this, tr("Rename"), tr("New Name:"), QLineEdit::Normal, properties.label, &accepted);
-    if (!accepted || name.isEmpty())
+    // The dialog let the event loop run: the editor may be gone.
+    if (!accepted || name.isEmpty() || name == properties.label
+        || !CodeEditorExists(properties.filePath))
         return;
-    if (properties.type == CodeEditorType::File) {
-        if (!RenameFile(properties, name))
-            return;
-    } else {
-        if (name.contains(QLatin1Char(';'))) {
-            name.remove(QLatin1Char(';'));
-            Logger::Warning(QStringLiteral("Rename: ';' is an invalid character."));
-        }
-        properties.label = name;
-    }
-    group->SetProperties(index, properties);
-    OnPathsChanged();
+    if (properties.type == CodeEditorType::File)
+        RenameFile(properties.filePath, name);
+    else
+        RenameBuffer(properties, name);
 }
 
-bool TarnwickEditor::RenameFile(CodeEditorProperties& properties, const QString& name)
+void TarnwickEditor::RenameBuffer(CodeEditorProperties properties, const QString& name)
 {
-    const QString oldPath = properties.filePath;
-    const QFileInfo target(QStringLiteral("%1/%2").arg(QFileInfo(oldPath).absolutePath(), name));
-    const QString newPath = target.absoluteFilePath();
-    if (target.exists()) {
-        Logger::Error(QStringLiteral("Raname failed. File already exists: %1").arg(newPath));
-        return false;
+    properties.label = name;
+    // It parts the fields that the label is stored in.
+    if (name.contains(QLatin1Char(';'))) {
+        properties.label.remove(QLatin1Char(';'));
+        Logger::Warning(QStringLiteral("Rename: ';' is an invalid character."));
     }
-    if (!QFile::rename(oldPath, newPath)) {
+    if (properties.label.isEmpty())
+        return;
+    CodeEditorGroup* const group = GetCodeEditorGroupByPath(properties.filePath);
+    group->SetProperties(group->GetCodeEditorIndex(properties.filePath), properties);
+    OnPathChanged(properties.filePath, properties.filePath);
+}
+
+void TarnwickEditor::RenameFile(const QString& oldPath, const QString& name)
+{
+    const QString newPath = QStringLiteral("%1/%2").arg(QFileInfo(oldPath).absolutePath(), name);
+    if (QFileInfo::exists(newPath) || CodeEditorExists(newPath))
+        Logger::Error(QStringLiteral("Raname failed. File already exists: %1").arg(newPath));
+    else if (QFile::rename(oldPath, newPath))
+        OnFilePathChanged(oldPath, newPath);
+    else
         Logger::Error(
             QStringLiteral("Rename file failed. Please verify file path and permissions: %1 -> %2")
                 .arg(oldPath, newPath));
-        return false;
-    }
-    OnFilePathChanged(oldPath, newPath);
-    properties
-        = {CodeEditorType::File, GetLanguageFromFilename(target), newPath, target.fileName()};
-    return true;
 }
 
 void TarnwickEditor::OnFilePathChanged(const QString& oldPath, const QString& newPath)
 {
-    const CodeEditorLanguage language = GetLanguageFromFilename(QFileInfo(newPath));
+    const QString path = AbsolutePath(newPath);
+    const CodeEditorLanguage language = GetLanguageFromFilename(QFileInfo(path));
     for (CodeEditorGroup* group : qAsConst(m_groups))
-        group->UpdateFilePath(oldPath, newPath, language);
-    m_sideBar->GetOutline()->MoveStoredDetails(oldPath, newPath);
-    OnPathsChanged();
+        group->UpdateFilePath(oldPath, path, language);
+    if (m_diskContents.contains(oldPath))
+        m_diskContents.insert(path, m_diskContents.take(oldPath));
+    OnPathChanged(oldPath, path);
 }
 
-/// After tabs got other names.
-void TarnwickEditor::OnPathsChanged()
+/// After a tab got another path or label.
+void TarnwickEditor::OnPathChanged(const QString& oldPath, const QString& newPath)
 {
+    if (oldPath != newPath)
+        m_sideBar->GetOutline()->MoveStoredDetails(oldPath, newPath);
     UpdateOpenEditors();
-    UpdateOpenEditorsSelection();
-    UpdateTitleBar();
-    UpdateInterpreter();
+    OnActiveCodeEditorChanged();
     SaveState();
 }
 
@@ -375,17 +414,13 @@ void TarnwickEditor::DeleteFileByPath(const QString& path)
 
 void TarnwickEditor::RevertFile()
 {
-    CodeEditor* const editor = GetActiveCodeEditor();
+    const CodeEditor* const editor = GetActiveCodeEditor();
     if (!editor || editor->GetType() != CodeEditorType::File || !editor->IsModified())
         return;
+    const QString path = editor->GetFilePath();
     const auto answer = QMessageBox::question(this, tr("Reload"),
         tr("Reloading this file will result in unsaved changes being lost.\n\nContinue?"),
         QMessageBox::Yes | QMessageBox::No, QMessageBox::No);
-    if (answer != QMessageBox::Yes)
-        return;
-    const QString text = GetFileText(editor->GetFilePath());
-    if (text.isNull())
-        return;
-    editor->SetText(text);
-    editor->SetModified(false);
+    if (answer == QMessageBox::Yes)
+        ReloadFile(path);
 }

@@ -47,6 +47,13 @@ CodeEditor* TarnwickEditor::GetCodeEditor(const QString& path) const
     return group ? group->GetCodeEditor(group->GetCodeEditorIndex(path)) : nullptr;
 }
 
+CodeEditor* TarnwickEditor::GetCodeEditor(const QString& path, bool openIfMissing)
+{
+    if (openIfMissing && !CodeEditorExists(path))
+        OpenFile(path, false);
+    return GetCodeEditor(path);
+}
+
 CodeEditorGroup* TarnwickEditor::GetCodeEditorGroupByPath(const QString& path) const
 {
     for (CodeEditorGroup* group : m_groups) {
@@ -149,7 +156,8 @@ void TarnwickEditor::OnCurrentTabChanged()
 void TarnwickEditor::OnCodeEditorGroupReceivedFocus(CodeEditorGroup* group)
 {
     SetActiveCodeEditorGroup(group, false);
-    CheckForFileChanges();
+    // Not now: a question would stand in the middle of the click that gave the focus.
+    QMetaObject::invokeMethod(this, &TarnwickEditor::CheckForFileChanges, Qt::QueuedConnection);
 }
 
 /// In the group that was clicked.

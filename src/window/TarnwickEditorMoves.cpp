@@ -5,6 +5,10 @@
 #include "window/GroupPlan.h"
 #include "window/TarnwickEditor.h"
 
+#include <QFileInfo>
+
+#include <algorithm>
+
 void TarnwickEditor::OnMoveTabRequested(
     int sourceId, int sourceIndex, int targetId, int targetIndex)
 {
@@ -101,7 +105,12 @@ void TarnwickEditor::OnOpenFileRequested(int groupId, int index, const QString& 
 
 void TarnwickEditor::OnOpenFilesRequested(int groupId, TabDropZone zone, const QStringList& paths)
 {
-    const GroupPlan plan = PlanNewGroup(CountTabs(), groupId, zone);
+    // No room is made for files that get no tab.
+    const auto getsTab = [this](const QString& path) {
+        return !CodeEditorExists(path) && QFileInfo(path).isReadable();
+    };
+    const bool needsRoom = std::any_of(paths.begin(), paths.end(), getsTab);
+    const GroupPlan plan = needsRoom ? PlanNewGroup(CountTabs(), groupId, zone) : GroupPlan();
     if (plan.isPossible)
         MoveGroupsAlong(plan);
     const int target = plan.isPossible ? plan.newGroup : groupId;

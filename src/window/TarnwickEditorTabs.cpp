@@ -3,7 +3,6 @@
 #include "editor/CodeEditor.h"
 #include "editor/CodeEditorGroup.h"
 #include "settings/Settings.h"
-#include "window/BufferFile.h"
 #include "window/TabDetails.h"
 #include "window/TarnwickEditor.h"
 
@@ -52,6 +51,7 @@ void TarnwickEditor::RestoreCodeEditors()
     }
     for (int i = 0; i < m_groups.size(); ++i)
         m_groups[i]->SetTabBarScrollValue(Settings::tabBarScrolling.value(i).toInt());
+    ActivateGroupWithEditors();
     RefreshCodeEditorGroups(false);
     for (CodeEditorGroup* group : qAsConst(m_groups))
         group->SetParsingEnabled(true);
@@ -64,6 +64,9 @@ void TarnwickEditor::RestoreCodeEditor(const TabDetails& details)
     const QString path = isBuffer && QDir::isRelativePath(details.path)
         ? QStringLiteral("%1/%2").arg(Settings::GetInternalBufferDirectoryPath(), details.path)
         : details.path;
+    // Listed twice by hand: opening it again would show the first one.
+    if (CodeEditorExists(path))
+        return;
     const int tab = CreateCodeEditor(details.type, path, details.label, group, -1);
     if (tab < 0)
         return;

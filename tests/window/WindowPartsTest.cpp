@@ -1,7 +1,7 @@
 #include "settings/KeyBindings.h"
 #include "settings/Settings.h"
 #include "support/TestMain.h"
-#include "window/BufferFile.h"
+#include "window/FileText.h"
 #include "window/WindowFixture.h"
 #include "window/chrome/CustomTabBar.h"
 #include "window/chrome/Theme.h"
@@ -149,8 +149,8 @@ void WindowPartsTest::BufferTextComesBack()
     QFETCH(QString, text);
     QTemporaryDir directory;
     const QString path = directory.filePath("buffer.py");
-    QVERIFY(BufferFile::Write(path, text));
-    QCOMPARE(BufferFile::Read(path), text);
+    QVERIFY(FileText::Write(path, text, CodeEditorType::Buffer));
+    QCOMPARE(FileText::Read(path, CodeEditorType::Buffer), text);
 }
 
 void WindowPartsTest::AFailedSaveLeavesTheOldText()
@@ -158,7 +158,7 @@ void WindowPartsTest::AFailedSaveLeavesTheOldText()
     QTemporaryDir directory;
     m_host->TakeMessages(host::MessageType::Error);
     const QString path = directory.filePath("missing/buffer.py");
-    QVERIFY(!BufferFile::Write(path, "new"));
+    QVERIFY(!FileText::Write(path, "new", CodeEditorType::Buffer));
     QCOMPARE(m_host->TakeMessages(host::MessageType::Error),
         QStringList("[TarnwickEditor2] Failed to open file for save: " + path));
 }
@@ -169,8 +169,8 @@ void WindowPartsTest::ABufferThatCannotBeReadIsNoText()
     m_host->TakeMessages(host::MessageType::Error);
     // A directory in its place cannot be read by anyone, not even by root.
     QVERIFY(QDir(directory.path()).mkdir("buffer.py"));
-    QVERIFY(BufferFile::Read(directory.filePath("buffer.py")).isNull());
-    QVERIFY(BufferFile::Read(directory.filePath("missing.py")).isNull());
+    QVERIFY(FileText::Read(directory.filePath("buffer.py"), CodeEditorType::Buffer).isNull());
+    QVERIFY(FileText::Read(directory.filePath("missing.py"), CodeEditorType::Buffer).isNull());
     QCOMPARE(m_host->TakeMessages(host::MessageType::Error).size(), 2);
 }
 
