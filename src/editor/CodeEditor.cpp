@@ -243,6 +243,7 @@ void CodeEditor::SetCurrentLine(int line)
 {
     if (line < 1 || line > GetLineCount())
         return;
+    m_scrollValueToShow = -1;
     setCenterOnScroll(true);
     setTextCursor(QTextCursor(document()->findBlockByNumber(line - 1)));
     ensureCursorVisible();
@@ -256,6 +257,7 @@ int CodeEditor::GetCursorPosition() const
 
 void CodeEditor::SetCursorPosition(int position, bool home, bool centre)
 {
+    m_scrollValueToShow = -1;
     QTextCursor cursor = textCursor();
     cursor.setPosition(qBound(0, position, document()->characterCount() - 1));
     setTextCursor(cursor);
@@ -267,6 +269,7 @@ void CodeEditor::SetCursorPosition(int position, bool home, bool centre)
 
 void CodeEditor::SetCursorSelection(int start, int end)
 {
+    m_scrollValueToShow = -1;
     const int last = document()->characterCount() - 1;
     QTextCursor cursor = textCursor();
     cursor.setPosition(qBound(0, start, last));
@@ -277,12 +280,15 @@ void CodeEditor::SetCursorSelection(int start, int end)
 
 int CodeEditor::GetVerticalScrollBarValue() const
 {
-    return verticalScrollBar()->value();
+    return m_scrollValueToShow >= 0 ? m_scrollValueToShow : verticalScrollBar()->value();
 }
 
 void CodeEditor::SetVerticalScrollBarValue(int value)
 {
     verticalScrollBar()->setValue(value);
+    // The first show would bring the cursor into view instead.
+    if (!m_wasShown)
+        m_scrollValueToShow = value;
 }
 
 int CodeEditor::GetVerticalScrollBarWidth() const

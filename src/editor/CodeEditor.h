@@ -408,6 +408,8 @@ private:
     int m_findInSelectionEnd = -1;
     /// Positions are not carried along while the editor rewrites text itself.
     bool m_rewritingText = false;
+    bool m_wasShown = false;
+    int m_scrollValueToShow = -1; ///< asked for before the first show; -1: where the cursor is
     int m_lastBlockCount = 1; ///< before the change that is told next
     QTimer* m_extraSelectionsTimer;
     Highlighter* m_highlighter = nullptr; ///< owned by the document

@@ -12,6 +12,7 @@
 #include <QPainter>
 #include <QPainterPath>
 #include <QResizeEvent>
+#include <QScrollBar>
 #include <QTextLayout>
 
 #include <algorithm>
@@ -148,6 +149,10 @@ void CodeEditor::LayOutForWidth()
 void CodeEditor::showEvent(QShowEvent* event)
 {
     QPlainTextEdit::showEvent(event);
+    m_wasShown = true;
+    if (m_scrollValueToShow >= 0)
+        verticalScrollBar()->setValue(m_scrollValueToShow);
+    m_scrollValueToShow = -1;
     ScheduleExtraSelections();
 }
 

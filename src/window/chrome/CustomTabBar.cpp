@@ -242,12 +242,14 @@ void CustomTabBar::SetActive(bool active)
 
 int CustomTabBar::GetScrollValue() const
 {
-    return horizontalScrollBar()->value();
+    return m_scrollValueToShow >= 0 ? m_scrollValueToShow : horizontalScrollBar()->value();
 }
 
 void CustomTabBar::SetScrollValue(int value)
 {
     horizontalScrollBar()->setValue(value);
+    // There is no range before the bar has its width.
+    m_scrollValueToShow = isVisible() ? -1 : value;
 }
 
 bool CustomTabBar::CanScroll(int direction) const
@@ -333,11 +335,12 @@ void CustomTabBar::NotifyAccessibility(QAccessible::Event event, int index)
 
 void CustomTabBar::EnsureVisible(int index)
 {
+    QScrollBar* const bar = horizontalScrollBar();
     const QRect tab = GetTabRect(index);
     if (tab.left() < 0)
-        SetScrollValue(GetScrollValue() + tab.left());
+        bar->setValue(bar->value() + tab.left());
     else if (tab.right() >= viewport()->width())
-        SetScrollValue(GetScrollValue() + tab.right() + 1 - viewport()->width());
+        bar->setValue(bar->value() + tab.right() + 1 - viewport()->width());
 }
 
 bool CustomTabBar::viewportEvent(QEvent* event)
@@ -372,6 +375,14 @@ void CustomTabBar::resizeEvent(QResizeEvent* event)
     UpdateGeometry();
     if (IsValid(m_currentIndex))
         EnsureVisible(m_currentIndex);
+}
+
+void CustomTabBar::showEvent(QShowEvent* event)
+{
+    QAbstractScrollArea::showEvent(event);
+    if (m_scrollValueToShow >= 0)
+        horizontalScrollBar()->setValue(m_scrollValueToShow);
+    m_scrollValueToShow = -1;
 }
 
 void CustomTabBar::scrollContentsBy(int, int)
