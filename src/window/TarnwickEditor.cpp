@@ -35,13 +35,13 @@ TarnwickEditor::TarnwickEditor(QWidget* parent)
     CreateConnections();
     ApplyPreferences();
     RestoreCodeEditors();
-    if (GetCodeEditorCount() == 0) {
+    const bool isFresh = GetCodeEditorCount() == 0;
+    if (isFresh) {
         NewMelBuffer();
         NewPythonBuffer();
     }
     SetActiveCodeEditorGroup(GetActiveCodeEditorGroup(), true);
     m_keyBindings.ReadUserKeyBindings();
-    m_bindingsRead = true;
     for (CodeEditorGroup* group : qAsConst(m_groups))
         group->UpdateKeyBindings();
     m_outputPanel->UpdateKeyBindings();
@@ -49,6 +49,9 @@ TarnwickEditor::TarnwickEditor(QWidget* parent)
     m_outputPanel->OutputAppendText(MayaUtil::GetExistingHistory());
     if (m_mainWindow)
         m_mainWindow->installEventFilter(this);
+    m_isComplete = true;
+    if (isFresh)
+        SaveState();
 }
 
 TarnwickEditor::~TarnwickEditor()
@@ -172,6 +175,9 @@ void TarnwickEditor::Shutdown()
 
 void TarnwickEditor::WriteUserConfigs()
 {
+    // The first buffers are made before the user's keys are read: nothing is complete yet.
+    if (!m_isComplete)
+        return;
     UpdateCodeEditorGroupDetails();
     m_sideBar->SaveOutline();
     m_sideBar->ClearInvalidDetailsFromOutline(GetCodeEditorPaths());
@@ -179,9 +185,7 @@ void TarnwickEditor::WriteUserConfigs()
     SaveSplitterState();
     Settings::WriteUserConfig();
     ColorSettings::WriteUserConfig();
-    // The first buffers are made, and the state saved with them, before the user's keys are read.
-    if (m_bindingsRead)
-        m_keyBindings.WriteUserKeyBindings();
+    m_keyBindings.WriteUserKeyBindings();
     m_sideBar->SaveWorkspace();
 }
 

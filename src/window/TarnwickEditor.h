@@ -405,7 +405,7 @@ private:
     ActivityBar* m_activityBar = nullptr;
     StatusBar* m_statusBar = nullptr;
     QStringList m_usedPaths; ///< while a walk through the used editors lasts
-    bool m_bindingsRead = false;
+    bool m_isComplete = false; ///< all that is stored has been read
     bool m_bindingsEnabled = true;
     bool m_pythonModuleStateUpdated = false;
 
