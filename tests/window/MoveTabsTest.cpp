@@ -1,0 +1,320 @@
+#include "editor/CodeEditor.h"
+#include "editor/CodeEditorGroup.h"
+#include "settings/Settings.h"
+#include "support/TestMain.h"
+#include "window/TarnwickEditor.h"
+#include "window/WindowFixture.h"
+
+#include <QMainWindow>
+#include <QtTest>
+
+/// Tabs and files dragged to other places. A layout is written as the labels of each group's tabs,
+/// the current one as a capital letter, with a bar between groups: "aB|C|".
+class MoveTabsTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { m_host = std::make_unique<WindowFixture>(); }
+    void cleanupTestCase() { m_host.reset(); }
+    void init();
+    void cleanup();
+    void MovesToAZone_data();
+    void MovesToAZone();
+    void MovesToAPlace_data();
+    void MovesToAPlace();
+    void MovedTabsKeepWhatTheyHold();
+    void OpensDroppedFiles_data();
+    void OpensDroppedFiles();
+    void EdgesAreOfferedWhileAGroupIsFree();
+    void AnEmptyGroupHandsOn();
+
+private:
+    void SetLayout(const QString& layout);
+    QString Layout() const;
+    /// Group and tab of a label.
+    QPair<int, int> Find(const QString& label) const;
+    QString MakeFile(const QString& name) const;
+
+    std::unique_ptr<WindowFixture> m_host;
+    std::unique_ptr<QMainWindow> m_frame;
+    QPointer<TarnwickEditor> m_window;
+    std::unique_ptr<QTemporaryDir> m_folder;
+};
+
+void MoveTabsTest::init()
+{
+    Settings::ResetToDefaults();
+    Settings::showConfirmDialogOnInternalBufferClose = false;
+    m_folder = std::make_unique<QTemporaryDir>();
+    m_frame = std::make_unique<QMainWindow>();
+    m_window = new TarnwickEditor;
+    m_frame->setCentralWidget(m_window);
+    m_frame->resize(1300, 900);
+    m_frame->show();
+    m_frame->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(m_frame.get()));
+    m_window->CloseAllFiles();
+    QCOMPARE(m_window->GetCodeEditorCount(), 0);
+}
+
+void MoveTabsTest::cleanup()
+{
+    m_frame.reset();
+    m_host->RunIdle();
+}
+
+QString MoveTabsTest::MakeFile(const QString& name) const
+{
+    QFile file(m_folder->filePath(name));
+    if (!file.open(QIODevice::WriteOnly) || file.write("text of " + name.toUtf8()) < 0)
+        qFatal("cannot write %s", qPrintable(file.fileName()));
+    return file.fileName();
+}
+
+void MoveTabsTest::SetLayout(const QString& layout)
+{
+    const QStringList groups = layout.split('|');
+    for (int i = 0; i < groups.size(); ++i) {
+        CodeEditorGroup* const group = m_window->GetCodeEditorGroupByIndex(i);
+        int current = -1;
+        for (const QChar label : groups[i]) {
+            const QString path = MakeFile(label.toLower());
+            const int tab
+                = m_window->CreateCodeEditor(CodeEditorType::File, path, QString(), group, -1);
+            if (label.isUpper())
+                current = tab;
+        }
+        group->SetCurrentIndex(current);
+    }
+}
+
+QString MoveTabsTest::Layout() const
+{
+    QStringList groups;
+    for (int i = 0; i < m_window->GetCodeEditorGroupCount(); ++i) {
+        const CodeEditorGroup* const group = m_window->GetCodeEditorGroupByIndex(i);
+        QString labels;
+        for (int tab = 0; tab < group->GetCount(); ++tab) {
+            const QString label = group->GetLabel(tab);
+            labels += tab == group->GetCurrentIndex() ? label.toUpper() : label;
+        }
+        groups += labels;
+    }
+    return groups.join('|');
+}
+
+QPair<int, int> MoveTabsTest::Find(const QString& label) const
+{
+    const QString path = m_folder->filePath(label);
+    const CodeEditorGroup* const group = m_window->GetCodeEditorGroupByPath(path);
+    return {m_window->GetCodeEditorGroupIndex(group), m_window->GetCodeEditorIndex(group, path)};
+}
+
+void MoveTabsTest::MovesToAZone_data()
+{
+    QTest::addColumn<QString>("layout");
+    QTest::addColumn<QString>("tab");
+    QTest::addColumn<int>("target");
+    QTest::addColumn<int>("zone");
+    QTest::addColumn<QString>("result");
+    const int centre = int(TabDropZone::Center);
+    const int before = int(TabDropZone::Before);
+    const int after = int(TabDropZone::After);
+    QTest::newRow("into another group") << "Ab|C|"
+                                        << "b" << 1 << centre << "A|cB|";
+    QTest::newRow("into its own group") << "Ab|C|"
+                                        << "b" << 0 << centre << "aB|C|";
+    QTest::newRow("the last tab of a group") << "Ab|C|"
+                                             << "c" << 0 << centre << "abC||";
+    QTest::newRow("behind, the neighbour is free") << "Ab||"
+                                                   << "b" << 0 << after << "A|B|";
+    QTest::newRow("before, the neighbour is free") << "|Ab|"
+                                                   << "b" << 1 << before << "B|A|";
+    QTest::newRow("before the first one") << "Ab||"
+                                          << "b" << 0 << before << "B|A|";
+    QTest::newRow("behind the last one") << "||Ab"
+                                         << "b" << 2 << after << "|A|B";
+    QTest::newRow("between, the last is free") << "Abc|D|"
+                                               << "b" << 0 << after << "Ac|B|D";
+    QTest::newRow("between, by the other side") << "Abc|D|"
+                                                << "b" << 1 << before << "Ac|B|D";
+    QTest::newRow("between, the first is free") << "|Abc|D"
+                                                << "c" << 1 << after << "Ab|C|D";
+    QTest::newRow("in the gap") << "Ab||C"
+                                << "b" << 0 << after << "A|B|C";
+    QTest::newRow("before two") << "Abc|dE|"
+                                << "a" << 0 << before << "A|Bc|dE";
+    QTest::newRow("behind two") << "|Ab|Cd"
+                                << "b" << 2 << after << "A|Cd|B";
+    QTest::newRow("alone beside another") << "A|B|"
+                                          << "a" << 1 << after << "|B|A";
+    QTest::newRow("alone beside itself") << "A|B|"
+                                         << "a" << 0 << after << "A|B|";
+    QTest::newRow("all in use") << "Ab|C|D"
+                                << "b" << 1 << after << "Ab|C|D";
+    QTest::newRow("nowhere") << "Ab||"
+                             << "b" << 0 << int(TabDropZone::NoZone) << "Ab||";
+}
+
+void MoveTabsTest::MovesToAZone()
+{
+    QFETCH(QString, layout);
+    QFETCH(QString, tab);
+    QFETCH(int, target);
+    QFETCH(int, zone);
+    QFETCH(QString, result);
+    SetLayout(layout);
+    const QPair<int, int> source = Find(tab);
+    CodeEditorGroup* const group = m_window->GetCodeEditorGroupByIndex(target);
+    Q_EMIT group->MoveTabToZoneRequested(source.first, source.second, target, TabDropZone(zone));
+    QCOMPARE(Layout(), result);
+    for (int i = 0; i < m_window->GetCodeEditorGroupCount(); ++i) {
+        const CodeEditorGroup* const shown = m_window->GetCodeEditorGroupByIndex(i);
+        QCOMPARE(shown->isVisible(), shown->GetCount() > 0);
+    }
+    if (result == layout)
+        return;
+    QCOMPARE(m_window->GetActiveCodeEditor()->GetLabel(), tab);
+    QVERIFY(m_window->GetActiveCodeEditor()->hasFocus());
+}
+
+void MoveTabsTest::MovesToAPlace_data()
+{
+    QTest::addColumn<QString>("layout");
+    QTest::addColumn<QString>("tab");
+    QTest::addColumn<int>("target");
+    QTest::addColumn<int>("index");
+    QTest::addColumn<QString>("result");
+    QTest::newRow("to the right") << "Abc||"
+                                  << "a" << 0 << 2 << "bcA||";
+    QTest::newRow("to the left") << "Abc||"
+                                 << "c" << 0 << 0 << "Cab||";
+    QTest::newRow("between those of another group") << "Ab|Cd|"
+                                                    << "a" << 1 << 1 << "B|cAd|";
+    QTest::newRow("before those of another group") << "A|Bc|"
+                                                   << "a" << 1 << 0 << "|Abc|";
+    QTest::newRow("a tab that is none") << "Ab||"
+                                        << "x" << 0 << 0 << "Ab||";
+}
+
+void MoveTabsTest::MovesToAPlace()
+{
+    QFETCH(QString, layout);
+    QFETCH(QString, tab);
+    QFETCH(int, target);
+    QFETCH(int, index);
+    SetLayout(layout);
+    const QPair<int, int> source = Find(tab);
+    CodeEditorGroup* const group = m_window->GetCodeEditorGroupByIndex(target);
+    Q_EMIT group->MoveTabRequested(source.first, source.second, target, index);
+    QTEST(Layout(), "result");
+}
+
+void MoveTabsTest::MovedTabsKeepWhatTheyHold()
+{
+    SetLayout("Ab|C|");
+    const QPair<int, int> source = Find("b");
+    CodeEditor* const editor
+        = m_window->GetCodeEditorGroupByIndex(source.first)->GetCodeEditor(source.second);
+    editor->SetCursorPosition(4, false, false);
+    editor->insertPlainText("typed ");
+    CodeEditorGroup* const target = m_window->GetCodeEditorGroupByIndex(1);
+    Q_EMIT target->MoveTabToZoneRequested(source.first, source.second, 1, TabDropZone::After);
+    QCOMPARE(Layout(), QString("A|C|B"));
+    QCOMPARE(m_window->GetActiveCodeEditor(), editor);
+    QVERIFY(editor->IsModified());
+    QCOMPARE(editor->GetCursorPosition(), 10);
+    editor->undo();
+    QCOMPARE(editor->GetText(), QString("text of b"));
+    // The new group listens to it, the old one no more.
+    QSignalSpy oldGroup(m_window->GetCodeEditorGroupByIndex(0), &CodeEditorGroup::ExecutePressed);
+    QSignalSpy newGroup(m_window->GetCodeEditorGroupByIndex(2), &CodeEditorGroup::ExecutePressed);
+    editor->Execute();
+    QCOMPARE(oldGroup.count(), 0);
+    QCOMPARE(newGroup.count(), 1);
+}
+
+void MoveTabsTest::OpensDroppedFiles_data()
+{
+    QTest::addColumn<QString>("layout");
+    QTest::addColumn<QString>("files"); // "?" is one that is not there
+    QTest::addColumn<int>("target");
+    QTest::addColumn<int>("zone");
+    QTest::addColumn<QString>("result");
+    const int before = int(TabDropZone::Before);
+    const int after = int(TabDropZone::After);
+    QTest::newRow("new ones behind") << "A||"
+                                     << "xy" << 0 << after << "A|xY|";
+    QTest::newRow("new ones before") << "A||"
+                                     << "xy" << 0 << before << "xY|A|";
+    QTest::newRow("between") << "A|B|"
+                             << "x" << 0 << after << "A|X|B";
+    QTest::newRow("open already") << "Ab||"
+                                  << "b" << 0 << after << "aB||";
+    QTest::newRow("one that is not there") << "A|B|"
+                                           << "?" << 0 << after << "A|B|";
+    QTest::newRow("some of each") << "Ab||"
+                                  << "x?b" << 0 << after << "aB|X|";
+    QTest::newRow("all groups in use") << "A|B|C"
+                                       << "x" << 1 << after << "A|bX|C";
+}
+
+void MoveTabsTest::OpensDroppedFiles()
+{
+    QFETCH(QString, layout);
+    QFETCH(QString, files);
+    QFETCH(int, target);
+    QFETCH(int, zone);
+    SetLayout(layout);
+    QStringList paths;
+    for (const QChar name : qAsConst(files))
+        paths += name == '?' ? m_folder->filePath("missing") : MakeFile(name);
+    CodeEditorGroup* const group = m_window->GetCodeEditorGroupByIndex(target);
+    m_host->TakeMessages(host::MessageType::Error);
+    Q_EMIT group->OpenFilesRequested(target, TabDropZone(zone), paths);
+    QTEST(Layout(), "result");
+    const QStringList errors = m_host->TakeMessages(host::MessageType::Error);
+    QCOMPARE(errors.filter("Failed to open file").size(), files.count('?'));
+}
+
+void MoveTabsTest::EdgesAreOfferedWhileAGroupIsFree()
+{
+    // A tab over the right edge of the first group.
+    const auto edgeIsOffered = [this] {
+        CodeEditorGroup* const group = m_window->GetCodeEditorGroupByIndex(0);
+        CodeEditor* const editor = group->GetCurrent();
+        const QPoint edge = editor->mapTo(group, {editor->width() - 3, editor->height() / 2});
+        QMimeData payload;
+        payload.setUrls({QUrl::fromLocalFile(m_folder->filePath("z"))});
+        QDragEnterEvent enter(edge, Qt::CopyAction, &payload, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(group, &enter);
+        QDropEvent drop(edge, Qt::CopyAction, &payload, Qt::LeftButton, Qt::NoModifier);
+        QSignalSpy together(group, &CodeEditorGroup::OpenFilesRequested);
+        QApplication::sendEvent(group, &drop);
+        return together.count() == 1;
+    };
+    SetLayout("A|B|");
+    QVERIFY(edgeIsOffered());
+    SetLayout("||C");
+    QCOMPARE(Layout(), QString("A|B|C"));
+    QVERIFY(!edgeIsOffered());
+}
+
+void MoveTabsTest::AnEmptyGroupHandsOn()
+{
+    SetLayout("A|B|C");
+    m_window->SetActiveCodeEditor(1, 0, true);
+    m_window->CloseFile();
+    QCOMPARE(Layout(), QString("A||C"));
+    QCOMPARE(m_window->GetActiveCodeEditor()->GetLabel(), QString("a"));
+    QVERIFY(m_window->GetActiveCodeEditor()->hasFocus());
+    m_window->CloseFile();
+    QCOMPARE(m_window->GetActiveCodeEditorGroupIndex(), 2);
+    m_window->CloseFile();
+    QVERIFY(!m_window->GetActiveCodeEditor());
+    QVERIFY(m_window->GetActiveCodeEditorGroup()->isVisible());
+}
+
+TE2_TEST(MoveTabsTest)
+#include "MoveTabsTest.moc"
