@@ -328,7 +328,6 @@ private:
     static void MoveAllTabs(CodeEditorGroup* source, CodeEditorGroup* target);
     void FinishMove(const QString& path);
     bool IsOutputFocused() const;
-    bool IsFocusInOutput() const;
     void ShowFindReplace(bool replace);
     void FindAgain(bool backward);
     void FindAgainInOutput(bool backward);

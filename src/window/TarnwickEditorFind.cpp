@@ -1,21 +1,8 @@
-// Find and replace in one text: in the console while the focus is in it, otherwise in the active
-// editor.
+// Find and replace in the active editor.
 
 #include "editor/CodeEditorGroup.h"
 #include "editor/FindReplaceWidget.h"
-#include "output/OutputTextEdit.h"
-#include "window/PanelGroup.h"
 #include "window/TarnwickEditor.h"
-
-#include <QApplication>
-
-/// Also while the console's own bar has the focus.
-bool TarnwickEditor::IsFocusInOutput() const
-{
-    const QWidget* focus = QApplication::focusWidget();
-    const QWidget* output = m_outputPanel->GetOutput();
-    return focus && (focus == output || output->isAncestorOf(focus));
-}
 
 void TarnwickEditor::ShowFindReplace(bool replace)
 {

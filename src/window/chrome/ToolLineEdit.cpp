@@ -3,6 +3,7 @@
 #include "window/chrome/FlatButton.h"
 #include "window/chrome/Theme.h"
 
+#include <QEvent>
 #include <QPainter>
 #include <QStyle>
 
@@ -92,6 +93,18 @@ void ToolLineEdit::UpdateHalo()
     const int halo = Theme::Dp(HALO);
     if (parentWidget())
         parentWidget()->update(geometry().adjusted(-halo, -halo, halo, halo));
+}
+
+bool ToolLineEdit::event(QEvent* event)
+{
+    const bool handled = QLineEdit::event(event);
+    // A style sheet gives the placeholder the colour of the text.
+    if (event->type() == QEvent::Polish || event->type() == QEvent::StyleChange) {
+        QPalette colors = palette();
+        colors.setColor(QPalette::PlaceholderText, Theme::Color(Theme::Role::Faint));
+        setPalette(colors);
+    }
+    return handled;
 }
 
 void ToolLineEdit::resizeEvent(QResizeEvent* event)

@@ -1,0 +1,133 @@
+#include "editor/CodeEditor.h"
+#include "editor/CodeEditorGroup.h"
+#include "editor/FindReplaceWidget.h"
+#include "support/TestMain.h"
+#include "window/TarnwickEditor.h"
+#include "window/WindowFixture.h"
+#include "window/chrome/ToolLineEdit.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QMenu>
+#include <QtTest>
+
+#include <memory>
+
+class FindCommandsTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { m_fixture = std::make_unique<WindowFixture>(); }
+    void init();
+    void cleanup() { m_window.reset(); }
+    void cleanupTestCase() { m_fixture.reset(); }
+    void OpensTheBarByKeys();
+    void StandsInTheEditMenu();
+    void StepsWithoutTheBar();
+    void AsksForTheFieldsBeforeReplacing();
+    void SeeksTheWordWhenNothingWasSought();
+
+private:
+    CodeEditorGroup& Group() const { return *m_window->GetActiveCodeEditorGroup(); }
+    CodeEditor& Editor() const { return *m_window->GetActiveCodeEditor(); }
+    ToolLineEdit* Field(const char* name) const
+    {
+        return Group().GetFindReplace()->findChild<ToolLineEdit*>(name);
+    }
+    QAction* Action(const char* text, int occurrence = 0) const;
+
+    std::unique_ptr<WindowFixture> m_fixture;
+    std::unique_ptr<TarnwickEditor> m_window;
+};
+
+void FindCommandsTest::init()
+{
+    m_window = std::make_unique<TarnwickEditor>();
+    m_window->resize(1200, 800);
+    m_window->show();
+    QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+    m_window->FocusActiveCodeEditor();
+    Editor().SetText("one two\none two");
+}
+
+/// The window's action of that text; the replacing ones share theirs.
+QAction* FindCommandsTest::Action(const char* text, int occurrence) const
+{
+    for (QAction* action : m_window->actions()) {
+        if (action->text() == QLatin1String(text) && occurrence-- == 0)
+            return action;
+    }
+    return nullptr;
+}
+
+void FindCommandsTest::OpensTheBarByKeys()
+{
+    QTest::keyClick(&Editor(), Qt::Key_F, Qt::ControlModifier);
+    QVERIFY(Group().IsFindReplaceVisible());
+    QVERIFY(!Group().GetFindReplace()->IsReplaceVisible());
+    QVERIFY(Field("m_searchLineEdit")->hasFocus());
+    QCOMPARE(Field("m_searchLineEdit")->text(), QString("one"));
+    // From the search field on, the other field is what is missing.
+    QTest::keyClick(Field("m_searchLineEdit"), Qt::Key_H, Qt::ControlModifier);
+    QVERIFY(Field("m_replaceLineEdit")->hasFocus());
+    // What stands in the field was typed there and is kept.
+    Field("m_searchLineEdit")->setText("two");
+    QTest::keyClick(Field("m_replaceLineEdit"), Qt::Key_F, Qt::ControlModifier);
+    QCOMPARE(Field("m_searchLineEdit")->text(), QString("two"));
+    QVERIFY(Field("m_searchLineEdit")->hasFocus());
+    QTest::keyClick(Field("m_searchLineEdit"), Qt::Key_Escape);
+    QVERIFY(Editor().hasFocus());
+}
+
+void FindCommandsTest::StandsInTheEditMenu()
+{
+    const QList<QMenu*> menus = m_window->findChildren<QMenu*>();
+    const auto edit = std::find_if(menus.begin(), menus.end(),
+        [](const QMenu* menu) { return menu->title() == QLatin1String("Edit"); });
+    QVERIFY(edit != menus.end());
+    const QList<QAction*> entries = (*edit)->actions();
+    const int find = entries.indexOf(Action("Find"));
+    QVERIFY(find > entries.indexOf(Action("Select All")));
+    QCOMPARE(entries.at(find + 1), Action("Replace"));
+    // The others are reached by keys alone; two commands are called alike.
+    QVERIFY(!entries.contains(Action("Find Next")));
+    QVERIFY(Action("Replace", 1));
+    QVERIFY(!entries.contains(Action("Replace", 1)));
+}
+
+void FindCommandsTest::StepsWithoutTheBar()
+{
+    QTest::keyClick(&Editor(), Qt::Key_F3, Qt::ControlModifier);
+    QCOMPARE(Editor().GetSelectedStartPosition(), 8);
+    QTest::keyClick(&Editor(), Qt::Key_F3);
+    QCOMPARE(Editor().GetSelectedStartPosition(), 0);
+    QTest::keyClick(&Editor(), Qt::Key_F3, Qt::ShiftModifier);
+    QCOMPARE(Editor().GetSelectedStartPosition(), 8);
+    QCOMPARE(Editor().GetSelectedText(), QString("one"));
+    QVERIFY(!Group().IsFindReplaceVisible());
+}
+
+void FindCommandsTest::AsksForTheFieldsBeforeReplacing()
+{
+    Editor().SetCursorSelection(0, 3);
+    Action("Replace", 1)->trigger();
+    QVERIFY(Group().GetFindReplace()->IsReplaceVisible());
+    QCOMPARE(Editor().GetText(), QString("one two\none two"));
+    Field("m_replaceLineEdit")->setText("1");
+    Action("Replace Next")->trigger();
+    QCOMPARE(Editor().GetText(), QString("1 two\none two"));
+    Action("Replace", 1)->trigger();
+    QCOMPARE(Editor().GetText(), QString("1 two\n1 two"));
+}
+
+void FindCommandsTest::SeeksTheWordWhenNothingWasSought()
+{
+    Editor().SetCursorPosition(5, false, false);
+    QTest::keyClick(&Editor(), Qt::Key_F3);
+    QCOMPARE(Editor().GetSelectedStartPosition(), 12);
+    QCOMPARE(Editor().GetSelectedText(), QString("two"));
+}
+
+TE2_TEST(FindCommandsTest)
+#include "FindCommandsTest.moc"
