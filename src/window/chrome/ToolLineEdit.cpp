@@ -6,6 +6,7 @@
 #include <QEvent>
 #include <QPainter>
 #include <QStyle>
+#include <QToolTip>
 
 namespace {
 
@@ -53,6 +54,9 @@ void ToolLineEdit::SetFault(const QString& fault)
     const bool looksOtherwise = m_fault.isEmpty() != fault.isEmpty();
     m_fault = fault;
     UpdateToolTip();
+    // What is shown about the text before is wrong now.
+    if (underMouse())
+        QToolTip::hideText();
     if (!looksOtherwise)
         return;
     setProperty("invalid", !fault.isEmpty());
