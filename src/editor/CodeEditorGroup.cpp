@@ -276,8 +276,6 @@ CodeEditor* CodeEditorGroup::RemoveCodeEditor(int index)
         return nullptr;
     if (editor == GetCurrent())
         LeaveSearch();
-    if (editor == GetCurrent())
-        LeaveSearch();
     disconnect(editor, nullptr, this, nullptr);
     m_stack->removeWidget(editor);
     m_tabBar->RemoveTab(index);

@@ -7,7 +7,9 @@
 namespace {
 
 constexpr int SLICE = 8; // ms
-constexpr int GROUP = 64; ///< blocks between two looks at the clock and two known totals
+constexpr int GROUP = 64; ///< blocks between two known totals
+// With so many lines given up the expression is hopeless, and the rest is not tried.
+constexpr int MAXIMUM_GIVEN_UP = 100;
 
 } // namespace
 
@@ -39,7 +41,7 @@ void DocumentSearch::Begin()
     m_total = 0;
     m_totalsBefore.clear();
     m_isFinished = false;
-    m_hasGivenUp = false;
+    m_givenUp = 0;
 }
 
 void DocumentSearch::CountOn()
@@ -61,12 +63,11 @@ void DocumentSearch::Finish()
 void DocumentSearch::CountUntil(const QDeadlineTimer& deadline)
 {
     while (m_next.isValid()) {
-        m_totalsBefore.append(m_total);
-        for (int i = 0; i < GROUP && m_next.isValid(); ++i) {
-            m_total += CountMatches(m_next);
-            m_next = m_next.next();
-            ++m_nextNumber;
-        }
+        if (m_nextNumber % GROUP == 0)
+            m_totalsBefore.append(m_total);
+        m_total += CountMatches(m_next);
+        m_next = m_next.next();
+        ++m_nextNumber;
         if (deadline.hasExpired())
             break;
     }
@@ -79,7 +80,8 @@ void DocumentSearch::CountUntil(const QDeadlineTimer& deadline)
 
 bool DocumentSearch::IsSearching() const
 {
-    return !m_expression.pattern().isEmpty() && m_expression.isValid();
+    return !m_expression.pattern().isEmpty() && m_expression.isValid()
+        && m_givenUp < MAXIMUM_GIVEN_UP;
 }
 
 bool DocumentSearch::IsUpToDate() const
@@ -110,7 +112,7 @@ void DocumentSearch::VisitMatches(const QTextBlock& block, Visitor visit) const
     // Most lines have none, and one look is cheaper than an iterator.
     const QRegularExpressionMatch first = m_expression.match(text);
     if (!first.hasMatch()) {
-        m_hasGivenUp |= HasExceededMatchLimit(first);
+        m_givenUp += HasExceededMatchLimit(first) ? 1 : 0;
         return;
     }
     QRegularExpressionMatchIterator matches = m_expression.globalMatch(text);
@@ -120,7 +122,7 @@ void DocumentSearch::VisitMatches(const QTextBlock& block, Visitor visit) const
         if (IsInRegion(span.start, span.end) && !visit(span, match))
             return;
     }
-    m_hasGivenUp |= !matches.isValid();
+    m_givenUp += matches.isValid() ? 0 : 1;
 }
 
 int DocumentSearch::CountMatches(const QTextBlock& block) const
@@ -182,7 +184,8 @@ void DocumentSearch::VisitAllMatches(
 /// Whether the count says that a group of blocks has no match.
 bool DocumentSearch::IsKnownEmpty(int group) const
 {
-    if (!IsUpToDate() || group >= m_totalsBefore.size())
+    const bool isCounted = m_isFinished || (group + 1) * GROUP <= m_nextNumber;
+    if (!IsUpToDate() || !isCounted || group >= m_totalsBefore.size())
         return false;
     const bool isLast = group + 1 == m_totalsBefore.size();
     const int behind = isLast ? m_total : m_totalsBefore.at(group + 1);

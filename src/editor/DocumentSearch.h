@@ -46,8 +46,8 @@ public:
     int GetTotal() const { return m_total; }
     /// Of the match that starts there, from 1; -1 without one and where nothing is counted yet.
     int GetNumber(int start) const;
-    /// Whether a match was given up for its endless trying; the count may be short then.
-    bool HasGivenUp() const { return m_hasGivenUp; }
+    /// Whether matches were given up for their endless trying; the count may be short then.
+    bool HasGivenUp() const { return m_givenUp > 0; }
 
     /// The match that is exactly this piece; without a match, hasMatch() is false.
     QRegularExpressionMatch GetMatch(const TextSpan& span) const;
@@ -88,5 +88,5 @@ private:
     int m_total = 0;
     /// Matches before each group of blocks, so that a number needs no walk through the document.
     QVector<int> m_totalsBefore;
-    mutable bool m_hasGivenUp = false;
+    mutable int m_givenUp = 0; ///< lines, until it is known that they all are like that
 };

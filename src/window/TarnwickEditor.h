@@ -330,8 +330,10 @@ private:
     bool IsOutputFocused() const;
     void ShowFindReplace(bool replace);
     void FindAgain(bool backward);
+    bool IsFocusInOutput() const;
     void FindAgainInOutput(bool backward);
     void SelectAndFind(bool backward);
+    void SelectAndFindInOutput(bool backward);
     FindReplaceWidget* TakeReplaceBar();
     void SetCodeEditorZoom(int zoom);
     void GoToNeighbour(int step);

@@ -1,8 +1,21 @@
-// Find and replace in the active editor.
+// Find and replace in one text: in the console while the focus is in it, otherwise in the active
+// editor.
 
 #include "editor/CodeEditorGroup.h"
 #include "editor/FindReplaceWidget.h"
+#include "output/OutputTextEdit.h"
+#include "window/PanelGroup.h"
 #include "window/TarnwickEditor.h"
+
+#include <QApplication>
+
+/// Also while the console's own bar has the focus.
+bool TarnwickEditor::IsFocusInOutput() const
+{
+    const QWidget* focus = QApplication::focusWidget();
+    const QWidget* output = m_outputPanel->GetOutput();
+    return focus && (focus == output || output->isAncestorOf(focus));
+}
 
 void TarnwickEditor::ShowFindReplace(bool replace)
 {
@@ -49,8 +62,22 @@ void TarnwickEditor::FindAgainInOutput(bool backward)
 
 void TarnwickEditor::SelectAndFind(bool backward)
 {
-    if (CodeEditorGroup* group = GetActiveCodeEditorGroup())
+    if (IsFocusInOutput())
+        SelectAndFindInOutput(backward);
+    else if (CodeEditorGroup* group = GetActiveCodeEditorGroup())
         group->SelectAndFind(backward);
+}
+
+void TarnwickEditor::SelectAndFindInOutput(bool backward)
+{
+    OutputTextEdit* const output = m_outputPanel->GetOutput();
+    if (!output->textCursor().hasSelection())
+        output->SelectWordUnderCursor();
+    const QString text = output->GetSelectedTextForExecute();
+    if (text.isEmpty() || text.contains(QLatin1Char('\n')))
+        return;
+    output->GetFindReplace()->SeedSearchText(text);
+    FindAgainInOutput(backward);
 }
 
 void TarnwickEditor::Find()
@@ -95,12 +122,12 @@ void TarnwickEditor::ReplaceAll()
         bar->ReplaceAll();
 }
 
-/// The bar that replaces; where it is not in view it is shown and null returned, as nobody can say
-/// what its fields hold.
+/// The bar that replaces, null for the console, whose text stays as it is; where it is not in view
+/// it is shown and null returned, as nobody can say what its fields hold.
 FindReplaceWidget* TarnwickEditor::TakeReplaceBar()
 {
     CodeEditorGroup* group = GetActiveCodeEditorGroup();
-    if (!group)
+    if (!group || IsFocusInOutput())
         return nullptr;
     if (group->IsFindReplaceVisible() && group->GetFindReplace()->IsReplaceVisible())
         return group->GetFindReplace();

@@ -323,6 +323,12 @@ void CodeEditorFindTest::SaysWhenItGaveUp()
     QVERIFY(editor.GetSearch().HasGivenUp());
     editor.GetSearchResults(Typed("a+x"), current, total);
     QVERIFY(!editor.GetSearch().HasGivenUp());
+    // A whole text of such lines is not tried to its end.
+    editor.SetText((QString(60, 'a') + "c\n").repeated(1000) + "ax");
+    editor.GetSearchResults(Typed("(a+)+[xy]"), current, total);
+    QCOMPARE(total, 0);
+    QVERIFY(editor.GetSearch().HasGivenUp());
+    QVERIFY(!editor.FindNext());
 }
 
 void CodeEditorFindTest::ReplacesOneAndGoesOn_data()

@@ -1,6 +1,7 @@
 #include "editor/CodeEditor.h"
 #include "editor/CodeEditorGroup.h"
 #include "editor/FindReplaceWidget.h"
+#include "output/OutputTextEdit.h"
 #include "support/TestMain.h"
 #include "window/TarnwickEditor.h"
 #include "window/WindowFixture.h"
@@ -27,6 +28,7 @@ private Q_SLOTS:
     void StepsWithoutTheBar();
     void AsksForTheFieldsBeforeReplacing();
     void SeeksTheWordWhenNothingWasSought();
+    void WorksInTheConsoleThatHasTheFocus();
 
 private:
     CodeEditorGroup& Group() const { return *m_window->GetActiveCodeEditorGroup(); }
@@ -127,6 +129,30 @@ void FindCommandsTest::SeeksTheWordWhenNothingWasSought()
     QTest::keyClick(&Editor(), Qt::Key_F3);
     QCOMPARE(Editor().GetSelectedStartPosition(), 12);
     QCOMPARE(Editor().GetSelectedText(), QString("two"));
+}
+
+void FindCommandsTest::WorksInTheConsoleThatHasTheFocus()
+{
+    auto* output = m_window->findChild<OutputTextEdit*>();
+    output->ClearAll();
+    m_window->AppendToOutput("one two\none two\n");
+    output->setFocus();
+    output->moveCursor(QTextCursor::Start);
+    QTest::keyClick(output, Qt::Key_F3, Qt::ControlModifier);
+    QCOMPARE(output->textCursor().selectedText(), QString("one"));
+    QCOMPARE(output->textCursor().selectionStart(), 8);
+    QTest::keyClick(output, Qt::Key_F, Qt::ControlModifier);
+    QVERIFY(output->IsFindReplaceVisible());
+    QVERIFY(!Group().IsFindReplaceVisible());
+    // Nothing of the console is replaced, and nothing behind one's back.
+    Editor().SetCursorSelection(0, 3);
+    Action("Replace", 1)->trigger();
+    Action("Replace Next")->trigger();
+    QCOMPARE(Editor().GetText(), QString("one two\none two"));
+    auto* field = output->GetFindReplace()->findChild<ToolLineEdit*>("m_searchLineEdit");
+    QVERIFY(field->hasFocus());
+    QTest::keyClick(field, Qt::Key_F3);
+    QCOMPARE(output->textCursor().selectionStart(), 0);
 }
 
 TE2_TEST(FindCommandsTest)
