@@ -4,6 +4,7 @@
 
 #include <QFocusEvent>
 #include <QPainter>
+#include <QtMath>
 
 #include <algorithm>
 
@@ -18,6 +19,12 @@ constexpr int PART_SPACING = 10;
 constexpr int RADIUS = 4;
 
 constexpr int REMEMBERED_WIDTHS = 16;
+
+/// Rounded up: in a pixel less than it takes the text would be elided.
+int TextWidth(const QFont& font, const QString& text)
+{
+    return qCeil(QFontMetricsF(font).horizontalAdvance(text));
+}
 
 } // namespace
 
@@ -81,7 +88,7 @@ int StatusItem::ContentWidth() const
             width += Theme::Dp(ICON_SIZE);
         if (!part.icon.isEmpty() && !part.text.isEmpty())
             width += Theme::Dp(ICON_SPACING);
-        width += fontMetrics().horizontalAdvance(part.text);
+        width += TextWidth(font(), part.text);
     }
     return width;
 }
@@ -140,7 +147,7 @@ void StatusItem::PaintParts(QPainter& painter) const
             = fontMetrics().elidedText(part.text, Qt::ElideRight, qMax(0, right - left));
         painter.drawText(QRect(left, 0, qMax(0, right - left), height()),
             Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, text);
-        left += fontMetrics().horizontalAdvance(text) + Theme::Dp(PART_SPACING);
+        left += TextWidth(font(), text) + Theme::Dp(PART_SPACING);
     }
 }
 
