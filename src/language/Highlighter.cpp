@@ -14,7 +14,7 @@ namespace {
 
 constexpr int AT_ONCE_LINES = 2000;
 constexpr int LINES_PER_LOOK_AT_THE_CLOCK = 64;
-constexpr int TURN_MILLISECONDS = 5; // so that a turn stays below 8 with its last step
+constexpr int TURN_MILLISECONDS = 4; // so that a turn with its paint stays below 8
 /// With a view that asks for its lines, longer documents are not coloured where nobody looks.
 constexpr int BACKGROUND_LINES = 50000;
 
