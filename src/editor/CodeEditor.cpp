@@ -143,6 +143,8 @@ void CodeEditor::SetText(const QString& text)
     m_rewritingText = true;
     setPlainText(text);
     m_rewritingText = false;
+    // The toolkit tells nobody that an empty text made the document unmodified.
+    OnModificationChanged(IsModified());
     // Nothing of the old text is left for anything to keep its place.
     m_marks.Clear();
     RefreshMarks();
