@@ -35,7 +35,14 @@ void ShowTabOf(QPlainTextEdit* editor, const QList<QPlainTextEdit*>& editors)
 } // namespace
 
 EditorSession::EditorSession()
-    : m_host(host::RunState::Interactive, m_folder.path())
+    : m_folder(std::make_unique<QTemporaryDir>())
+    , m_host(host::RunState::Interactive, m_folder->path())
+{
+    m_host.Start();
+}
+
+EditorSession::EditorSession(const QString& preferencesFolder)
+    : m_host(host::RunState::Interactive, preferencesFolder)
 {
     m_host.Start();
 }

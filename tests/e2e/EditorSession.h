@@ -5,19 +5,23 @@
 #include <QPlainTextEdit>
 #include <QTemporaryDir>
 
+#include <memory>
+
 /// The built plug-in inside the assembled host, with a preferences folder of its own. Knows the
 /// plug-in's widgets by their names only, as the module's classes are not linked here.
 class EditorSession
 {
 public:
     EditorSession();
+    /// In the folder of another session, which has ended.
+    explicit EditorSession(const QString& preferencesFolder);
 
     bool LoadPlugin();
     /// Runs the editor's command and waits until the window stands.
     bool OpenEditor();
 
     host::Host& GetHost() { return m_host; }
-    QString PreferencesFolder() const { return m_folder.path(); }
+    QString PreferencesFolder() const { return m_folder ? m_folder->path() : QString(); }
 
     QList<QPlainTextEdit*> Editors() const;
     /// Null while the editor's window does not exist.
@@ -35,6 +39,6 @@ public:
     bool Python(const QString& text);
 
 private:
-    QTemporaryDir m_folder;
+    std::unique_ptr<QTemporaryDir> m_folder; ///< null when it is not ours
     host::Host m_host;
 };

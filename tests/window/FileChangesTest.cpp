@@ -1,0 +1,164 @@
+#include "editor/CodeEditor.h"
+#include "editor/CodeEditorGroup.h"
+#include "settings/Settings.h"
+#include "support/TestMain.h"
+#include "window/FilesFixture.h"
+
+#include <QtTest>
+
+/// Files that other programs change, and going back to what is on disk.
+class FileChangesTest : public QObject, private FilesFixture
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() { Start(); }
+    void cleanup() { QVERIFY(Finish()); }
+    void FollowsOtherPrograms_data();
+    void FollowsOtherPrograms();
+    void OwnSavesAreNoChanges();
+    void ReloadingKeepsThePlace();
+    void ADeletedFileIsUnsaved();
+    void Reverts_data();
+    void Reverts();
+};
+
+void FileChangesTest::FollowsOtherPrograms_data()
+{
+    QTest::addColumn<bool>("modified");
+    QTest::addColumn<bool>("checks");
+    QTest::addColumn<QString>("button"); // empty: nobody asks
+    QTest::addColumn<QString>("text");
+    QTest::newRow("unmodified") << false << true << ""
+                                << "theirs";
+    QTest::newRow("yes") << true << true << "Yes"
+                         << "theirs";
+    QTest::newRow("no") << true << true << "No"
+                        << "ours text\n";
+    QTest::newRow("switched off") << false << false << ""
+                                  << "text\n";
+}
+
+void FileChangesTest::FollowsOtherPrograms()
+{
+    QFETCH(bool, modified);
+    QFETCH(bool, checks);
+    QFETCH(QString, button);
+    CodeEditor* const editor = OpenFile("a.py");
+    if (modified)
+        editor->insertPlainText("ours ");
+    Settings::checkForModifiedFiles = checks;
+    QSignalSpy changed(Group(), &CodeEditorGroup::FileChanged);
+    MakeFile("a.py", "theirs");
+    QTRY_VERIFY(changed.count() > 0);
+    if (!button.isEmpty())
+        m_dialogs.Press(button);
+    m_window->CheckForFileChanges();
+    const QList<DialogAnswers::Seen> seen = m_dialogs.Take();
+    QCOMPARE(seen.size(), button.isEmpty() ? 0 : 1);
+    if (!seen.isEmpty()) {
+        QCOMPARE(seen[0].title, QString("Reload"));
+        QCOMPARE(seen[0].text,
+            Path("a.py")
+                + "\n\nThis file has been modified by another program.\n"
+                  "Do you want to reload it?");
+        QCOMPARE(seen[0].defaultButton, QString("No"));
+    }
+    QTEST(editor->GetText(), "text");
+    QCOMPARE(editor->IsModified(), button == "No");
+    // Nobody is asked twice about one change.
+    m_window->CheckForFileChanges();
+    QCOMPARE(m_dialogs.Take().size(), 0);
+}
+
+void FileChangesTest::OwnSavesAreNoChanges()
+{
+    CodeEditor* const editor = OpenFile("a.py");
+    QSignalSpy changed(Group(), &CodeEditorGroup::FileChanged);
+    QVERIFY(m_window->SaveCodeEditor(Path("a.py"), "ours"));
+    // A check before the watcher has told of it must not make it an outside change afterwards.
+    m_window->CheckForFileChanges();
+    QTRY_VERIFY(changed.count() > 0);
+    editor->insertPlainText("new ");
+    m_window->CheckForFileChanges();
+    QCOMPARE(m_dialogs.Take().size(), 0);
+    QCOMPARE(editor->GetText(), QString("new text\n"));
+    // What others write after it is one.
+    changed.clear();
+    MakeFile("a.py", "theirs");
+    QTRY_VERIFY(changed.count() > 0);
+    m_dialogs.Press("Yes");
+    m_window->CheckForFileChanges();
+    QCOMPARE(editor->GetText(), QString("theirs"));
+}
+
+void FileChangesTest::ReloadingKeepsThePlace()
+{
+    CodeEditor* const editor = OpenFile("a.py", QByteArray("line\n").repeated(500));
+    editor->SetCursorPosition(1234, false, false);
+    editor->SetVerticalScrollBarValue(180);
+    QSignalSpy changed(Group(), &CodeEditorGroup::FileChanged);
+    MakeFile("a.py", QByteArray("LINE\n").repeated(600));
+    QTRY_VERIFY(changed.count() > 0);
+    // Giving the focus looks after it.
+    m_frame->setFocus();
+    editor->setFocus();
+    QTRY_COMPARE(editor->GetLineCount(), 601);
+    QCOMPARE(editor->GetCursorPosition(), 1234);
+    QCOMPARE(editor->GetVerticalScrollBarValue(), 180);
+}
+
+void FileChangesTest::ADeletedFileIsUnsaved()
+{
+    CodeEditor* const editor = OpenFile("a.py");
+    QFile::remove(Path("a.py"));
+    QTRY_VERIFY(editor->IsModified());
+    QCOMPARE(editor->GetText(), QString("text\n"));
+    m_window->Save();
+    QCOMPARE(Content(Path("a.py")), QByteArray("text\n"));
+    // It is watched again.
+    QSignalSpy changed(Group(), &CodeEditorGroup::FileChanged);
+    MakeFile("a.py", "theirs");
+    QTRY_VERIFY(changed.count() > 0);
+    m_window->CheckForFileChanges();
+    QCOMPARE(editor->GetText(), QString("theirs"));
+}
+
+void FileChangesTest::Reverts_data()
+{
+    QTest::addColumn<QString>("button");
+    QTest::addColumn<bool>("readable");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("yes") << "Yes" << true << "text\n";
+    QTest::newRow("no") << "No" << true << "new text\n";
+    QTest::newRow("nothing to read") << "Yes" << false << "new text\n";
+    QTest::newRow("empty by now") << "Yes" << true << "";
+}
+
+void FileChangesTest::Reverts()
+{
+    QFETCH(QString, button);
+    QFETCH(bool, readable);
+    QFETCH(QString, text);
+    CodeEditor* const editor = OpenFile("a.py");
+    m_window->RevertFile(); // nothing to ask
+    editor->insertPlainText("new ");
+    if (!readable)
+        QFile::remove(Path("a.py"));
+    if (text.isEmpty())
+        MakeFile("a.py", "");
+    m_dialogs.Press(button);
+    m_window->RevertFile();
+    const QList<DialogAnswers::Seen> seen = m_dialogs.Take();
+    QCOMPARE(seen.size(), 1);
+    QCOMPARE(seen[0].text,
+        QString("Reloading this file will result in unsaved changes being lost.\n\nContinue?"));
+    QCOMPARE(seen[0].defaultButton, QString("No"));
+    QCOMPARE(editor->GetText(), text);
+    const bool modified = text.startsWith("new");
+    QCOMPARE(editor->IsModified(), modified);
+    QCOMPARE(editor->accessibleName(), QString(modified ? "a.py, modified" : "a.py"));
+}
+
+TE2_TEST(FileChangesTest)
+#include "FileChangesTest.moc"
