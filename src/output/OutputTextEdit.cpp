@@ -9,6 +9,7 @@
 #include "settings/KeyBindings.h"
 #include "settings/Settings.h"
 #include "window/chrome/TextLook.h"
+#include "window/chrome/Theme.h"
 
 #include <QFile>
 #include <QKeyEvent>
@@ -23,6 +24,7 @@ constexpr int REPAINT_INTERVAL = 250; // ms: a long burst repaints at most four 
 constexpr qint64 INSERT_AT_ONCE = 20'000'000; // ns of one turn; what follows is joined
 constexpr int PENDING_CUT_SIZE = 1 << 20; // characters
 constexpr int PAGE_STEP_DELAY = 1; // ms
+constexpr int LEFT_MARGIN = 4; // design pixels
 
 } // namespace
 
@@ -38,6 +40,10 @@ OutputTextEdit::OutputTextEdit(KeyBindings* keyBindings, QWidget* parent)
     setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     setContextMenuPolicy(Qt::CustomContextMenu);
     setAccessibleName(tr("Output"));
+    // The margin is the text's own ground.
+    setViewportMargins(Theme::Dp(LEFT_MARGIN), 0, 0, 0);
+    setBackgroundRole(QPalette::Base);
+    setAutoFillBackground(true);
     m_turnTimer->setSingleShot(true);
     m_turnTimer->setInterval(0);
     UpdateFontsAndColors();
@@ -172,6 +178,7 @@ void OutputTextEdit::ClearAll()
     m_followDue = false;
     clear();
     m_findReplace->SetFindInSelectionEnabled(false, false);
+    m_findRegion = QTextCursor();
     m_extraSelections.clear();
     setExtraSelections(m_extraSelections);
     UpdateSearchResults();

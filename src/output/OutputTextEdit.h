@@ -4,6 +4,7 @@
 #include <QList>
 #include <QPlainTextEdit>
 #include <QRegularExpression>
+#include <QTextCursor>
 
 #include <memory>
 
@@ -87,6 +88,8 @@ Q_SIGNALS:
     void ReceivedFocus();
     void IncreaseFontSizeRequested();
     void DecreaseFontSizeRequested();
+    /// The log file took no more; why has been logged.
+    void WriteToFileEnded();
 
 public Q_SLOTS:
     void UpdateExtraSelections();
@@ -121,6 +124,7 @@ private:
     DocumentSearch& UpdateSearch();
     bool IsMatchSelected();
     void ShowSearchResults();
+    void TakeFindRegion(bool findInSelection, bool retake);
 
     // Appending
     void WriteToLog(const QString& text);
@@ -156,6 +160,7 @@ private:
     FindReplaceWidget* m_findReplace = nullptr;
     DocumentSearch* m_search = nullptr;
     QRegularExpression m_searchRegEx; ///< without pattern when nothing is sought
+    QTextCursor m_findRegion; ///< null, or selects what alone is searched
     QElapsedTimer m_repaintTimer;
 
     QTimer* m_turnTimer; ///< 0 ms: fires at the end of a turn

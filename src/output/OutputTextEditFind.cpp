@@ -16,7 +16,12 @@ void OutputTextEdit::CreateFindReplace()
     m_findReplace = new F(false, this);
     m_findReplace->setObjectName(QStringLiteral("m_findReplace"));
     m_findReplace->UpdateKeyBindings(m_keyBindings);
-    connect(m_findReplace, &F::SearchChanged, this, &OutputTextEdit::OnSearchChanged);
+    connect(m_findReplace, &F::SearchChanged, this,
+        [this](
+            const QRegularExpression& expression, bool inSelection, bool incremental, bool retake) {
+            TakeFindRegion(inSelection, retake);
+            OnSearchChanged(expression, inSelection, incremental);
+        });
     connect(m_findReplace, &F::FindNextRequested, this, &OutputTextEdit::FindNext);
     connect(m_findReplace, &F::FindPreviousRequested, this, &OutputTextEdit::FindPrevious);
     connect(m_findReplace, &F::ShowRequested, this,
@@ -63,6 +68,8 @@ bool OutputTextEdit::HasSearchText() const
 
 void OutputTextEdit::OnFindReplaceClosed()
 {
+    m_findReplace->SetFindInSelectionEnabled(false, false);
+    m_findRegion = QTextCursor();
     setFocus(Qt::OtherFocusReason);
     UpdateExtraSelections();
 }
@@ -80,10 +87,21 @@ void OutputTextEdit::OnSearchChanged(
     UpdateSearchResults();
 }
 
+/// A cursor, so that the region moves along while the oldest lines go.
+void OutputTextEdit::TakeFindRegion(bool findInSelection, bool retake)
+{
+    if (!findInSelection)
+        m_findRegion = QTextCursor();
+    else if (retake)
+        m_findRegion = textCursor();
+}
+
 DocumentSearch& OutputTextEdit::UpdateSearch()
 {
     FlushJoined();
-    m_search->Search(m_searchRegEx, -1, -1);
+    const bool hasRegion = m_findRegion.hasSelection();
+    m_search->Search(m_searchRegEx, hasRegion ? m_findRegion.selectionStart() : -1,
+        hasRegion ? m_findRegion.selectionEnd() : -1);
     return *m_search;
 }
 
@@ -154,6 +172,8 @@ void OutputTextEdit::ShowSearchResults()
         return;
     const int start = QPlainTextEdit::textCursor().selectionStart();
     m_findReplace->SetResults(m_search->GetNumber(start), m_search->GetTotal());
+    m_findReplace->SetMessage(
+        m_search->HasGivenUp() ? tr("This expression takes too long on some lines.") : QString());
 }
 
 /// At the top right of the text, beside the scroll bar.
@@ -195,7 +215,9 @@ void OutputTextEdit::HighlightFoundSelection(int start, int end)
         for (const TextMatch& match : FindMatches(block.text(), m_searchRegEx)) {
             const int from = block.position() + match.start;
             const int to = from + match.length;
-            if (to < start || from > end)
+            const bool inRegion = !m_findRegion.hasSelection()
+                || (from >= m_findRegion.selectionStart() && to <= m_findRegion.selectionEnd());
+            if (to < start || from > end || !inRegion)
                 continue;
             AppendSelection(from, to, found);
             if (from == cursor.selectionStart() && to == cursor.selectionEnd())

@@ -39,4 +39,14 @@ void OutputTextEdit::WriteToLog(const QString& text)
 {
     *m_logStream << text;
     m_logStream->flush();
+    if (m_logStream->status() == QTextStream::Ok && m_logFile->error() == QFileDevice::NoError)
+        return;
+    const QString path = GetWriteToFilePath();
+    const QString reason = m_logFile->errorString();
+    // First, as what is logged comes here, too.
+    EndWriteToFile();
+    Q_EMIT WriteToFileEnded();
+    Logger::Error(
+        QStringLiteral("Failed to write log file: %1 (%2). It holds the output up to this point.")
+            .arg(path, reason));
 }

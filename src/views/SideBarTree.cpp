@@ -103,6 +103,10 @@ SideBarTree::SideBarTree(QWidget* parent)
     header()->setMinimumSectionSize(0);
     viewport()->setAutoFillBackground(false);
     viewport()->setAttribute(Qt::WA_Hover);
+    // Rows are painted over their whole width, of which the toolkit knows their text alone.
+    const auto repaint = [this] { viewport()->update(); };
+    connect(selectionModel(), &QItemSelectionModel::selectionChanged, this, repaint);
+    connect(model(), &QAbstractItemModel::dataChanged, this, repaint);
 }
 
 int SideBarTree::RowHeight()
@@ -274,9 +278,9 @@ bool SideBarTree::viewportEvent(QEvent* event)
         const QString text = ToolTipOf(index);
         // Names come from files, so they are never read as rich text.
         QToolTip::showText(help->globalPos(),
-            text.isEmpty() ? text
-                           : QStringLiteral("<p style=\"white-space:pre\">%1</p>")
-                                 .arg(text.toHtmlEscaped()),
+            text.isEmpty()
+                ? text
+                : QStringLiteral("<p style=\"white-space:pre\">%1</p>").arg(text.toHtmlEscaped()),
             viewport(), visualRect(index));
         return true;
     }

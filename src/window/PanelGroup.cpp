@@ -14,13 +14,14 @@
 #include <QFileInfo>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QMenu>
 #include <QMessageBox>
 
 namespace {
 
 // Design pixels.
 constexpr int TITLE_HEIGHT = 34;
-constexpr int TITLE_MARGIN = 12;
+constexpr int TITLE_MARGIN = 14;
 constexpr int TOOLBAR_MARGIN = 6;
 constexpr int FILE_NAME_WIDTH = 240;
 constexpr int SPACING = 8;
@@ -77,10 +78,11 @@ void PanelGroup::CreateWidgets()
 
 void PanelGroup::CreateLayout()
 {
-    auto* titleBar = new QWidget(this);
-    titleBar->setObjectName(QStringLiteral("titleBar"));
-    titleBar->setFixedHeight(Theme::Dp(TITLE_HEIGHT));
-    auto* row = new QHBoxLayout(titleBar);
+    m_titleBar = new QWidget(this);
+    m_titleBar->setObjectName(QStringLiteral("m_titleBar"));
+    m_titleBar->setFixedHeight(Theme::Dp(TITLE_HEIGHT));
+    m_titleBar->setContextMenuPolicy(Qt::CustomContextMenu);
+    auto* row = new QHBoxLayout(m_titleBar);
     row->setContentsMargins(Theme::Dp(TITLE_MARGIN), 0, Theme::Dp(TOOLBAR_MARGIN), 0);
     row->setSpacing(Theme::Dp(SPACING));
     row->addWidget(m_title);
@@ -96,7 +98,7 @@ void PanelGroup::CreateLayout()
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
-    layout->addWidget(titleBar);
+    layout->addWidget(m_titleBar);
     layout->addWidget(m_output, 1);
 }
 
@@ -106,6 +108,8 @@ void PanelGroup::CreateConnections()
         &PanelGroup::OnVerbosityChanged);
     connect(m_writeToFileButton, &QAbstractButton::clicked, this, &PanelGroup::ToggleWriteToFile);
     connect(m_clearButton, &QAbstractButton::clicked, m_output, &OutputTextEdit::ClearAll);
+    connect(m_output, &OutputTextEdit::WriteToFileEnded, this, &PanelGroup::OnWriteToFileEnded);
+    connect(m_titleBar, &QWidget::customContextMenuRequested, this, &PanelGroup::ShowTitleMenu);
 }
 
 void PanelGroup::OutputAppendText(const QString& text)
@@ -171,8 +175,37 @@ void PanelGroup::ToggleWriteToFile()
         StopWriting();
     else
         StartWriting();
+    OnWriteToFileEnded();
+}
+
+void PanelGroup::OnWriteToFileEnded()
+{
     UpdateWriteToFile();
     Q_EMIT WriteToFileUpdated(IsWriteToFileActive());
+}
+
+/// What the row holds, for those who look for it with the other button.
+void PanelGroup::ShowTitleMenu(const QPoint& point)
+{
+    auto* menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    connect(menu->addAction(tr("Clear")), &QAction::triggered, this, &PanelGroup::OutputClearAll);
+    QAction* const write = menu->addAction(tr("Write to File"));
+    write->setCheckable(true);
+    write->setChecked(IsWriteToFileActive());
+    connect(write, &QAction::triggered, this, &PanelGroup::ToggleWriteToFile);
+    menu->addSeparator();
+    for (int i = 0; i < m_verbosity->count(); ++i) {
+        QAction* const verbosity = menu->addAction(m_verbosity->itemText(i));
+        verbosity->setCheckable(true);
+        verbosity->setChecked(i == GetVerbosityIndex());
+        connect(
+            verbosity, &QAction::triggered, this, [this, i] { m_verbosity->setCurrentIndex(i); });
+    }
+    menu->addSeparator();
+    connect(
+        menu->addAction(tr("Hide Output")), &QAction::triggered, this, &PanelGroup::HideRequested);
+    menu->popup(m_titleBar->mapToGlobal(point));
 }
 
 void PanelGroup::StopWriting()

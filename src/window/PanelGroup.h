@@ -36,6 +36,7 @@ public:
 Q_SIGNALS:
     void EchoAllCommandsChanged();
     void WriteToFileUpdated(bool active);
+    void HideRequested();
 
 public Q_SLOTS:
     void ToggleWriteToFile();
@@ -46,6 +47,8 @@ protected:
 
 private Q_SLOTS:
     void OnVerbosityChanged(int index);
+    void OnWriteToFileEnded();
+    void ShowTitleMenu(const QPoint& point);
 
 private:
     void CreateWidgets();
@@ -57,6 +60,7 @@ private:
     void UpdateFonts();
 
     KeyBindings* m_keyBindings; ///< not owned
+    QWidget* m_titleBar = nullptr;
     QLabel* m_title = nullptr;
     QLabel* m_fileName = nullptr;
     QComboBox* m_verbosity = nullptr;

@@ -101,6 +101,7 @@ void TarnwickEditor::CreateConnections()
     OutputTextEdit* const output = m_outputPanel->GetOutput();
     connect(m_outputPanel, &PanelGroup::EchoAllCommandsChanged, this, &T::OnEchoAllCommandsChanged);
     connect(m_outputPanel, &PanelGroup::WriteToFileUpdated, this, &T::OnWriteToFileUpdated);
+    connect(m_outputPanel, &PanelGroup::HideRequested, this, &T::ToggleOutput);
     connect(output, &OutputTextEdit::IncreaseFontSizeRequested, this, &T::IncreaseOutputFontSize);
     connect(output, &OutputTextEdit::DecreaseFontSizeRequested, this, &T::DecreaseOutputFontSize);
     connect(m_sideBarSlide, &QVariantAnimation::valueChanged, this,

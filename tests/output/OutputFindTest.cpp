@@ -6,6 +6,8 @@
 #include "settings/Settings.h"
 #include "support/TestMain.h"
 
+#include <QSet>
+#include <QTextBlock>
 #include <QtTest>
 
 class OutputFindTest : public QObject
@@ -21,6 +23,7 @@ private Q_SLOTS:
     void MarksMatchesAndTheCurrentOne();
     void StartsWithTheWordUnderTheCursor_data();
     void StartsWithTheWordUnderTheCursor();
+    void SearchesOnlyWhatWasSelected();
     void EscapeClosesTheBarAndDropsTheSelection();
 
 private:
@@ -150,6 +153,31 @@ void OutputFindTest::StartsWithTheWordUnderTheCursor()
     m_output->setTextCursor(cursor);
     m_output->ShowFindReplace(false, true);
     QTEST(m_output->GetFindReplace()->GetSearchText(), "text");
+}
+
+void OutputFindTest::SearchesOnlyWhatWasSelected()
+{
+    m_output->SetLineLimit(5);
+    m_output->AppendText("ab\nab 1\nab 2\nab");
+    Search("ab");
+    QTextCursor cursor = m_output->textCursor();
+    cursor.setPosition(3);
+    cursor.setPosition(12, QTextCursor::KeepAnchor);
+    m_output->setTextCursor(cursor);
+    m_output->GetFindReplace()->SetFindInSelectionEnabled(true, true);
+    QVector<int> starts;
+    for (int i = 0; i < 3; ++i) {
+        m_output->FindNext();
+        starts += SelectedStart();
+    }
+    QCOMPARE(QSet<int>(starts.begin(), starts.end()), QSet<int>({3, 8}));
+    // The oldest lines go, and the region with its text.
+    m_output->AppendText("\nab\nab");
+    m_output->FindNext();
+    QCOMPARE(m_output->textCursor().block().text(), QString("ab 1"));
+    m_output->GetFindReplace()->SetFindInSelectionEnabled(false, true);
+    QVERIFY(m_output->Find(m_output->GetText().size() - 3, false));
+    QCOMPARE(SelectedStart(), m_output->GetText().size() - 2);
 }
 
 void OutputFindTest::EscapeClosesTheBarAndDropsTheSelection()

@@ -31,6 +31,7 @@ private Q_SLOTS:
     void StopsZoomingAtTheBounds();
     void WritesToAFile();
     void ReportsAFileThatCannotBeWritten();
+    void StopsWritingToAFullDisk();
     void MarksLinesByRules();
     void MarksWhatEqualsTheSelection_data();
     void MarksWhatEqualsTheSelection();
@@ -246,6 +247,21 @@ void OutputTextEditTest::ReportsAFileThatCannotBeWritten()
     QVERIFY(!output.BeginWriteToFile(directory.filePath("missing/out.log")));
     QVERIFY(!output.IsWriteToFileActive());
     QVERIFY(output.GetWriteToFilePath().isEmpty());
+}
+
+void OutputTextEditTest::StopsWritingToAFullDisk()
+{
+    if (!QFile::exists("/dev/full"))
+        QSKIP("nothing here is always full");
+    OutputTextEdit output(&m_keyBindings);
+    output.show();
+    QSignalSpy ended(&output, &OutputTextEdit::WriteToFileEnded);
+    QVERIFY(output.BeginWriteToFile("/dev/full"));
+    output.AppendText("one\n");
+    output.AppendText("two\n");
+    QCOMPARE(ended.size(), 1);
+    QVERIFY(!output.IsWriteToFileActive());
+    QCOMPARE(output.GetText(), QString("one\ntwo\n"));
 }
 
 void OutputTextEditTest::MarksLinesByRules()
