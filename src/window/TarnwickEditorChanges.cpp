@@ -4,12 +4,12 @@
 #include "editor/CodeEditorGroup.h"
 #include "settings/Settings.h"
 #include "window/FileText.h"
+#include "window/Question.h"
 #include "window/TarnwickEditor.h"
 
 #include <QAction>
 #include <QFileInfo>
 #include <QMenu>
-#include <QMessageBox>
 #include <QScopedValueRollback>
 
 void TarnwickEditor::OnFileChanged(const QString& path)
@@ -48,7 +48,7 @@ void TarnwickEditor::FollowFileChange(const QString& path)
     // Asked once for each change.
     m_diskContents.insert(path, content);
     if (editor->IsModified()) {
-        const auto answer = QMessageBox::question(this, tr("Reload"),
+        const auto answer = AskQuestion(this, tr("Reload"),
             tr("%1\n\nThis file has been modified by another program.\n"
                "Do you want to reload it?")
                 .arg(path),

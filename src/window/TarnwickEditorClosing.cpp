@@ -5,15 +5,14 @@
 #include "editor/CodeEditor.h"
 #include "editor/CodeEditorGroup.h"
 #include "settings/Settings.h"
+#include "window/Question.h"
 #include "window/TarnwickEditor.h"
-
-#include <QMessageBox>
 
 TarnwickEditor::UnsavedAnswer TarnwickEditor::ShowUnsavedFileDialog(const QString& name)
 {
     const bool all = name.isEmpty();
     const QMessageBox::StandardButton answer
-        = QMessageBox::question(this, all ? Settings::APPLICATION_TITLE : tr("Save"),
+        = AskQuestion(this, all ? Settings::APPLICATION_TITLE : tr("Save"),
             all ? tr("Tarnwick Editor 2 files have been modified. Save all changes?")
                 : tr("'%1' has been modified. Save changes?").arg(name),
             QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, QMessageBox::Yes);
@@ -26,7 +25,7 @@ TarnwickEditor::UnsavedAnswer TarnwickEditor::ShowUnsavedFileDialog(const QStrin
 
 bool TarnwickEditor::ShowConfirmCloseInternalBufferDialog(const QString& label)
 {
-    return QMessageBox::question(this, tr("Delete"),
+    return AskQuestion(this, tr("Delete"),
                tr("Delete buffer '%1'?\n\nUnsaved contents will be lost.").arg(label),
                QMessageBox::Yes | QMessageBox::No, QMessageBox::No)
         == QMessageBox::Yes;

@@ -7,6 +7,7 @@
 #include "views/OutlineView.h"
 #include "views/SideBar.h"
 #include "window/FileText.h"
+#include "window/Question.h"
 #include "window/TarnwickEditor.h"
 
 #include <QDir>
@@ -277,7 +278,7 @@ QString TarnwickEditor::ShowSaveFileNameDialog(const CodeEditorProperties& prope
 
 bool TarnwickEditor::ConfirmReplacing(const QString& path)
 {
-    return QMessageBox::question(this, tr("Save File"),
+    return AskQuestion(this, tr("Save File"),
                tr("%1 already exists.\nDo you want to replace it?").arg(path),
                QMessageBox::Yes | QMessageBox::No, QMessageBox::No)
         == QMessageBox::Yes;
@@ -418,7 +419,7 @@ void TarnwickEditor::RevertFile()
     if (!editor || editor->GetType() != CodeEditorType::File || !editor->IsModified())
         return;
     const QString path = editor->GetFilePath();
-    const auto answer = QMessageBox::question(this, tr("Reload"),
+    const auto answer = AskQuestion(this, tr("Reload"),
         tr("Reloading this file will result in unsaved changes being lost.\n\nContinue?"),
         QMessageBox::Yes | QMessageBox::No, QMessageBox::No);
     if (answer == QMessageBox::Yes)

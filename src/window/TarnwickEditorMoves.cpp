@@ -85,8 +85,15 @@ void TarnwickEditor::MoveAllTabs(CodeEditorGroup* source, CodeEditorGroup* targe
 {
     const int current = source->GetCurrentIndex();
     const int scrollValue = source->GetTabBarScrollValue();
+    const QList<CodeEditorProperties> used = source->GetLastUsedEditors();
     while (source->GetCount() > 0)
         target->MoveCodeEditor(source, 0, -1);
+    {
+        // Used once more in the same order, which is nobody else's business.
+        const QSignalBlocker quiet(target);
+        for (int i = used.size() - 1; i >= 0; --i)
+            target->SetCurrentIndex(target->GetCodeEditorIndex(used[i].filePath));
+    }
     target->SetCurrentIndex(current);
     target->SetTabBarScrollValue(scrollValue);
 }

@@ -64,6 +64,7 @@ void ClosingTest::ClosesABuffer()
     QCOMPARE(seen.size(), button.isEmpty() ? 0 : 1);
     if (!seen.isEmpty()) {
         QCOMPARE(seen[0].title, QString("Delete"));
+        QVERIFY(seen[0].isPlainText);
         QCOMPARE(
             seen[0].text, QString("Delete buffer 'Python'?\n\nUnsaved contents will be lost."));
         QCOMPARE(seen[0].defaultButton, QString("No"));
@@ -106,6 +107,7 @@ void ClosingTest::ClosesAFile()
     QCOMPARE(seen.size(), button.isEmpty() ? 0 : 1);
     if (!seen.isEmpty()) {
         QCOMPARE(seen[0].title, QString("Save"));
+        QVERIFY(seen[0].isPlainText);
         QCOMPARE(seen[0].text, QString("'a.py' has been modified. Save changes?"));
         QCOMPARE(seen[0].defaultButton, QString("Yes"));
     }

@@ -24,6 +24,7 @@ DialogAnswers::Seen Describe(const QDialog* dialog)
         seen.text = box->text();
         for (const QAbstractButton* button : box->buttons())
             seen.buttons += Label(button);
+        seen.isPlainText = box->textFormat() == Qt::PlainText;
         seen.defaultButton = Label(box->defaultButton());
     } else if (const auto* input = qobject_cast<const QInputDialog*>(dialog)) {
         seen.text = input->labelText();

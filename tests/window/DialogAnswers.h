@@ -19,6 +19,7 @@ public:
         QString text; ///< of a message box or an input dialog
         QStringList buttons; ///< of a message box
         QString defaultButton;
+        bool isPlainText = false; ///< of a message box
     };
 
     DialogAnswers();

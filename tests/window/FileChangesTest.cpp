@@ -58,6 +58,7 @@ void FileChangesTest::FollowsOtherPrograms()
     QCOMPARE(seen.size(), button.isEmpty() ? 0 : 1);
     if (!seen.isEmpty()) {
         QCOMPARE(seen[0].title, QString("Reload"));
+        QVERIFY(seen[0].isPlainText);
         QCOMPARE(seen[0].text,
             Path("a.py")
                 + "\n\nThis file has been modified by another program.\n"

@@ -26,6 +26,7 @@ private Q_SLOTS:
     void MovedTabsKeepWhatTheyHold();
     void OpensDroppedFiles_data();
     void OpensDroppedFiles();
+    void TheOrderOfUseMovesAlong();
     void EdgesAreOfferedWhileAGroupIsFree();
     void AnEmptyGroupHandsOn();
 
@@ -276,6 +277,21 @@ void MoveTabsTest::OpensDroppedFiles()
     QTEST(Layout(), "result");
     const QStringList errors = m_host->TakeMessages(host::MessageType::Error);
     QCOMPARE(errors.filter("Failed to open file").size(), files.count('?'));
+}
+
+void MoveTabsTest::TheOrderOfUseMovesAlong()
+{
+    SetLayout("Ab|cdE|");
+    for (const int tab : {2, 0, 1})
+        m_window->SetActiveCodeEditor(1, tab, true);
+    CodeEditorGroup* const target = m_window->GetCodeEditorGroupByIndex(0);
+    Q_EMIT target->MoveTabToZoneRequested(0, 1, 0, TabDropZone::After);
+    QCOMPARE(Layout(), QString("A|B|cDe"));
+    QString order;
+    for (const CodeEditorProperties& used :
+        m_window->GetCodeEditorGroupByIndex(2)->GetLastUsedEditors())
+        order += used.label;
+    QCOMPARE(order, QString("dce"));
 }
 
 void MoveTabsTest::EdgesAreOfferedWhileAGroupIsFree()
