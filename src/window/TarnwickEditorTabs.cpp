@@ -49,8 +49,13 @@ void TarnwickEditor::RestoreCodeEditors()
         if (ParseTabDetails(record, details))
             RestoreCodeEditor(details);
     }
-    for (int i = 0; i < m_groups.size(); ++i)
-        m_groups[i]->SetTabBarScrollValue(Settings::tabBarScrolling.value(i).toInt());
+    for (int i = 0; i < m_groups.size(); ++i) {
+        bool isNumber = false;
+        const int scrollValue = Settings::tabBarScrolling.value(i).toInt(&isNumber);
+        // Without one the current tab is in view.
+        if (isNumber)
+            m_groups[i]->SetTabBarScrollValue(scrollValue);
+    }
     ActivateGroupWithEditors();
     RefreshCodeEditorGroups(false);
     for (CodeEditorGroup* group : qAsConst(m_groups))

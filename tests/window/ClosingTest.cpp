@@ -34,6 +34,7 @@ private Q_SLOTS:
     void AsksBeforeTheHostQuits_data();
     void AsksBeforeTheHostQuits();
     void RestoresTheSession();
+    void RestoresWhereTheTabsWereScrolledTo();
     void WhatCannotBeRestoredIsLeftOut();
 };
 
@@ -284,6 +285,22 @@ void ClosingTest::RestoresTheSession()
     // Once more, never looked at in between.
     m_window->SaveState();
     QCOMPARE(Settings::tabDetails, records);
+}
+
+void ClosingTest::RestoresWhereTheTabsWereScrolledTo()
+{
+    for (int i = 0; i < 30; ++i)
+        OpenFile(QString("script%1.py").arg(i));
+    // Away from the current tab, which is the last one.
+    Group()->SetTabBarScrollValue(70);
+    m_window->Shutdown();
+    DeleteWindow();
+    CreateWindow();
+    QCOMPARE(Group()->GetCurrentIndex(), 29);
+    QCOMPARE(Group()->GetTabBarScrollValue(), 70);
+    // Another current tab is brought into view as ever.
+    Group()->SetCurrentIndex(28);
+    QVERIFY(Group()->GetTabBarScrollValue() > 70);
 }
 
 void ClosingTest::WhatCannotBeRestoredIsLeftOut()

@@ -242,14 +242,15 @@ void CustomTabBar::SetActive(bool active)
 
 int CustomTabBar::GetScrollValue() const
 {
-    return m_scrollValueToShow >= 0 ? m_scrollValueToShow : horizontalScrollBar()->value();
+    return m_restoredScrollValue >= 0 && !isVisible() ? m_restoredScrollValue
+                                                      : horizontalScrollBar()->value();
 }
 
 void CustomTabBar::SetScrollValue(int value)
 {
     horizontalScrollBar()->setValue(value);
     // There is no range before the bar has its width.
-    m_scrollValueToShow = isVisible() ? -1 : value;
+    m_restoredScrollValue = isVisible() ? -1 : value;
 }
 
 bool CustomTabBar::CanScroll(int direction) const
@@ -335,6 +336,7 @@ void CustomTabBar::NotifyAccessibility(QAccessible::Event event, int index)
 
 void CustomTabBar::EnsureVisible(int index)
 {
+    m_restoredScrollValue = -1;
     QScrollBar* const bar = horizontalScrollBar();
     const QRect tab = GetTabRect(index);
     if (tab.left() < 0)
@@ -373,16 +375,11 @@ void CustomTabBar::resizeEvent(QResizeEvent* event)
 {
     QAbstractScrollArea::resizeEvent(event);
     UpdateGeometry();
-    if (IsValid(m_currentIndex))
+    // While the window is laid out the bar passes through several widths.
+    if (m_restoredScrollValue >= 0)
+        horizontalScrollBar()->setValue(m_restoredScrollValue);
+    else if (IsValid(m_currentIndex))
         EnsureVisible(m_currentIndex);
-}
-
-void CustomTabBar::showEvent(QShowEvent* event)
-{
-    QAbstractScrollArea::showEvent(event);
-    if (m_scrollValueToShow >= 0)
-        horizontalScrollBar()->setValue(m_scrollValueToShow);
-    m_scrollValueToShow = -1;
 }
 
 void CustomTabBar::scrollContentsBy(int, int)

@@ -91,7 +91,6 @@ protected:
 
     bool viewportEvent(QEvent* event) override;
     void changeEvent(QEvent* event) override;
-    void showEvent(QShowEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
@@ -170,7 +169,8 @@ private:
     bool m_pressedEmptyZone = false;
     QPoint m_pressPosition;
     int m_draggedIndex = -1;
-    int m_scrollValueToShow = -1; ///< asked for while hidden; -1: none
+    /// Asked for before the bar was shown, kept until the tabs are scrolled again; -1: none.
+    int m_restoredScrollValue = -1;
     int m_insertionIndex = -1; ///< where a drag over the bar would drop
     int m_dragX = 0; ///< of the pointer, while something is dragged over the bar
     int m_dragScrollDirection = 0;
