@@ -1,14 +1,16 @@
 #pragma once
 
+#include "settings/ExtraSelectionProperties.h"
+
 #include <QElapsedTimer>
 #include <QList>
 #include <QPlainTextEdit>
 #include <QRegularExpression>
 #include <QTextCursor>
+#include <QVector>
 
 #include <memory>
 
-struct ExtraSelectionProperties;
 class DocumentSearch;
 class FindReplaceWidget;
 class KeyBindings;
@@ -19,11 +21,11 @@ class QTimer;
 /// The console: shows everything the host prints, as finished text, and keeps the last lines of it.
 /// Owned by the output panel; interface thread only.
 ///
-/// A burst of output costs little: what one turn of the event loop appends is inserted at once only
-/// for a short while; then it is joined and inserted at the end of the turn, at the repaint that
-/// shows progress, or when somebody reads the text. Every reader therefore goes through this
-/// class's own operations (the inherited ones of the same names are hidden), and the document they
-/// see is the same as if each piece had been inserted by itself.
+/// A burst of output costs little: text is inserted at once only for a small part of each frame;
+/// then it is joined and inserted at the end of the turn or, when every turn prints, of the frame,
+/// at the repaint that shows progress, before input, or when somebody reads the text. Every reader
+/// therefore goes through this class's own operations (the inherited ones of the same names are
+/// hidden), and the document they see is the same as if each piece had been inserted by itself.
 class OutputTextEdit : public QPlainTextEdit
 {
     Q_OBJECT
@@ -61,6 +63,11 @@ public:
     QTextCursor textCursor();
     int blockCount();
     void selectAll();
+    void copy();
+    void setTextCursor(const QTextCursor& cursor);
+    void moveCursor(
+        QTextCursor::MoveOperation operation, QTextCursor::MoveMode mode = QTextCursor::MoveAnchor);
+    QList<QTextEdit::ExtraSelection> extraSelections();
 
     void SelectWordUnderCursor();
 
@@ -106,6 +113,7 @@ protected:
     bool viewportEvent(QEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
@@ -114,33 +122,38 @@ protected:
 private Q_SLOTS:
     void QueueUpdateExtraSelections(int sliderAction);
     void ShowContextMenu(const QPoint& point);
+    void OnUpdateRequest(const QRect& rectangle, int scrolled);
     void ScheduleExtraSelections();
     /// The end of an event-loop turn in which something was appended.
     void FinishTurn();
 
 private:
     void CreateConnections();
+    void BreakConnections();
     void CreateFindReplace();
     DocumentSearch& UpdateSearch();
     bool IsMatchSelected();
+    int SelectedMatchNumber() const;
     void ShowSearchResults();
     void TakeFindRegion(bool findInSelection, bool retake);
 
     // Appending
     void WriteToLog(const QString& text);
+    void ReportLogFailure(const QString& path, const QString& reason);
     void KeepPending(const QString& text);
     void Join(const QString& text);
     void InsertText(const QString& text);
     void FlushJoined();
     void FollowOutput();
     void RepaintIfDue();
+    void ScheduleTurnEnd();
     bool AnswersUserInput(const QEvent& event) const;
 
     // Extra selections
     void HighlightUserDefinedSelections(int start, int end);
     void HighlightMatchedSelection(int start, int end);
     void HighlightFoundSelection(int start, int end);
-    QRegularExpression MatchedSelectionExpression(const QString& selected) const;
+    int EndOfView() const;
     void AppendSelection(int start, int end, const QTextCharFormat& format);
     void UpdateRules();
 
@@ -163,12 +176,14 @@ private:
     QTextCursor m_findRegion; ///< null, or selects what alone is searched
     QElapsedTimer m_repaintTimer;
 
-    QTimer* m_turnTimer; ///< 0 ms: fires at the end of a turn
-    QString m_joinedText; ///< appended in this turn and not inserted yet
-    qint64 m_turnNanoseconds = 0; ///< spent on appending in this turn
+    QTimer* m_frameTimer; ///< fires where turns end that nothing more was inserted in
+    QString m_joinedText; ///< appended and not inserted yet
+    QElapsedTimer m_frame; ///< since the first append of this frame
+    qint64 m_frameCost = 0; ///< ns spent on the console in this frame
+    bool m_isTurnEndDue = false;
     bool m_followDue = false;
     bool m_extraSelectionsDue = false;
 
     QVector<Rule> m_rules;
-    QString m_rulesKey; ///< what m_rules was made of
+    QVector<ExtraSelectionProperties> m_rulesSource; ///< what m_rules was made of
 };

@@ -154,7 +154,15 @@ void OutputTextEdit::GetSearchResults(
     m_search->Search(expression, -1, -1);
     m_search->Finish();
     count = m_search->GetTotal();
-    current = m_search->GetNumber(GetSelectedStartPosition());
+    current = SelectedMatchNumber();
+}
+
+/// From 1; -1 while something else is selected than a match.
+int OutputTextEdit::SelectedMatchNumber() const
+{
+    const QTextCursor cursor = QPlainTextEdit::textCursor();
+    const TextSpan selected{cursor.selectionStart(), cursor.selectionEnd()};
+    return m_search->GetMatch(selected).hasMatch() ? m_search->GetNumber(selected.start) : -1;
 }
 
 void OutputTextEdit::UpdateSearchResults()
@@ -170,8 +178,7 @@ void OutputTextEdit::ShowSearchResults()
 {
     if (!IsFindReplaceVisible() || (!m_search->IsFinished() && m_search->GetTotal() == 0))
         return;
-    const int start = QPlainTextEdit::textCursor().selectionStart();
-    m_findReplace->SetResults(m_search->GetNumber(start), m_search->GetTotal());
+    m_findReplace->SetResults(SelectedMatchNumber(), m_search->GetTotal());
     m_findReplace->SetMessage(
         m_search->HasGivenUp() ? tr("This expression takes too long on some lines.") : QString());
 }

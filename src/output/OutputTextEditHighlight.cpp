@@ -1,17 +1,19 @@
 // What is drawn over the console's text, for the lines in view alone.
 
 #include "output/OutputTextEdit.h"
+#include "output/SelectionPattern.h"
 #include "settings/ColorSettings.h"
 #include "settings/Settings.h"
 
 #include <QTextBlock>
-#include <QTimer>
 
 namespace {
 
 // Margins that keep the marks right while the view scrolls until the next update.
 constexpr int CHARACTERS_ABOVE = 600;
 constexpr int PIXELS_BELOW = 50;
+/// Of the last line, which is not looked at to its end when it is endless.
+constexpr int CHARACTERS_OF_LAST_LINE = 10000;
 
 /// The document's text from `start` up to `end`, lines parted by line feeds, without making a copy
 /// of the whole.
@@ -42,40 +44,40 @@ bool IsSame(
     return true;
 }
 
-bool IsPlainWord(const QString& text)
-{
-    static const QRegularExpression OTHER(QStringLiteral("[^a-zA-Z0-9_-]"));
-    return !OTHER.match(text).hasMatch();
-}
-
 } // namespace
 
 // Scroll bar and selection change several times while one text is inserted.
 void OutputTextEdit::ScheduleExtraSelections()
 {
     m_extraSelectionsDue = true;
-    if (!m_turnTimer->isActive())
-        m_turnTimer->start();
+    ScheduleTurnEnd();
 }
 
 void OutputTextEdit::UpdateExtraSelections()
 {
+    FollowOutput();
     m_extraSelectionsDue = false;
     if (QPlainTextEdit::document()->isEmpty())
         return;
     const QList<QTextEdit::ExtraSelection> shown = m_extraSelections;
     m_extraSelections.clear();
     if (Settings::outputSyntaxHighlightingEnabled) {
-        const QPoint below(0, viewport()->height() + PIXELS_BELOW);
         const int start = qMax(0, cursorForPosition({0, 0}).position() - CHARACTERS_ABOVE);
-        QTextCursor bottom = cursorForPosition(below);
-        bottom.movePosition(QTextCursor::EndOfBlock);
-        HighlightUserDefinedSelections(start, bottom.position());
-        HighlightMatchedSelection(start, bottom.position());
-        HighlightFoundSelection(start, bottom.position());
+        const int end = EndOfView();
+        HighlightUserDefinedSelections(start, end);
+        HighlightMatchedSelection(start, end);
+        HighlightFoundSelection(start, end);
     }
     if (!IsSame(m_extraSelections, shown))
         setExtraSelections(m_extraSelections);
+}
+
+/// The line below the view counts with its text: it is the last of all where the view is not full.
+int OutputTextEdit::EndOfView() const
+{
+    const QTextCursor bottom = cursorForPosition({0, viewport()->height() + PIXELS_BELOW});
+    const int lineEnd = bottom.block().position() + bottom.block().length() - 1;
+    return qMin(lineEnd, bottom.position() + CHARACTERS_OF_LAST_LINE);
 }
 
 void OutputTextEdit::AppendSelection(int start, int end, const QTextCharFormat& format)
@@ -91,14 +93,12 @@ void OutputTextEdit::AppendSelection(int start, int end, const QTextCharFormat& 
 /// Compiles the rules again only when the user's list changed.
 void OutputTextEdit::UpdateRules()
 {
-    QString key;
-    for (const ExtraSelectionProperties& rule : ColorSettings::outputUserDefinedSelections)
-        key += ColorSettings::GetExtraSelectionString(rule) + QLatin1Char('\n');
-    if (key == m_rulesKey)
+    // A copy shares its data with the list for as long as nobody changes that.
+    if (m_rulesSource.isSharedWith(ColorSettings::outputUserDefinedSelections))
         return;
-    m_rulesKey = key;
+    m_rulesSource = ColorSettings::outputUserDefinedSelections;
     m_rules.clear();
-    for (const ExtraSelectionProperties& rule : ColorSettings::outputUserDefinedSelections) {
+    for (const ExtraSelectionProperties& rule : qAsConst(m_rulesSource)) {
         if (!rule.enabled || (!rule.hasForeground && !rule.hasBackground))
             continue;
         const QString pattern
@@ -112,8 +112,9 @@ void OutputTextEdit::UpdateRules()
 void OutputTextEdit::HighlightUserDefinedSelections(int start, int end)
 {
     UpdateRules();
-    const QStringList lines
-        = TextBetween(*QPlainTextEdit::document(), start, end).split(QLatin1Char('\n'));
+    const QStringList lines = TextBetween(*QPlainTextEdit::document(), start, end)
+                                  .replace(QChar::LineSeparator, QLatin1Char('\n'))
+                                  .split(QLatin1Char('\n'));
     for (const Rule& rule : qAsConst(m_rules)) {
         int lineStart = start;
         for (const QString& line : lines) {
@@ -132,41 +133,23 @@ void OutputTextEdit::HighlightUserDefinedSelections(int start, int end)
     }
 }
 
-/// The expression that finds what equals the selection; empty when nothing is to be marked.
-QRegularExpression OutputTextEdit::MatchedSelectionExpression(const QString& selected) const
-{
-    if (selected.trimmed().isEmpty() || selected.contains(QChar(0x2029)))
-        return {};
-    if (!Settings::outputMatchedSelectionWordsOnly)
-        return QRegularExpression(QRegularExpression::escape(selected));
-    if (Settings::outputDoubleClickIncludesDollarSign && selected.startsWith(QLatin1Char('$'))) {
-        return IsPlainWord(selected.mid(1))
-            ? QRegularExpression(QStringLiteral("\\%1\\b").arg(selected))
-            : QRegularExpression();
-    }
-    // A hyphen counts as part of a word here although "\b" stops at it.
-    return IsPlainWord(selected) ? QRegularExpression(QStringLiteral("\\b%1\\b").arg(selected))
-                                 : QRegularExpression();
-}
-
 void OutputTextEdit::HighlightMatchedSelection(int start, int end)
 {
-    const QString selected = QPlainTextEdit::textCursor().selectedText();
-    const QRegularExpression expression = MatchedSelectionExpression(selected);
-    if (expression.pattern().isEmpty())
+    const SelectionPattern pattern = MakeSelectionPattern(
+        QPlainTextEdit::textCursor().selectedText(), Settings::outputMatchedSelectionWordsOnly,
+        Settings::outputDoubleClickIncludesDollarSign);
+    if (pattern.text.isEmpty())
         return;
     // One character before and behind, so that a word's edges are seen; a match may reach over the
     // end by its length.
+    const int size = pattern.text.size();
     const int from = qMax(0, start - 1);
-    const QString text = TextBetween(*QPlainTextEdit::document(), from, end + selected.size() + 1);
+    const QString text = TextBetween(*QPlainTextEdit::document(), from, end + size + 1);
     const QTextCharFormat format
         = ColorSettings::GetOutputFormat(ColorSettings::MATCHING_SELECTION, false);
-    int offset = start - from;
-    for (;;) {
-        const QRegularExpressionMatch match = expression.match(text, offset);
-        if (!match.hasMatch() || from + match.capturedStart() > end)
-            return;
-        AppendSelection(from + match.capturedStart(), from + match.capturedEnd(), format);
-        offset = match.capturedStart() + 1;
+    int found = FindPattern(pattern, text, start - from);
+    while (found >= 0 && from + found <= end) {
+        AppendSelection(from + found, from + found + size, format);
+        found = FindPattern(pattern, text, found + 1);
     }
 }

@@ -6,16 +6,31 @@
 #include <QFile>
 #include <QTextStream>
 
+#include <sys/stat.h>
+
+namespace {
+
+/// The system writes happily into a file that nobody can reach any more.
+bool IsRemoved(const QFile& file)
+{
+    struct stat status = {};
+    return fstat(file.handle(), &status) == 0 && status.st_nlink == 0;
+}
+
+} // namespace
+
 bool OutputTextEdit::BeginWriteToFile(const QString& path)
 {
-    EndWriteToFile();
     auto file = std::make_unique<QFile>(path);
     if (!file->open(QIODevice::WriteOnly | QIODevice::Text)) {
         Logger::Error(QStringLiteral("Failed to open log file for write: %1").arg(path));
         return false;
     }
+    EndWriteToFile();
     m_logFile = std::move(file);
     m_logStream = std::make_unique<QTextStream>(m_logFile.get());
+    // Whatever the locale is, no character gets lost.
+    m_logStream->setCodec("UTF-8");
     return true;
 }
 
@@ -39,14 +54,22 @@ void OutputTextEdit::WriteToLog(const QString& text)
 {
     *m_logStream << text;
     m_logStream->flush();
-    if (m_logStream->status() == QTextStream::Ok && m_logFile->error() == QFileDevice::NoError)
+    // The stream also takes half a character, of which nothing is written yet, for a failure.
+    m_logStream->resetStatus();
+    if (m_logFile->error() == QFileDevice::NoError && !IsRemoved(*m_logFile))
         return;
     const QString path = GetWriteToFilePath();
-    const QString reason = m_logFile->errorString();
-    // First, as what is logged comes here, too.
+    const QString reason = m_logFile->error() == QFileDevice::NoError ? tr("The file was removed")
+                                                                      : m_logFile->errorString();
     EndWriteToFile();
-    Q_EMIT WriteToFileEnded();
+    // Later, as the report is output itself and belongs behind the text at hand.
+    QMetaObject::invokeMethod(
+        this, [this, path, reason] { ReportLogFailure(path, reason); }, Qt::QueuedConnection);
+}
+
+void OutputTextEdit::ReportLogFailure(const QString& path, const QString& reason)
+{
     Logger::Error(
-        QStringLiteral("Failed to write log file: %1 (%2). It holds the output up to this point.")
-            .arg(path, reason));
+        QStringLiteral("Failed to write log file, writing stopped: %1 (%2)").arg(path, reason));
+    Q_EMIT WriteToFileEnded();
 }

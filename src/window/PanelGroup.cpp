@@ -5,9 +5,11 @@
 #include "plugin/MayaUtil.h"
 #include "settings/KeyBindings.h"
 #include "settings/Settings.h"
+#include "window/chrome/ElidedLabel.h"
 #include "window/chrome/FlatButton.h"
 #include "window/chrome/Theme.h"
 
+#include <QActionGroup>
 #include <QComboBox>
 #include <QEvent>
 #include <QFileDialog>
@@ -23,7 +25,6 @@ namespace {
 constexpr int TITLE_HEIGHT = 34;
 constexpr int TITLE_MARGIN = 14;
 constexpr int TOOLBAR_MARGIN = 6;
-constexpr int FILE_NAME_WIDTH = 240;
 constexpr int SPACING = 8;
 
 enum Verbosity { EchoAll = 0, Normal = 1, Minimal = 2 };
@@ -33,6 +34,13 @@ QString& LogDirectory()
 {
     static QString directory;
     return directory;
+}
+
+int VerbosityFor(bool echoAll)
+{
+    if (echoAll)
+        return EchoAll;
+    return Settings::outputMinimalTrace ? Minimal : Normal;
 }
 
 } // namespace
@@ -50,19 +58,14 @@ PanelGroup::PanelGroup(KeyBindings* keyBindings, QWidget* parent)
 
 void PanelGroup::CreateWidgets()
 {
+    m_titleBar = new QWidget(this);
+    m_titleBar->setObjectName(QStringLiteral("m_titleBar"));
+    m_titleBar->setContextMenuPolicy(Qt::CustomContextMenu);
     m_title = new QLabel(tr("OUTPUT"), this);
     m_title->setObjectName(QStringLiteral("m_title"));
-    m_fileName = new QLabel(this);
+    m_fileName = new ElidedLabel(this);
     m_fileName->setObjectName(QStringLiteral("m_fileName"));
-    m_fileName->setTextFormat(Qt::PlainText);
-
-    m_verbosity = new QComboBox(this);
-    m_verbosity->setObjectName(QStringLiteral("m_verbosity"));
-    m_verbosity->addItems({tr("Echo All"), tr("Normal"), tr("Minimal")});
-    m_verbosity->setToolTip(tr("Output Verbosity"));
-    m_verbosity->setAccessibleName(tr("Output Verbosity"));
-    m_verbosity->setFocusPolicy(Qt::TabFocus);
-    m_verbosity->installEventFilter(this);
+    CreateVerbosity();
 
     m_writeToFileButton = new FlatButton(
         QStringLiteral("write_to_file"), tr("Write to File"), FlatButton::Tint::Computed, this);
@@ -73,21 +76,28 @@ void PanelGroup::CreateWidgets()
     m_clearButton->setObjectName(QStringLiteral("m_clearButton"));
     m_output = new OutputTextEdit(m_keyBindings, this);
     m_output->setObjectName(QStringLiteral("m_output"));
-    SetEchoAllCommandsEnabled(MayaUtil::EchoAllCommandsEnabled());
+}
+
+void PanelGroup::CreateVerbosity()
+{
+    m_verbosity = new QComboBox(this);
+    m_verbosity->setObjectName(QStringLiteral("m_verbosity"));
+    m_verbosity->addItems({tr("Echo All"), tr("Normal"), tr("Minimal")});
+    m_verbosity->setToolTip(tr("Output Verbosity"));
+    m_verbosity->setAccessibleName(tr("Output Verbosity"));
+    m_verbosity->setFocusPolicy(Qt::TabFocus);
+    m_verbosity->installEventFilter(this);
+    m_verbosity->setCurrentIndex(VerbosityFor(MayaUtil::EchoAllCommandsEnabled()));
 }
 
 void PanelGroup::CreateLayout()
 {
-    m_titleBar = new QWidget(this);
-    m_titleBar->setObjectName(QStringLiteral("m_titleBar"));
     m_titleBar->setFixedHeight(Theme::Dp(TITLE_HEIGHT));
-    m_titleBar->setContextMenuPolicy(Qt::CustomContextMenu);
     auto* row = new QHBoxLayout(m_titleBar);
     row->setContentsMargins(Theme::Dp(TITLE_MARGIN), 0, Theme::Dp(TOOLBAR_MARGIN), 0);
     row->setSpacing(Theme::Dp(SPACING));
     row->addWidget(m_title);
-    row->addWidget(m_fileName);
-    row->addStretch(1);
+    row->addWidget(m_fileName, 1);
     row->addWidget(m_verbosity);
     auto* buttons = new QHBoxLayout;
     buttons->setSpacing(Theme::Hairline());
@@ -129,18 +139,26 @@ int PanelGroup::GetVerbosityIndex() const
 
 void PanelGroup::SetEchoAllCommandsEnabled(bool enabled)
 {
-    const int off = Settings::outputMinimalTrace ? Minimal : Normal;
-    m_verbosity->setCurrentIndex(enabled ? EchoAll : off);
+    ChooseVerbosity(VerbosityFor(enabled));
 }
 
 void PanelGroup::SetNormalVerbosity()
 {
-    m_verbosity->setCurrentIndex(Normal);
+    ChooseVerbosity(Normal);
 }
 
 void PanelGroup::SetMinimalVerbosity()
 {
-    m_verbosity->setCurrentIndex(Minimal);
+    ChooseVerbosity(Minimal);
+}
+
+/// Also when it is shown already: a script may have switched the host in the meantime.
+void PanelGroup::ChooseVerbosity(int index)
+{
+    if (index == m_verbosity->currentIndex())
+        OnVerbosityChanged(index);
+    else
+        m_verbosity->setCurrentIndex(index);
 }
 
 void PanelGroup::OnVerbosityChanged(int index)
@@ -171,41 +189,14 @@ void PanelGroup::UpdateKeyBindings()
 
 void PanelGroup::ToggleWriteToFile()
 {
+    // A click has switched the button already, but nothing is decided yet.
+    m_writeToFileButton->setChecked(IsWriteToFileActive());
     if (IsWriteToFileActive())
         StopWriting();
     else
         StartWriting();
-    OnWriteToFileEnded();
-}
-
-void PanelGroup::OnWriteToFileEnded()
-{
     UpdateWriteToFile();
     Q_EMIT WriteToFileUpdated(IsWriteToFileActive());
-}
-
-/// What the row holds, for those who look for it with the other button.
-void PanelGroup::ShowTitleMenu(const QPoint& point)
-{
-    auto* menu = new QMenu(this);
-    menu->setAttribute(Qt::WA_DeleteOnClose);
-    connect(menu->addAction(tr("Clear")), &QAction::triggered, this, &PanelGroup::OutputClearAll);
-    QAction* const write = menu->addAction(tr("Write to File"));
-    write->setCheckable(true);
-    write->setChecked(IsWriteToFileActive());
-    connect(write, &QAction::triggered, this, &PanelGroup::ToggleWriteToFile);
-    menu->addSeparator();
-    for (int i = 0; i < m_verbosity->count(); ++i) {
-        QAction* const verbosity = menu->addAction(m_verbosity->itemText(i));
-        verbosity->setCheckable(true);
-        verbosity->setChecked(i == GetVerbosityIndex());
-        connect(
-            verbosity, &QAction::triggered, this, [this, i] { m_verbosity->setCurrentIndex(i); });
-    }
-    menu->addSeparator();
-    connect(
-        menu->addAction(tr("Hide Output")), &QAction::triggered, this, &PanelGroup::HideRequested);
-    menu->popup(m_titleBar->mapToGlobal(point));
 }
 
 void PanelGroup::StopWriting()
@@ -226,9 +217,30 @@ void PanelGroup::StartWriting()
         return;
     LogDirectory() = QFileInfo(path).absolutePath();
     const QString extension = QStringLiteral(".log");
-    if (filter.startsWith(QLatin1String("LOG")) && !path.endsWith(extension, Qt::CaseInsensitive))
+    if (filter.startsWith(QLatin1String("LOG")) && !path.endsWith(extension, Qt::CaseInsensitive)) {
         path += extension;
+        if (!MayReplace(path))
+            return;
+    }
     m_output->BeginWriteToFile(path);
+}
+
+/// The dialog has asked about the name that was typed, not about the one it became.
+bool PanelGroup::MayReplace(const QString& path)
+{
+    if (!QFileInfo::exists(path))
+        return true;
+    const QString text
+        = tr("%1 already exists.\nDo you want to replace it?").arg(QFileInfo(path).fileName());
+    return QMessageBox::warning(this, tr("Write Output to File"), text,
+               QMessageBox::Yes | QMessageBox::No, QMessageBox::No)
+        == QMessageBox::Yes;
+}
+
+void PanelGroup::OnWriteToFileEnded()
+{
+    UpdateWriteToFile();
+    Q_EMIT WriteToFileUpdated(false);
 }
 
 void PanelGroup::UpdateWriteToFile()
@@ -238,9 +250,44 @@ void PanelGroup::UpdateWriteToFile()
     m_writeToFileButton->setChecked(active);
     m_writeToFileButton->SetToolTip(m_keyBindings->GetToolTip(KeyBindings::ToggleWriteOutputToFile,
         active ? tr("Stop writing to file") : tr("Write to File")));
-    m_fileName->setText(m_fileName->fontMetrics().elidedText(
-        QFileInfo(path).fileName(), Qt::ElideMiddle, Theme::Dp(FILE_NAME_WIDTH)));
+    m_fileName->SetText(QFileInfo(path).fileName());
     m_fileName->setToolTip(path.toHtmlEscaped());
+}
+
+void PanelGroup::ShowTitleMenu(const QPoint& point)
+{
+    auto* menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    const auto addEntry = [this, menu](const QString& label, int binding) {
+        QAction* const action = menu->addAction(label);
+        action->setShortcut(m_keyBindings->GetShortcut(binding));
+        action->setShortcutVisibleInContextMenu(true);
+        return action;
+    };
+    connect(addEntry(tr("Clear"), KeyBindings::ClearOutput), &QAction::triggered, m_output,
+        &OutputTextEdit::ClearAll);
+    QAction* const write = addEntry(tr("Write to File"), KeyBindings::ToggleWriteOutputToFile);
+    write->setCheckable(true);
+    write->setChecked(IsWriteToFileActive());
+    connect(write, &QAction::triggered, this, &PanelGroup::ToggleWriteToFile);
+    menu->addSeparator();
+    AddVerbosities(*menu);
+    menu->addSeparator();
+    connect(addEntry(tr("Hide Output"), KeyBindings::ToggleOutput), &QAction::triggered, this,
+        &PanelGroup::HideRequested);
+    menu->popup(m_titleBar->mapToGlobal(point));
+}
+
+void PanelGroup::AddVerbosities(QMenu& menu)
+{
+    auto* group = new QActionGroup(&menu);
+    for (int i = 0; i < m_verbosity->count(); ++i) {
+        QAction* const action = menu.addAction(m_verbosity->itemText(i));
+        action->setActionGroup(group);
+        action->setCheckable(true);
+        action->setChecked(i == m_verbosity->currentIndex());
+        connect(action, &QAction::triggered, this, [this, i] { ChooseVerbosity(i); });
+    }
 }
 
 /// Turning the wheel over the box must not switch echo-all by accident.

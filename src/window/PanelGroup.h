@@ -2,11 +2,13 @@
 
 #include <QWidget>
 
+class ElidedLabel;
 class FlatButton;
 class KeyBindings;
 class OutputTextEdit;
 class QComboBox;
 class QLabel;
+class QMenu;
 
 /// The output panel: a title row with the verbosity, the log file and the clear button over the
 /// console. Owned by the window.
@@ -52,17 +54,21 @@ private Q_SLOTS:
 
 private:
     void CreateWidgets();
+    void CreateVerbosity();
     void CreateLayout();
     void CreateConnections();
+    void ChooseVerbosity(int index);
+    void AddVerbosities(QMenu& menu);
     void StopWriting();
     void StartWriting();
+    bool MayReplace(const QString& path);
     void UpdateWriteToFile();
     void UpdateFonts();
 
     KeyBindings* m_keyBindings; ///< not owned
     QWidget* m_titleBar = nullptr;
     QLabel* m_title = nullptr;
-    QLabel* m_fileName = nullptr;
+    ElidedLabel* m_fileName = nullptr;
     QComboBox* m_verbosity = nullptr;
     FlatButton* m_writeToFileButton = nullptr;
     FlatButton* m_clearButton = nullptr;

@@ -7,11 +7,70 @@
 #include "settings/Settings.h"
 #include "support/TestMain.h"
 
-#include <QFile>
+#include <QRandomGenerator>
 #include <QScrollBar>
 #include <QSignalSpy>
-#include <QTemporaryDir>
 #include <QtTest>
+
+#include <functional>
+#include <utility>
+
+namespace {
+
+/// What the console has to come out as: every piece of text by itself, at once.
+class LiteralConsole
+{
+public:
+    LiteralConsole() { m_edit.setUndoRedoEnabled(false); }
+
+    void Append(const QString& text)
+    {
+        if (!m_isVisible) {
+            m_pending += text;
+            return;
+        }
+        QTextCursor cursor = m_edit.textCursor();
+        cursor.movePosition(QTextCursor::End);
+        cursor.insertText(text);
+        m_edit.setTextCursor(cursor);
+    }
+    void SetVisible(bool visible)
+    {
+        m_isVisible = visible;
+        if (visible && !m_pending.isEmpty())
+            Append(std::exchange(m_pending, {}));
+    }
+    void Clear()
+    {
+        m_pending.clear();
+        m_edit.clear();
+    }
+    QPlainTextEdit& GetEdit() { return m_edit; }
+
+private:
+    QPlainTextEdit m_edit;
+    QString m_pending;
+    bool m_isVisible = true;
+};
+
+QString RandomPiece(QRandomGenerator& random)
+{
+    static const QStringList PIECES = {QString(), "a", "b c", "\n", "\r", "\r\n", "one\ntwo\n",
+        "\u2029", "x\u2028y", QString(QChar(0)), QString(QChar(0xd83c)), QString(QChar(0xdf0a)),
+        QString(QChar(0xfdd0)), "# Error: z #\n", QString("1\n2\n3\n4\n5\n6\n7\n"),
+        QString("many\n").repeated(40)};
+    return PIECES.at(random.bounded(PIECES.size())) + QString::number(random.bounded(100));
+}
+
+void Select(
+    QTextCursor cursor, int anchor, int position, const std::function<void(QTextCursor)>& set)
+{
+    cursor.setPosition(anchor);
+    cursor.setPosition(position, QTextCursor::KeepAnchor);
+    set(cursor);
+}
+
+} // namespace
 
 class OutputTextEditTest : public QObject
 {
@@ -24,14 +83,13 @@ private Q_SLOTS:
     void JoinedTextEqualsTextInsertedPieceByPiece();
     void FindsTheLastLines_data();
     void FindsTheLastLines();
+    void AnySequenceEqualsItsLiteralSteps_data();
+    void AnySequenceEqualsItsLiteralSteps();
     void EveryReaderSeesWhatWasAppended();
     void ClearsEverything();
     void ViewFollowsTheOutput();
     void StopsZoomingAtTheBounds_data();
     void StopsZoomingAtTheBounds();
-    void WritesToAFile();
-    void ReportsAFileThatCannotBeWritten();
-    void StopsWritingToAFullDisk();
     void MarksLinesByRules();
     void MarksWhatEqualsTheSelection_data();
     void MarksWhatEqualsTheSelection();
@@ -119,6 +177,73 @@ void OutputTextEditTest::JoinedTextEqualsTextInsertedPieceByPiece()
     }
     QCOMPARE(output.GetText(), reference.toPlainText());
     QCOMPARE(output.blockCount(), reference.blockCount());
+}
+
+void OutputTextEditTest::AnySequenceEqualsItsLiteralSteps_data()
+{
+    QTest::addColumn<uint>("seed");
+    for (uint seed = 1; seed <= 20; ++seed)
+        QTest::addRow("seed %u", seed) << seed;
+}
+
+void OutputTextEditTest::AnySequenceEqualsItsLiteralSteps()
+{
+    QFETCH(uint, seed);
+    QRandomGenerator random(seed);
+    OutputTextEdit output(&m_keyBindings);
+    LiteralConsole literal;
+    QPlainTextEdit& expected = literal.GetEdit();
+    output.resize(300, 100);
+    output.show();
+    for (int step = 0; step < 300; ++step) {
+        switch (random.bounded(12)) {
+        case 0: {
+            const bool visible = random.bounded(3) > 0;
+            output.setVisible(visible);
+            literal.SetVisible(visible);
+            break;
+        }
+        case 1: {
+            const int limit = random.bounded(2) ? random.bounded(1, 30) : random.bounded(3) * 1000;
+            output.SetLineLimit(limit);
+            expected.setMaximumBlockCount(limit);
+            break;
+        }
+        case 2: {
+            const int end = expected.document()->characterCount();
+            const int anchor = random.bounded(end);
+            const int position = random.bounded(end);
+            Select(output.textCursor(), anchor, position,
+                [&output](const QTextCursor& cursor) { output.setTextCursor(cursor); });
+            Select(expected.textCursor(), anchor, position,
+                [&expected](const QTextCursor& cursor) { expected.setTextCursor(cursor); });
+            break;
+        }
+        case 3: QCOMPARE(output.GetText(), expected.toPlainText()); break;
+        case 4: QCOMPARE(output.blockCount(), expected.blockCount()); break;
+        case 5: QCOMPARE(output.GetSelectedText(), expected.textCursor().selectedText()); break;
+        case 6: QCOMPARE(output.textCursor().position(), expected.textCursor().position()); break;
+        case 7: QCoreApplication::processEvents(); break;
+        case 8:
+            if (random.bounded(8) == 0) {
+                output.ClearAll();
+                literal.Clear();
+            }
+            break;
+        default: {
+            // Now and then so many in one turn that the console has to join them.
+            const int count = random.bounded(10) == 0 ? 500 : random.bounded(1, 8);
+            for (int i = 0; i < count; ++i) {
+                const QString piece = RandomPiece(random);
+                output.AppendText(piece);
+                literal.Append(piece);
+            }
+        }
+        }
+    }
+    QCOMPARE(output.GetText(), expected.toPlainText());
+    QCOMPARE(output.textCursor().anchor(), expected.textCursor().anchor());
+    QCOMPARE(output.textCursor().position(), expected.textCursor().position());
 }
 
 void OutputTextEditTest::FindsTheLastLines_data()
@@ -213,55 +338,6 @@ void OutputTextEditTest::StopsZoomingAtTheBounds()
     output.UpdateFont();
     QTEST(output.font().pointSize(), "size");
     QTEST(Settings::outputZoom, "stored");
-}
-
-void OutputTextEditTest::WritesToAFile()
-{
-    QTemporaryDir directory;
-    const QString path = directory.filePath("out.log");
-    const auto written = [&path] {
-        QFile file(path);
-        return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : "?";
-    };
-    OutputTextEdit output(&m_keyBindings);
-    output.AppendText("before\n");
-    QVERIFY(output.BeginWriteToFile(path));
-    QVERIFY(output.IsWriteToFileActive());
-    output.AppendText("hidden\n");
-    QCOMPARE(written(), QString("hidden\n"));
-    output.show();
-    output.AppendText("shown\n");
-    QCOMPARE(written(), QString("hidden\nshown\n"));
-    output.EndWriteToFile();
-    QVERIFY(!output.IsWriteToFileActive());
-    output.AppendText("after\n");
-    QCOMPARE(written(), QString("hidden\nshown\n"));
-    QVERIFY(output.BeginWriteToFile(path));
-    QCOMPARE(written(), QString());
-}
-
-void OutputTextEditTest::ReportsAFileThatCannotBeWritten()
-{
-    QTemporaryDir directory;
-    OutputTextEdit output(&m_keyBindings);
-    QVERIFY(!output.BeginWriteToFile(directory.filePath("missing/out.log")));
-    QVERIFY(!output.IsWriteToFileActive());
-    QVERIFY(output.GetWriteToFilePath().isEmpty());
-}
-
-void OutputTextEditTest::StopsWritingToAFullDisk()
-{
-    if (!QFile::exists("/dev/full"))
-        QSKIP("nothing here is always full");
-    OutputTextEdit output(&m_keyBindings);
-    output.show();
-    QSignalSpy ended(&output, &OutputTextEdit::WriteToFileEnded);
-    QVERIFY(output.BeginWriteToFile("/dev/full"));
-    output.AppendText("one\n");
-    output.AppendText("two\n");
-    QCOMPARE(ended.size(), 1);
-    QVERIFY(!output.IsWriteToFileActive());
-    QCOMPARE(output.GetText(), QString("one\ntwo\n"));
 }
 
 void OutputTextEditTest::MarksLinesByRules()

@@ -225,17 +225,17 @@ void TarnwickEditorTest::ShowsOutputOfOtherThreadsInOrder()
 {
     constexpr int LINES = 2000;
     m_window->ClearHistory();
-    Settings::outputBufferSize = 3 * LINES;
+    Settings::outputBufferSize = 5 * LINES;
     m_window->ApplyPreferences();
     QVector<QThread*> threads;
-    for (const char* name : {"a", "b"}) {
+    for (const char* name : {"a", "b", "c", "d"}) {
         threads += QThread::create([this, name] {
             for (int i = 0; i < LINES; ++i)
                 m_window->AppendToOutputThreadSafe(QString("%1%2\n").arg(name).arg(i));
         });
         threads.last()->start();
     }
-    QTRY_COMPARE(Output()->blockCount(), 2 * LINES + 1);
+    QTRY_COMPARE(Output()->blockCount(), 4 * LINES + 1);
     QMap<QChar, int> next;
     for (const QString& line : Output()->GetText().split('\n', Qt::SkipEmptyParts))
         QCOMPARE(line.mid(1).toInt(), next[line.at(0)]++);
