@@ -104,6 +104,11 @@ void OutputFindTest::CountsWhatIsAppendedWhileTheBarIsOpen()
     m_output->GetSearchResults(CreateSearchRegEx("ab", false, false, false), count, current);
     QCOMPARE(count, 2);
     QCOMPARE(current, 2);
+    // More than the match is no match.
+    m_output->selectAll();
+    m_output->GetSearchResults(CreateSearchRegEx("ab", false, false, false), count, current);
+    QCOMPARE(count, 2);
+    QCOMPARE(current, -1);
 }
 
 void OutputFindTest::MarksMatchesAndTheCurrentOne()

@@ -93,6 +93,9 @@ private Q_SLOTS:
     void MarksLinesByRules();
     void MarksWhatEqualsTheSelection_data();
     void MarksWhatEqualsTheSelection();
+    void SkipsRulesThatAreNoExpression();
+    void MarksWhatKeysScrollIntoView();
+    void AnEmptyTextMovesTheCursor();
     void DrawsNothingWithHighlightingOff();
     void DoubleClickTakesTheDollarSign_data();
     void DoubleClickTakesTheDollarSign();
@@ -373,6 +376,8 @@ void OutputTextEditTest::MarksWhatEqualsTheSelection_data()
     QTest::newRow("two words are no word") << true << 0 << 7 << QStringList();
     QTest::newRow("hyphen") << true << 15 << 7 << QStringList{"red-fox"};
     QTest::newRow("two lines") << false << 24 << 7 << QStringList();
+    QTest::newRow("part of a dollar word")
+        << true << 24 << 3 << QStringList{"red", "red", "red", "red"};
     QTest::newRow("a blank") << false << 3 << 1 << QStringList();
 }
 
@@ -391,6 +396,55 @@ void OutputTextEditTest::MarksWhatEqualsTheSelection()
     cursor.setPosition(start + length, QTextCursor::KeepAnchor);
     output.setTextCursor(cursor);
     QTEST(Marked(output), "marked");
+}
+
+void OutputTextEditTest::SkipsRulesThatAreNoExpression()
+{
+    ExtraSelectionProperties broken = ColorSettings::outputUserDefinedSelections.first();
+    broken.pattern = "(";
+    broken.regularExpression = true;
+    ExtraSelectionProperties fixed = broken;
+    fixed.regularExpression = false;
+    fixed.wholeLine = false;
+    ColorSettings::outputUserDefinedSelections = {broken, fixed};
+    OutputTextEdit output(&m_keyBindings);
+    output.show();
+    static int warnings;
+    warnings = 0;
+    // The toolkit warns about each use of an expression that is none.
+    const QtMessageHandler before = qInstallMessageHandler(
+        [](QtMsgType, const QMessageLogContext&, const QString&) { ++warnings; });
+    output.AppendText("a(b(\u2028(\n");
+    const QStringList marked = Marked(output);
+    qInstallMessageHandler(before);
+    QCOMPARE(marked, QStringList({"(", "(", "("}));
+    QCOMPARE(warnings, 0);
+}
+
+void OutputTextEditTest::MarksWhatKeysScrollIntoView()
+{
+    OutputTextEdit output(&m_keyBindings);
+    output.resize(400, 150);
+    output.show();
+    output.AppendText(
+        "# Error: far up #\n" + QString("a plain line of some length\n").repeated(500));
+    QVERIFY(Marked(output).isEmpty());
+    // The scroll bar says nothing about this.
+    QTest::keyClick(&output, Qt::Key_Home, Qt::ControlModifier);
+    QCOMPARE(output.verticalScrollBar()->value(), 0);
+    const QPlainTextEdit& shown = output;
+    QTRY_COMPARE(shown.extraSelections().size(), 1);
+}
+
+void OutputTextEditTest::AnEmptyTextMovesTheCursor()
+{
+    OutputTextEdit output(&m_keyBindings);
+    output.show();
+    output.AppendText("text");
+    output.selectAll();
+    output.AppendText("");
+    QCOMPARE(output.GetSelectedText(), QString());
+    QVERIFY(output.textCursor().atEnd());
 }
 
 void OutputTextEditTest::DrawsNothingWithHighlightingOff()
