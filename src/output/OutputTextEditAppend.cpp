@@ -81,6 +81,11 @@ void OutputTextEdit::FlushJoined()
     QString text;
     text.swap(m_joinedText);
     InsertText(text);
+    // It is painted with this turn now, and must not be without its marks.
+    if (m_frameTimer->isActive()) {
+        m_frameTimer->stop();
+        QMetaObject::invokeMethod(this, &OutputTextEdit::FinishTurn, Qt::QueuedConnection);
+    }
 }
 
 void OutputTextEdit::FollowOutput()
