@@ -202,6 +202,7 @@ void CodeEditor::FillContextMenu(QMenu& menu)
         AddPythonMenu(menu);
         menu.addSeparator();
     }
+    AddMenuEntry(menu, tr("Quick Help"), K::QuickHelp, &CodeEditor::QuickHelp);
     AddMenuEntry(
         menu, tr("Command Reference"), K::CommandReference, &CodeEditor::CommandDocumentation)
         ->setEnabled(m_language != CodeEditorLanguage::Text);

@@ -1,8 +1,8 @@
 // What the settings say about editors of each language, and brackets and quotes.
 
 #include "editor/CodeEditor.h"
-#include "language/Highlighter.h"
 #include "editor/CodeEditorErrorBarOverlay.h"
+#include "language/Highlighter.h"
 #include "settings/ColorSettings.h"
 #include "settings/Settings.h"
 #include "window/chrome/TextLook.h"

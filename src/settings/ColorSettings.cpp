@@ -140,7 +140,8 @@ HighlightProperties BuiltIn(const Role& role, const QPalette& palette)
 }
 
 template <size_t N>
-void AppendRoles(const Role (&roles)[N], QMap<QString, HighlightProperties>& map, QStringList& order)
+void AppendRoles(
+    const Role (&roles)[N], QMap<QString, HighlightProperties>& map, QStringList& order)
 {
     // The colours of selected text follow the host's style, which only a text widget knows.
     const QPalette palette = QPlainTextEdit().palette();
@@ -200,8 +201,8 @@ void ColorSettings::Initialize()
     outputUserDefinedSelections.clear();
     for (const BuiltInRule& rule : OUTPUT_RULES) {
         outputUserDefinedSelections += ExtraSelectionProperties(QString::fromLatin1(rule.name),
-            QColor(QLatin1String(rule.foreground)), QColor(), QString::fromLatin1(rule.pattern), true,
-            true, true);
+            QColor(QLatin1String(rule.foreground)), QColor(), QString::fromLatin1(rule.pattern),
+            true, true, true);
     }
     errorFormat = Wave("#f44646");
     warningFormat = Wave("#ffff00");

@@ -493,9 +493,11 @@ void CodeEditorTest::ShowsItsMenuInOrder_data()
     QTest::addColumn<QStringList>("expected");
     const QStringList common = {"Cut", "Copy", "Paste", "", "Select All", "", "Execute",
         "Execute Line", "Execute All", "", "Save Script to Shelf", ""};
-    QTest::newRow("mel") << int(Language::Mel) << (common + QStringList({"Command Reference"}));
-    QTest::newRow("python") << int(Language::Python)
-                            << (common + QStringList({"Python", "", "Command Reference"}));
+    QTest::newRow("mel") << int(Language::Mel)
+                         << (common + QStringList({"Quick Help", "Command Reference"}));
+    QTest::newRow("python")
+        << int(Language::Python)
+        << (common + QStringList({"Python", "", "Quick Help", "Command Reference"}));
 }
 
 void CodeEditorTest::ShowsItsMenuInOrder()
