@@ -70,6 +70,9 @@ void OutputTextEdit::resizeEvent(QResizeEvent* event)
 void OutputTextEdit::paintEvent(QPaintEvent* event)
 {
     const TimeSpent spent(m_frameCost);
+    // Painting that was asked for earlier comes before the end of this turn.
+    if (m_extraSelectionsDue && !m_followDue)
+        UpdateExtraSelections();
     QPlainTextEdit::paintEvent(event);
 }
 
