@@ -12,7 +12,7 @@ constexpr int REPAINT_INTERVAL = 250; // ms: a long burst repaints at most four 
 constexpr int FRAME = 16; // ms
 /// ns of one frame for inserting, marking and painting piece by piece; what follows is joined.
 constexpr qint64 INSERT_AT_ONCE = 2'000'000;
-constexpr int PENDING_CUT_SIZE = 1 << 20; // characters
+constexpr int PENDING_CUT_SIZE = 1 << 20; // characters that may be kept beyond the limit
 
 } // namespace
 
@@ -45,10 +45,10 @@ void OutputTextEdit::KeepPending(const QString& text)
 {
     m_pendingText += text;
     const int limit = QPlainTextEdit::document()->maximumBlockCount();
-    if (limit <= 0 || m_pendingText.size() < m_pendingCutSize)
+    if (limit <= 0 || m_pendingText.size() < qMax(PENDING_CUT_SIZE, m_pendingCutSize))
         return;
     m_pendingText.remove(0, TailStart(m_pendingText, limit));
-    m_pendingCutSize = qMax(PENDING_CUT_SIZE, 2 * m_pendingText.size());
+    m_pendingCutSize = 2 * m_pendingText.size();
 }
 
 void OutputTextEdit::Join(const QString& text)

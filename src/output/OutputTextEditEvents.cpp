@@ -51,6 +51,8 @@ void OutputTextEdit::showEvent(QShowEvent* event)
         QString text;
         text.swap(m_pendingText);
         m_pendingCutSize = 0;
+        // Joined while it was still shown.
+        FlushJoined();
         InsertText(text);
         m_followDue = true;
         m_extraSelectionsDue = true;
