@@ -53,6 +53,7 @@ public:
     /// `keyBindings` outlives the editor and is not owned.
     CodeEditor(const CodeEditorProperties& properties, KeyBindings* keyBindings,
         QWidget* parent = nullptr);
+    ~CodeEditor() override { DropHighlighter(); }
 
     // Identity
     void GetProperties(CodeEditorProperties& properties) const;
@@ -304,6 +305,7 @@ private:
 
     // Highlighting
     void UpdateHighlighter();
+    void DropHighlighter();
     void HighlightVisibleLines();
 
     // Keys, each step tells whether it took the key

@@ -6,9 +6,17 @@
 
 #include <QTextBlock>
 
+#include <utility>
+
+/// A highlighter that goes takes its colours along, which shows lines anew: nobody may ask it then.
+void CodeEditor::DropHighlighter()
+{
+    delete std::exchange(m_highlighter, nullptr);
+}
+
 void CodeEditor::UpdateHighlighter()
 {
-    delete m_highlighter;
+    DropHighlighter();
     switch (m_language) {
     case CodeEditorLanguage::Mel: m_highlighter = new MelHighlighter(document()); break;
     case CodeEditorLanguage::Python: m_highlighter = new PythonHighlighter(document()); break;
@@ -18,6 +26,8 @@ void CodeEditor::UpdateHighlighter()
 
 void CodeEditor::HighlightVisibleLines()
 {
+    if (!m_highlighter)
+        return;
     const int first = firstVisibleBlock().blockNumber();
     const int lines = viewport()->height() / qMax(1, fontMetrics().lineSpacing());
     m_highlighter->EnsureHighlighted(first, first + lines + 1);

@@ -28,6 +28,12 @@ SubView::SubView(const QString& title, bool* expanded, QWidget* parent)
         [this](QWidget*, QWidget* now) { UpdateRevealed(now); });
 }
 
+/// The focus may be in a child that goes with this.
+SubView::~SubView()
+{
+    qApp->disconnect(this);
+}
+
 void SubView::SetContent(QWidget* content)
 {
     m_content = content;

@@ -16,6 +16,7 @@ class SubView : public QWidget
 public:
     /// `expanded` is the member of Settings that keeps the state; it outlives the view.
     SubView(const QString& title, bool* expanded, QWidget* parent);
+    ~SubView() override;
 
     SubViewHeader* GetHeader() const { return m_header; }
     bool IsExpanded() const { return *m_expanded; }

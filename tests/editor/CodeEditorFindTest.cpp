@@ -284,7 +284,7 @@ void CodeEditorFindTest::CountsLongTextsInSlices()
     const int last = line.size() - 4;
     QCOMPARE(search.FindPrevious(last + 10).start, last);
     QCOMPARE(search.GetNumber(last), -1);
-    QTRY_VERIFY(search.IsFinished());
+    QTRY_VERIFY_WITH_TIMEOUT(search.IsFinished(), 30000);
     QVERIFY(counted.count() > 0);
     QCOMPARE(search.GetTotal(), LINES);
     QCOMPARE(search.GetNumber(last), LINES);
@@ -482,7 +482,7 @@ void CodeEditorFindTest::SearchesOnFarAheadOnceCounted()
     group.widget.ShowFindReplace(false, false, true, false);
     group.Toggle("m_regularExpressionButton");
     group.Bar().SetSearchText("n(e)edle");
-    QTRY_COMPARE(group.Editor().GetSelectedText(), QString("needle"));
+    QTRY_COMPARE_WITH_TIMEOUT(group.Editor().GetSelectedText(), QString("needle"), 30000);
     QTRY_COMPARE(group.Results(), QString("1 of 1"));
 }
 

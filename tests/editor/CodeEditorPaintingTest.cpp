@@ -481,7 +481,7 @@ void CodeEditorPaintingTest::EditsWhileSearchingLoseNoHit()
     QVERIFY(hits.GetLines().isEmpty());
     QTextCursor(&document).insertText("hit\n");
     hits.Offset(0, 1);
-    QTRY_COMPARE(hits.GetLines(), QVector<int>({0, lines + 1}));
+    QTRY_COMPARE_WITH_TIMEOUT(hits.GetLines(), QVector<int>({0, lines + 1}), 30000);
 }
 
 void CodeEditorPaintingTest::ShowsTheDropOverlay()
