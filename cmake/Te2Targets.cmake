@@ -79,6 +79,6 @@ function(te2_add_test name)
   foreach(class IN LISTS ARG_CLASSES)
     add_test(NAME ${name}.${class} COMMAND ${name} ${class})
     set_tests_properties(${name}.${class} PROPERTIES TIMEOUT 120
-      ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8;TE2_BUILD_DIR=${CMAKE_BINARY_DIR};ASAN_OPTIONS=fast_unwind_on_malloc=0;LSAN_OPTIONS=print_suppressions=0:suppressions=${CMAKE_SOURCE_DIR}/tests/support/lsan.supp")
+      ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8;TE2_BUILD_DIR=${CMAKE_BINARY_DIR};LSAN_OPTIONS=print_suppressions=0:suppressions=${CMAKE_SOURCE_DIR}/tests/support/lsan.supp")
   endforeach()
 endfunction()
