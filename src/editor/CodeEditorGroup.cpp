@@ -10,6 +10,7 @@
 #include "language/PythonParser.h"
 #include "plugin/Logger.h"
 #include "settings/Settings.h"
+#include "window/chrome/FlatButton.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -222,6 +223,8 @@ int CodeEditorGroup::InsertCodeEditor(int index, CodeEditor* editor)
     editor->GetProperties(properties);
     // The bar makes its first tab current at once, so the editor is there before it.
     m_stack->insertWidget(place, editor);
+    // The Tab key comes here from the tool bar, not from all that is older than the editor.
+    setTabOrder(m_openEditorsButton, editor);
     m_tabBar->InsertTab(place, properties.label);
     m_tabBar->SetTabType(place, properties.type);
     m_tabBar->SetTabLanguage(place, properties.language);

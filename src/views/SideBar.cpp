@@ -22,6 +22,18 @@ namespace {
 constexpr int TITLE_HEIGHT = 34;
 constexpr int TITLE_MARGIN = 14;
 
+/// What the Tab key stops at inside `page`, in its order.
+QWidgetList TabStops(const QWidget* page)
+{
+    QWidgetList stops;
+    for (QWidget* next = page->nextInFocusChain(); page->isAncestorOf(next);
+         next = next->nextInFocusChain()) {
+        if (next->focusPolicy() & Qt::TabFocus)
+            stops.append(next);
+    }
+    return stops;
+}
+
 } // namespace
 
 struct SideBar::PageRow
@@ -101,6 +113,13 @@ QWidget* SideBar::CreateQuickHelp()
     m_quickHelp = new QuickHelpView(this);
     m_quickHelp->setObjectName(QStringLiteral("m_quickHelp"));
     m_stack->addWidget(m_quickHelp);
+    // The Tab key reaches the page from the side bar, not from all that is older than the page.
+    QWidget* last = TabStops(m_explorer).last();
+    const QWidgetList stops = TabStops(m_quickHelp);
+    for (QWidget* stop : stops) {
+        setTabOrder(last, stop);
+        last = stop;
+    }
     connect(m_quickHelp, &QuickHelpView::FlagChosen, this, &SideBar::FlagChosen);
     connect(m_quickHelp, &QuickHelpView::CommandReferenceRequested, this,
         &SideBar::CommandReferenceRequested);

@@ -9,6 +9,7 @@
 #include "window/WindowFixture.h"
 #include "window/chrome/ActivityBar.h"
 #include "window/chrome/SplitterState.h"
+#include "window/chrome/StatusBar.h"
 
 #include <QAction>
 #include <QMainWindow>
@@ -527,13 +528,18 @@ void LayoutTest::SaysWhatAnEntryWouldDo()
 void LayoutTest::TabGoesFromTheEdgeInwards()
 {
     CreateWindow();
-    const QStringList parts
-        = {"m_activityBar", "m_sideBar", "codeEditorGroup0", "m_outputPanel", "m_statusBar"};
+    OpenBuffer(1, "notes");
+    m_window->OnQuickHelpChanged(QString(), true);
+    Find<StatusBar>("m_statusBar")->SetErrorAndWarningCount(1, 0);
+    const QStringList parts = {"m_activityBar", "m_sideBar", "codeEditorGroup0", "codeEditorGroup1",
+        "m_outputPanel", "m_statusBar"};
     QStringList order;
     for (QWidget* stop = m_window->nextInFocusChain(); stop != m_window;
          stop = stop->nextInFocusChain()) {
         for (const QString& part : parts) {
-            if (!order.contains(part) && m_window->findChild<QWidget*>(part)->isAncestorOf(stop))
+            const bool isStop = stop->focusPolicy() & Qt::TabFocus
+                && m_window->findChild<QWidget*>(part)->isAncestorOf(stop);
+            if (isStop && (order.isEmpty() || order.last() != part))
                 order += part;
         }
     }
