@@ -352,8 +352,11 @@ private:
     void SetEqualGroupSizes();
     void RestoreSplitterState();
     void SaveSplitterState();
+    void StorePaneSizes();
+    bool AreBothPanesShown() const;
     static int SideBarMinimumWidth();
     int SideBarExtent() const;
+    int OutputExtent() const;
     int StoredSideBarExtent() const;
     int StoredOutputExtent() const;
     int DefaultSideBarExtent() const;

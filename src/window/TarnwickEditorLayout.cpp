@@ -202,19 +202,27 @@ int TarnwickEditor::SideBarExtent() const
     return m_sideBarSplitter->sizes().value(m_sideBarSplitter->indexOf(m_sideBar));
 }
 
+int TarnwickEditor::OutputExtent() const
+{
+    return m_outputSplitter->sizes().value(m_outputSplitter->indexOf(m_outputPanel));
+}
+
 int TarnwickEditor::DefaultSideBarExtent() const
 {
     const int share
         = Share(m_sideBarSplitter->width(), Settings::sideBarSize, Settings::mainWindowSize);
-    return qMin(Theme::Dp(SIDE_BAR_WIDTH) - m_sideBarSplitter->handleWidth(), share);
+    const int widest = Theme::Dp(SIDE_BAR_WIDTH) - m_sideBarSplitter->handleWidth();
+    return qBound(SideBarMinimumWidth(), share, widest);
 }
 
 int TarnwickEditor::DefaultOutputExtent() const
 {
-    const int extent
-        = Settings::outputOrientVertical ? m_outputSplitter->height() : m_outputSplitter->width();
-    return Share(
+    const bool vertical = Settings::outputOrientVertical;
+    const QSize least = m_outputPanel->minimumSizeHint().expandedTo(m_outputPanel->minimumSize());
+    const int extent = vertical ? m_outputSplitter->height() : m_outputSplitter->width();
+    const int share = Share(
         extent - m_outputSplitter->handleWidth(), Settings::outputSize, Settings::codeEditorSize);
+    return qMax(vertical ? least.height() : least.width(), share);
 }
 
 /// The editors take the rest.
@@ -235,17 +243,35 @@ void TarnwickEditor::SetOutputExtent(int extent)
         Settings::outputTopLeft ? QList<int>{extent, rest} : QList<int>{rest, extent});
 }
 
+bool TarnwickEditor::AreBothPanesShown() const
+{
+    return !m_outputPanel->isHidden() && !m_codeEditorSplitter->isHidden();
+}
+
 /// Only of panes that are shown: a hidden pane keeps the size it will come back with.
-void TarnwickEditor::SaveSplitterState()
+void TarnwickEditor::StorePaneSizes()
 {
     // Before the first show nothing has a size.
     if (!testAttribute(Qt::WA_WState_Polished))
         return;
     if (IsSideBarShown())
         Settings::sideBarState = m_sideBarSplitter->saveState();
-    if (!m_outputPanel->isHidden() && !m_codeEditorSplitter->isHidden())
+    if (AreBothPanesShown())
         Settings::outputState = m_outputSplitter->saveState();
     m_sideBar->SaveState();
+}
+
+/// For the next show, whose window may have another size. A size that nobody chose is then the
+/// default of that window, not of this one.
+void TarnwickEditor::SaveSplitterState()
+{
+    if (!testAttribute(Qt::WA_WState_Polished))
+        return;
+    StorePaneSizes();
+    if (IsSideBarShown() && SideBarExtent() == DefaultSideBarExtent())
+        Settings::sideBarState.clear();
+    if (AreBothPanesShown() && OutputExtent() == DefaultOutputExtent())
+        Settings::outputState.clear();
 }
 
 /// Keeps the place of the floating panel; docked, or not in a panel at all, the stored one stays.
@@ -272,7 +298,7 @@ void TarnwickEditor::OnSplitterHandleEvent(const QSplitter* splitter, const QEve
         break;
     case QEvent::MouseButtonPress:
         // What a side bar that is dragged away comes back with.
-        SaveSplitterState();
+        StorePaneSizes();
         break;
     case QEvent::MouseButtonRelease:
         // Not now: hiding the side bar takes the handle away that handles this very event.
@@ -286,5 +312,5 @@ void TarnwickEditor::OnSplitterDragged()
 {
     if (!m_sideBar->isHidden() && SideBarExtent() == 0)
         SetSideBarVisible(false, false);
-    SaveSplitterState();
+    StorePaneSizes();
 }

@@ -53,6 +53,7 @@ private Q_SLOTS:
     void KeepsSizesEverywhere_data();
     void KeepsSizesEverywhere();
     void StartsWithTheRatios();
+    void KeepsOnlyChosenSizesInAnotherWindow();
     void SurvivesHostileStates_data();
     void SurvivesHostileStates();
     void ShowsTheEditorsOrTheOutput_data();
@@ -243,6 +244,30 @@ void LayoutTest::StartsWithTheRatios()
     CreateWindow();
     QCOMPARE(SideBarWidth(), SideBarSplitter()->width() / 6);
     Settings::mainWindowSize = 3;
+}
+
+/// As when a floating panel is docked.
+void LayoutTest::KeepsOnlyChosenSizesInAnotherWindow()
+{
+    CreateWindow();
+    const auto showAt = [this](int width, int height) {
+        m_frame->hide();
+        m_frame->resize(width, height);
+        m_frame->show();
+    };
+    const auto third = [this] { return (OutputSplitter()->height() - 1) / 3; };
+    showAt(900, 700);
+    QCOMPARE(SideBarWidth(), SideBarSplitter()->width() / 4);
+    QVERIFY(qAbs(OutputExtent() - third()) <= 1);
+    showAt(500, 300);
+    QCOMPARE(SideBarWidth(), 180);
+    showAt(1500, 1000);
+    QCOMPARE(SideBarWidth(), 287);
+    QVERIFY(qAbs(OutputExtent() - third()) <= 1);
+    SetExtents(SIDE_BAR, OUTPUT);
+    showAt(1300, 900);
+    QCOMPARE(SideBarWidth(), SIDE_BAR);
+    QCOMPARE(OutputExtent(), OUTPUT);
 }
 
 void LayoutTest::SurvivesHostileStates_data()
