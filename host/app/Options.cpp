@@ -4,6 +4,8 @@ namespace host {
 
 namespace {
 
+constexpr double MAXIMUM_SCALE = 4.0;
+
 struct Reader
 {
     Options options;
@@ -39,6 +41,8 @@ const OptionRow ROWS[] = {
         [](Options& o, const QString&) { o.loadsPlugins = false; }},
     {"screenshot", "<png>", "write a picture of the window and its panels, then quit",
         [](Options& o, const QString& v) { o.screenshot = v; }},
+    {"scale",      "<factor>", "the scale of the interface, 1 to 4: its text, and what plug-ins are told",
+        [](Options& o, const QString& v) { o.scale = v.toDouble(); }},
     {"help",       nullptr, "print this text",
         [](Options& o, const QString&) { o.help = true; }},
 };
@@ -73,6 +77,10 @@ std::optional<Options> ReadOptions(const QStringList& arguments, QString& error)
             return std::nullopt;
         }
         row->apply(options, row->argument ? arguments[++i] : QString());
+    }
+    if (options.scale < 1.0 || options.scale > MAXIMUM_SCALE) {
+        error = QStringLiteral("The scale is a number from 1 to %1.").arg(MAXIMUM_SCALE);
+        return std::nullopt;
     }
     if (options.batch && !options.screenshot.isEmpty()) {
         error = QStringLiteral("There is no picture in batch mode.");

@@ -23,6 +23,7 @@ struct Options
     bool help = false;
     bool loadsPlugins = true;
     QString preferencesFolder; ///< empty: as the environment says
+    double scale = 1.0; ///< of the interface, upon what the screen asks for
     QString screenshot; ///< path of the picture to write; empty for none
     QVector<StartTask> tasks;
 

@@ -82,7 +82,7 @@ int main(int argc, char** argv)
     QApplication::setApplicationName(QStringLiteral("tarnwick-host"));
     QApplication::setApplicationDisplayName(QStringLiteral("Tarnwick Host"));
     if (!options->batch)
-        host::ui::HostStyle::Apply(application);
+        host::ui::HostStyle::Apply(application, options->scale);
     host::Host host(options->batch ? host::RunState::Batch : host::RunState::Interactive,
         options->preferencesFolder);
     if (!options->batch)

@@ -45,7 +45,7 @@ QFont ApplicationFont()
             break;
         }
     }
-    font.setPixelSize(FONT_SIZE);
+    font.setPixelSize(qRound(FONT_SIZE * HostStyle::GetScale()));
     return font;
 }
 
@@ -126,8 +126,9 @@ HostStyle::HostStyle()
     : QProxyStyle(QStyleFactory::create(QStringLiteral("Fusion")))
 { }
 
-void HostStyle::Apply(QApplication& application)
+void HostStyle::Apply(QApplication& application, double scale)
 {
+    s_scale = scale;
     application.setStyle(new HostStyle);
     application.setPalette(HostPalette());
     application.setFont(ApplicationFont());

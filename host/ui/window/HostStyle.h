@@ -14,8 +14,9 @@ class HostStyle : public QProxyStyle
 public:
     HostStyle();
 
-    /// Gives the application its style, palette and font.
-    static void Apply(QApplication& application);
+    /// Gives the application its style, palette and font; the text grows by `scale`.
+    static void Apply(QApplication& application, double scale);
+    static double GetScale() { return s_scale; }
 
     void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
         const QWidget* widget) const override;
@@ -33,6 +34,8 @@ public:
         QStyleHintReturn* data) const override;
 
 private:
+    inline static double s_scale = 1.0;
+
     void DrawMenuBarItem(const QStyleOption* option, QPainter* painter) const;
     void DrawMenuItem(const QStyleOption* option, QPainter* painter, const QWidget* widget) const;
     void DrawTearOff(const QStyleOption* option, QPainter* painter) const;

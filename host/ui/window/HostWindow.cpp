@@ -5,6 +5,7 @@
 #include "ui/window/CommandLine.h"
 #include "ui/window/HostColors.h"
 #include "ui/window/HostIcons.h"
+#include "ui/window/HostStyle.h"
 #include "ui/window/Viewport.h"
 #include "ui/workspace/FloatingWindow.h"
 #include "ui/workspace/Workspace.h"
@@ -265,7 +266,7 @@ QString HostWindow::AddWidget(QWidget* control, QWidget* layout, const QString& 
 
 double HostWindow::ScaleFactor() const
 {
-    return qMax(1.0, screen()->logicalDotsPerInch() / REFERENCE_DPI);
+    return qMax(1.0, screen()->logicalDotsPerInch() / REFERENCE_DPI) * HostStyle::GetScale();
 }
 
 // Events

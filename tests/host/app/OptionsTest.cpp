@@ -60,6 +60,8 @@ void OptionsTest::MistakesAreNamed_data()
                                   << "Unknown option \"file.mel\". Try -help.";
     QTest::newRow("value missing")
         << QStringList{"host", "-command"} << "The option \"-command\" needs <mel>.";
+    QTest::newRow("no scale") << QStringList{"host", "-scale", "big"}
+                              << "The scale is a number from 1 to 4.";
     QTest::newRow("picture in batch") << QStringList{"host", "-batch", "-screenshot", "a.png"}
                                       << "There is no picture in batch mode.";
 }
