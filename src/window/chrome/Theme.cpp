@@ -114,12 +114,13 @@ double Scale()
     return Settings::customScaleValue > 0.0 ? Settings::customScaleValue : 1.0;
 }
 
-constexpr int ICON_SIZES[] = {16, 20, 24, 32, 40, 48, 64};
+constexpr int PLAIN_SIZE = 16; // of the file whose name says no size
+constexpr int ICON_SIZES[] = {14, PLAIN_SIZE, 20, 24, 32, 40, 48, 64};
 
 QString IconPath(const QString& name, int size)
 {
-    return size == ICON_SIZES[0] ? QStringLiteral(":/te2_icons/%1.png").arg(name)
-                                 : QStringLiteral(":/te2_icons/%1_%2.png").arg(name).arg(size);
+    return size == PLAIN_SIZE ? QStringLiteral(":/te2_icons/%1.png").arg(name)
+                              : QStringLiteral(":/te2_icons/%1_%2.png").arg(name).arg(size);
 }
 
 /// The picture drawn for the next size from `pixels` up, scaled down to it. Null without one.
