@@ -182,6 +182,7 @@ public Q_SLOTS:
     void CloseFindReplace();
 
 protected:
+    void changeEvent(QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dragMoveEvent(QDragMoveEvent* event) override;
@@ -238,6 +239,7 @@ private:
 
     void CreateWidgets();
     void CreateLayout();
+    void UpdateMiniToolbarSpacing();
     void CreateConnections();
     void ConnectTabBarRequests();
     void ConnectEditor(CodeEditor* editor);

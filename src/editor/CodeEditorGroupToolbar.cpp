@@ -32,16 +32,28 @@ constexpr int TOOLBAR_MARGIN = 6;
 constexpr int MINIMUM_EXTENT = 100; // pixels, of the whole group
 constexpr int SCROLL_INTERVAL = 40; // ms between steps while a scroll button is held
 
-QWidget* Separator(QWidget* parent)
+/// The line between two kinds of buttons. It is as large as the interface scale says now.
+class ToolbarSeparator : public QWidget
 {
-    auto* line = new QWidget(parent);
-    line->setFixedSize(Theme::Hairline(), Theme::Dp(SEPARATOR_HEIGHT));
-    QPalette palette = line->palette();
-    palette.setColor(QPalette::Window, Theme::Color(Theme::Role::RaiseEdge));
-    line->setPalette(palette);
-    line->setAutoFillBackground(true);
-    return line;
-}
+public:
+    explicit ToolbarSeparator(QWidget* parent)
+        : QWidget(parent)
+    {
+        setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    }
+
+    QSize sizeHint() const override
+    {
+        return {Theme::Hairline() + 2 * Theme::Dp(SEPARATOR_MARGIN), Theme::Dp(SEPARATOR_HEIGHT)};
+    }
+
+protected:
+    void paintEvent(QPaintEvent*) override
+    {
+        QPainter(this).fillRect(Theme::Dp(SEPARATOR_MARGIN), 0, Theme::Hairline(), height(),
+            Theme::Color(Theme::Role::RaiseEdge));
+    }
+};
 
 } // namespace
 
@@ -116,21 +128,15 @@ void CodeEditorGroup::CreateWidgets()
 void CodeEditorGroup::CreateLayout()
 {
     auto* tools = new QHBoxLayout(m_miniToolbar);
-    tools->setContentsMargins(Theme::Dp(TOOLBAR_MARGIN), 0, Theme::Dp(TOOLBAR_MARGIN), 0);
-    tools->setSpacing(Theme::Hairline());
     tools->addWidget(m_scrollLeftButton);
     tools->addWidget(m_scrollRightButton);
-    const auto addSeparator = [this, tools] {
-        tools->addSpacing(Theme::Dp(SEPARATOR_MARGIN));
-        tools->addWidget(Separator(m_miniToolbar));
-        tools->addSpacing(Theme::Dp(SEPARATOR_MARGIN));
-    };
-    addSeparator();
+    tools->addWidget(new ToolbarSeparator(m_miniToolbar));
     tools->addWidget(m_executeButton);
     tools->addWidget(m_executeAllButton);
     tools->addWidget(m_executeLineButton);
-    addSeparator();
+    tools->addWidget(new ToolbarSeparator(m_miniToolbar));
     tools->addWidget(m_openEditorsButton);
+    UpdateMiniToolbarSpacing();
 
     QWidget* row = m_tabBar->parentWidget();
     auto* rowLayout = new QHBoxLayout(row);
@@ -144,6 +150,24 @@ void CodeEditorGroup::CreateLayout()
     layout->setSpacing(0);
     layout->addWidget(row);
     layout->addWidget(m_stack, 1);
+}
+
+void CodeEditorGroup::UpdateMiniToolbarSpacing()
+{
+    QLayout* tools = m_miniToolbar->layout();
+    tools->setContentsMargins(Theme::Dp(TOOLBAR_MARGIN), 0, Theme::Dp(TOOLBAR_MARGIN), 0);
+    tools->setSpacing(Theme::Hairline());
+}
+
+void CodeEditorGroup::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() != QEvent::StyleChange)
+        return;
+    // The interface scale may be another one.
+    UpdateMiniToolbarSpacing();
+    UpdateMiniToolbar();
+    UpdateFindReplacePosition();
 }
 
 void CodeEditorGroup::CreateConnections()

@@ -53,6 +53,7 @@ private Q_SLOTS:
     void PassesRequestsOn();
     void ListsItsEditors();
     void ChoosesItsExecuteButtons();
+    void FollowsTheInterfaceScale();
     void TakesDrops_data();
     void TakesDrops();
     void ShowsAHintWhileItIsEmpty();
@@ -82,6 +83,7 @@ void CodeEditorGroupTest::cleanup()
     Settings::showTabBarMiniToolbar = false;
     Settings::showCodeEditorExecuteAllBtn = true;
     Settings::codeEditorOrientVertical = false;
+    Settings::customScaleValue = 1.0;
 }
 
 /// Labels as the tabs and as the editors have them, the current one in brackets.
@@ -391,6 +393,19 @@ void CodeEditorGroupTest::ChoosesItsExecuteButtons()
     QVERIFY(Settings::showCodeEditorExecuteAllBtn);
     QCOMPARE(modified.count(), 1);
     menu->close();
+}
+
+void CodeEditorGroupTest::FollowsTheInterfaceScale()
+{
+    const auto toolBar = [](const CodeEditorGroup& group) {
+        return group.findChild<QWidget*>("m_miniToolbar")->sizeHint();
+    };
+    const QSize before = toolBar(*m_group);
+    Settings::customScaleValue = 2.0;
+    const CodeEditorGroup made(2, &m_keyBindings, nullptr);
+    m_group->setStyleSheet("QWidget { }");
+    QVERIFY(toolBar(*m_group) != before);
+    QCOMPARE(toolBar(*m_group), toolBar(made));
 }
 
 /// Over the editors; `position` is in the group.

@@ -38,7 +38,7 @@ CustomTabBar::CustomTabBar(QWidget* parent)
     setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     setAcceptDrops(true);
     viewport()->setMouseTracking(true);
-    horizontalScrollBar()->setSingleStep(Theme::Dp(SCROLL_STEP));
+    UpdateScrollStep();
     connect(
         horizontalScrollBar(), &QScrollBar::rangeChanged, this, &CustomTabBar::ScrollRangeChanged);
     connect(
@@ -300,6 +300,11 @@ void CustomTabBar::UpdateWidth(Tab& tab) const
         Theme::Dp(TabMetrics::MAXIMUM_TAB));
 }
 
+void CustomTabBar::UpdateScrollStep()
+{
+    horizontalScrollBar()->setSingleStep(Theme::Dp(SCROLL_STEP));
+}
+
 void CustomTabBar::UpdateGeometry()
 {
     int total = 0;
@@ -368,6 +373,7 @@ void CustomTabBar::changeEvent(QEvent* event)
     for (Tab& tab : m_tabs)
         UpdateWidth(tab);
     UpdateGeometry();
+    UpdateScrollStep();
     updateGeometry(); // the height follows the interface scale
 }
 

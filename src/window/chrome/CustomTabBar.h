@@ -124,6 +124,7 @@ private:
     bool IsValid(int index) const { return index >= 0 && index < m_tabs.size(); }
     void UpdateWidth(Tab& tab) const;
     void UpdateGeometry();
+    void UpdateScrollStep();
     void EnsureVisible(int index);
     void ReplaceCurrent(int place);
     void UpdateAccessibleDescription();
