@@ -334,6 +334,7 @@ void CodeEditorGroup::SetProperties(int index, const CodeEditorProperties& prope
     CodeEditor* editor = GetCodeEditor(index);
     if (!editor)
         return;
+    RenameLastUsedEditor(editor->GetFilePath(), properties.filePath);
     editor->SetProperties(properties, false);
     m_tabBar->SetTabType(index, properties.type);
     m_tabBar->SetTabLanguage(index, properties.language);
@@ -352,9 +353,6 @@ void CodeEditorGroup::UpdateFilePath(
     properties.language = language;
     if (properties.type == CodeEditorType::File)
         properties.label = QFileInfo(newPath).fileName();
-    const int used = m_lastUsedPaths.indexOf(oldPath);
-    if (used >= 0)
-        m_lastUsedPaths[used] = newPath;
     SetProperties(index, properties);
 }
 
@@ -406,6 +404,17 @@ void CodeEditorGroup::UpdateLastUsedEditorOrder()
         return;
     m_lastUsedPaths.removeAll(editor->GetFilePath());
     m_lastUsedPaths.prepend(editor->GetFilePath());
+}
+
+/// The editor keeps its place; an editor closed long ago may have had the new path.
+void CodeEditorGroup::RenameLastUsedEditor(const QString& oldPath, const QString& newPath)
+{
+    if (oldPath == newPath)
+        return;
+    m_lastUsedPaths.removeAll(newPath);
+    const int used = m_lastUsedPaths.indexOf(oldPath);
+    if (used >= 0)
+        m_lastUsedPaths[used] = newPath;
 }
 
 void CodeEditorGroup::resizeEvent(QResizeEvent* event)

@@ -245,6 +245,7 @@ private:
     void ConnectEditor(CodeEditor* editor);
     bool CheckCounts(const char* failure) const;
     void UpdateLastUsedEditorOrder();
+    void RenameLastUsedEditor(const QString& oldPath, const QString& newPath);
     void ScrollTabs();
     void BeginScroll(int direction);
     static const MiniButton* MiniButtons();

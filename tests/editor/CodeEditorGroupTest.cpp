@@ -242,6 +242,15 @@ void CodeEditorGroupTest::FollowsAFileToItsNewName()
     QCOMPARE(m_group->GetLastUsedEditors().at(1).label, QString("g.py"));
     m_group->UpdateFilePath("/not/open", "/x", CodeEditorLanguage::Mel);
     QCOMPARE(Tabs(), QString("[a] b c g.py"));
+
+    m_group->SetCurrentIndex(2);
+    m_group->DeleteCodeEditor(2);
+    m_group->SetProperties(2, Script("d"));
+    m_group->SetProperties(0, Script("c")); // as the closed one was called
+    QStringList used;
+    for (const CodeEditorProperties& properties : m_group->GetLastUsedEditors())
+        used += properties.label;
+    QCOMPARE(used, QStringList({"d", "c", "b"}));
 }
 
 void CodeEditorGroupTest::MarksChangesOfFilesOnly()
