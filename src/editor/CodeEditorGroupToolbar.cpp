@@ -177,6 +177,9 @@ void CodeEditorGroup::CreateConnections()
     connect(m_tabBar, &CustomTabBar::Activated, this, &G::FocusCurrentCodeEditor);
     connect(m_tabBar, &CustomTabBar::ScrollRangeChanged, this, &G::UpdateMiniToolbar);
     ConnectTabBarRequests();
+    // What is executed is the editor with the focus, and a button does not take it there.
+    for (const MiniButton* row = MiniButtons(); row->label; ++row)
+        connect(this->*row->button, &QAbstractButton::clicked, this, &G::FocusCurrentCodeEditor);
     connect(m_executeButton, &QAbstractButton::clicked, this, &G::ExecutePressed);
     connect(m_executeAllButton, &QAbstractButton::clicked, this, &G::ExecuteAllPressed);
     connect(m_executeLineButton, &QAbstractButton::clicked, this, &G::ExecuteLinePressed);

@@ -179,16 +179,23 @@ void TarnwickEditorTest::ExecutesByKey()
 void TarnwickEditorTest::ExecutesByButtonWithoutTakingTheFocus()
 {
     CodeEditor* editor = FocusEditor(Language::Python, "teClicked = 1\nteClicked += 10");
-    auto* all = m_window->findChild<FlatButton*>("m_executeAllButton");
+    const CodeEditorGroup* group = m_window->GetActiveCodeEditorGroup();
+    auto* all = group->findChild<FlatButton*>("m_executeAllButton");
     QTest::mouseClick(all, Qt::LeftButton);
     QCOMPARE(PythonInt("teClicked"), 11);
     QVERIFY(editor->hasFocus());
     editor->SetCurrentLine(2);
-    QTest::mouseClick(m_window->findChild<FlatButton*>("m_executeLineButton"), Qt::LeftButton);
+    QTest::mouseClick(group->findChild<FlatButton*>("m_executeLineButton"), Qt::LeftButton);
     QCOMPARE(PythonInt("teClicked"), 21);
     editor->SetCurrentLine(1);
-    QTest::mouseClick(m_window->findChild<FlatButton*>("m_executeButton"), Qt::LeftButton);
+    QTest::mouseClick(group->findChild<FlatButton*>("m_executeButton"), Qt::LeftButton);
     QCOMPARE(PythonInt("teClicked"), 11);
+    // From elsewhere it is the button's own group that is meant.
+    MayaUtil::ExecutePython(QString("teClicked = 0"));
+    Output()->setFocus();
+    QTest::mouseClick(all, Qt::LeftButton);
+    QCOMPARE(PythonInt("teClicked"), 11);
+    QVERIFY(editor->hasFocus());
     QCOMPARE(all->toolTip(), QString("Execute All (Ctrl+Shift+Return)"));
 }
 
