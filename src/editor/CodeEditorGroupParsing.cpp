@@ -20,7 +20,7 @@ constexpr int SHUTDOWN_MILLISECONDS = 1000;
 void CodeEditorGroup::OnTextChanged(const QString& path, const QString& text)
 {
     CodeEditor* const current = GetCurrent();
-    if (current && IsFindReplaceVisible() && HasSearchText())
+    if (current && IsFindReplaceVisible() && IsSearching())
         UpdateSearchResults(current);
     // What changes in the background is parsed when it is shown.
     if (!current || current->GetFilePath() == path)
