@@ -162,7 +162,7 @@ void Scroll(benchmark::State& state, const MakeEditor& make)
 
 void SwitchTabs(benchmark::State& state)
 {
-    CodeEditorGroup group(0, &Bindings(), nullptr);
+    CodeEditorGroup group(0, &Bindings(), nullptr, nullptr);
     group.resize(SIZE);
     for (int i = 0; i < TABS; ++i) {
         const QString text = i % (TABS / LONG_TABS) == 1 ? LongText() : LongText().left(20000);

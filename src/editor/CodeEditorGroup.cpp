@@ -29,7 +29,8 @@ constexpr char DELETE_FAILURE[]
 
 } // namespace
 
-CodeEditorGroup::CodeEditorGroup(int id, KeyBindings* keyBindings, QWidget* parent)
+CodeEditorGroup::CodeEditorGroup(
+    int id, KeyBindings* keyBindings, QAction* newBufferAction, QWidget* parent)
     : QWidget(parent)
     , m_id(id)
     , m_keyBindings(keyBindings)
@@ -43,6 +44,8 @@ CodeEditorGroup::CodeEditorGroup(int id, KeyBindings* keyBindings, QWidget* pare
     CreateFindReplace();
     CreateConnections();
     CreateWorkerThread();
+    if (newBufferAction)
+        m_emptyHint->addAction(newBufferAction);
     UpdatePreferences();
 }
 

@@ -22,6 +22,7 @@ class MelParser;
 class OverlayWidget;
 class PylintWorker;
 class PythonParser;
+class QAction;
 class QMimeData;
 class QStackedWidget;
 class QThread;
@@ -38,7 +39,8 @@ class CodeEditorGroup : public QWidget
 
 public:
     /// `id` is the group's index in the window and never changes; `keyBindings` is not owned.
-    CodeEditorGroup(int id, KeyBindings* keyBindings, QWidget* parent);
+    /// `newBufferAction` is the window's, offered where there is no editor; may be null.
+    CodeEditorGroup(int id, KeyBindings* keyBindings, QAction* newBufferAction, QWidget* parent);
     /// Waits for the pylint thread, a second at most.
     ~CodeEditorGroup() override;
 
@@ -213,6 +215,8 @@ private Q_SLOTS:
     void OnPylintFailed(const QString& path);
     void ShowOpenCodeEditorContextMenu();
     void SetCurrentTabFromAction();
+    /// At a point of the hint.
+    void ShowEmptyContextMenu(const QPoint& point);
     /// At a global point.
     void ShowMiniToolbarContextMenu(const QPoint& point);
     void UpdateMiniToolbar();

@@ -94,6 +94,7 @@ void CodeEditorGroup::CreateWidgets()
     m_stack = new QStackedWidget(this);
     m_emptyHint = new EmptyGroupHint(m_keyBindings, m_stack);
     m_emptyHint->setObjectName(QStringLiteral("m_emptyHint"));
+    m_emptyHint->setContextMenuPolicy(Qt::CustomContextMenu);
     m_emptyDropOverlay = new OverlayWidget(m_stack);
     setAcceptDrops(true);
     m_miniToolbar = new QWidget(row);
@@ -188,6 +189,7 @@ void CodeEditorGroup::CreateConnections()
     connect(m_miniToolbar, &QWidget::customContextMenuRequested, this, [this](const QPoint& point) {
         ShowMiniToolbarContextMenu(m_miniToolbar->mapToGlobal(point));
     });
+    connect(m_emptyHint, &QWidget::customContextMenuRequested, this, &G::ShowEmptyContextMenu);
     connect(m_scrollTimer, &QTimer::timeout, this, &G::ScrollTabs);
     connect(m_scrollLeftButton, &QAbstractButton::pressed, this, [this] { BeginScroll(-1); });
     connect(m_scrollRightButton, &QAbstractButton::pressed, this, [this] { BeginScroll(1); });
@@ -322,6 +324,14 @@ void CodeEditorGroup::SetCurrentTabFromAction()
         return;
     SetCurrentIndex(action->data().toInt());
     FocusCurrentCodeEditor();
+}
+
+void CodeEditorGroup::ShowEmptyContextMenu(const QPoint& point)
+{
+    auto* const menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu->addActions(m_emptyHint->actions());
+    menu->popup(m_emptyHint->mapToGlobal(point));
 }
 
 void CodeEditorGroup::ShowMiniToolbarContextMenu(const QPoint& point)

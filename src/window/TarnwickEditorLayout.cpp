@@ -84,7 +84,8 @@ void TarnwickEditor::CreateCodeEditorGroups()
     m_codeEditorSplitter->setObjectName(QStringLiteral("m_codeEditorSplitter"));
     m_codeEditorSplitter->setChildrenCollapsible(false);
     for (int i = 0; i < Settings::NUM_CODE_EDITOR_GROUPS; ++i) {
-        auto* const group = new CodeEditorGroup(i, &m_keyBindings, m_codeEditorSplitter);
+        auto* const group
+            = new CodeEditorGroup(i, &m_keyBindings, m_newBufferAction, m_codeEditorSplitter);
         group->setMinimumSize(Theme::Dp(GROUP_MINIMUM), Theme::Dp(GROUP_MINIMUM));
         m_groups.append(group);
         m_codeEditorSplitter->addWidget(group);

@@ -49,7 +49,7 @@ void SetMarked(CodeEditor& editor, QString marked)
 struct Group
 {
     Group()
-        : widget(0, &keyBindings, nullptr)
+        : widget(0, &keyBindings, nullptr, nullptr)
     {
         SearchHistory::Clear();
         widget.InsertCodeEditor(

@@ -70,7 +70,7 @@ private:
 
 void CodeEditorGroupTest::init()
 {
-    m_group = std::make_unique<CodeEditorGroup>(1, &m_keyBindings, nullptr);
+    m_group = std::make_unique<CodeEditorGroup>(1, &m_keyBindings, nullptr, nullptr);
     m_tabBar = m_group->findChild<CodeEditorGroupTabBar*>();
     for (const char* name : {"a", "b", "c"})
         m_group->InsertCodeEditor(-1, Script(name), QString("text of %1").arg(name));
@@ -198,7 +198,7 @@ void CodeEditorGroupTest::MovesEditorsWithTheirTabs()
 
 void CodeEditorGroupTest::TakesAnEditorOverFromAnotherGroup()
 {
-    CodeEditorGroup other(2, &m_keyBindings, nullptr);
+    CodeEditorGroup other(2, &m_keyBindings, nullptr, nullptr);
     other.InsertCodeEditor(-1, Script("x", CodeEditorType::File), "x");
     CodeEditor* const editor = m_group->GetCodeEditor(1);
     editor->insertPlainText("new ");
@@ -316,7 +316,7 @@ void CodeEditorGroupTest::OffersWhatFitsTheTab()
     QFETCH(int, tabs);
     QFETCH(int, index);
     QFETCH(CodeEditorType, type);
-    CodeEditorGroup group(0, &m_keyBindings, nullptr);
+    CodeEditorGroup group(0, &m_keyBindings, nullptr, nullptr);
     for (int i = 0; i < tabs; ++i)
         group.InsertCodeEditor(-1, Script(QString::number(i), type), QString());
     group.resize(600, 400);
@@ -411,7 +411,7 @@ void CodeEditorGroupTest::FollowsTheInterfaceScale()
     };
     const QSize before = toolBar(*m_group);
     Settings::customScaleValue = 2.0;
-    const CodeEditorGroup made(2, &m_keyBindings, nullptr);
+    const CodeEditorGroup made(2, &m_keyBindings, nullptr, nullptr);
     m_group->setStyleSheet("QWidget { }");
     QVERIFY(toolBar(*m_group) != before);
     QCOMPARE(toolBar(*m_group), toolBar(made));
@@ -486,7 +486,8 @@ void CodeEditorGroupTest::TakesDrops()
 
 void CodeEditorGroupTest::ShowsAHintWhileItIsEmpty()
 {
-    CodeEditorGroup group(4, &m_keyBindings, nullptr);
+    QAction newBuffer("New...");
+    CodeEditorGroup group(4, &m_keyBindings, &newBuffer, nullptr);
     group.SetTabDropOtherGroupsEnabled(true);
     group.resize(600, 400);
     group.show();
@@ -496,6 +497,8 @@ void CodeEditorGroupTest::ShowsAHintWhileItIsEmpty()
     QSignalSpy asked(&group, &CodeEditorGroup::NewTabRequested);
     QTest::mouseDClick(hint, Qt::LeftButton);
     QCOMPARE(asked.count(), 1);
+    QCOMPARE(OpenMenu(hint, {5, 5}), QStringList("New..."));
+    QApplication::activePopupWidget()->close();
 
     QAction open;
     m_keyBindings.SetAction(KeyBindings::OpenFile, &open);

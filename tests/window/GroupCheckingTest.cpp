@@ -67,7 +67,7 @@ void GroupCheckingTest::initTestCase()
 void GroupCheckingTest::init()
 {
     Settings::pylintEnabled = false;
-    m_group = std::make_unique<CodeEditorGroup>(0, &m_keyBindings, nullptr);
+    m_group = std::make_unique<CodeEditorGroup>(0, &m_keyBindings, nullptr, nullptr);
     m_group->resize(500, 300);
     m_group->show();
 }
