@@ -58,18 +58,20 @@ void TarnwickEditor::SaveScriptToShelf()
     const QString text = editor ? ExecuteText(*editor, ExecuteSelection) : QString();
     if (text.isEmpty())
         return;
+    // The dialog lets the event loop run: the editor may be gone afterwards.
+    const bool isMel = editor->GetLanguage() == CodeEditorLanguage::Mel;
     bool accepted = false;
     const QString label = QInputDialog::getText(this, tr("New Shelf Item"),
         tr("Enter name of new shelf item:"), QLineEdit::Normal, QString(), &accepted);
     if (accepted && !label.isEmpty())
-        MayaUtil::SaveScriptToShelf(label, text, editor->GetLanguage() == CodeEditorLanguage::Mel);
+        MayaUtil::SaveScriptToShelf(label, text, isMel);
 }
 
 void TarnwickEditor::PythonUpdateModuleState()
 {
     if (Settings::pythonConfirmOverwriteModuleState) {
-        // Yes is the only button and No the default one, as it has always been: closing the box
-        // leaves the state alone.
+        // A set of Yes alone with No as its default, as it has always been: the toolkit shows both
+        // then, and closing the box leaves the state alone.
         const auto answer = QMessageBox::question(this, tr("Python Module State"),
             tr("Overwrite existing Python module state?"), QMessageBox::Yes, QMessageBox::No);
         if (answer != QMessageBox::Yes)

@@ -6,6 +6,7 @@
 #include "plugin/MayaUtil.h"
 #include "settings/Settings.h"
 #include "support/TestMain.h"
+#include "window/DialogAnswers.h"
 #include "window/WindowFixture.h"
 #include "window/chrome/FlatButton.h"
 #include "window/chrome/StatusBar.h"
@@ -277,7 +278,19 @@ void TarnwickEditorTest::TakesTheModuleBaselineOnTheFirstShow()
     m_frame->hide();
     m_frame->show();
     m_host->RunIdle();
-    QCOMPARE(PythonInt("len(TarnwickEditorHelpers.module_names)"), 1);
+    const auto hasOne
+        = [this] { return PythonInt("len(TarnwickEditorHelpers.module_names)") == 1; };
+    QVERIFY(hasOne());
+    // From then on it asks.
+    DialogAnswers dialogs;
+    for (const char* button : {"", "No", "Yes"}) {
+        QVERIFY(hasOne());
+        dialogs.Press(button);
+        m_window->PythonUpdateModuleState();
+        m_host->RunIdle();
+        QCOMPARE(dialogs.Take().value(0).title, QString("Python Module State"));
+    }
+    QVERIFY(!hasOne());
 }
 
 void TarnwickEditorTest::KeepsTheBuffersTextForTheNextWindow()
