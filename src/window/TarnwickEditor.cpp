@@ -184,6 +184,7 @@ void TarnwickEditor::WriteUserConfigs()
     m_sideBar->ClearInvalidDetailsFromOutline(GetCodeEditorPaths());
     SaveWindowGeometry(false);
     SaveSplitterState();
+    ForgetUnchosenSizes();
     Settings::WriteUserConfig();
     ColorSettings::WriteUserConfig();
     m_keyBindings.WriteUserKeyBindings();
@@ -212,6 +213,7 @@ void TarnwickEditor::hideEvent(QHideEvent* event)
 {
     SaveWindowGeometry(true);
     SaveSplitterState();
+    m_sizeWhenHidden = size();
     QWidget::hideEvent(event);
 }
 

@@ -352,15 +352,13 @@ private:
     void SetEqualGroupSizes();
     void RestoreSplitterState();
     void SaveSplitterState();
-    void StorePaneSizes();
-    bool AreBothPanesShown() const;
+    void ForgetUnchosenSizes();
     static int SideBarMinimumWidth();
     int SideBarExtent() const;
-    int OutputExtent() const;
-    int StoredSideBarExtent() const;
-    int StoredOutputExtent() const;
-    int DefaultSideBarExtent() const;
-    int DefaultOutputExtent() const;
+    int StoredSideBarExtent();
+    int StoredOutputExtent();
+    int TakeDefaultSideBarExtent();
+    int TakeDefaultOutputExtent();
     void SetSideBarExtent(int extent);
     void SetOutputExtent(int extent);
     void OnSplitterHandleEvent(const QSplitter* splitter, const QEvent& event);
@@ -408,6 +406,9 @@ private:
     QHBoxLayout* m_middleRow = nullptr; ///< between the menu bar and the status bar
     ActivityBar* m_activityBar = nullptr;
     StatusBar* m_statusBar = nullptr;
+    int m_defaultSideBarExtent = -1; ///< as it was last given while nobody had chosen another
+    int m_defaultOutputExtent = -1;
+    QSize m_sizeWhenHidden;
     QStringList m_usedPaths; ///< while a walk through the used editors lasts
     bool m_isComplete = false; ///< all that is stored has been read
     bool m_bindingsEnabled = true;

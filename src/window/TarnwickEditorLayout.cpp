@@ -173,24 +173,35 @@ void TarnwickEditor::SetEqualGroupSizes()
 
 void TarnwickEditor::RestoreSplitterState()
 {
+    if (size() != m_sizeWhenHidden)
+        ForgetUnchosenSizes();
     // The default ratios need the extents that the window has now.
     layout()->activate();
     SetSideBarExtent(StoredSideBarExtent());
     SetOutputExtent(StoredOutputExtent());
 }
 
-int TarnwickEditor::StoredSideBarExtent() const
+/// What nobody chose is the default of the window as large as it was, not of one of another size.
+void TarnwickEditor::ForgetUnchosenSizes()
+{
+    if (StoredSideBarExtent() == m_defaultSideBarExtent)
+        Settings::sideBarState.clear();
+    if (StoredOutputExtent() == m_defaultOutputExtent)
+        Settings::outputState.clear();
+}
+
+int TarnwickEditor::StoredSideBarExtent()
 {
     const QList<int> sizes
         = SplitterState::Sizes(Settings::sideBarState, m_sideBarSplitter->orientation(), PANES);
-    return sizes.isEmpty() ? DefaultSideBarExtent() : sizes[!Settings::sideBarLeft];
+    return sizes.isEmpty() ? TakeDefaultSideBarExtent() : sizes[!Settings::sideBarLeft];
 }
 
-int TarnwickEditor::StoredOutputExtent() const
+int TarnwickEditor::StoredOutputExtent()
 {
     const QList<int> sizes
         = SplitterState::Sizes(Settings::outputState, m_outputSplitter->orientation(), PANES);
-    return sizes.isEmpty() ? DefaultOutputExtent() : sizes[!Settings::outputTopLeft];
+    return sizes.isEmpty() ? TakeDefaultOutputExtent() : sizes[!Settings::outputTopLeft];
 }
 
 int TarnwickEditor::SideBarMinimumWidth()
@@ -203,27 +214,24 @@ int TarnwickEditor::SideBarExtent() const
     return m_sideBarSplitter->sizes().value(m_sideBarSplitter->indexOf(m_sideBar));
 }
 
-int TarnwickEditor::OutputExtent() const
-{
-    return m_outputSplitter->sizes().value(m_outputSplitter->indexOf(m_outputPanel));
-}
-
-int TarnwickEditor::DefaultSideBarExtent() const
+int TarnwickEditor::TakeDefaultSideBarExtent()
 {
     const int share
         = Share(m_sideBarSplitter->width(), Settings::sideBarSize, Settings::mainWindowSize);
     const int widest = Theme::Dp(SIDE_BAR_WIDTH) - m_sideBarSplitter->handleWidth();
-    return qBound(SideBarMinimumWidth(), share, widest);
+    m_defaultSideBarExtent = qBound(SideBarMinimumWidth(), share, widest);
+    return m_defaultSideBarExtent;
 }
 
-int TarnwickEditor::DefaultOutputExtent() const
+int TarnwickEditor::TakeDefaultOutputExtent()
 {
     const bool vertical = Settings::outputOrientVertical;
     const QSize least = m_outputPanel->minimumSizeHint().expandedTo(m_outputPanel->minimumSize());
     const int extent = vertical ? m_outputSplitter->height() : m_outputSplitter->width();
     const int share = Share(
         extent - m_outputSplitter->handleWidth(), Settings::outputSize, Settings::codeEditorSize);
-    return qMax(vertical ? least.height() : least.width(), share);
+    m_defaultOutputExtent = qMax(vertical ? least.height() : least.width(), share);
+    return m_defaultOutputExtent;
 }
 
 /// The editors take the rest.
@@ -244,35 +252,17 @@ void TarnwickEditor::SetOutputExtent(int extent)
         Settings::outputTopLeft ? QList<int>{extent, rest} : QList<int>{rest, extent});
 }
 
-bool TarnwickEditor::AreBothPanesShown() const
-{
-    return !m_outputPanel->isHidden() && !m_codeEditorSplitter->isHidden();
-}
-
 /// Only of panes that are shown: a hidden pane keeps the size it will come back with.
-void TarnwickEditor::StorePaneSizes()
+void TarnwickEditor::SaveSplitterState()
 {
     // Before the first show nothing has a size.
     if (!testAttribute(Qt::WA_WState_Polished))
         return;
     if (IsSideBarShown())
         Settings::sideBarState = m_sideBarSplitter->saveState();
-    if (AreBothPanesShown())
+    if (!m_outputPanel->isHidden() && !m_codeEditorSplitter->isHidden())
         Settings::outputState = m_outputSplitter->saveState();
     m_sideBar->SaveState();
-}
-
-/// For the next show, whose window may have another size. A size that nobody chose is then the
-/// default of that window, not of this one.
-void TarnwickEditor::SaveSplitterState()
-{
-    if (!testAttribute(Qt::WA_WState_Polished))
-        return;
-    StorePaneSizes();
-    if (IsSideBarShown() && SideBarExtent() == DefaultSideBarExtent())
-        Settings::sideBarState.clear();
-    if (AreBothPanesShown() && OutputExtent() == DefaultOutputExtent())
-        Settings::outputState.clear();
 }
 
 /// Keeps the place of the floating panel; docked, or not in a panel at all, the stored one stays.
@@ -293,13 +283,13 @@ void TarnwickEditor::OnSplitterHandleEvent(const QSplitter* splitter, const QEve
     switch (event.type()) {
     case QEvent::MouseButtonDblClick:
         if (splitter == m_sideBarSplitter)
-            SetSideBarExtent(DefaultSideBarExtent());
+            SetSideBarExtent(TakeDefaultSideBarExtent());
         else
-            SetOutputExtent(DefaultOutputExtent());
+            SetOutputExtent(TakeDefaultOutputExtent());
         break;
     case QEvent::MouseButtonPress:
         // What a side bar that is dragged away comes back with.
-        StorePaneSizes();
+        SaveSplitterState();
         break;
     case QEvent::MouseButtonRelease:
         // Not now: hiding the side bar takes the handle away that handles this very event.
@@ -313,5 +303,5 @@ void TarnwickEditor::OnSplitterDragged()
 {
     if (!m_sideBar->isHidden() && SideBarExtent() == 0)
         SetSideBarVisible(false, false);
-    StorePaneSizes();
+    SaveSplitterState();
 }

@@ -59,7 +59,7 @@ void TarnwickEditor::ToggleOutput()
 
 void TarnwickEditor::SetPanesVisible(bool codeEditor, bool output)
 {
-    StorePaneSizes();
+    SaveSplitterState();
     const bool focusGoes = (!codeEditor && HasFocusInside(m_codeEditorSplitter))
         || (!output && HasFocusInside(m_outputPanel));
     const bool appears = codeEditor && !Settings::codeEditorVisible;
@@ -107,7 +107,7 @@ bool TarnwickEditor::IsSideBarShown() const
 
 void TarnwickEditor::SetSideBarVisible(bool visible, bool animated)
 {
-    StorePaneSizes();
+    SaveSplitterState();
     const bool focusGoes = !visible && HasFocusInside(m_sideBar);
     Settings::sideBarVisible = visible;
     const int duration = style()->styleHint(QStyle::SH_Widget_Animation_Duration, nullptr, this);
@@ -141,7 +141,7 @@ void TarnwickEditor::FinishSideBarSlide()
 
 void TarnwickEditor::ToggleSideBarPosition()
 {
-    StorePaneSizes();
+    SaveSplitterState();
     Settings::sideBarState = SplitterState::Reversed(Settings::sideBarState);
     Settings::sideBarLeft = !Settings::sideBarLeft;
     ArrangeSideBarSplitter();
@@ -161,7 +161,7 @@ void TarnwickEditor::ToggleCodeEditorLayout()
 
 void TarnwickEditor::SetOutputPosition(bool vertical, bool topLeft)
 {
-    StorePaneSizes();
+    SaveSplitterState();
     // A height says nothing about a width.
     if (vertical != Settings::outputOrientVertical)
         Settings::outputState.clear();
@@ -171,7 +171,7 @@ void TarnwickEditor::SetOutputPosition(bool vertical, bool topLeft)
     Settings::outputTopLeft = topLeft;
     ArrangeOutputSplitter();
     SetOutputExtent(StoredOutputExtent());
-    StorePaneSizes();
+    SaveSplitterState();
 }
 
 /// The page, and the side bar with it.

@@ -264,8 +264,19 @@ void LayoutTest::KeepsOnlyChosenSizesInAnotherWindow()
     showAt(1500, 1000);
     QCOMPARE(SideBarWidth(), 287);
     QVERIFY(qAbs(OutputExtent() - third()) <= 1);
+
+    // Coming back as large as it went, the window stays as it was.
+    const int output = OutputExtent();
+    m_frame->resize(1500, 1100);
+    showAt(1500, 1100);
+    QCOMPARE(OutputExtent(), output);
+    showAt(1500, 700);
+    QVERIFY(qAbs(OutputExtent() - third()) <= 1);
+    Reopen();
+    QVERIFY(qAbs(OutputExtent() - third()) <= 1);
+
     SetExtents(SIDE_BAR, OUTPUT);
-    showAt(1300, 900);
+    showAt(1400, 900);
     QCOMPARE(SideBarWidth(), SIDE_BAR);
     QCOMPARE(OutputExtent(), OUTPUT);
 }
