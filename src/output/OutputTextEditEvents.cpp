@@ -148,5 +148,6 @@ void OutputTextEdit::ShowContextMenu(const QPoint& point)
     menu.addSeparator();
     connect(addEntry(menu, tr("Clear Output"), KeyBindings::ClearOutput), &QAction::triggered, this,
         &OutputTextEdit::ClearAll);
-    menu.exec(mapToGlobal(point));
+    // The point is the viewport's.
+    menu.exec(viewport()->mapToGlobal(point));
 }
