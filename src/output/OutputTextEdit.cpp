@@ -85,6 +85,7 @@ void OutputTextEdit::ClearAll()
     m_findReplace->SetFindInSelectionEnabled(false, false);
     m_findRegion = QTextCursor();
     m_extraSelections.clear();
+    m_currentMatch = QTextCursor();
     setExtraSelections(m_extraSelections);
     UpdateSearchResults();
 }

@@ -156,6 +156,10 @@ private:
     int EndOfView() const;
     void AppendSelection(int start, int end, const QTextCharFormat& format);
     void UpdateRules();
+    bool IsCurrentMatchSelected() const;
+    void PaintCurrentMatch(const QRect& area);
+    void OutlineCurrentMatch(
+        QPainter& painter, const QTextBlock& block, const QPointF& offset) const;
 
     struct Rule
     {
@@ -166,6 +170,7 @@ private:
 
     KeyBindings* m_keyBindings; ///< not owned
     QList<QTextEdit::ExtraSelection> m_extraSelections;
+    QTextCursor m_currentMatch; ///< as marked; null without one
     QString m_pendingText; ///< arrived while hidden
     int m_pendingCutSize = 0; ///< length at which the pending text is cut to the limit again
     std::unique_ptr<QFile> m_logFile; ///< null when not writing

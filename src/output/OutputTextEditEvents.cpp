@@ -2,7 +2,6 @@
 
 #include "language/MelVariableSelection.h"
 #include "output/OutputTextEdit.h"
-#include "output/TimeSpent.h"
 #include "settings/KeyBindings.h"
 #include "settings/Settings.h"
 
@@ -67,15 +66,6 @@ void OutputTextEdit::resizeEvent(QResizeEvent* event)
     if (textCursor().atEnd())
         ScrollToEnd();
     UpdateFindReplacePosition();
-}
-
-void OutputTextEdit::paintEvent(QPaintEvent* event)
-{
-    const TimeSpent spent(m_frameCost);
-    // Painting that was asked for earlier comes before the end of this turn.
-    if (m_extraSelectionsDue && !m_followDue)
-        UpdateExtraSelections();
-    QPlainTextEdit::paintEvent(event);
 }
 
 void OutputTextEdit::focusInEvent(QFocusEvent* event)

@@ -216,7 +216,8 @@ void OutputTextEdit::HighlightFoundSelection(int start, int end)
     const QTextCharFormat found
         = ColorSettings::GetOutputFormat(ColorSettings::FIND_REPLACE_MATCHING, false);
     const QTextCursor cursor = QPlainTextEdit::textCursor();
-    TextSpan current;
+    const TextSpan selected{cursor.selectionStart(), cursor.selectionEnd()};
+    bool isMatchSelected = false;
     for (QTextBlock block = QPlainTextEdit::document()->findBlock(start);
          block.isValid() && block.position() <= end; block = block.next()) {
         for (const TextMatch& match : FindMatches(block.text(), m_searchRegEx)) {
@@ -227,12 +228,12 @@ void OutputTextEdit::HighlightFoundSelection(int start, int end)
             if (to < start || from > end || !inRegion)
                 continue;
             AppendSelection(from, to, found);
-            if (from == cursor.selectionStart() && to == cursor.selectionEnd())
-                current = {from, to};
+            isMatchSelected |= from == selected.start && to == selected.end;
         }
     }
-    if (current.IsValid()) {
-        AppendSelection(current.start, current.end,
-            ColorSettings::GetOutputFormat(ColorSettings::FIND_REPLACE_SELECTED, false));
-    }
+    if (!isMatchSelected)
+        return;
+    AppendSelection(selected.start, selected.end,
+        ColorSettings::GetOutputFormat(ColorSettings::FIND_REPLACE_SELECTED, false));
+    m_currentMatch = m_extraSelections.constLast().cursor;
 }

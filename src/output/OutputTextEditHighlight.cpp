@@ -61,6 +61,7 @@ void OutputTextEdit::UpdateExtraSelections()
         return;
     const QList<QTextEdit::ExtraSelection> shown = m_extraSelections;
     m_extraSelections.clear();
+    m_currentMatch = QTextCursor();
     if (Settings::outputSyntaxHighlightingEnabled) {
         const int start = qMax(0, cursorForPosition({0, 0}).position() - CHARACTERS_ABOVE);
         const int end = EndOfView();

@@ -130,6 +130,11 @@ void OutputFindTest::MarksMatchesAndTheCurrentOne()
     QVERIFY(marks.size() >= 3);
     QCOMPARE(marks.mid(marks.size() - 3),
         (QVector<QPair<int, QColor>>{{0, found}, {5, found}, {0, current}}));
+    // What is selected anyway must not hide that it is the match; around it runs a line.
+    QTextCursor first = m_output->textCursor();
+    first.setPosition(0);
+    const QPoint inside = m_output->cursorRect(first).topLeft() + QPoint(2, 2);
+    QCOMPARE(m_output->viewport()->grab().toImage().pixelColor(inside), current);
     Settings::outputSyntaxHighlightingEnabled = false;
     m_output->UpdateExtraSelections();
     QVERIFY(m_output->extraSelections().isEmpty());
