@@ -4,12 +4,31 @@
 
 #include <QTextDocument>
 
+#include <algorithm>
+
 namespace {
 
 constexpr int SLICE = 8; // ms
 constexpr int GROUP = 64; ///< blocks between two known totals
 // With so many lines given up the expression is hopeless, and the rest is not tried.
 constexpr int MAXIMUM_GIVEN_UP = 100;
+
+/// The text of a line and where it stands in the document.
+struct LineText
+{
+    QString text;
+    int position = 0;
+    QVector<int> breaks; ///< columns at which the document has a break and the line goes on
+
+    TextSpan SpanOf(int start, int end) const
+    {
+        const auto first = std::upper_bound(breaks.cbegin(), breaks.cend(), start);
+        const int before = static_cast<int>(first - breaks.cbegin());
+        const auto last = std::lower_bound(first, breaks.cend(), end);
+        const int within = static_cast<int>(last - first);
+        return {position + start + before, position + end + before + within};
+    }
+};
 
 } // namespace
 
@@ -63,11 +82,10 @@ void DocumentSearch::Finish()
 void DocumentSearch::CountUntil(const QDeadlineTimer& deadline)
 {
     while (m_next.isValid()) {
-        if (m_nextNumber % GROUP == 0)
+        while (m_totalsBefore.size() * GROUP <= m_nextNumber)
             m_totalsBefore.append(m_total);
         m_total += CountMatches(m_next);
-        m_next = m_next.next();
-        ++m_nextNumber;
+        GoToNextLine(m_next, m_nextNumber);
         if (deadline.hasExpired())
             break;
     }
@@ -99,26 +117,48 @@ bool DocumentSearch::IsInRegion(int start, int end) const
     return m_regionStart < 0 || (start >= m_regionStart && end <= m_regionEnd);
 }
 
-/// Calls visit(span, match) for each match in the block until it answers false.
-template <typename Visitor>
-void DocumentSearch::VisitMatches(const QTextBlock& block, Visitor visit) const
+QTextBlock DocumentSearch::FirstOfLine(QTextBlock block) const
 {
-    const int position = block.position();
-    const bool isOutside = m_regionStart >= 0
-        && (position > m_regionEnd || position + block.length() <= m_regionStart);
-    if (!block.isValid() || isOutside || !IsSearching())
+    while (Continues(block))
+        block = block.previous();
+    return block;
+}
+
+void DocumentSearch::GoToNextLine(QTextBlock& block, int& number) const
+{
+    do {
+        block = block.next();
+        ++number;
+    } while (block.isValid() && Continues(block));
+}
+
+/// Calls visit(span, match) for each match in the line that begins with the block until it answers
+/// false.
+template <typename Visitor>
+void DocumentSearch::VisitMatches(const QTextBlock& first, Visitor visit) const
+{
+    if (!first.isValid() || !IsSearching()
+        || (m_regionStart >= 0 && first.position() > m_regionEnd))
         return;
-    const QString text = block.text();
+    LineText line{first.text(), first.position(), {}};
+    QTextBlock block = first.next();
+    for (; block.isValid() && Continues(block); block = block.next()) {
+        line.breaks.append(line.text.size());
+        line.text += block.text();
+    }
+    const QString& text = line.text;
+    if (line.SpanOf(0, text.size()).end < m_regionStart)
+        return;
     // Most lines have none, and one look is cheaper than an iterator.
-    const QRegularExpressionMatch first = m_expression.match(text);
-    if (!first.hasMatch()) {
-        m_givenUp += HasExceededMatchLimit(first) ? 1 : 0;
+    const QRegularExpressionMatch any = m_expression.match(text);
+    if (!any.hasMatch()) {
+        m_givenUp += HasExceededMatchLimit(any) ? 1 : 0;
         return;
     }
     QRegularExpressionMatchIterator matches = m_expression.globalMatch(text);
     while (matches.hasNext()) {
         const QRegularExpressionMatch match = matches.next();
-        const TextSpan span{position + match.capturedStart(), position + match.capturedEnd()};
+        const TextSpan span = line.SpanOf(match.capturedStart(), match.capturedEnd());
         if (IsInRegion(span.start, span.end) && !visit(span, match))
             return;
     }
@@ -142,13 +182,13 @@ QTextBlock DocumentSearch::FirstBlockOfGroup(int group) const
 
 int DocumentSearch::GetNumber(int start) const
 {
-    const QTextBlock wanted = m_document->findBlock(start);
+    const QTextBlock wanted = FirstOfLine(m_document->findBlock(start));
     const int group = wanted.blockNumber() / GROUP;
     if (!IsUpToDate() || !wanted.isValid() || group >= m_totalsBefore.size())
         return -1;
     int number = m_totalsBefore.at(group);
     for (QTextBlock block = FirstBlockOfGroup(group); block != wanted; block = block.next())
-        number += CountMatches(block);
+        number += Continues(block) ? 0 : CountMatches(block);
     bool isFound = false;
     VisitMatches(wanted, [&](const TextSpan& span, const QRegularExpressionMatch&) {
         ++number;
@@ -161,7 +201,7 @@ int DocumentSearch::GetNumber(int start) const
 QRegularExpressionMatch DocumentSearch::GetMatch(const TextSpan& span) const
 {
     QRegularExpressionMatch found;
-    VisitMatches(m_document->findBlock(span.start),
+    VisitMatches(FirstOfLine(m_document->findBlock(span.start)),
         [&](const TextSpan& each, const QRegularExpressionMatch& match) {
             if (each.start == span.start && each.end == span.end)
                 found = match;
@@ -173,7 +213,9 @@ QRegularExpressionMatch DocumentSearch::GetMatch(const TextSpan& span) const
 void DocumentSearch::VisitAllMatches(
     const std::function<void(const TextSpan&, const QRegularExpressionMatch&)>& visit) const
 {
-    for (QTextBlock block = m_document->firstBlock(); block.isValid(); block = block.next()) {
+    int number = 0;
+    for (QTextBlock block = m_document->firstBlock(); block.isValid();
+         GoToNextLine(block, number)) {
         VisitMatches(block, [&visit](const TextSpan& span, const QRegularExpressionMatch& match) {
             visit(span, match);
             return true;
@@ -200,8 +242,9 @@ TextSpan DocumentSearch::FindNext(int from, const QDeadlineTimer& deadline) cons
             found = span;
         return !found.IsValid();
     };
-    QTextBlock block = m_document->findBlock(from);
-    for (int number = block.blockNumber(); block.isValid() && !found.IsValid(); ++number) {
+    QTextBlock block = FirstOfLine(m_document->findBlock(from));
+    int number = block.blockNumber();
+    while (block.isValid() && !found.IsValid()) {
         if (number % GROUP == 0) {
             if (deadline.hasExpired())
                 break;
@@ -210,8 +253,9 @@ TextSpan DocumentSearch::FindNext(int from, const QDeadlineTimer& deadline) cons
                 block = FirstBlockOfGroup(number / GROUP);
             }
         }
-        VisitMatches(block, visit);
-        block = block.next();
+        if (!Continues(block))
+            VisitMatches(block, visit);
+        GoToNextLine(block, number);
     }
     return found;
 }
@@ -225,14 +269,15 @@ TextSpan DocumentSearch::FindPrevious(int before) const
         return span.start < before;
     };
     const int last = m_document->characterCount() - 1;
-    QTextBlock block = m_document->findBlock(qBound(0, before, last));
+    QTextBlock block = FirstOfLine(m_document->findBlock(qBound(0, before, last)));
     for (int number = block.blockNumber(); block.isValid() && !found.IsValid(); --number) {
         if (number % GROUP == GROUP - 1) {
             while (number >= 0 && IsKnownEmpty(number / GROUP))
                 number -= GROUP;
             block = m_document->findBlockByNumber(number);
         }
-        VisitMatches(block, visit);
+        if (!Continues(block))
+            VisitMatches(block, visit);
         block = block.previous();
     }
     return found;

@@ -31,6 +31,9 @@ public:
     /// `document` outlives the search and is not owned.
     DocumentSearch(const QTextDocument* document, QObject* parent);
 
+    /// For documents in which a line may be several blocks: tells which go on with the line of the
+    /// block before. Set before searching; a break between two such blocks is not sought in.
+    void SetContinuation(bool (*continues)(const QTextBlock&)) { m_continues = continues; }
     /// Searches from here on for this: an expression without pattern or with a fault finds nothing.
     /// A negative start means the whole document. Counting begins anew only when something is
     /// another than before, the text included.
@@ -67,7 +70,10 @@ private Q_SLOTS:
 
 private:
     template <typename Visitor>
-    void VisitMatches(const QTextBlock& block, Visitor visit) const;
+    void VisitMatches(const QTextBlock& first, Visitor visit) const;
+    bool Continues(const QTextBlock& block) const { return m_continues && m_continues(block); }
+    QTextBlock FirstOfLine(QTextBlock block) const;
+    void GoToNextLine(QTextBlock& block, int& number) const;
     bool IsSearching() const;
     bool IsInRegion(int start, int end) const;
     bool IsKnownEmpty(int group) const;
@@ -77,11 +83,12 @@ private:
     void CountUntil(const QDeadlineTimer& deadline);
 
     const QTextDocument* m_document; ///< not owned
+    bool (*m_continues)(const QTextBlock&) = nullptr;
     QRegularExpression m_expression;
     int m_regionStart = -1;
     int m_regionEnd = -1;
     QTimer m_timer;
-    QTextBlock m_next; ///< the first block that is not counted
+    QTextBlock m_next; ///< the first line that is not counted
     int m_nextNumber = 0;
     bool m_isFinished = false;
     int m_revision = -1; ///< of the text that was counted
