@@ -10,7 +10,9 @@
 #include "window/chrome/Theme.h"
 
 #include <QFile>
+#include <QMimeData>
 #include <QScrollBar>
+#include <QTextDocumentFragment>
 #include <QTextStream>
 #include <QTimer>
 
@@ -23,6 +25,7 @@ constexpr int LEFT_MARGIN = 4; // design pixels
 OutputTextEdit::OutputTextEdit(KeyBindings* keyBindings, QWidget* parent)
     : QPlainTextEdit(parent)
     , m_keyBindings(keyBindings)
+    , m_longLines(QPlainTextEdit::document())
     , m_frameTimer(new QTimer(this))
 {
     setFrameStyle(QFrame::NoFrame);
@@ -81,13 +84,19 @@ void OutputTextEdit::ClearAll()
     m_joinedText.clear();
     m_pendingText.clear();
     m_followDue = false;
-    clear();
+    Empty();
     m_findReplace->SetFindInSelectionEnabled(false, false);
     m_findRegion = QTextCursor();
     m_extraSelections.clear();
     m_currentMatch = QTextCursor();
     setExtraSelections(m_extraSelections);
     UpdateSearchResults();
+}
+
+void OutputTextEdit::Empty()
+{
+    clear();
+    m_longLines.Forget();
 }
 
 void OutputTextEdit::ScrollToEnd()
@@ -100,7 +109,7 @@ void OutputTextEdit::ScrollToEnd()
 void OutputTextEdit::SetLineLimit(int lines)
 {
     FollowOutput();
-    setMaximumBlockCount(qMax(0, lines));
+    m_longLines.SetLineLimit(lines);
 }
 
 QString OutputTextEdit::GetText()
@@ -110,7 +119,8 @@ QString OutputTextEdit::GetText()
 
 QString OutputTextEdit::GetSelectedText()
 {
-    return textCursor().selectedText();
+    const QTextCursor cursor = textCursor();
+    return m_longLines.WithoutBreaks(cursor.selectedText(), cursor.selectionStart());
 }
 
 QString OutputTextEdit::GetSelectedTextForExecute()
@@ -131,7 +141,7 @@ int OutputTextEdit::GetSelectedEndPosition()
 QString OutputTextEdit::toPlainText()
 {
     FlushJoined();
-    return QPlainTextEdit::toPlainText();
+    return m_longLines.WithoutBreaks(QPlainTextEdit::toPlainText(), 0);
 }
 
 QTextDocument* OutputTextEdit::document()
@@ -149,7 +159,7 @@ QTextCursor OutputTextEdit::textCursor()
 int OutputTextEdit::blockCount()
 {
     FlushJoined();
-    return QPlainTextEdit::blockCount();
+    return m_longLines.GetLineCount();
 }
 
 void OutputTextEdit::selectAll()
@@ -174,6 +184,16 @@ void OutputTextEdit::copy()
 {
     FollowOutput();
     QPlainTextEdit::copy();
+}
+
+/// What is copied or dragged. Whatever waits comes behind the selection.
+QMimeData* OutputTextEdit::createMimeDataFromSelection() const
+{
+    const QTextCursor cursor = QPlainTextEdit::textCursor();
+    auto* const copied = new QMimeData;
+    copied->setText(
+        m_longLines.WithoutBreaks(cursor.selection().toPlainText(), cursor.selectionStart()));
+    return copied;
 }
 
 QList<QTextEdit::ExtraSelection> OutputTextEdit::extraSelections()

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "output/LongLines.h"
 #include "settings/ExtraSelectionProperties.h"
 
 #include <QElapsedTimer>
@@ -26,6 +27,7 @@ class QTimer;
 /// at the repaint that shows progress, before input, or when somebody reads the text. Every reader
 /// therefore goes through this class's own operations (the inherited ones of the same names are
 /// hidden), and the document they see is the same as if each piece had been inserted by itself.
+/// They also join the lines that are too long for one block of the document.
 class OutputTextEdit : public QPlainTextEdit
 {
     Q_OBJECT
@@ -109,6 +111,7 @@ public Q_SLOTS:
     void UpdateFindReplacePosition();
 
 protected:
+    QMimeData* createMimeDataFromSelection() const override;
     bool event(QEvent* event) override;
     bool viewportEvent(QEvent* event) override;
     void showEvent(QShowEvent* event) override;
@@ -143,6 +146,7 @@ private:
     void KeepPending(const QString& text);
     void Join(const QString& text);
     void InsertText(const QString& text);
+    void Empty();
     void FlushJoined();
     void FollowOutput();
     void RepaintIfDue();
@@ -169,6 +173,7 @@ private:
     };
 
     KeyBindings* m_keyBindings; ///< not owned
+    LongLines m_longLines;
     QList<QTextEdit::ExtraSelection> m_extraSelections;
     QTextCursor m_currentMatch; ///< as marked; null without one
     QString m_pendingText; ///< arrived while hidden

@@ -44,7 +44,7 @@ void OutputTextEdit::AppendText(const QString& text)
 void OutputTextEdit::KeepPending(const QString& text)
 {
     m_pendingText += text;
-    const int limit = QPlainTextEdit::document()->maximumBlockCount();
+    const int limit = m_longLines.GetLineLimit();
     if (limit <= 0 || m_pendingText.size() < qMax(PENDING_CUT_SIZE, m_pendingCutSize))
         return;
     m_pendingText.remove(0, TailStart(m_pendingText, limit));
@@ -62,16 +62,18 @@ void OutputTextEdit::Join(const QString& text)
 /// Whatever would be dropped again at once is not inserted in the first place.
 void OutputTextEdit::InsertText(const QString& text)
 {
-    QTextDocument* const document = QPlainTextEdit::document();
-    const int limit = document->maximumBlockCount();
+    const int limit = m_longLines.GetLineLimit();
     const int start = limit > 0 ? TailStart(text, limit) : 0;
-    if (start > 0) {
-        setPlainText(text.mid(start));
+    if (start > 0)
+        Empty();
+    const QString kept = text.mid(start);
+    if (m_longLines.IsNeededFor(kept)) {
+        m_longLines.Append(kept);
         return;
     }
-    QTextCursor cursor(document);
+    QTextCursor cursor(QPlainTextEdit::document());
     cursor.movePosition(QTextCursor::End);
-    cursor.insertText(text);
+    cursor.insertText(kept);
 }
 
 void OutputTextEdit::FlushJoined()

@@ -9,10 +9,20 @@
 #include <QApplication>
 #include <QTextBlock>
 
+namespace {
+
+QTextBlock LastBlock(const QTextCursor& cursor)
+{
+    return cursor.document()->findBlock(cursor.selectionEnd());
+}
+
+} // namespace
+
 void OutputTextEdit::CreateFindReplace()
 {
     using F = FindReplaceWidget;
     m_search = new DocumentSearch(QPlainTextEdit::document(), this);
+    m_search->SetContinuation(&LongLines::Continues);
     m_findReplace = new F(false, this);
     m_findReplace->setObjectName(QStringLiteral("m_findReplace"));
     m_findReplace->UpdateKeyBindings(m_keyBindings);
@@ -231,6 +241,9 @@ void OutputTextEdit::HighlightFoundSelection(int start, int end)
             isMatchSelected |= from == selected.start && to == selected.end;
         }
     }
+    // Piece by piece, a match that goes over from one to the next is not seen.
+    if (!isMatchSelected && cursor.hasSelection() && LongLines::Continues(LastBlock(cursor)))
+        isMatchSelected = IsMatchSelected();
     if (!isMatchSelected)
         return;
     AppendSelection(selected.start, selected.end,

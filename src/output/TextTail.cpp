@@ -1,5 +1,7 @@
 #include "output/TextTail.h"
 
+#include <algorithm>
+
 namespace {
 
 bool IsBreak(ushort character)
@@ -9,6 +11,17 @@ bool IsBreak(ushort character)
 }
 
 } // namespace
+
+int LineEnd(const QString& text, int from)
+{
+    const auto end = std::find_if(text.utf16() + from, text.utf16() + text.size(), IsBreak);
+    return static_cast<int>(end - text.utf16());
+}
+
+int BreakLength(const QString& text, int index)
+{
+    return text.midRef(index, 2) == QLatin1String("\r\n") ? 2 : 1;
+}
 
 int TailStart(const QString& text, int lines)
 {
