@@ -1,6 +1,7 @@
 // What the console costs beside a bare text widget that is appended to line by line.
 
 #include "RatioMain.h"
+#include "editor/FindReplaceWidget.h"
 #include "output/OutputTextEdit.h"
 #include "settings/ColorSettings.h"
 #include "settings/KeyBindings.h"
@@ -17,6 +18,8 @@ namespace {
 constexpr int BURST_LINES = 100000;
 constexpr int SINGLE_LINES = 10000; // one per turn of the event loop
 constexpr int BIG_TEXT_CHARACTERS = 20 * 1000 * 1000;
+constexpr int LONG_LINE_CHARACTERS = 5 * 1000 * 1000;
+constexpr int LONG_LINE_PIECES = 1000; // of which each is printed in a turn of its own
 const QSize SIZE(1000, 400);
 
 /// Like what hosts print: most of it plain, now and then a line that a rule colours.
@@ -50,6 +53,18 @@ const QString& BigText()
         return all;
     }();
     return text;
+}
+
+/// What a script prints that forgets its line ends, such as a list of all there is.
+const QString& LongLine()
+{
+    static const QString line = [] {
+        QString all;
+        for (int i = 0; all.size() < LONG_LINE_CHARACTERS; ++i)
+            all += QStringLiteral("'pCube%1', ").arg(i);
+        return all.left(LONG_LINE_CHARACTERS);
+    }();
+    return line;
 }
 
 void Settle()
@@ -188,6 +203,58 @@ void BareOnePerTurn(benchmark::State& state)
     Check(state, bare->toPlainText(), Lines().mid(0, SINGLE_LINES));
 }
 
+void LongLineAtOnce(benchmark::State& state)
+{
+    const auto console = MakeConsole();
+    for (auto _ : state) {
+        console->AppendText(LongLine());
+        Settle();
+    }
+    Check(state, console->GetText(), {LongLine()});
+}
+
+void BareLongLine(benchmark::State& state)
+{
+    const auto bare = MakeBare();
+    for (auto _ : state) {
+        bare->appendPlainText(LongLine());
+        Settle();
+    }
+    Check(state, bare->toPlainText(), {LongLine()});
+}
+
+void LongLineInPieces(benchmark::State& state)
+{
+    const auto console = MakeConsole();
+    const int size = LONG_LINE_CHARACTERS / LONG_LINE_PIECES;
+    for (auto _ : state) {
+        for (int i = 0; i < LONG_LINE_PIECES; ++i) {
+            console->AppendText(LongLine().mid(i * size, size));
+            QApplication::processEvents();
+        }
+        Settle();
+    }
+    Check(state, console->GetText(), {LongLine()});
+}
+
+/// From one match to the next within the line, of which every word is one.
+void LongLineFindNext(benchmark::State& state)
+{
+    const auto console = MakeConsole();
+    console->AppendText(LongLine());
+    console->ShowFindReplace(false, true);
+    console->GetFindReplace()->SetSearchText(QStringLiteral("pCube"));
+    Settle();
+    const int before = console->GetSelectedStartPosition();
+    for (auto _ : state) {
+        console->FindNext();
+        Settle();
+    }
+    if (console->GetSelectedText() != QLatin1String("pCube")
+        || console->GetSelectedStartPosition() == before)
+        state.SkipWithError("the next match is not selected");
+}
+
 void Register(const char* name, void (*run)(benchmark::State&))
 {
     benchmark::RegisterBenchmark(name, run)
@@ -215,5 +282,12 @@ int main(int argc, char** argv)
     Register("one_line_per_frame", OnePerFrame);
     Register("one_line_per_frame/floor", BareOnePerTurn);
     RatioGoal("one_line_per_frame", 3.3);
+    Register("long_line_at_once", LongLineAtOnce);
+    Register("long_line_at_once/floor", BareLongLine);
+    RatioGoal("long_line_at_once", 0.05);
+    Register("long_line_in_pieces", LongLineInPieces);
+    TimeGoal("long_line_in_pieces", 2000);
+    Register("long_line_find_next", LongLineFindNext);
+    TimeGoal("long_line_find_next", 100);
     return RunBenchmarks(argc, argv);
 }
