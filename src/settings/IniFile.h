@@ -7,8 +7,8 @@ class QString;
 namespace IniFile {
 
 /// The toolkit drops lines that it cannot read when it writes a file again. Call this when the file
-/// is first opened: one with such lines is copied beside itself with ".broken" at the end (an older
-/// copy stays) and a warning names both.
+/// is first opened: one with such lines is copied beside itself with ".broken" at the end, and a
+/// number when there is an older copy, and a warning names both.
 void KeepWhatCannotBeRead(const QSettings& file);
 
 /// Writes the file out; a failure is logged as `message` with the path in place of "%1".

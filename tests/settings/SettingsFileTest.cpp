@@ -163,9 +163,16 @@ void SettingsFileTest::BrokenFileGivesWhatCanBeRead()
     // Writing puts it in order, and what had no order is still there for its owner.
     Settings::WriteUserConfig();
     QVERIFY(!m_files->ReadIni().contains("no equals sign"));
-    QFile kept(m_files->IniPath() + ".broken");
-    QVERIFY(kept.open(QIODevice::ReadOnly));
-    QVERIFY(kept.readAll().contains("no equals sign"));
+    m_files->WriteIni("[main]\nbroken again\n");
+    for (int i = 0; i < 2; ++i)
+        Settings::ReadUserConfig();
+    const auto kept = [this](const QString& name, const QByteArray& line) {
+        QFile file(m_files->IniPath() + name);
+        return file.open(QIODevice::ReadOnly) && file.readAll().contains(line);
+    };
+    QVERIFY(kept(".broken", "no equals sign"));
+    QVERIFY(kept(".broken2", "broken again"));
+    QVERIFY(!QFile::exists(m_files->IniPath() + ".broken3"));
 }
 
 void SettingsFileTest::HiddenPanels_data()
