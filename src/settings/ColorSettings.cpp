@@ -124,32 +124,31 @@ QColor RoleColor(const char* text, const QPalette& palette, QPalette::ColorRole 
     return text == FROM_PALETTE ? palette.color(role) : QColor(QLatin1String(text));
 }
 
-HighlightProperties BuiltIn(const Role& role, const QPalette& palette)
+HighlightProperties MakeProperties(const QString& label, const QColor& foreground,
+    const QColor& background, bool isSyntax, int weight, bool italic,
+    QTextCharFormat::UnderlineStyle underline)
 {
-    const QColor foreground = RoleColor(role.foreground, palette, QPalette::HighlightedText);
-    const QColor background = RoleColor(role.background, palette, QPalette::Highlight);
     QTextCharFormat format;
     if (foreground.isValid())
         format.setForeground(foreground);
     if (background.isValid())
         format.setBackground(background);
-    format.setFontWeight(QFont::Normal);
-    format.setFontItalic(role.italic);
-    format.setUnderlineStyle(QTextCharFormat::NoUnderline);
-    return {QString::fromLatin1(role.label), format, format, role.isSyntax};
+    format.setFontWeight(weight);
+    format.setFontItalic(italic);
+    format.setUnderlineStyle(underline);
+    return {label, format, format, isSyntax};
 }
 
-template <size_t N>
-void AppendRoles(
-    const Role (&roles)[N], QMap<QString, HighlightProperties>& map, QStringList& order)
+template <size_t N, typename Append>
+void AppendRoles(const Role (&roles)[N], Append append)
 {
     // The colours of selected text follow the host's style, which only a text widget knows.
     const QPalette palette = QPlainTextEdit().palette();
-    map.clear();
-    order.clear();
     for (const Role& role : roles) {
-        map.insert(role.key, BuiltIn(role, palette));
-        order += role.key;
+        append(role.key, QString::fromLatin1(role.label),
+            RoleColor(role.foreground, palette, QPalette::HighlightedText),
+            RoleColor(role.background, palette, QPalette::Highlight), role.isSyntax, QFont::Normal,
+            role.italic, QTextCharFormat::NoUnderline);
     }
 }
 
@@ -193,10 +192,14 @@ HighlightProperties PropertiesOf(const QMap<QString, HighlightProperties>& map, 
 
 void ColorSettings::Initialize()
 {
-    AppendRoles(CODE_EDITOR_ROLES, codeEditorHighlights, codeEditorHighlightOrderedKeys);
+    codeEditorHighlights.clear();
+    codeEditorHighlightOrderedKeys.clear();
+    AppendRoles(CODE_EDITOR_ROLES, &ColorSettings::AppendCodeEditorFormat);
     PaintWholeWidth(codeEditorHighlights[FIND_REPLACE_SELECTION]);
     PaintWholeWidth(codeEditorHighlights[CURRENT_LINE]);
-    AppendRoles(OUTPUT_ROLES, outputHighlights, outputHighlightOrderedKeys);
+    outputHighlights.clear();
+    outputHighlightOrderedKeys.clear();
+    AppendRoles(OUTPUT_ROLES, &ColorSettings::AppendOutputFormat);
     PaintWholeWidth(outputHighlights[FIND_REPLACE_SELECTION]);
     outputUserDefinedSelections.clear();
     for (const BuiltInRule& rule : OUTPUT_RULES) {
@@ -209,6 +212,24 @@ void ColorSettings::Initialize()
     infoFormat = Wave("#569cd6");
     sideBarBaseColor = QColor(QStringLiteral("#262626"));
     sideBarHighlightColor = QColor(QStringLiteral("#363636"));
+}
+
+void ColorSettings::AppendCodeEditorFormat(const QString& key, const QString& label,
+    const QColor& foreground, const QColor& background, bool isSyntax, int weight, bool italic,
+    QTextCharFormat::UnderlineStyle underline)
+{
+    codeEditorHighlights.insert(
+        key, MakeProperties(label, foreground, background, isSyntax, weight, italic, underline));
+    codeEditorHighlightOrderedKeys += key;
+}
+
+void ColorSettings::AppendOutputFormat(const QString& key, const QString& label,
+    const QColor& foreground, const QColor& background, bool isSyntax, int weight, bool italic,
+    QTextCharFormat::UnderlineStyle underline)
+{
+    outputHighlights.insert(
+        key, MakeProperties(label, foreground, background, isSyntax, weight, italic, underline));
+    outputHighlightOrderedKeys += key;
 }
 
 QTextCharFormat ColorSettings::GetCodeEditorFormat(const QString& key, bool defaultFormat)

@@ -88,4 +88,13 @@ public:
     inline static QTextCharFormat infoFormat;
     inline static QColor sideBarBaseColor;
     inline static QColor sideBarHighlightColor;
+
+private:
+    // One more role, last in its order. An invalid colour leaves that brush unset.
+    static void AppendCodeEditorFormat(const QString& key, const QString& label,
+        const QColor& foreground, const QColor& background, bool isSyntax, int weight, bool italic,
+        QTextCharFormat::UnderlineStyle underline);
+    static void AppendOutputFormat(const QString& key, const QString& label,
+        const QColor& foreground, const QColor& background, bool isSyntax, int weight, bool italic,
+        QTextCharFormat::UnderlineStyle underline);
 };
