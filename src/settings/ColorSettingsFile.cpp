@@ -11,6 +11,7 @@ namespace {
 constexpr int FILE_VERSION = 1;
 constexpr int FORMAT_FIELDS = 5;
 constexpr int RULE_FIELDS = 9;
+constexpr int PATTERN_FIELD = 5;
 const QString RULE_SEPARATOR = QStringLiteral(";;;");
 const QString NOT_SET = QStringLiteral("Not Set");
 const QString CUSTOM_GROUP = QStringLiteral("customhighlighting");
@@ -22,12 +23,24 @@ QString Digit(bool on)
     return on ? QStringLiteral("1") : QStringLiteral("0");
 }
 
-/// Fields are numbers of 32 bits, colour included; 0 means "no colour".
+/// Fields are numbers of 32 bits; 0 means "no colour". Colours are opaque, as they are written:
+/// without its highest byte a number would stand for a text that nobody sees.
 QColor FieldColor(const QString& field)
 {
     bool valid = false;
     const uint argb = field.toUInt(&valid);
-    return valid && argb != 0 ? QColor::fromRgba(argb) : QColor();
+    return valid && argb != 0 ? QColor(argb) : QColor();
+}
+
+/// All nine, or none when the text is no rule. Nobody keeps separators out of a pattern.
+QStringList RuleFields(const QString& text)
+{
+    QStringList fields = text.split(RULE_SEPARATOR);
+    if (fields.size() < RULE_FIELDS)
+        return {};
+    while (fields.size() > RULE_FIELDS)
+        fields[PATTERN_FIELD] += RULE_SEPARATOR + fields.takeAt(PATTERN_FIELD + 1);
+    return fields;
 }
 
 /// A format string holds commas, which a file written by hand may leave without quotes: it reads
@@ -136,15 +149,14 @@ QString ColorSettings::GetExtraSelectionString(const ExtraSelectionProperties& r
 
 ExtraSelectionProperties ColorSettings::LoadExtraSelectionString(const QString& text)
 {
-    const QStringList fields = text.split(RULE_SEPARATOR);
-    if (fields.size() != RULE_FIELDS)
+    const QStringList fields = RuleFields(text);
+    if (fields.isEmpty())
         return {};
     const auto isOn = [&](int field) { return fields[field].toInt() != 0; };
-    const auto color = [&](int flag, int field) {
-        return isOn(flag) ? QColor::fromRgba(fields[field].toUInt()) : QColor();
-    };
+    const auto color
+        = [&](int flag, int field) { return isOn(flag) ? FieldColor(fields[field]) : QColor(); };
     return ExtraSelectionProperties(
-        fields[0], color(3, 1), color(4, 2), fields[5], isOn(6), isOn(7), isOn(8));
+        fields[0], color(3, 1), color(4, 2), fields[PATTERN_FIELD], isOn(6), isOn(7), isOn(8));
 }
 
 QString ColorSettings::GetUserConfigPath()
@@ -168,9 +180,9 @@ void ColorSettings::ReadUserConfig()
     const QStringList keys = ini.childKeys();
     QVector<ExtraSelectionProperties> rules;
     for (const QString& key : keys) {
-        const ExtraSelectionProperties rule = LoadExtraSelectionString(StoredText(ini, key));
-        if (!rule.pattern.isEmpty())
-            rules += rule;
+        const QString text = StoredText(ini, key);
+        if (!RuleFields(text).isEmpty())
+            rules += LoadExtraSelectionString(text);
     }
     if (!keys.isEmpty())
         outputUserDefinedSelections = rules;

@@ -81,14 +81,14 @@ void ColorSettingsTest::RulesComeInTheOrderOfTheirKeys()
     ColorSettings::outputUserDefinedSelections.clear();
     for (int i = 0; i < 12; ++i) {
         ColorSettings::outputUserDefinedSelections += ExtraSelectionProperties(
-            QString::number(i), Qt::red, QColor(), "a;b,c", false, true, i % 2 == 0);
+            QString::number(i), Qt::red, QColor(), "a;;;b,c", false, true, i % 2 == 0);
     }
     ColorSettings::WriteUserConfig();
     ColorSettings::ReadUserConfig();
     QStringList names;
     for (const ExtraSelectionProperties& rule : ColorSettings::outputUserDefinedSelections) {
         names += rule.name;
-        QCOMPARE(rule.pattern, QString("a;b,c"));
+        QCOMPARE(rule.pattern, QString("a;;;b,c"));
         QCOMPARE(rule.enabled, rule.name.toInt() % 2 == 0);
         QVERIFY(rule.hasForeground && !rule.hasBackground && rule.wholeLine);
     }
