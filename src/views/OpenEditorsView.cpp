@@ -90,8 +90,9 @@ int OpenEditorsView::GetNaturalHeight() const
 void OpenEditorsView::UpdateNote()
 {
     int modified = 0;
+    // A buffer keeps itself; nobody has to save it.
     for (const Editor& editor : qAsConst(m_editors))
-        modified += editor.modified ? 1 : 0;
+        modified += editor.modified && editor.properties.type == CodeEditorType::File ? 1 : 0;
     GetHeader()->SetNote(modified == 0 ? QString() : tr("%n modified", nullptr, modified));
 }
 
