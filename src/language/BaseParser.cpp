@@ -76,19 +76,19 @@ void BaseParser::AppendItem(const QString& name, ParserItemType type, int positi
 
 void BaseParser::ParenthesesError(QChar expected, int start, int end)
 {
-    ReportBracket(QStringLiteral("Expected a '%1'"), expected, start, end);
+    ReportBracket(QLatin1String("Expected a '%1'"), expected, start, end);
 }
 
 void BaseParser::UnexpectedParenthesesError(QChar found, int start, int end)
 {
-    ReportBracket(QStringLiteral("Unexpected '%1'"), found, start, end);
+    ReportBracket(QLatin1String("Unexpected '%1'"), found, start, end);
 }
 
-void BaseParser::ReportBracket(const QString& message, QChar bracket, int start, int end)
+void BaseParser::ReportBracket(QLatin1String message, QChar bracket, int start, int end)
 {
     if (m_parenthesesErrorReported)
         return;
-    AppendError(message.arg(bracket), start, end);
+    AppendError(QString(message).arg(bracket), start, end);
     m_parenthesesErrorReported = true;
 }
 
@@ -126,7 +126,9 @@ int BaseParser::NameEnd(int from, QChar extra) const
 
 bool BaseParser::StartsWith(int from, QLatin1String word) const
 {
-    return QStringView(m_script).mid(from).startsWith(word);
+    return m_script.length() - from >= word.size()
+        && std::equal(word.cbegin(), word.cend(), m_script.cbegin() + from,
+            [](char expected, QChar found) { return found == QLatin1Char(expected); });
 }
 
 bool BaseParser::IsEscaped(int position) const

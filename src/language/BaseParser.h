@@ -73,5 +73,5 @@ protected:
 
 private:
     bool IsEscaped(int position) const;
-    void ReportBracket(const QString& message, QChar bracket, int start, int end);
+    void ReportBracket(QLatin1String message, QChar bracket, int start, int end);
 };

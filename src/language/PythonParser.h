@@ -2,7 +2,6 @@
 
 #include "language/BaseParser.h"
 
-#include <QStringList>
 #include <QStringView>
 
 /// Imports, classes, functions and the main guard of a Python script, its TODO notes, and the
@@ -58,7 +57,7 @@ private:
     bool m_expectIndent = false; ///< the last logical line ended with a colon
     QStringView m_currentIndent; ///< a part of the script, as all indents here
     QVector<QStringView> m_indentStack; ///< of the open blocks; the base entry is empty
-    QStringList m_decorators; ///< directly above the current statement
+    QVector<QStringView> m_decorators; ///< directly above the current statement
     bool m_indentErrorReported = false;
     bool m_mixedIndentWarned = false;
     int m_nextWord = -1; ///< a word's start found while inside brackets

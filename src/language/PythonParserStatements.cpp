@@ -1,5 +1,7 @@
 #include "language/PythonParser.h"
 
+#include <QStringList>
+
 #include <algorithm>
 
 namespace {
@@ -64,7 +66,7 @@ Part Aliased(const Part& part)
 bool PythonParser::ParseDecorator()
 {
     const int end = LineEnd(m_position);
-    m_decorators.append(m_script.mid(m_position + 1, end - m_position - 1));
+    m_decorators.append(QStringView(m_script).mid(m_position + 1, end - m_position - 1));
     m_position = end;
     Newline(false);
     return true;
@@ -210,8 +212,8 @@ bool PythonParser::ParseDefinition(int name, ParserItemType type)
 /// The decorator nearest to the definition decides.
 ParserItemType PythonParser::MethodType() const
 {
-    const int staticIndex = m_decorators.lastIndexOf(QStringLiteral("staticmethod"));
-    const int classIndex = m_decorators.lastIndexOf(QStringLiteral("classmethod"));
+    const int staticIndex = m_decorators.lastIndexOf(u"staticmethod");
+    const int classIndex = m_decorators.lastIndexOf(u"classmethod");
     if (staticIndex < 0 && classIndex < 0)
         return ParserItemType::PythonMethod;
     return staticIndex > classIndex ? ParserItemType::PythonStaticMethod

@@ -2,6 +2,17 @@
 
 #include <QHash>
 
+namespace {
+
+constexpr uint NO_WORD = 0;
+
+uint HashOf(QStringView word)
+{
+    return qMax(1U, qHash(word));
+}
+
+} // namespace
+
 WordSet::WordSet(const QStringList& words)
 {
     if (words.join(QString()).isEmpty())
@@ -9,24 +20,29 @@ WordSet::WordSet(const QStringList& words)
     int size = 16;
     while (size < words.size() * 2)
         size *= 2;
-    m_slots.resize(size);
+    m_hashes.resize(size);
+    m_words.resize(size);
     for (const QString& word : words) {
-        if (!word.isEmpty())
-            m_slots[SlotOf(word)] = word;
+        if (word.isEmpty())
+            continue;
+        const int slot = SlotOf(word);
+        m_hashes[slot] = HashOf(word);
+        m_words[slot] = word;
     }
 }
 
 bool WordSet::Contains(QStringView word) const
 {
-    return !m_slots.isEmpty() && !word.isEmpty() && !m_slots.at(SlotOf(word)).isEmpty();
+    return !IsEmpty() && !word.isEmpty() && m_hashes.at(SlotOf(word)) != NO_WORD;
 }
 
 /// Where the word is, or else where it would go.
 int WordSet::SlotOf(QStringView word) const
 {
-    const int mask = m_slots.size() - 1;
-    int slot = int(qHash(word)) & mask;
-    while (!m_slots.at(slot).isEmpty() && word != m_slots.at(slot))
+    const int mask = m_hashes.size() - 1;
+    const uint hash = HashOf(word);
+    int slot = int(hash) & mask;
+    while (m_hashes.at(slot) != NO_WORD && (m_hashes.at(slot) != hash || word != m_words.at(slot)))
         slot = (slot + 1) & mask;
     return slot;
 }

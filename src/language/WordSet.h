@@ -13,11 +13,14 @@ public:
     /// Empty entries are left out.
     explicit WordSet(const QStringList& words);
 
-    bool IsEmpty() const { return m_slots.isEmpty(); }
+    bool IsEmpty() const { return m_hashes.isEmpty(); }
     bool Contains(QStringView word) const;
 
 private:
     int SlotOf(QStringView word) const;
 
-    QVector<QString> m_slots; ///< open addressing, at most half full; a power of two
+    // Open addressing, at most half full, the size a power of two. Most words that are asked for
+    // are none, which the hashes alone tell.
+    QVector<uint> m_hashes;
+    QVector<QString> m_words;
 };

@@ -1,6 +1,6 @@
+#include "NaiveHighlighting.h"
 #include "editor/CodeEditorBlockData.h"
 #include "language/MelHighlighter.h"
-#include "language/NaiveHighlighting.h"
 #include "language/PythonHighlighter.h"
 #include "settings/ColorSettings.h"
 #include "settings/SettingsFixture.h"

@@ -1,4 +1,4 @@
-#include "language/NaiveHighlighting.h"
+#include "NaiveHighlighting.h"
 
 #include "plugin/MayaUtil.h"
 #include "settings/ColorSettings.h"
@@ -9,12 +9,6 @@
 using Colors = ColorSettings;
 
 namespace {
-
-void Fill(QStringList& roles, int start, int length, const QString& role)
-{
-    for (int i = start; i < start + length; ++i)
-        roles[i] = role;
-}
 
 const QRegularExpression& Compiled(const QString& pattern)
 {
@@ -63,44 +57,52 @@ NaiveHighlighting::NaiveHighlighting(Language language)
     m_commandRole = Colors::MEL_COMMANDS;
 }
 
+int NaiveHighlighting::Highlight(const QString& line, int state, const Fill& fill) const
+{
+    Apply(m_early, line, fill);
+    ApplyWords(line, fill);
+    Apply(m_rules, line, fill);
+    return ApplyRegions(line, state, fill);
+}
+
 QStringList NaiveHighlighting::RolesOf(const QString& line, int& state) const
 {
     QStringList roles;
     for (int i = 0; i < line.size(); ++i)
         roles += QString();
-    Apply(m_early, line, roles);
-    ApplyWords(line, roles);
-    Apply(m_rules, line, roles);
-    ApplyRegions(line, state, roles);
+    state = Highlight(line, state, [&roles](int start, int length, const QString& role) {
+        for (int i = start; i < start + length; ++i)
+            roles[i] = role;
+    });
     return roles;
 }
 
-void NaiveHighlighting::Apply(const QVector<Rule>& rules, const QString& line, QStringList& roles)
+void NaiveHighlighting::Apply(const QVector<Rule>& rules, const QString& line, const Fill& fill)
 {
     for (const Rule& rule : rules) {
         auto matches = Compiled(rule.pattern).globalMatch(line);
         while (matches.hasNext()) {
             const QRegularExpressionMatch match = matches.next();
-            Fill(roles, match.capturedStart(), match.capturedLength(), rule.role);
+            fill(match.capturedStart(), match.capturedLength(), rule.role);
         }
     }
 }
 
-void NaiveHighlighting::ApplyWords(const QString& line, QStringList& roles) const
+void NaiveHighlighting::ApplyWords(const QString& line, const Fill& fill) const
 {
     auto builtins = Compiled("[.a-zA-Z0-9_]+").globalMatch(line);
     while (builtins.hasNext()) {
         const QRegularExpressionMatch word = builtins.next();
         if (m_builtins.contains(word.captured()))
-            Fill(roles, word.capturedStart(), word.capturedLength(), m_builtinRole);
+            fill(word.capturedStart(), word.capturedLength(), m_builtinRole);
     }
     auto words = Compiled("[-$a-zA-Z0-9_]+").globalMatch(line);
     while (words.hasNext()) {
         const QRegularExpressionMatch word = words.next();
         if (m_keywords.contains(word.captured()))
-            Fill(roles, word.capturedStart(), word.capturedLength(), m_keywordRole);
+            fill(word.capturedStart(), word.capturedLength(), m_keywordRole);
         else if (m_commands.contains(word.captured()))
-            Fill(roles, word.capturedStart(), word.capturedLength(), m_commandRole);
+            fill(word.capturedStart(), word.capturedLength(), m_commandRole);
     }
 }
 
@@ -117,7 +119,7 @@ int NaiveHighlighting::FirstRegion(const QString& line, int from, int& start) co
     return first;
 }
 
-void NaiveHighlighting::ApplyRegions(const QString& line, int& state, QStringList& roles) const
+int NaiveHighlighting::ApplyRegions(const QString& line, int state, const Fill& fill) const
 {
     int start = 0;
     int searchFrom = 0;
@@ -126,7 +128,7 @@ void NaiveHighlighting::ApplyRegions(const QString& line, int& state, QStringLis
         open = FirstRegion(line, 0, start);
         searchFrom = open < 0 ? 0 : start + m_regions.at(open).startLength;
     }
-    for (state = -1; open >= 0;) {
+    while (open >= 0) {
         const Region& region = m_regions.at(open);
         const QRegularExpression& endPattern = Compiled(region.end);
         QRegularExpressionMatch end = endPattern.match(line, searchFrom);
@@ -135,12 +137,11 @@ void NaiveHighlighting::ApplyRegions(const QString& line, int& state, QStringLis
             && backslashes.match(line.left(end.capturedStart())).capturedLength() % 2 != 0)
             end = endPattern.match(line, end.capturedStart() + 1);
         const int regionEnd = end.hasMatch() ? end.capturedEnd() : line.size();
-        Fill(roles, start, regionEnd - start, region.role);
-        if (!end.hasMatch()) {
-            state = !region.backslashOnly || line.endsWith('\\') ? open : -1;
-            return;
-        }
+        fill(start, regionEnd - start, region.role);
+        if (!end.hasMatch())
+            return !region.backslashOnly || line.endsWith('\\') ? open : -1;
         open = FirstRegion(line, regionEnd, start);
         searchFrom = open < 0 ? 0 : start + m_regions.at(open).startLength;
     }
+    return -1;
 }
