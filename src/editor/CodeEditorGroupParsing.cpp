@@ -138,11 +138,11 @@ void CodeEditorGroup::CreateWorkerThread()
 
 void CodeEditorGroup::DestroyWorkerThread()
 {
+    Q_EMIT ShutdownWorkers();
     if (!m_workerThread->isRunning()) {
         delete m_pylintWorker; // never started, or gone with the thread
         return;
     }
-    Q_EMIT ShutdownWorkers();
     if (m_workerThread->wait(SHUTDOWN_MILLISECONDS))
         return;
     // Deleted while it runs, the thread would take the whole process with it.

@@ -171,7 +171,7 @@ void TarnwickEditor::OnNewTabRequested()
 void TarnwickEditor::OnMiniToolbarDisplayModified()
 {
     for (CodeEditorGroup* group : qAsConst(m_groups))
-        group->UpdatePreferences();
+        group->SetMiniToolbarVisible(Settings::showTabBarMiniToolbar);
 }
 
 void TarnwickEditor::OnActiveCodeEditorChanged()
