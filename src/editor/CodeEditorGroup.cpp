@@ -235,6 +235,7 @@ int CodeEditorGroup::InsertCodeEditor(int index, CodeEditor* editor)
     SetTabToolTip(place, properties);
     ConnectEditor(editor);
     m_emptyHint->hide();
+    UpdateMiniToolbar();
     return place;
 }
 
@@ -287,6 +288,7 @@ CodeEditor* CodeEditorGroup::RemoveCodeEditor(int index)
     m_tabBar->RemoveTab(index);
     editor->setParent(nullptr);
     m_emptyHint->setVisible(GetCount() == 0);
+    UpdateMiniToolbar();
     Q_EMIT TabsChanged();
     return editor;
 }

@@ -285,8 +285,12 @@ void CodeEditorGroup::UpdateMiniToolbar()
 {
     m_scrollLeftButton->setEnabled(m_tabBar->CanScroll(-1));
     m_scrollRightButton->setEnabled(m_tabBar->CanScroll(1));
-    for (const MiniButton* row = MiniButtons(); row->label; ++row)
+    const bool hasEditors = GetCount() > 0;
+    for (const MiniButton* row = MiniButtons(); row->label; ++row) {
         (this->*row->button)->setVisible(*row->shown);
+        (this->*row->button)->setEnabled(hasEditors);
+    }
+    m_openEditorsButton->setEnabled(hasEditors);
     m_miniToolbar->setVisible(m_miniToolbarVisible && HasRoomForMiniToolbar());
 }
 

@@ -518,10 +518,11 @@ void CodeEditorGroupTest::ShowsAHintWhileItIsEmpty()
     QCOMPARE(moved.count(), 1);
     QCOMPARE(moved.at(0).at(3).value<TabDropZone>(), TabDropZone::Center);
 
+    const auto* const execute = group.findChild<QAbstractButton*>("m_executeButton");
     group.MoveCodeEditor(m_group.get(), 0, 0);
-    QVERIFY(!hint->isVisible());
+    QVERIFY(!hint->isVisible() && execute->isEnabled());
     group.DeleteCodeEditor(0);
-    QVERIFY(hint->isVisible());
+    QVERIFY(hint->isVisible() && !execute->isEnabled());
 }
 
 TE2_TEST(CodeEditorGroupTest)
