@@ -72,7 +72,7 @@ void CodeEditor::ShowMatch(const TextSpan& match)
 bool CodeEditor::IsMatchSelected()
 {
     const TextSpan selected{GetSelectedStartPosition(), GetSelectedEndPosition()};
-    return UpdateSearch().GetMatch(selected).hasMatch();
+    return UpdateSearch().IsMatch(selected);
 }
 
 bool CodeEditor::FindNext()

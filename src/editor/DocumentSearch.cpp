@@ -12,6 +12,7 @@ constexpr int SLICE = 8; // ms
 constexpr int GROUP = 64; ///< blocks between two known totals
 // With so many lines given up the expression is hopeless, and the rest is not tried.
 constexpr int MAXIMUM_GIVEN_UP = 100;
+constexpr int LONG_LINE = 65536; ///< characters from which on matches are remembered
 
 /// The text of a line and where it stands in the document.
 struct LineText
@@ -61,6 +62,8 @@ void DocumentSearch::Begin()
     m_totalsBefore.clear();
     m_isFinished = false;
     m_givenUp = 0;
+    m_longLine = -1;
+    m_longLineSpans.clear();
 }
 
 void DocumentSearch::CountOn()
@@ -141,10 +144,9 @@ void DocumentSearch::VisitMatches(const QTextBlock& first, Visitor visit) const
         || (m_regionStart >= 0 && first.position() > m_regionEnd))
         return;
     LineText line{first.text(), first.position(), {}};
-    QTextBlock block = first.next();
-    for (; block.isValid() && Continues(block); block = block.next()) {
+    for (QTextBlock block = first; IsContinued(block); block = block.next()) {
         line.breaks.append(line.text.size());
-        line.text += block.text();
+        line.text += block.next().text();
     }
     const QString& text = line.text;
     if (line.SpanOf(0, text.size()).end < m_regionStart)
@@ -165,10 +167,34 @@ void DocumentSearch::VisitMatches(const QTextBlock& first, Visitor visit) const
     m_givenUp += matches.isValid() ? 0 : 1;
 }
 
+/// The same for who only wants to know where they are.
+template <typename Visitor>
+void DocumentSearch::VisitSpans(const QTextBlock& first, Visitor visit) const
+{
+    const bool isLong = first.length() > LONG_LINE || IsContinued(first);
+    if (!isLong || !IsUpToDate()) {
+        VisitMatches(first,
+            [&visit](const TextSpan& span, const QRegularExpressionMatch&) { return visit(span); });
+        return;
+    }
+    if (m_longLine != first.position()) {
+        m_longLine = first.position();
+        m_longLineSpans.clear();
+        VisitMatches(first, [this](const TextSpan& span, const QRegularExpressionMatch&) {
+            m_longLineSpans.append(span);
+            return true;
+        });
+    }
+    for (const TextSpan& span : qAsConst(m_longLineSpans)) {
+        if (!visit(span))
+            return;
+    }
+}
+
 int DocumentSearch::CountMatches(const QTextBlock& block) const
 {
     int count = 0;
-    VisitMatches(block, [&count](const TextSpan&, const QRegularExpressionMatch&) {
+    VisitSpans(block, [&count](const TextSpan&) {
         ++count;
         return true;
     });
@@ -190,12 +216,22 @@ int DocumentSearch::GetNumber(int start) const
     for (QTextBlock block = FirstBlockOfGroup(group); block != wanted; block = block.next())
         number += Continues(block) ? 0 : CountMatches(block);
     bool isFound = false;
-    VisitMatches(wanted, [&](const TextSpan& span, const QRegularExpressionMatch&) {
+    VisitSpans(wanted, [&](const TextSpan& span) {
         ++number;
         isFound = span.start == start;
         return span.start < start;
     });
     return isFound ? number : -1;
+}
+
+bool DocumentSearch::IsMatch(const TextSpan& span) const
+{
+    bool isMatch = false;
+    VisitSpans(FirstOfLine(m_document->findBlock(span.start)), [&](const TextSpan& each) {
+        isMatch = each.start == span.start && each.end == span.end;
+        return each.start < span.start;
+    });
+    return isMatch;
 }
 
 QRegularExpressionMatch DocumentSearch::GetMatch(const TextSpan& span) const
@@ -237,7 +273,7 @@ bool DocumentSearch::IsKnownEmpty(int group) const
 TextSpan DocumentSearch::FindNext(int from, const QDeadlineTimer& deadline) const
 {
     TextSpan found;
-    const auto visit = [&](const TextSpan& span, const QRegularExpressionMatch&) {
+    const auto visit = [&](const TextSpan& span) {
         if (span.start >= from)
             found = span;
         return !found.IsValid();
@@ -254,7 +290,7 @@ TextSpan DocumentSearch::FindNext(int from, const QDeadlineTimer& deadline) cons
             }
         }
         if (!Continues(block))
-            VisitMatches(block, visit);
+            VisitSpans(block, visit);
         GoToNextLine(block, number);
     }
     return found;
@@ -263,7 +299,7 @@ TextSpan DocumentSearch::FindNext(int from, const QDeadlineTimer& deadline) cons
 TextSpan DocumentSearch::FindPrevious(int before) const
 {
     TextSpan found;
-    const auto visit = [&](const TextSpan& span, const QRegularExpressionMatch&) {
+    const auto visit = [&](const TextSpan& span) {
         if (span.start < before && span.end <= before)
             found = span;
         return span.start < before;
@@ -277,7 +313,7 @@ TextSpan DocumentSearch::FindPrevious(int before) const
             block = m_document->findBlockByNumber(number);
         }
         if (!Continues(block))
-            VisitMatches(block, visit);
+            VisitSpans(block, visit);
         block = block.previous();
     }
     return found;

@@ -52,6 +52,7 @@ public:
     /// Whether matches were given up for their endless trying; the count may be short then.
     bool HasGivenUp() const { return m_givenUp > 0; }
 
+    bool IsMatch(const TextSpan& span) const;
     /// The match that is exactly this piece; without a match, hasMatch() is false.
     QRegularExpressionMatch GetMatch(const TextSpan& span) const;
     void VisitAllMatches(
@@ -71,6 +72,12 @@ private Q_SLOTS:
 private:
     template <typename Visitor>
     void VisitMatches(const QTextBlock& first, Visitor visit) const;
+    template <typename Visitor>
+    void VisitSpans(const QTextBlock& first, Visitor visit) const;
+    bool IsContinued(const QTextBlock& block) const
+    {
+        return m_continues && m_continues(block.next());
+    }
     bool Continues(const QTextBlock& block) const { return m_continues && m_continues(block); }
     QTextBlock FirstOfLine(QTextBlock block) const;
     void GoToNextLine(QTextBlock& block, int& number) const;
@@ -95,5 +102,7 @@ private:
     int m_total = 0;
     /// Matches before each group of blocks, so that a number needs no walk through the document.
     QVector<int> m_totalsBefore;
+    mutable int m_longLine = -1; ///< where the line begins whose matches are remembered, or -1
+    mutable QVector<TextSpan> m_longLineSpans;
     mutable int m_givenUp = 0; ///< lines, until it is known that they all are like that
 };

@@ -136,6 +136,7 @@ void LongLinesTest::FindsAsIfNothingWereCut()
         QCOMPARE(pair.Read(found.start, found.end),
             pair.whole.toPlainText().mid(wanted.start, wanted.end - wanted.start));
         QCOMPARE(search.GetNumber(found.start), spans.size());
+        QVERIFY(search.IsMatch(found));
         QVERIFY(search.GetMatch(found).hasMatch());
         wanted = expected.FindNext(qMax(wanted.start + 1, wanted.end));
         found = search.FindNext(qMax(found.start + 1, found.end));
