@@ -19,7 +19,7 @@ public:
     /// A line up to `longestWhole` characters stays one block, a longer one is cut into blocks of
     /// `piece` characters, behind a blank if there is one near; both are at least 2. `document` is
     /// not owned.
-    explicit LongLines(QTextDocument* document, int longestWhole = 16384, int piece = 4096);
+    explicit LongLines(QTextDocument* document, int longestWhole = 16384, int piece = 2048);
 
     /// Whether the block goes on with the line of the block before it.
     static bool Continues(const QTextBlock& block);

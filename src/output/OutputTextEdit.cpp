@@ -60,6 +60,9 @@ void OutputTextEdit::CreateConnections()
         &OutputTextEdit::ScheduleExtraSelections);
     connect(verticalScrollBar(), &QScrollBar::rangeChanged, this,
         &OutputTextEdit::ScheduleExtraSelections);
+    // Of a very wide line only what is in view is marked.
+    connect(horizontalScrollBar(), &QScrollBar::valueChanged, this,
+        &OutputTextEdit::ScheduleExtraSelections);
     connect(
         this, &QPlainTextEdit::selectionChanged, this, &OutputTextEdit::ScheduleExtraSelections);
     connect(this, &QPlainTextEdit::updateRequest, this, &OutputTextEdit::OnUpdateRequest);
@@ -73,6 +76,7 @@ void OutputTextEdit::CreateConnections()
 void OutputTextEdit::BreakConnections()
 {
     disconnect(verticalScrollBar(), nullptr, this, nullptr);
+    disconnect(horizontalScrollBar(), nullptr, this, nullptr);
     disconnect(this, nullptr, this, nullptr);
     disconnect(m_findReplace, nullptr, this, nullptr);
     disconnect(m_search, nullptr, this, nullptr);

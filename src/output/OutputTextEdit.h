@@ -7,6 +7,7 @@
 #include <QList>
 #include <QPlainTextEdit>
 #include <QRegularExpression>
+#include <QTextBlock>
 #include <QTextCursor>
 #include <QVector>
 
@@ -159,6 +160,13 @@ private:
     void HighlightFoundSelection(int start, int end);
     int EndOfView() const;
     void AppendSelection(int start, int end, const QTextCharFormat& format);
+    struct MarkedColumns
+    {
+        QTextBlock block;
+        int first = 0;
+        int last = 0;
+    };
+    MarkedColumns ColumnsToMark(const QTextBlock& block) const;
     void UpdateRules();
     bool IsCurrentMatchSelected() const;
     void PaintCurrentMatch(const QRect& area);
@@ -175,6 +183,7 @@ private:
     KeyBindings* m_keyBindings; ///< not owned
     LongLines m_longLines;
     QList<QTextEdit::ExtraSelection> m_extraSelections;
+    MarkedColumns m_markedColumns; ///< of the line that got the last mark, in this update
     QTextCursor m_currentMatch; ///< as marked; null without one
     QString m_pendingText; ///< arrived while hidden
     int m_pendingCutSize = 0; ///< length at which the pending text is cut to the limit again

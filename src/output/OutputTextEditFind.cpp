@@ -118,7 +118,7 @@ DocumentSearch& OutputTextEdit::UpdateSearch()
 bool OutputTextEdit::IsMatchSelected()
 {
     const QTextCursor cursor = textCursor();
-    return UpdateSearch().GetMatch({cursor.selectionStart(), cursor.selectionEnd()}).hasMatch();
+    return UpdateSearch().IsMatch({cursor.selectionStart(), cursor.selectionEnd()});
 }
 
 bool OutputTextEdit::Find(int from, bool backward)
@@ -172,7 +172,7 @@ int OutputTextEdit::SelectedMatchNumber() const
 {
     const QTextCursor cursor = QPlainTextEdit::textCursor();
     const TextSpan selected{cursor.selectionStart(), cursor.selectionEnd()};
-    return m_search->GetMatch(selected).hasMatch() ? m_search->GetNumber(selected.start) : -1;
+    return m_search->IsMatch(selected) ? m_search->GetNumber(selected.start) : -1;
 }
 
 void OutputTextEdit::UpdateSearchResults()
@@ -248,5 +248,5 @@ void OutputTextEdit::HighlightFoundSelection(int start, int end)
         return;
     AppendSelection(selected.start, selected.end,
         ColorSettings::GetOutputFormat(ColorSettings::FIND_REPLACE_SELECTED, false));
-    m_currentMatch = m_extraSelections.constLast().cursor;
+    m_currentMatch = cursor;
 }

@@ -14,6 +14,9 @@ constexpr int CHARACTERS_ABOVE = 600;
 constexpr int PIXELS_BELOW = 50;
 /// Of the last line, which is not looked at to its end when it is endless.
 constexpr int CHARACTERS_OF_LAST_LINE = 10000;
+/// A line this long gets marks only in view and this far beside it; there may be thousands.
+constexpr int WIDE_LINE = 2000;
+constexpr int CHARACTERS_BESIDE = 600;
 
 /// The document's text from `start` up to `end`, lines parted by line feeds, without making a copy
 /// of the whole.
@@ -62,6 +65,7 @@ void OutputTextEdit::UpdateExtraSelections()
     const QList<QTextEdit::ExtraSelection> shown = m_extraSelections;
     m_extraSelections.clear();
     m_currentMatch = QTextCursor();
+    m_markedColumns = {};
     if (Settings::outputSyntaxHighlightingEnabled) {
         const int start = qMax(0, cursorForPosition({0, 0}).position() - CHARACTERS_ABOVE);
         const int end = EndOfView();
@@ -81,8 +85,25 @@ int OutputTextEdit::EndOfView() const
     return qMin(lineEnd, bottom.position() + CHARACTERS_OF_LAST_LINE);
 }
 
+OutputTextEdit::MarkedColumns OutputTextEdit::ColumnsToMark(const QTextBlock& block) const
+{
+    const bool isWide = block.length() > WIDE_LINE && blockBoundingRect(block).isValid();
+    // A wrapped line is as wide as the view.
+    if (!isWide || block.layout()->lineCount() != 1)
+        return {block, 0, block.length()};
+    const QTextLine line = block.layout()->lineAt(0);
+    const double left = -contentOffset().x();
+    return {block, line.xToCursor(left) - CHARACTERS_BESIDE,
+        line.xToCursor(left + viewport()->width()) + CHARACTERS_BESIDE};
+}
+
 void OutputTextEdit::AppendSelection(int start, int end, const QTextCharFormat& format)
 {
+    if (!m_markedColumns.block.contains(start))
+        m_markedColumns = ColumnsToMark(QPlainTextEdit::document()->findBlock(start));
+    const int lineStart = m_markedColumns.block.position();
+    if (end < lineStart + m_markedColumns.first || start > lineStart + m_markedColumns.last)
+        return;
     QTextEdit::ExtraSelection selection;
     selection.cursor = QTextCursor(QPlainTextEdit::document());
     selection.cursor.setPosition(start);
