@@ -2,6 +2,7 @@
 
 #include "editor/SearchExpression.h"
 
+#include <QStringMatcher>
 #include <QTextDocument>
 
 #include <algorithm>
@@ -14,8 +15,33 @@ constexpr int GROUP = 64; ///< blocks between two known totals
 constexpr int MAXIMUM_GIVEN_UP = 100;
 constexpr int LONG_LINE = 65536; ///< characters from which on matches are remembered
 
+/// What the expression seeks if that is plain text; empty if it is anything more.
+QString PlainText(const QRegularExpression& expression)
+{
+    const QRegularExpression::PatternOptions options = expression.patternOptions();
+    const bool ignoresCase = options.testFlag(QRegularExpression::CaseInsensitiveOption);
+    if (options
+        & ~(QRegularExpression::CaseInsensitiveOption
+            | QRegularExpression::UseUnicodePropertiesOption))
+        return {};
+    const QString pattern = expression.pattern();
+    QString text;
+    for (int i = 0; i < pattern.size(); ++i) {
+        const bool isEscaped = pattern.at(i) == QLatin1Char('\\') && ++i < pattern.size();
+        const QChar character = pattern.at(qMin(i, pattern.size() - 1));
+        const bool isWord = character.isLetterOrNumber() || character == QLatin1Char('_');
+        // Which letters are the same beyond these, expressions know better.
+        if (isWord == isEscaped || (ignoresCase && character.unicode() > 127))
+            return {};
+        text += character;
+    }
+    return text;
+}
+
+} // namespace
+
 /// The text of a line and where it stands in the document.
-struct LineText
+struct DocumentSearch::LineText
 {
     QString text;
     int position = 0;
@@ -30,8 +56,6 @@ struct LineText
         return {position + start + before, position + end + before + within};
     }
 };
-
-} // namespace
 
 DocumentSearch::DocumentSearch(const QTextDocument* document, QObject* parent)
     : QObject(parent)
@@ -135,6 +159,16 @@ void DocumentSearch::GoToNextLine(QTextBlock& block, int& number) const
     } while (block.isValid() && Continues(block));
 }
 
+DocumentSearch::LineText DocumentSearch::GetLine(const QTextBlock& first) const
+{
+    LineText line{first.text(), first.position(), {}};
+    for (QTextBlock block = first; IsContinued(block); block = block.next()) {
+        line.breaks.append(line.text.size());
+        line.text += block.next().text();
+    }
+    return line;
+}
+
 /// Calls visit(span, match) for each match in the line that begins with the block until it answers
 /// false.
 template <typename Visitor>
@@ -143,11 +177,7 @@ void DocumentSearch::VisitMatches(const QTextBlock& first, Visitor visit) const
     if (!first.isValid() || !IsSearching()
         || (m_regionStart >= 0 && first.position() > m_regionEnd))
         return;
-    LineText line{first.text(), first.position(), {}};
-    for (QTextBlock block = first; IsContinued(block); block = block.next()) {
-        line.breaks.append(line.text.size());
-        line.text += block.next().text();
-    }
+    const LineText line = GetLine(first);
     const QString& text = line.text;
     if (line.SpanOf(0, text.size()).end < m_regionStart)
         return;
@@ -167,6 +197,32 @@ void DocumentSearch::VisitMatches(const QTextBlock& first, Visitor visit) const
     m_givenUp += matches.isValid() ? 0 : 1;
 }
 
+QVector<TextSpan> DocumentSearch::FindSpans(const QTextBlock& first) const
+{
+    QVector<TextSpan> spans;
+    const QString plain = PlainText(m_expression);
+    if (plain.isEmpty()) {
+        VisitMatches(first, [&spans](const TextSpan& span, const QRegularExpressionMatch&) {
+            spans.append(span);
+            return true;
+        });
+        return spans;
+    }
+    // Many times as fast as an expression, whose matches are costly objects.
+    const LineText line = GetLine(first);
+    const bool ignoresCase
+        = m_expression.patternOptions().testFlag(QRegularExpression::CaseInsensitiveOption);
+    const QStringMatcher matcher(plain, ignoresCase ? Qt::CaseInsensitive : Qt::CaseSensitive);
+    int found = matcher.indexIn(line.text);
+    while (found >= 0) {
+        const TextSpan span = line.SpanOf(found, found + plain.size());
+        if (IsInRegion(span.start, span.end))
+            spans.append(span);
+        found = matcher.indexIn(line.text, found + plain.size());
+    }
+    return spans;
+}
+
 /// The same for who only wants to know where they are.
 template <typename Visitor>
 void DocumentSearch::VisitSpans(const QTextBlock& first, Visitor visit) const
@@ -179,11 +235,7 @@ void DocumentSearch::VisitSpans(const QTextBlock& first, Visitor visit) const
     }
     if (m_longLine != first.position()) {
         m_longLine = first.position();
-        m_longLineSpans.clear();
-        VisitMatches(first, [this](const TextSpan& span, const QRegularExpressionMatch&) {
-            m_longLineSpans.append(span);
-            return true;
-        });
+        m_longLineSpans = FindSpans(first);
     }
     for (const TextSpan& span : qAsConst(m_longLineSpans)) {
         if (!visit(span))

@@ -70,6 +70,9 @@ private Q_SLOTS:
     void CountOn();
 
 private:
+    struct LineText;
+    LineText GetLine(const QTextBlock& first) const;
+    QVector<TextSpan> FindSpans(const QTextBlock& first) const;
     template <typename Visitor>
     void VisitMatches(const QTextBlock& first, Visitor visit) const;
     template <typename Visitor>

@@ -104,6 +104,7 @@ void LongLinesTest::FindsAsIfNothingWereCut_data()
 {
     QTest::addColumn<QString>("pattern");
     QTest::newRow("within words") << "ab";
+    QTest::newRow("plain text with a blank") << "b\\ a";
     QTest::newRow("over a break") << "b{9,12}";
     QTest::newRow("whole lines") << "^.*$";
     QTest::newRow("empty") << "(?=a)";
