@@ -2,8 +2,8 @@
 
 #include "editor/CodeEditor.h"
 #include "editor/CodeEditorGroup.h"
+#include "files/FileText.h"
 #include "settings/Settings.h"
-#include "window/FileText.h"
 #include "window/Question.h"
 #include "window/TarnwickEditor.h"
 

@@ -2,11 +2,11 @@
 
 #include "editor/CodeEditor.h"
 #include "editor/CodeEditorGroup.h"
+#include "files/FileText.h"
 #include "plugin/Logger.h"
 #include "settings/Settings.h"
 #include "views/OutlineView.h"
 #include "views/SideBar.h"
-#include "window/FileText.h"
 #include "window/Question.h"
 #include "window/TarnwickEditor.h"
 
@@ -54,6 +54,11 @@ QString MakeBufferFile(CodeEditorLanguage language)
         return QFileInfo(file).absoluteFilePath();
     Logger::Error(QStringLiteral("Failed to open file for save: %1").arg(file.fileTemplate()));
     return QString();
+}
+
+FileText::Encoding EncodingOf(CodeEditorType type)
+{
+    return type == CodeEditorType::Buffer ? FileText::Encoding::Utf8 : FileText::Encoding::Chosen;
 }
 
 QString AbsolutePath(const QString& path)
@@ -179,7 +184,7 @@ QString TarnwickEditor::GetFileText(const QString& path)
 
 QString TarnwickEditor::ReadText(const QString& path, CodeEditorType type)
 {
-    const QString text = FileText::Read(path, type);
+    const QString text = FileText::Read(path, EncodingOf(type));
     if (!text.isNull() && type == CodeEditorType::File)
         m_diskContents.insert(path, FileText::Fingerprint(path));
     return text;
@@ -187,7 +192,7 @@ QString TarnwickEditor::ReadText(const QString& path, CodeEditorType type)
 
 bool TarnwickEditor::SaveCodeEditor(const QString& path, const QString& text)
 {
-    if (path.isEmpty() || !FileText::Write(path, text, CodeEditorType::File))
+    if (path.isEmpty() || !FileText::Write(path, text, FileText::Encoding::Chosen))
         return false;
     m_diskContents.insert(path, FileText::Fingerprint(path));
     return true;
@@ -216,7 +221,7 @@ bool TarnwickEditor::WriteCodeEditor(CodeEditor* editor)
     editor->GetProperties(properties);
     const bool isBuffer = properties.type == CodeEditorType::Buffer;
     const QString text = editor->GetText();
-    if (isBuffer ? !FileText::Write(properties.filePath, text, properties.type)
+    if (isBuffer ? !FileText::Write(properties.filePath, text, FileText::Encoding::Utf8)
                  : !SaveCodeEditor(properties.filePath, text))
         return false;
     editor->SetModified(false);

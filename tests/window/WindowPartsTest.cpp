@@ -1,7 +1,6 @@
 #include "settings/KeyBindings.h"
 #include "settings/Settings.h"
 #include "support/TestMain.h"
-#include "window/FileText.h"
 #include "window/WindowFixture.h"
 #include "window/chrome/CustomTabBar.h"
 #include "window/chrome/Theme.h"
@@ -9,7 +8,6 @@
 #include <QAction>
 #include <QSettings>
 #include <QSignalSpy>
-#include <QTemporaryDir>
 #include <QtTest>
 
 class WindowPartsTest : public QObject
@@ -25,10 +23,6 @@ private Q_SLOTS:
     void StyleSheetHasNoTokenLeft();
     void LengthsFollowTheScale_data();
     void LengthsFollowTheScale();
-    void BufferTextComesBack_data();
-    void BufferTextComesBack();
-    void AFailedSaveLeavesTheOldText();
-    void ABufferThatCannotBeReadIsNoText();
     void TabBarKeepsTheCurrentTab_data();
     void TabBarKeepsTheCurrentTab();
     void TabBarScrollsTheCurrentTabIntoView();
@@ -133,45 +127,6 @@ void WindowPartsTest::LengthsFollowTheScale()
     Settings::customScaleValue = 1.0;
     QTEST(length, "length");
     QTEST(hairline, "hairline");
-}
-
-void WindowPartsTest::BufferTextComesBack_data()
-{
-    QTest::addColumn<QString>("text");
-    QTest::newRow("empty") << "";
-    QTest::newRow("no line end") << "a";
-    QTest::newRow("blanks and line ends") << " a\t\n\n b \n";
-    QTest::newRow("beyond the basic plane") << QString::fromUtf8("\xf0\x9f\x8c\x8a \xc3\xa9");
-}
-
-void WindowPartsTest::BufferTextComesBack()
-{
-    QFETCH(QString, text);
-    QTemporaryDir directory;
-    const QString path = directory.filePath("buffer.py");
-    QVERIFY(FileText::Write(path, text, CodeEditorType::Buffer));
-    QCOMPARE(FileText::Read(path, CodeEditorType::Buffer), text);
-}
-
-void WindowPartsTest::AFailedSaveLeavesTheOldText()
-{
-    QTemporaryDir directory;
-    m_host->TakeMessages(host::MessageType::Error);
-    const QString path = directory.filePath("missing/buffer.py");
-    QVERIFY(!FileText::Write(path, "new", CodeEditorType::Buffer));
-    QCOMPARE(m_host->TakeMessages(host::MessageType::Error),
-        QStringList("[TarnwickEditor2] Failed to open file for save: " + path));
-}
-
-void WindowPartsTest::ABufferThatCannotBeReadIsNoText()
-{
-    QTemporaryDir directory;
-    m_host->TakeMessages(host::MessageType::Error);
-    // A directory in its place cannot be read by anyone, not even by root.
-    QVERIFY(QDir(directory.path()).mkdir("buffer.py"));
-    QVERIFY(FileText::Read(directory.filePath("buffer.py"), CodeEditorType::Buffer).isNull());
-    QVERIFY(FileText::Read(directory.filePath("missing.py"), CodeEditorType::Buffer).isNull());
-    QCOMPARE(m_host->TakeMessages(host::MessageType::Error).size(), 2);
 }
 
 void WindowPartsTest::TabBarKeepsTheCurrentTab_data()

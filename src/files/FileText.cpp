@@ -1,11 +1,12 @@
-#include "window/FileText.h"
+#include "files/FileText.h"
 
 #include "plugin/Logger.h"
 #include "settings/Settings.h"
 
-#include <QApplication>
 #include <QCryptographicHash>
+#include <QCursor>
 #include <QFile>
+#include <QGuiApplication>
 #include <QSaveFile>
 #include <QTextStream>
 
@@ -15,28 +16,28 @@ namespace {
 class WaitCursor
 {
 public:
-    WaitCursor() { QApplication::setOverrideCursor(Qt::WaitCursor); }
-    ~WaitCursor() { QApplication::restoreOverrideCursor(); }
+    WaitCursor() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
+    ~WaitCursor() { QGuiApplication::restoreOverrideCursor(); }
     WaitCursor(const WaitCursor&) = delete;
     WaitCursor& operator=(const WaitCursor&) = delete;
 };
 
-void SetCodec(QTextStream& stream, CodeEditorType type)
+void SetCodec(QTextStream& stream, FileText::Encoding encoding)
 {
     // Otherwise the locale's, as the stream has it.
-    if (type == CodeEditorType::Buffer || Settings::utf8FileEncodingForReadWrite)
+    if (encoding == FileText::Encoding::Utf8 || Settings::utf8FileEncodingForReadWrite)
         stream.setCodec("UTF-8");
 }
 
 } // namespace
 
-QString FileText::Read(const QString& path, CodeEditorType type)
+QString FileText::Read(const QString& path, Encoding encoding)
 {
     const WaitCursor cursor;
     QFile file(path);
     if (file.open(QIODevice::ReadOnly | QIODevice::Text)) {
         QTextStream stream(&file);
-        SetCodec(stream, type);
+        SetCodec(stream, encoding);
         const QString text = stream.readAll();
         if (file.error() == QFile::NoError)
             return text.isNull() ? QStringLiteral("") : text;
@@ -45,7 +46,7 @@ QString FileText::Read(const QString& path, CodeEditorType type)
     return QString();
 }
 
-bool FileText::Write(const QString& path, const QString& text, CodeEditorType type)
+bool FileText::Write(const QString& path, const QString& text, Encoding encoding)
 {
     const WaitCursor cursor;
     QSaveFile file(path);
@@ -53,7 +54,7 @@ bool FileText::Write(const QString& path, const QString& text, CodeEditorType ty
     file.setDirectWriteFallback(true);
     if (file.open(QIODevice::WriteOnly | QIODevice::Text)) {
         QTextStream stream(&file);
-        SetCodec(stream, type);
+        SetCodec(stream, encoding);
         stream << text;
         stream.flush();
         if (stream.status() == QTextStream::Ok && file.commit())
