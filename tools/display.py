@@ -28,7 +28,7 @@ def start_display():
     reader, writer = os.pipe()
     server = subprocess.Popen(
         ["Xvfb", "-displayfd", str(writer), "-screen", "0", SCREEN, "-dpi", "96", "-nolisten",
-         "tcp"],
+         "tcp", "-noreset"],
         pass_fds=[writer], stderr=subprocess.DEVNULL)
     os.close(writer)
     with os.fdopen(reader) as numbers:
