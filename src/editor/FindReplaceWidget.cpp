@@ -18,7 +18,6 @@ FindReplaceWidget::FindReplaceWidget(bool replaceAvailable, QWidget* parent)
     CreateLayout();
     CreateConnections();
     UpdateReplaceRow();
-    UpdateResultsLabel();
 }
 
 void FindReplaceWidget::CreateConnections()
@@ -122,6 +121,7 @@ void FindReplaceWidget::SetReplaceEnabled(bool enabled)
     m_replaceEnabled = enabled;
     m_replaceVisible = m_replaceVisible && enabled;
     UpdateReplaceRow();
+    UpdateLook();
 }
 
 void FindReplaceWidget::SetFindInSelectionEnabled(bool enabled, bool announce)

@@ -72,7 +72,6 @@ Q_SIGNALS:
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
-    void paintEvent(QPaintEvent* event) override;
 
 private Q_SLOTS:
     void OnSearchParametersChanged();
@@ -85,6 +84,7 @@ private:
 
     void CreateWidgets();
     void CreateLayout();
+    void UpdateLook();
     void CreateConnections();
     void AnnounceSearch(bool incremental, bool retakeRegion);
     /// The keys that the bar takes before the field that has the focus.

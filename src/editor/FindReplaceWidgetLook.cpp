@@ -3,12 +3,12 @@
 #include "editor/FindReplaceWidget.h"
 #include "settings/KeyBindings.h"
 #include "window/chrome/FlatButton.h"
+#include "window/chrome/LookFollower.h"
 #include "window/chrome/Theme.h"
 #include "window/chrome/ToolLineEdit.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QPainter>
 
 namespace {
 
@@ -27,6 +27,13 @@ constexpr int TOGGLE_GAP = 3;
 constexpr int LABEL_WIDTH = 64;
 constexpr int WIDTH_FOR_LABEL = 300; ///< below, the count gives its room to the field
 constexpr int WIDTH_FOR_ARROWS = 220;
+
+void SetColor(QLabel& label, Theme::Role role)
+{
+    QPalette palette = label.palette();
+    palette.setColor(QPalette::WindowText, Theme::Color(role));
+    label.setPalette(palette);
+}
 
 } // namespace
 
@@ -67,7 +74,6 @@ void FindReplaceWidget::CreateWidgets()
     m_replaceLineEdit->setAccessibleName(tr("Replace"));
     m_replaceLineEdit->setPlaceholderText(tr("Replace"));
     for (ToolLineEdit* field : {m_searchLineEdit, m_replaceLineEdit}) {
-        field->setFixedHeight(Theme::Dp(FIELD_HEIGHT));
         field->setMinimumWidth(0);
         field->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
         field->installEventFilter(this);
@@ -89,7 +95,6 @@ void FindReplaceWidget::CreateWidgets()
     m_resultsLabel->setObjectName(QStringLiteral("m_resultsLabel"));
     m_resultsLabel->setAccessibleName(tr("Results"));
     m_resultsLabel->setAlignment(Qt::AlignCenter);
-    m_resultsLabel->setMinimumWidth(Theme::Dp(LABEL_WIDTH));
     m_messageLabel = new QLabel(this);
     m_messageLabel->setObjectName(QStringLiteral("m_messageLabel"));
     m_messageLabel->setAccessibleName(tr("Message"));
@@ -100,36 +105,27 @@ void FindReplaceWidget::CreateWidgets()
 
 void FindReplaceWidget::CreateLayout()
 {
-    const int hairline = Theme::Hairline();
-    const int gap = Theme::Dp(GAP);
     auto* searchRow = new QHBoxLayout;
-    searchRow->setSpacing(gap);
     searchRow->addWidget(m_searchLineEdit, 1);
     for (QWidget* widget : std::initializer_list<QWidget*>{m_resultsLabel, m_previousButton,
              m_nextButton, m_findInSelectionButton, m_closeButton})
         searchRow->addWidget(widget);
 
     auto* replaceRow = new QHBoxLayout;
-    replaceRow->setSpacing(gap);
     replaceRow->addWidget(m_replaceLineEdit);
     replaceRow->addWidget(m_replaceButton);
     replaceRow->addWidget(m_replaceAllButton);
     replaceRow->addStretch(1);
 
     auto* rows = new QVBoxLayout;
-    rows->setSpacing(Theme::Dp(ROW_GAP));
     rows->addLayout(searchRow);
     rows->addLayout(replaceRow);
     rows->addWidget(m_messageLabel);
 
     auto* toggle = new QVBoxLayout;
-    toggle->setContentsMargins(Theme::Dp(TOGGLE_LEFT),
-        (Theme::Dp(FIELD_HEIGHT) - Theme::Dp(TOGGLE_EXTENT)) / 2, Theme::Dp(TOGGLE_GAP), 0);
     toggle->addWidget(m_toggleReplaceButton, 0, Qt::AlignTop);
 
-    const int padding = hairline + Theme::Dp(PADDING);
     auto* layout = new QHBoxLayout(this);
-    layout->setContentsMargins(hairline, padding, padding, padding);
     layout->setSpacing(0);
     layout->addLayout(toggle);
     layout->addLayout(rows, 1);
@@ -141,6 +137,29 @@ void FindReplaceWidget::CreateLayout()
         setTabOrder(order, next);
         order = next;
     }
+    FollowLook(this, [this] { UpdateLook(); });
+}
+
+void FindReplaceWidget::UpdateLook()
+{
+    QLayout* const rows = layout()->itemAt(1)->layout();
+    for (ToolLineEdit* field : {m_searchLineEdit, m_replaceLineEdit})
+        field->setFixedHeight(Theme::Dp(FIELD_HEIGHT));
+    m_resultsLabel->setMinimumWidth(Theme::Dp(LABEL_WIDTH));
+    rows->setSpacing(Theme::Dp(ROW_GAP));
+    for (QLayout* row : rows->findChildren<QLayout*>())
+        row->setSpacing(Theme::Dp(GAP));
+    const int hairline = Theme::Hairline();
+    const int padding = hairline + Theme::Dp(PADDING);
+    const int left = m_replaceEnabled ? hairline : padding + Theme::Dp(PADDING);
+    layout()->setContentsMargins(left, padding, padding, padding);
+    const int above = (Theme::Dp(FIELD_HEIGHT) - Theme::Dp(TOGGLE_EXTENT)) / 2;
+    layout()->itemAt(0)->layout()->setContentsMargins(m_replaceEnabled
+            ? QMargins(Theme::Dp(TOGGLE_LEFT), above, Theme::Dp(TOGGLE_GAP), 0)
+            : QMargins());
+    SetColor(*m_messageLabel, Theme::Role::NoResults);
+    UpdateResultsLabel();
+    UpdateSize();
 }
 
 void FindReplaceWidget::UpdateReplaceRow()
@@ -167,10 +186,7 @@ void FindReplaceWidget::UpdateResultsLabel()
     const bool found = m_total > 0;
     m_resultsLabel->setText(found ? tr("%1 of %2").arg(m_current).arg(m_total) : tr("No Results"));
     const bool missed = !found && HasSearchText();
-    QPalette palette = m_resultsLabel->palette();
-    palette.setColor(
-        QPalette::WindowText, Theme::Color(missed ? Theme::Role::NoResults : Theme::Role::Soft));
-    m_resultsLabel->setPalette(palette);
+    SetColor(*m_resultsLabel, missed ? Theme::Role::NoResults : Theme::Role::Soft);
     for (FlatButton* button : {m_previousButton, m_nextButton, m_replaceButton, m_replaceAllButton})
         button->setEnabled(found);
 }
@@ -182,9 +198,6 @@ void FindReplaceWidget::SetMessage(const QString& message)
     m_messageLabel->setText(message);
     m_messageLabel->setToolTip(message);
     m_messageLabel->setVisible(!message.isEmpty());
-    QPalette palette = m_messageLabel->palette();
-    palette.setColor(QPalette::WindowText, Theme::Color(Theme::Role::NoResults));
-    m_messageLabel->setPalette(palette);
     UpdateSize();
 }
 
@@ -208,12 +221,6 @@ void FindReplaceWidget::UpdateSize()
     m_previousButton->setVisible(width >= Theme::Dp(WIDTH_FOR_ARROWS));
     m_nextButton->setVisible(width >= Theme::Dp(WIDTH_FOR_ARROWS));
     QLayout* const all = layout();
-    if (!m_replaceEnabled) {
-        QMargins margins = all->contentsMargins();
-        margins.setLeft(margins.right() + Theme::Dp(PADDING));
-        all->itemAt(0)->layout()->setContentsMargins(0, 0, 0, 0);
-        all->setContentsMargins(margins);
-    }
     // Rows that came or went are known to the nested layouts only after this.
     all->activate();
     const int right = x() + this->width();
@@ -224,12 +231,4 @@ void FindReplaceWidget::UpdateKeyBindings(const KeyBindings* keyBindings)
 {
     for (const ButtonRow& row : BUTTONS)
         (this->*row.button)->SetToolTip(keyBindings->GetToolTip(row.binding, tr(row.label)));
-}
-
-void FindReplaceWidget::paintEvent(QPaintEvent* event)
-{
-    OverlayFrame::paintEvent(event);
-    QPainter painter(this);
-    for (const ToolLineEdit* field : {m_searchLineEdit, m_replaceLineEdit})
-        field->PaintHalo(painter);
 }

@@ -7,6 +7,7 @@
 #include "settings/Settings.h"
 #include "window/chrome/ElidedLabel.h"
 #include "window/chrome/FlatButton.h"
+#include "window/chrome/LookFollower.h"
 #include "window/chrome/Theme.h"
 
 #include <QActionGroup>
@@ -52,7 +53,6 @@ PanelGroup::PanelGroup(KeyBindings* keyBindings, QWidget* parent)
     CreateWidgets();
     CreateLayout();
     CreateConnections();
-    UpdateFonts();
     UpdateKeyBindings();
 }
 
@@ -92,15 +92,11 @@ void PanelGroup::CreateVerbosity()
 
 void PanelGroup::CreateLayout()
 {
-    m_titleBar->setFixedHeight(Theme::Dp(TITLE_HEIGHT));
     auto* row = new QHBoxLayout(m_titleBar);
-    row->setContentsMargins(Theme::Dp(TITLE_MARGIN), 0, Theme::Dp(TOOLBAR_MARGIN), 0);
-    row->setSpacing(Theme::Dp(SPACING));
     row->addWidget(m_title);
     row->addWidget(m_fileName, 1);
     row->addWidget(m_verbosity);
     auto* buttons = new QHBoxLayout;
-    buttons->setSpacing(Theme::Hairline());
     buttons->addWidget(m_writeToFileButton);
     buttons->addWidget(m_clearButton);
     row->addLayout(buttons);
@@ -110,6 +106,13 @@ void PanelGroup::CreateLayout()
     layout->setSpacing(0);
     layout->addWidget(m_titleBar);
     layout->addWidget(m_output, 1);
+    FollowLook(this, [this, row, buttons] {
+        m_titleBar->setFixedHeight(Theme::Dp(TITLE_HEIGHT));
+        row->setContentsMargins(Theme::Dp(TITLE_MARGIN), 0, Theme::Dp(TOOLBAR_MARGIN), 0);
+        row->setSpacing(Theme::Dp(SPACING));
+        buttons->setSpacing(Theme::Hairline());
+        UpdateFonts();
+    });
 }
 
 void PanelGroup::CreateConnections()
@@ -298,13 +301,6 @@ bool PanelGroup::eventFilter(QObject* watched, QEvent* event)
         return true;
     }
     return QWidget::eventFilter(watched, event);
-}
-
-bool PanelGroup::event(QEvent* event)
-{
-    if (event->type() == QEvent::FontChange)
-        UpdateFonts();
-    return QWidget::event(event);
 }
 
 void PanelGroup::UpdateFonts()

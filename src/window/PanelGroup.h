@@ -45,7 +45,6 @@ public Q_SLOTS:
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
-    bool event(QEvent* event) override;
 
 private Q_SLOTS:
     void OnVerbosityChanged(int index);

@@ -9,6 +9,7 @@
 #include "window/TarnwickEditor.h"
 #include "window/chrome/ActivityBar.h"
 #include "window/chrome/GrooveSplitter.h"
+#include "window/chrome/LookFollower.h"
 #include "window/chrome/SplitterState.h"
 #include "window/chrome/StatusBar.h"
 #include "window/chrome/Theme.h"
@@ -48,12 +49,10 @@ void TarnwickEditor::CreateWidgets()
     m_activityBar->setContextMenuPolicy(Qt::CustomContextMenu);
     m_sideBar = new SideBar(this);
     m_sideBar->setObjectName(QStringLiteral("m_sideBar"));
-    m_sideBar->setMinimumWidth(SideBarMinimumWidth());
     UpdateActivityItems();
     CreateCodeEditorGroups();
     m_outputPanel = new PanelGroup(&m_keyBindings, this);
     m_outputPanel->setObjectName(QStringLiteral("m_outputPanel"));
-    m_outputPanel->setMinimumHeight(Theme::Dp(OUTPUT_MINIMUM_HEIGHT));
     m_statusBar = new StatusBar(this);
     m_statusBar->setObjectName(QStringLiteral("m_statusBar"));
     CreateSplitters();
@@ -86,7 +85,6 @@ void TarnwickEditor::CreateCodeEditorGroups()
     for (int i = 0; i < Settings::NUM_CODE_EDITOR_GROUPS; ++i) {
         auto* const group
             = new CodeEditorGroup(i, &m_keyBindings, m_newBufferAction, m_codeEditorSplitter);
-        group->setMinimumSize(Theme::Dp(GROUP_MINIMUM), Theme::Dp(GROUP_MINIMUM));
         m_groups.append(group);
         m_codeEditorSplitter->addWidget(group);
     }
@@ -129,10 +127,16 @@ void TarnwickEditor::CreateLayout()
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
-    m_menuBar->setFixedHeight(Theme::Dp(MENU_BAR_HEIGHT));
     layout->setMenuBar(m_menuBar);
     layout->addLayout(m_middleRow, 1);
     layout->addWidget(m_statusBar);
+    FollowLook(this, [this] {
+        m_menuBar->setFixedHeight(Theme::Dp(MENU_BAR_HEIGHT));
+        m_sideBar->setMinimumWidth(SideBarMinimumWidth());
+        m_outputPanel->setMinimumHeight(Theme::Dp(OUTPUT_MINIMUM_HEIGHT));
+        for (CodeEditorGroup* group : qAsConst(m_groups))
+            group->setMinimumSize(Theme::Dp(GROUP_MINIMUM), Theme::Dp(GROUP_MINIMUM));
+    });
 }
 
 /// At the window's edge, on the side of the side bar.

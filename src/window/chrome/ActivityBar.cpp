@@ -1,6 +1,7 @@
 #include "window/chrome/ActivityBar.h"
 
 #include "window/chrome/ActivityButton.h"
+#include "window/chrome/LookFollower.h"
 #include "window/chrome/Theme.h"
 
 #include <QKeyEvent>
@@ -36,7 +37,6 @@ ActivityBar::ActivityBar(QWidget* parent)
 {
     setAccessibleName(tr("Activity Bar"));
     auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(0, Theme::Dp(END_MARGIN), 0, Theme::Dp(END_MARGIN));
     layout->setSpacing(0);
     for (const ItemRow& row : ITEMS) {
         const Item item = static_cast<Item>(m_buttons.size());
@@ -51,7 +51,10 @@ ActivityBar::ActivityBar(QWidget* parent)
         m_buttons.append(button);
         button->hide();
     }
-    setFixedWidth(Theme::Dp(WIDTH));
+    FollowLook(this, [this, layout] {
+        layout->setContentsMargins(0, Theme::Dp(END_MARGIN), 0, Theme::Dp(END_MARGIN));
+        setFixedWidth(Theme::Dp(WIDTH));
+    });
 }
 
 ActivityButton* ActivityBar::GetButton(Item item) const

@@ -344,7 +344,7 @@ void CustomTabBar::EnsureVisible(int index)
     m_restoredScrollValue = -1;
     QScrollBar* const bar = horizontalScrollBar();
     const QRect tab = GetTabRect(index);
-    if (tab.left() < 0)
+    if (tab.left() < 0 || tab.width() > viewport()->width())
         bar->setValue(bar->value() + tab.left());
     else if (tab.right() >= viewport()->width())
         bar->setValue(bar->value() + tab.right() + 1 - viewport()->width());

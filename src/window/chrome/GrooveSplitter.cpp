@@ -1,5 +1,6 @@
 #include "window/chrome/GrooveSplitter.h"
 
+#include "window/chrome/LookFollower.h"
 #include "window/chrome/Theme.h"
 
 #include <QMouseEvent>
@@ -58,7 +59,7 @@ private:
 GrooveSplitter::GrooveSplitter(Qt::Orientation orientation, QWidget* parent)
     : QSplitter(orientation, parent)
 {
-    UpdateHandleWidth();
+    FollowLook(this, [this] { UpdateHandleWidth(); });
 }
 
 void GrooveSplitter::SetGrabsBefore(bool before)
@@ -71,6 +72,7 @@ void GrooveSplitter::SetGrabsBefore(bool before)
 void GrooveSplitter::UpdateHandleWidth()
 {
     setHandleWidth(Theme::Hairline());
+    SetGrabsBefore(m_grabsBefore);
 }
 
 QSplitterHandle* GrooveSplitter::createHandle()

@@ -14,12 +14,12 @@ public:
     /// Whether the handles lie over the pane before them (at first) or behind them.
     void SetGrabsBefore(bool before);
     bool GrabsBefore() const { return m_grabsBefore; }
-    /// Follows the interface scale.
-    void UpdateHandleWidth();
 
 protected:
     QSplitterHandle* createHandle() override;
 
 private:
+    void UpdateHandleWidth();
+
     bool m_grabsBefore = true;
 };

@@ -18,6 +18,8 @@ OverlayFrame::OverlayFrame(QWidget* parent)
     : QWidget(parent)
     , m_shadow(parent ? new OverlayShadow(parent) : nullptr)
 {
+    // The texts in it are no part of a document that it floats over.
+    setBackgroundRole(QPalette::Window);
     hide();
 }
 

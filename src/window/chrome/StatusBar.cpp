@@ -1,6 +1,7 @@
 #include "window/chrome/StatusBar.h"
 
 #include "settings/Settings.h"
+#include "window/chrome/LookFollower.h"
 #include "window/chrome/StatusItem.h"
 #include "window/chrome/Theme.h"
 
@@ -59,8 +60,6 @@ StatusBar::StatusBar(QWidget* parent)
     , m_interpreter(CreateItem(QStringLiteral("m_interpreter")))
 {
     auto* layout = new QHBoxLayout(this);
-    // The groove at the top belongs to the bar's height.
-    layout->setContentsMargins(Theme::Dp(END_MARGIN), Theme::Hairline(), Theme::Dp(END_MARGIN), 0);
     layout->setSpacing(0);
     layout->addWidget(m_counts);
     layout->addWidget(m_info);
@@ -68,13 +67,12 @@ StatusBar::StatusBar(QWidget* parent)
     layout->addWidget(m_overwrite);
     layout->addWidget(m_position);
     layout->addWidget(m_interpreter);
-    setFixedHeight(Theme::Dp(BAR_HEIGHT));
 
     m_info->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
     m_position->SetWidthKept(true);
     connect(m_counts, &QAbstractButton::clicked, this, &StatusBar::CountsPressed);
     connect(m_info, &QAbstractButton::clicked, this, &StatusBar::InfoPressed);
-    UpdateFonts();
+    FollowLook(this, [this] { UpdateLook(); });
     m_overwrite->SetText(tr("OVR"), Theme::Color(Theme::Role::Strong), tr("Overwrite mode"));
     m_overwrite->hide();
     SetErrorAndWarningCount(0, 0);
@@ -195,8 +193,12 @@ void StatusBar::contextMenuEvent(QContextMenuEvent* event)
     menu->popup(event->globalPos());
 }
 
-void StatusBar::UpdateFonts()
+void StatusBar::UpdateLook()
 {
+    // The groove at the top belongs to the bar's height.
+    layout()->setContentsMargins(
+        Theme::Dp(END_MARGIN), Theme::Hairline(), Theme::Dp(END_MARGIN), 0);
+    setFixedHeight(Theme::Dp(BAR_HEIGHT));
     for (StatusItem* item : {m_counts, m_info, m_overwrite, m_position, m_interpreter})
         item->setFont(Theme::SmallFont(font()));
 }
@@ -206,11 +208,4 @@ void StatusBar::paintEvent(QPaintEvent*)
     QPainter painter(this);
     painter.fillRect(rect(), Theme::Color(Theme::Role::Panel));
     painter.fillRect(0, 0, width(), Theme::Hairline(), Theme::Color(Theme::Role::Groove));
-}
-
-bool StatusBar::event(QEvent* event)
-{
-    if (event->type() == QEvent::FontChange)
-        UpdateFonts();
-    return QWidget::event(event);
 }

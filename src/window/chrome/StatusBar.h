@@ -42,12 +42,11 @@ Q_SIGNALS:
 protected:
     void paintEvent(QPaintEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
-    bool event(QEvent* event) override;
 
 private:
     StatusItem* CreateItem(const QString& name);
     void UpdateInfo();
-    void UpdateFonts();
+    void UpdateLook();
 
     StatusItem* m_counts;
     StatusItem* m_info;

@@ -1,18 +1,21 @@
 #include "window/chrome/TarnwickStyle.h"
 
+#include "window/chrome/ComboRowDelegate.h"
+#include "window/chrome/FocusHalo.h"
 #include "window/chrome/MenuLook.h"
 #include "window/chrome/Theme.h"
 
 #include <QAbstractItemView>
+#include <QAbstractSpinBox>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QFocusEvent>
+#include <QLineEdit>
 #include <QPainter>
 #include <QPushButton>
 #include <QSplitterHandle>
 #include <QStyleOption>
-#include <QStyledItemDelegate>
 #include <QTimer>
 
 namespace {
@@ -39,8 +42,23 @@ bool IsKeyReason(Qt::FocusReason reason)
         || reason == Qt::ShortcutFocusReason;
 }
 
+/// What is framed as a field: the editable part of a box belongs to the box.
+bool IsField(const QWidget* widget)
+{
+    return qobject_cast<const QLineEdit*>(widget) || qobject_cast<const QComboBox*>(widget)
+        || qobject_cast<const QAbstractSpinBox*>(widget);
+}
+
+QWidget* FramedField(QWidget* widget)
+{
+    QWidget* const parent = widget->parentWidget();
+    return IsField(parent) ? parent : IsField(widget) ? widget : nullptr;
+}
+
 bool IsWatched(const QWidget* widget)
 {
+    if (IsField(widget))
+        return true;
     return qobject_cast<const QSplitterHandle*>(widget) || qobject_cast<const QPushButton*>(widget)
         || qobject_cast<const QCheckBox*>(widget);
 }
@@ -93,10 +111,9 @@ TarnwickStyle::TarnwickStyle()
 void TarnwickStyle::polish(QWidget* widget)
 {
     QProxyStyle::polish(widget);
-    // Only the rows of this delegate have the height that the sheet gives them.
     auto* const combo = qobject_cast<QComboBox*>(widget);
-    if (combo && !qobject_cast<QStyledItemDelegate*>(combo->itemDelegate()))
-        combo->setItemDelegate(new QStyledItemDelegate(combo));
+    if (combo && !qobject_cast<ComboRowDelegate*>(combo->itemDelegate()))
+        combo->setItemDelegate(new ComboRowDelegate(combo));
     if (!IsWatched(widget))
         return;
     widget->setAttribute(Qt::WA_Hover);
@@ -115,8 +132,10 @@ bool TarnwickStyle::eventFilter(QObject* watched, QEvent* event)
     auto* const widget = qobject_cast<QWidget*>(watched);
     if (!widget)
         return false;
-    if (event->type() == QEvent::FocusIn) {
-        widget->setProperty(FOCUS_BY_KEY, IsKeyReason(static_cast<QFocusEvent*>(event)->reason()));
+    if (event->type() == QEvent::PaletteChange) {
+        ColorPlaceholder(*widget);
+    } else if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut) {
+        OnFocusEvent(widget, *static_cast<QFocusEvent*>(event));
     } else if (event->type() == QEvent::HoverLeave) {
         widget->setProperty(POINTER_INSIDE, false);
         widget->setProperty(POINTER_RESTS, false);
@@ -128,6 +147,29 @@ bool TarnwickStyle::eventFilter(QObject* watched, QEvent* event)
         });
     }
     return false;
+}
+
+/// A style sheet gives placeholders the colour of the text.
+void TarnwickStyle::ColorPlaceholder(QWidget& widget)
+{
+    const QColor faint = Theme::Color(Theme::Role::Faint);
+    QPalette colors = widget.palette();
+    if (!qobject_cast<QLineEdit*>(&widget) || colors.color(QPalette::PlaceholderText) == faint)
+        return;
+    colors.setColor(QPalette::PlaceholderText, faint);
+    widget.setPalette(colors);
+}
+
+void TarnwickStyle::OnFocusEvent(QWidget* widget, const QFocusEvent& event)
+{
+    if (event.gotFocus())
+        widget->setProperty(FOCUS_BY_KEY, IsKeyReason(event.reason()));
+    QWidget* const field = FramedField(widget);
+    if (!field)
+        return;
+    delete m_halo;
+    if (event.gotFocus() && field->parentWidget())
+        m_halo = new FocusHalo(field);
 }
 
 /// Round a button, or round the box of a check box: at a distance, and only when the focus came by

@@ -1,11 +1,15 @@
 #pragma once
 
+#include <QPointer>
 #include <QProxyStyle>
 
-/// What the style sheet cannot say: focus rings, splitter grooves, menus, disabled icons, sizes and
-/// hints. Owned by the window, set on it before its sheet; the window's children get both. Watches
-/// handles and buttons for what their options do not tell: how the focus came, how long the
-/// pointer rests.
+class FocusHalo;
+class QFocusEvent;
+
+/// What the style sheet cannot say: focus rings and halos, splitter grooves, menus, disabled icons,
+/// sizes and hints. Owned by the window, set on it before its sheet; the window's children get
+/// both. Watches handles, buttons and fields for what their options do not tell: how the focus
+/// came, how long the pointer rests.
 class TarnwickStyle : public QProxyStyle
 {
     Q_OBJECT
@@ -38,5 +42,9 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    static void ColorPlaceholder(QWidget& widget);
+    void OnFocusEvent(QWidget* widget, const QFocusEvent& event);
     void DrawFocusRing(const QStyleOption& option, QPainter& painter, const QWidget* widget) const;
+
+    QPointer<FocusHalo> m_halo; ///< of the field that has the focus
 };

@@ -115,7 +115,7 @@ double Scale()
 }
 
 constexpr int PLAIN_SIZE = 16; // of the file whose name says no size
-constexpr int ICON_SIZES[] = {14, PLAIN_SIZE, 20, 24, 32, 40, 48, 64};
+constexpr int ICON_SIZES[] = {14, PLAIN_SIZE, 20, 24, 32, 40, 48, 64, 96};
 
 QString IconPath(const QString& name, int size)
 {
@@ -148,7 +148,11 @@ QString TokenValue(const QRegularExpressionMatch& match)
 {
     if (match.capturedLength(1) > 0)
         return Pixels(Theme::Dp(match.capturedRef(1).toDouble()));
-    const QString token = match.captured(2);
+    if (match.capturedLength(2) > 0) {
+        return QStringLiteral("url(%1)").arg(
+            Theme::PicturePath(match.captured(2), Theme::Dp(match.capturedRef(3).toInt())));
+    }
+    const QString token = match.captured(4);
     if (token == QLatin1String("hair"))
         return Pixels(Theme::Hairline());
     for (const RoleRow& row : ROLES) {
@@ -261,7 +265,8 @@ QString Theme::StyleSheet()
         return {};
     }
     const QString sheet = QString::fromUtf8(file.readAll());
-    static const QRegularExpression TOKEN(QStringLiteral("@(?:dp\\(([0-9.]+)\\)|([a-z-]+))"));
+    static const QRegularExpression TOKEN(
+        QStringLiteral("@(?:dp\\(([0-9.]+)\\)|picture\\((\\w+), (\\d+)\\)|([a-z-]+))"));
     QString expanded;
     int end = 0;
     for (auto matches = TOKEN.globalMatch(sheet); matches.hasNext();) {

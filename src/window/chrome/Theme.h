@@ -47,7 +47,8 @@ public:
     /// The size of hints and of the status bar.
     static QFont SmallFont(const QFont& base);
 
-    /// The sheet with its tokens replaced: "@panel" by the colour, "@dp(4)" by a length with
-    /// its unit, "@hair" by the width of a hairline. An unknown token is logged and left as it is.
+    /// The sheet with its tokens replaced: "@panel" by the colour, "@dp(4)" by a length with its
+    /// unit, "@hair" by the width of a hairline, "@picture(check, 14)" by the picture of that name
+    /// for that size. An unknown token is logged and left as it is.
     static QString StyleSheet();
 };

@@ -1,10 +1,9 @@
 #include "window/chrome/ToolLineEdit.h"
 
 #include "window/chrome/FlatButton.h"
+#include "window/chrome/LookFollower.h"
 #include "window/chrome/Theme.h"
 
-#include <QEvent>
-#include <QPainter>
 #include <QStyle>
 #include <QToolTip>
 
@@ -14,16 +13,13 @@ namespace {
 constexpr int TOOL_EXTENT = 20;
 constexpr int TOOLS_MARGIN = 7;
 constexpr int TEXT_SHIFT = -1; ///< against the toolkit's own margin
-constexpr int HALO = 1;
-constexpr int RADIUS = 4;
-constexpr double HALO_ALPHA = 0.45;
 
 } // namespace
 
 ToolLineEdit::ToolLineEdit(QWidget* parent)
     : QLineEdit(parent)
 {
-    setTextMargins(TEXT_SHIFT, 0, 0, 0);
+    FollowLook(this, [this] { PlaceTools(); });
 }
 
 void ToolLineEdit::AddTool(FlatButton* button)
@@ -32,14 +28,13 @@ void ToolLineEdit::AddTool(FlatButton* button)
     button->SetExtent(TOOL_EXTENT);
     button->setCursor(Qt::ArrowCursor);
     m_tools.append(button);
-    const int width = Theme::Dp(TOOL_EXTENT) * m_tools.size();
-    setTextMargins(TEXT_SHIFT, 0, width, 0);
     PlaceTools();
 }
 
 void ToolLineEdit::PlaceTools()
 {
     const int extent = Theme::Dp(TOOL_EXTENT);
+    setTextMargins(TEXT_SHIFT, 0, extent * m_tools.size(), 0);
     int left = width() - Theme::Hairline() - Theme::Dp(TOOLS_MARGIN) - extent * m_tools.size();
     for (FlatButton* tool : qAsConst(m_tools)) {
         tool->setGeometry(left, (height() - extent) / 2, extent, extent);
@@ -62,7 +57,6 @@ void ToolLineEdit::SetFault(const QString& fault)
     setProperty("invalid", !fault.isEmpty());
     style()->unpolish(this);
     style()->polish(this);
-    UpdateHalo();
 }
 
 void ToolLineEdit::SetPlainToolTip(const QString& toolTip)
@@ -78,53 +72,8 @@ void ToolLineEdit::UpdateToolTip()
     setAccessibleDescription(text);
 }
 
-void ToolLineEdit::PaintHalo(QPainter& painter) const
-{
-    if (!hasFocus() || !isVisible())
-        return;
-    const double halo = Theme::Dp(HALO);
-    const double outset = halo / 2.0;
-    const Theme::Role role = m_fault.isEmpty() ? Theme::Role::Lake : Theme::Role::NoResults;
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setBrush(Qt::NoBrush);
-    painter.setPen(QPen(Theme::WithAlpha(role, HALO_ALPHA), halo));
-    painter.drawRoundedRect(QRectF(geometry()).adjusted(-outset, -outset, outset, outset),
-        Theme::Dp(RADIUS) + outset, Theme::Dp(RADIUS) + outset);
-}
-
-void ToolLineEdit::UpdateHalo()
-{
-    const int halo = Theme::Dp(HALO);
-    if (parentWidget())
-        parentWidget()->update(geometry().adjusted(-halo, -halo, halo, halo));
-}
-
-bool ToolLineEdit::event(QEvent* event)
-{
-    const bool handled = QLineEdit::event(event);
-    // A style sheet gives the placeholder the colour of the text.
-    if (event->type() == QEvent::Polish || event->type() == QEvent::StyleChange) {
-        QPalette colors = palette();
-        colors.setColor(QPalette::PlaceholderText, Theme::Color(Theme::Role::Faint));
-        setPalette(colors);
-    }
-    return handled;
-}
-
 void ToolLineEdit::resizeEvent(QResizeEvent* event)
 {
     QLineEdit::resizeEvent(event);
     PlaceTools();
-}
-
-void ToolLineEdit::focusInEvent(QFocusEvent* event)
-{
-    QLineEdit::focusInEvent(event);
-    UpdateHalo();
-}
-
-void ToolLineEdit::focusOutEvent(QFocusEvent* event)
-{
-    QLineEdit::focusOutEvent(event);
-    UpdateHalo();
 }

@@ -22,19 +22,13 @@ public:
     QString GetFault() const { return m_fault; }
     /// Shown while there is no fault.
     void SetPlainToolTip(const QString& toolTip);
-    /// The ring around a focused field stands outside it: its owner paints it in its own area.
-    void PaintHalo(QPainter& painter) const;
 
 protected:
-    bool event(QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
-    void focusInEvent(QFocusEvent* event) override;
-    void focusOutEvent(QFocusEvent* event) override;
 
 private:
     void PlaceTools();
     void UpdateToolTip();
-    void UpdateHalo();
 
     QList<FlatButton*> m_tools;
     QString m_fault;
