@@ -17,8 +17,6 @@
 namespace {
 
 // Design pixels.
-constexpr int TOP_MARGIN = 1;
-constexpr int BOTTOM_MARGIN = 2;
 
 constexpr int MAXIMUM_ROWS = 9; ///< then it scrolls
 constexpr int KEY_ROLE = Qt::UserRole; ///< what tells rows apart: the path, or a heading's text
@@ -50,12 +48,7 @@ OpenEditorsView::OpenEditorsView(QWidget* parent)
     m_tree->setAccessibleName(tr("Open Editors"));
     m_tree->setRootIsDecorated(false);
     m_tree->setContextMenuPolicy(Qt::CustomContextMenu);
-    auto* content = new QWidget(this);
-    auto* layout = new QVBoxLayout(content);
-    layout->setContentsMargins(0, Theme::Dp(TOP_MARGIN), 0, Theme::Dp(BOTTOM_MARGIN));
-    layout->addWidget(m_tree);
-    content->setFocusProxy(m_tree);
-    SetContent(content);
+    SetContent(CreatePage(m_tree));
     connect(m_tree, &QTreeWidget::itemClicked, this, &OpenEditorsView::OnActivated);
     connect(m_tree, &QTreeWidget::itemActivated, this, &OpenEditorsView::OnActivated);
     connect(m_tree, &SideBarTree::CloseRequested, this, [this](const QTreeWidgetItem* item) {
@@ -84,7 +77,7 @@ int OpenEditorsView::GetNaturalHeight() const
 {
     // Never 0, which would ask for a share.
     const int rows = qMin(WantedRows().size(), MAXIMUM_ROWS);
-    return rows * SideBarTree::RowHeight() + Theme::Dp(TOP_MARGIN) + Theme::Dp(BOTTOM_MARGIN);
+    return rows * SideBarTree::RowHeight() + PageMargins();
 }
 
 void OpenEditorsView::UpdateNote()

@@ -16,8 +16,6 @@
 namespace {
 
 // Design pixels.
-constexpr int TOP_MARGIN = 1;
-constexpr int BOTTOM_MARGIN = 2;
 
 constexpr int START_ROLE = Qt::UserRole;
 constexpr int END_ROLE = Qt::UserRole + 1;
@@ -118,12 +116,7 @@ OutlineView::OutlineView(QWidget* parent)
     m_icons.resize(static_cast<int>(Kind::Count));
     for (int i = 1; i < m_icons.size(); ++i)
         m_icons[i] = Theme::Icon(QString::fromLatin1(RowOf(static_cast<Kind>(i)).icon));
-    auto* content = new QWidget(this);
-    auto* layout = new QVBoxLayout(content);
-    layout->setContentsMargins(0, Theme::Dp(TOP_MARGIN), 0, Theme::Dp(BOTTOM_MARGIN));
-    layout->addWidget(m_tree);
-    content->setFocusProxy(m_tree);
-    SetContent(content);
+    SetContent(CreatePage(m_tree));
     CreateTools();
     using O = OutlineView;
     connect(m_tree, &QTreeWidget::itemSelectionChanged, this, &O::OnSelectionChanged);

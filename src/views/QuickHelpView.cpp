@@ -1,11 +1,13 @@
 #include "views/QuickHelpView.h"
 
 #include "plugin/MayaUtil.h"
-#include "views/SideBarTree.h"
+#include "settings/Settings.h"
+#include "views/QuickHelpFlags.h"
 #include "window/chrome/FlatButton.h"
+#include "window/chrome/LookFollower.h"
+#include "window/chrome/TextLook.h"
 #include "window/chrome/Theme.h"
 
-#include <QEvent>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -17,7 +19,7 @@ constexpr int MARGIN = 14;
 constexpr int SPACING = 6;
 
 constexpr int HISTORY_LENGTH = 20;
-constexpr int NAME_ROLE = Qt::UserRole;
+constexpr int ICON_SIZE = 16; // design pixels
 
 void SetColor(QWidget* widget, Theme::Role role)
 {
@@ -43,10 +45,8 @@ QuickHelpView::QuickHelpView(QWidget* parent)
     CreateWidgets();
     CreateLayout();
     CreateConnections();
-    UpdateFonts();
     UpdateButtons();
-    m_name->setText(tr("No command"));
-    m_kind->setText(tr("Return searches"));
+    ShowTitle(tr("No command"), tr("Return searches"), false);
 }
 
 void QuickHelpView::CreateWidgets()
@@ -55,7 +55,9 @@ void QuickHelpView::CreateWidgets()
     m_search->setObjectName(QStringLiteral("m_quickHelpSearch"));
     m_search->setPlaceholderText(tr("Command, or part of a flag"));
     m_search->setAccessibleName(tr("Command, or part of a flag"));
+    m_icon = new QLabel(this);
     m_name = PlainLabel(QStringLiteral("m_quickHelpName"), this);
+    m_name->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     m_kind = PlainLabel(QStringLiteral("m_quickHelpKind"), this);
     m_count = PlainLabel(QStringLiteral("m_quickHelpCount"), this);
     const auto button = [this](const char* icon, const QString& label, const char* name) {
@@ -67,38 +69,44 @@ void QuickHelpView::CreateWidgets()
     m_forwardButton = button("scroll_right", tr("Forward"), "m_quickHelpForwardButton");
     m_referenceButton
         = button("view_quick_help", tr("Command Reference"), "m_quickHelpReferenceButton");
-    m_flags = new SideBarTree(this);
+    m_caption = new QLabel(tr("FLAGS"), this);
+    m_caption->setObjectName(QStringLiteral("m_quickHelpCaption"));
+    m_flags = new QuickHelpFlags(this);
     m_flags->setObjectName(QStringLiteral("m_quickHelpFlags"));
     m_flags->setAccessibleName(tr("Flags"));
-    m_flags->setRootIsDecorated(false);
 }
 
 void QuickHelpView::CreateLayout()
 {
-    const int margin = Theme::Dp(MARGIN);
     auto* title = new QHBoxLayout;
-    title->setSpacing(Theme::Dp(SPACING));
-    title->addWidget(m_name);
-    title->addStretch(1);
+    title->addWidget(m_icon);
+    title->addWidget(m_name, 1);
     title->addWidget(m_kind);
     auto* tools = new QHBoxLayout;
     tools->setSpacing(0);
     tools->addWidget(m_search, 1);
-    tools->addSpacing(Theme::Dp(SPACING));
     for (FlatButton* button : {m_backButton, m_forwardButton, m_referenceButton})
         tools->addWidget(button);
     auto* head = new QVBoxLayout;
-    head->setContentsMargins(margin, Theme::Dp(SPACING), Theme::Dp(SPACING), Theme::Dp(SPACING));
-    head->setSpacing(Theme::Dp(SPACING));
     head->addLayout(tools);
     head->addLayout(title);
-    m_count->setContentsMargins(margin, Theme::Dp(SPACING), margin, Theme::Dp(SPACING));
+    head->addWidget(m_caption);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
     layout->addLayout(head);
     layout->addWidget(m_flags, 1);
     layout->addWidget(m_count);
+    FollowLook(this, [this, title, head] {
+        const int margin = Theme::Dp(MARGIN);
+        const int spacing = Theme::Dp(SPACING);
+        head->setContentsMargins(margin, spacing, spacing, spacing);
+        head->setSpacing(spacing);
+        title->setSpacing(spacing);
+        title->setContentsMargins(0, spacing, margin - spacing, spacing);
+        m_count->setContentsMargins(margin, spacing, margin, spacing);
+        UpdateLook();
+    });
 }
 
 void QuickHelpView::CreateConnections()
@@ -109,27 +117,32 @@ void QuickHelpView::CreateConnections()
     connect(m_forwardButton, &QAbstractButton::clicked, this, [this] { Go(1); });
     connect(m_referenceButton, &QAbstractButton::clicked, this,
         [this] { Q_EMIT CommandReferenceRequested(m_history.value(m_place)); });
-    connect(m_flags, &QTreeWidget::itemActivated, this, [this](const QTreeWidgetItem* item) {
-        Q_EMIT FlagChosen(item->data(0, NAME_ROLE).toString());
-    });
+    connect(m_flags, &QuickHelpFlags::FlagChosen, this, &QuickHelpView::FlagChosen);
 }
 
-bool QuickHelpView::event(QEvent* event)
+void QuickHelpView::UpdateLook()
 {
-    if (event->type() == QEvent::FontChange)
-        UpdateFonts();
-    return QWidget::event(event);
-}
-
-void QuickHelpView::UpdateFonts()
-{
-    QFont bold = font();
-    bold.setWeight(QFont::DemiBold);
-    m_name->setFont(bold);
+    m_icon->setPixmap(Theme::Pixmap(QStringLiteral("mel_command"), ICON_SIZE, devicePixelRatioF()));
+    m_caption->setFont(Theme::CaptionFont(font()));
+    SetColor(m_caption, Theme::Role::Soft);
+    ShowTitle(m_name->text(), m_kind->text(), m_isCommand);
     for (QLabel* label : {m_kind, m_count}) {
         label->setFont(Theme::SmallFont(font()));
         SetColor(label, Theme::Role::Faint);
     }
+}
+
+/// A command's name looks as it does in a script, a sentence does not.
+void QuickHelpView::ShowTitle(const QString& text, const QString& kind, bool isCommand)
+{
+    int noZoom = 0;
+    m_isCommand = isCommand;
+    m_icon->setVisible(isCommand);
+    m_caption->setVisible(isCommand);
+    m_name->setFont(isCommand ? TextLook::ZoomedFont(Settings::codeEditorFont, noZoom) : font());
+    m_name->setText(text);
+    m_name->setToolTip(text.toHtmlEscaped());
+    m_kind->setText(kind);
 }
 
 QuickHelpView::Flags QuickHelpView::FlagsOf(const QString& command)
@@ -164,8 +177,7 @@ void QuickHelpView::Show(const QString& text, bool isRequested)
 
 void QuickHelpView::ShowNothing(const QString& name)
 {
-    m_name->setText(tr("No help for '%1'").arg(name));
-    m_kind->clear();
+    ShowTitle(tr("No help for '%1'").arg(name), QString(), false);
     m_flags->clear();
     m_count->clear();
 }
@@ -179,17 +191,8 @@ void QuickHelpView::Go(int step)
 void QuickHelpView::ShowName(const QString& name)
 {
     m_search->clear();
-    m_name->setText(name);
-    m_kind->setText(tr("MEL command"));
-    m_flags->clear();
-    const Flags flags = FlagsOf(name);
-    for (const QuickHelpText::Flag& flag : flags) {
-        auto* item = new QTreeWidgetItem(m_flags);
-        item->setText(0, QStringLiteral("-%1").arg(flag.longName));
-        item->setData(0, SideBarTree::DetailRole,
-            QStringLiteral("-%1  %2").arg(flag.shortName, flag.type).trimmed());
-        item->setData(0, NAME_ROLE, flag.longName);
-    }
+    ShowTitle(name, tr("MEL command"), true);
+    m_flags->SetFlags(FlagsOf(name));
     Filter();
     UpdateButtons();
 }
@@ -197,14 +200,7 @@ void QuickHelpView::ShowName(const QString& name)
 void QuickHelpView::Filter()
 {
     const QString wanted = m_search->text().trimmed();
-    int shown = 0;
-    for (int i = 0; i < m_flags->topLevelItemCount(); ++i) {
-        QTreeWidgetItem* const item = m_flags->topLevelItem(i);
-        const QString text = item->text(0) + item->data(0, SideBarTree::DetailRole).toString();
-        const bool matches = text.contains(wanted, Qt::CaseInsensitive);
-        item->setHidden(!matches);
-        shown += matches ? 1 : 0;
-    }
+    const int shown = m_flags->Filter(m_search->text().trimmed());
     m_count->setText(m_place < 0 ? QString() : tr("%n flag(s)", nullptr, shown));
 }
 

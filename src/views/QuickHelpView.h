@@ -8,7 +8,7 @@
 class FlatButton;
 class QLabel;
 class QLineEdit;
-class SideBarTree;
+class QuickHelpFlags;
 
 /// The side bar's page about one command: its flags, to read and to put into the script. Owned by
 /// the side bar. The host is asked once per name and session.
@@ -29,16 +29,14 @@ Q_SIGNALS:
     void FlagChosen(const QString& longName);
     void CommandReferenceRequested(const QString& command);
 
-protected:
-    bool event(QEvent* event) override;
-
 private:
     using Flags = QVector<QuickHelpText::Flag>;
 
     void CreateWidgets();
     void CreateLayout();
     void CreateConnections();
-    void UpdateFonts();
+    void UpdateLook();
+    void ShowTitle(const QString& text, const QString& kind, bool isCommand);
     Flags FlagsOf(const QString& command);
     void ShowName(const QString& name);
     void ShowNothing(const QString& name);
@@ -47,14 +45,17 @@ private:
     void UpdateButtons();
 
     QLineEdit* m_search = nullptr;
+    QLabel* m_icon = nullptr;
     QLabel* m_name = nullptr;
     QLabel* m_kind = nullptr;
     FlatButton* m_backButton = nullptr;
     FlatButton* m_forwardButton = nullptr;
     FlatButton* m_referenceButton = nullptr;
-    SideBarTree* m_flags = nullptr;
+    QuickHelpFlags* m_flags = nullptr;
+    QLabel* m_caption = nullptr;
     QLabel* m_count = nullptr;
     QHash<QString, Flags> m_known;
     QStringList m_history;
     int m_place = -1; ///< in the history
+    bool m_isCommand = false; ///< what the title names
 };

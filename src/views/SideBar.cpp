@@ -6,6 +6,7 @@
 #include "views/OutlineView.h"
 #include "views/QuickHelpView.h"
 #include "views/WorkspaceView.h"
+#include "window/chrome/LookFollower.h"
 #include "window/chrome/Theme.h"
 
 #include <QKeyEvent>
@@ -50,13 +51,11 @@ SideBar::SideBar(QWidget* parent)
 {
     setAttribute(Qt::WA_StyledBackground);
     m_title->setObjectName(QStringLiteral("m_title"));
-    m_title->setFixedHeight(Theme::Dp(TITLE_HEIGHT));
     m_title->setContextMenuPolicy(Qt::CustomContextMenu);
     m_stack->setObjectName(QStringLiteral("m_stack"));
     m_stack->addWidget(m_explorer);
     m_explorer->setObjectName(QStringLiteral("m_explorer"));
     CreateLayout();
-    UpdateTitle();
     connect(m_title, &QWidget::customContextMenuRequested, this, &SideBar::ShowTitleMenu);
     connect(GetOutline(), &OutlineView::EditorRequested, this, &SideBar::FocusEditorRequested);
     connect(m_explorer, &ExplorerView::HideRequested, this, &SideBar::HideRequested);
@@ -64,19 +63,23 @@ SideBar::SideBar(QWidget* parent)
 
 void SideBar::CreateLayout()
 {
-    m_title->setContentsMargins(Theme::Dp(TITLE_MARGIN), 0, 0, 0);
     auto* groove = new QWidget(this);
-    groove->setFixedHeight(Theme::Hairline());
     groove->setAutoFillBackground(true);
-    QPalette palette = groove->palette();
-    palette.setColor(QPalette::Window, Theme::Color(Theme::Role::Groove));
-    groove->setPalette(palette);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
     layout->addWidget(m_title);
     layout->addWidget(groove);
     layout->addWidget(m_stack, 1);
+    FollowLook(this, [this, groove] {
+        groove->setFixedHeight(Theme::Hairline());
+        QPalette palette = groove->palette();
+        palette.setColor(QPalette::Window, Theme::Color(Theme::Role::Groove));
+        groove->setPalette(palette);
+        m_title->setFixedHeight(Theme::Dp(TITLE_HEIGHT));
+        m_title->setContentsMargins(Theme::Dp(TITLE_MARGIN), 0, 0, 0);
+        UpdateTitle();
+    });
 }
 
 const SideBar::PageRow* SideBar::RowOf(Page page)
@@ -196,13 +199,6 @@ void SideBar::UpdatePreferences()
 void SideBar::SaveState()
 {
     m_explorer->SaveState();
-}
-
-bool SideBar::event(QEvent* event)
-{
-    if (event->type() == QEvent::FontChange)
-        UpdateTitle();
-    return QWidget::event(event);
 }
 
 void SideBar::keyPressEvent(QKeyEvent* event)

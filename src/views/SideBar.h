@@ -63,7 +63,6 @@ Q_SIGNALS:
     void CommandReferenceRequested(const QString& command);
 
 protected:
-    bool event(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
 private:

@@ -1,6 +1,7 @@
 #include "views/SideBarTree.h"
 
 #include "views/FocusReason.h"
+#include "window/chrome/LookFollower.h"
 #include "window/chrome/Theme.h"
 
 #include <QApplication>
@@ -78,16 +79,6 @@ bool IsOwnKey(const QKeyEvent& event)
 
 } // namespace
 
-/// One row as it is painted.
-struct SideBarTree::RowLook
-{
-    QModelIndex index;
-    QRect row; ///< over the whole width
-    int level = 0;
-    bool current = false;
-    bool hovered = false;
-};
-
 SideBarTree::SideBarTree(QWidget* parent)
     : QTreeWidget(parent)
 {
@@ -96,13 +87,16 @@ SideBarTree::SideBarTree(QWidget* parent)
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollMode(ScrollPerPixel);
     setUniformRowHeights(true);
-    setIndentation(Theme::Dp(LEVEL_STEP));
     setItemDelegate(new RowHeightDelegate(this));
     setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
     setMinimumSize(0, 0);
     header()->setMinimumSectionSize(0);
     viewport()->setAutoFillBackground(false);
     viewport()->setAttribute(Qt::WA_Hover);
+    FollowLook(this, [this] {
+        setIndentation(Theme::Dp(LEVEL_STEP));
+        scheduleDelayedItemsLayout();
+    });
     // Rows are painted over their whole width, of which the toolkit knows their text alone.
     const auto repaint = [this] { viewport()->update(); };
     connect(selectionModel(), &QItemSelectionModel::selectionChanged, this, repaint);

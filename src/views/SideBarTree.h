@@ -33,6 +33,20 @@ Q_SIGNALS:
     void CloseRequested(QTreeWidgetItem* item);
 
 protected:
+    /// One row as it is painted.
+    struct RowLook
+    {
+        QModelIndex index;
+        QRect row; ///< over the whole width
+        int level = 0;
+        bool current = false;
+        bool hovered = false;
+    };
+
+    virtual void PaintLabel(QPainter& painter, const RowLook& look) const;
+    /// Shown as it stands, never as rich text; empty for none.
+    virtual QString ToolTipOf(const QModelIndex& index) const;
+
     void drawRow(QPainter* painter, const QStyleOptionViewItem& option,
         const QModelIndex& index) const override;
     bool event(QEvent* event) override;
@@ -45,15 +59,11 @@ protected:
     void focusOutEvent(QFocusEvent* event) override;
 
 private:
-    struct RowLook;
-
     RowLook LookOf(const QModelIndex& index, const QRect& row) const;
     void PaintBranch(QPainter& painter, const RowLook& look) const;
-    void PaintLabel(QPainter& painter, const RowLook& look) const;
     void PaintMark(QPainter& painter, const RowLook& look) const;
     void CopyItem(const QTreeWidgetItem& item) const;
     bool IsElided(const QModelIndex& index) const;
-    QString ToolTipOf(const QModelIndex& index) const;
     QRect MarkBox(const QRect& row) const;
     /// The arrow's own place is wider than what the base class takes for it.
     bool HandleArrowPress(const QPoint& point);

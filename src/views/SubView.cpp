@@ -2,11 +2,20 @@
 
 #include "views/SubViewHeader.h"
 #include "window/chrome/FlatButton.h"
+#include "window/chrome/LookFollower.h"
 #include "window/chrome/Theme.h"
 
 #include <QApplication>
 #include <QEvent>
 #include <QVBoxLayout>
+
+namespace {
+
+// Design pixels.
+constexpr int PAGE_TOP = 1;
+constexpr int PAGE_BOTTOM = 2;
+
+} // namespace
 
 SubView::SubView(const QString& title, bool* expanded, QWidget* parent)
     : QWidget(parent)
@@ -32,6 +41,23 @@ SubView::SubView(const QString& title, bool* expanded, QWidget* parent)
 SubView::~SubView()
 {
     qApp->disconnect(this);
+}
+
+QWidget* SubView::CreatePage(QWidget* main)
+{
+    auto* page = new QWidget(this);
+    auto* layout = new QVBoxLayout(page);
+    layout->addWidget(main);
+    page->setFocusProxy(main);
+    FollowLook(page, [layout] {
+        layout->setContentsMargins(0, Theme::Dp(PAGE_TOP), 0, Theme::Dp(PAGE_BOTTOM));
+    });
+    return page;
+}
+
+int SubView::PageMargins()
+{
+    return Theme::Dp(PAGE_TOP) + Theme::Dp(PAGE_BOTTOM);
 }
 
 void SubView::SetContent(QWidget* content)

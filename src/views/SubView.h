@@ -33,6 +33,10 @@ Q_SIGNALS:
 
 protected:
     void SetContent(QWidget* content);
+    /// A page that holds the section's main widget at the distances that all sections keep.
+    QWidget* CreatePage(QWidget* main);
+    /// What a page is higher than its main widget, in pixels.
+    static int PageMargins();
     FlatButton* AddTool(const QString& icon, const QString& label, const QString& name);
     /// Refreshes now, or when the content is seen again.
     void MarkStale();

@@ -2,6 +2,7 @@
 
 #include "views/FocusReason.h"
 #include "window/chrome/FlatButton.h"
+#include "window/chrome/LookFollower.h"
 #include "window/chrome/Theme.h"
 
 #include <QHBoxLayout>
@@ -26,12 +27,10 @@ SubViewHeader::SubViewHeader(const QString& title, QWidget* parent)
     , m_layout(new QHBoxLayout(this))
 {
     setFocusPolicy(Qt::TabFocus);
-    setFixedHeight(Height());
     setAccessibleName(title);
-    m_layout->setContentsMargins(0, 0, Theme::Dp(TOOLS_MARGIN), 0);
     m_layout->setSpacing(0);
     m_layout->addStretch(1);
-    UpdateFonts();
+    FollowLook(this, [this] { UpdateLook(); });
     SetExpanded(true);
 }
 
@@ -86,15 +85,10 @@ void SubViewHeader::UpdateTools()
         tool->setVisible(m_revealed || tool->isChecked());
 }
 
-bool SubViewHeader::event(QEvent* event)
+void SubViewHeader::UpdateLook()
 {
-    if (event->type() == QEvent::FontChange)
-        UpdateFonts();
-    return QWidget::event(event);
-}
-
-void SubViewHeader::UpdateFonts()
-{
+    setFixedHeight(Height());
+    m_layout->setContentsMargins(0, 0, Theme::Dp(TOOLS_MARGIN), 0);
     m_captionFont = Theme::CaptionFont(font());
     update();
 }

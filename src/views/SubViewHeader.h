@@ -36,7 +36,6 @@ Q_SIGNALS:
     void StepRequested(int step);
 
 protected:
-    bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
@@ -44,7 +43,7 @@ protected:
     void focusInEvent(QFocusEvent* event) override;
 
 private:
-    void UpdateFonts();
+    void UpdateLook();
 
     QString m_title;
     QString m_note;

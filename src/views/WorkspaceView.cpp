@@ -6,6 +6,7 @@
 #include "views/SubViewHeader.h"
 #include "views/WorkspaceTree.h"
 #include "window/chrome/FlatButton.h"
+#include "window/chrome/LookFollower.h"
 #include "window/chrome/Theme.h"
 
 #include <QApplication>
@@ -15,6 +16,7 @@
 #include <QLabel>
 #include <QMenu>
 #include <QPushButton>
+#include <QScrollArea>
 #include <QStackedWidget>
 #include <QVBoxLayout>
 
@@ -24,8 +26,6 @@ namespace {
 constexpr int EMPTY_MARGIN = 16;
 constexpr int EMPTY_SPACING = 8;
 constexpr int EMPTY_ICON = 32;
-constexpr int TOP_MARGIN = 1;
-constexpr int BOTTOM_MARGIN = 2;
 
 QString CleanPath(const QString& path)
 {
@@ -35,6 +35,20 @@ QString CleanPath(const QString& path)
 bool IsDefaultWorkspace(const QString& path)
 {
     return CleanPath(path) == CleanPath(Settings::GetDefaultWorkspacePath());
+}
+
+/// In a section that is too low the parts keep their heights.
+QScrollArea* Scrolled(QWidget* page)
+{
+    auto* area = new QScrollArea(page->parentWidget());
+    area->setFrameShape(QFrame::NoFrame);
+    area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    area->setFocusPolicy(Qt::NoFocus);
+    area->setWidgetResizable(true);
+    area->setWidget(page);
+    area->viewport()->setAutoFillBackground(false);
+    page->setAutoFillBackground(false);
+    return area;
 }
 
 } // namespace
@@ -48,11 +62,7 @@ WorkspaceView::WorkspaceView(QWidget* parent)
     m_tree->setObjectName(QStringLiteral("m_workspaceTree"));
     m_tree->setAccessibleName(tr("Workspace"));
     m_tree->setContextMenuPolicy(Qt::CustomContextMenu);
-    auto* page = new QWidget(this);
-    auto* layout = new QVBoxLayout(page);
-    layout->setContentsMargins(0, Theme::Dp(TOP_MARGIN), 0, Theme::Dp(BOTTOM_MARGIN));
-    layout->addWidget(m_tree);
-    m_stack->addWidget(page);
+    m_stack->addWidget(CreatePage(m_tree));
     m_stack->addWidget(CreateEmptyState());
     SetContent(m_stack);
     const FlatButton* const add = AddTool(QStringLiteral("add_folder"),
@@ -71,8 +81,6 @@ QWidget* WorkspaceView::CreateEmptyState()
 {
     auto* page = new QWidget(this);
     auto* icon = new QLabel(page);
-    icon->setPixmap(Theme::TintedPixmap(QStringLiteral("add_folder"), EMPTY_ICON,
-        Theme::Color(Theme::Role::IdleIcon), devicePixelRatioF()));
     auto* text = new QLabel(tr("No folder in this workspace"), page);
     text->setWordWrap(true);
     text->setAlignment(Qt::AlignCenter);
@@ -83,9 +91,13 @@ QWidget* WorkspaceView::CreateEmptyState()
     auto* open = new QPushButton(tr("Open Workspace..."), page);
     open->setObjectName(QStringLiteral("m_emptyOpenWorkspaceButton"));
     auto* layout = new QVBoxLayout(page);
-    const int margin = Theme::Dp(EMPTY_MARGIN);
-    layout->setContentsMargins(margin, margin, margin, margin);
-    layout->setSpacing(Theme::Dp(EMPTY_SPACING));
+    FollowLook(page, [this, icon, layout] {
+        icon->setPixmap(Theme::TintedPixmap(QStringLiteral("add_folder"), EMPTY_ICON,
+            Theme::Color(Theme::Role::IdleIcon), devicePixelRatioF()));
+        const int margin = Theme::Dp(EMPTY_MARGIN);
+        layout->setContentsMargins(margin, margin, margin, margin);
+        layout->setSpacing(Theme::Dp(EMPTY_SPACING));
+    });
     layout->addWidget(icon, 0, Qt::AlignHCenter);
     layout->addWidget(text);
     for (QPushButton* button : {add, open}) {
@@ -100,7 +112,7 @@ QWidget* WorkspaceView::CreateEmptyState()
     connect(page, &QWidget::customContextMenuRequested, this, [this, page](const QPoint& point) {
         ShowContextMenu(m_tree->viewport()->mapFromGlobal(page->mapToGlobal(point)));
     });
-    return page;
+    return Scrolled(page);
 }
 
 /// A default workspace that is not there yet is an empty one.

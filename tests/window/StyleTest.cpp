@@ -1,12 +1,21 @@
+#include "editor/FindReplaceWidget.h"
 #include "settings/ColorSettings.h"
+#include "settings/KeyBindings.h"
 #include "settings/Settings.h"
 #include "support/TestMain.h"
+#include "views/QuickHelpView.h"
+#include "views/SubViewHeader.h"
+#include "window/PanelGroup.h"
 #include "window/WindowFixture.h"
+#include "window/chrome/ActivityBar.h"
 #include "window/chrome/GrooveSplitter.h"
+#include "window/chrome/StatusBar.h"
 #include "window/chrome/TarnwickStyle.h"
 #include "window/chrome/Theme.h"
 
 #include <QCheckBox>
+#include <QComboBox>
+#include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
 #include <QScreen>
@@ -25,6 +34,10 @@ private Q_SLOTS:
     void cleanup();
     void MenusFollowTheScale_data();
     void MenusFollowTheScale();
+    void WidgetsFollowTheScale_data();
+    void WidgetsFollowTheScale();
+    void FocusedFieldsHaveAHalo_data();
+    void FocusedFieldsHaveAHalo();
     void ShortcutsEndWhereTheRowDoes();
     void RingsOnlyWhenAKeyBroughtTheFocus_data();
     void RingsOnlyWhenAKeyBroughtTheFocus();
@@ -92,6 +105,80 @@ void StyleTest::MenusFollowTheScale()
     QCOMPARE(top.height(), Theme::Dp(24));
     QCOMPARE(bottom.y() - top.bottom() - 1, Theme::Hairline() + 2 * Theme::Dp(4));
     QCOMPARE(menu.height() - bottom.bottom() - 1, top.y());
+}
+
+using MakeWidget = QWidget* (*)(QWidget*);
+Q_DECLARE_METATYPE(MakeWidget)
+
+void StyleTest::WidgetsFollowTheScale_data()
+{
+    static KeyBindings bindings;
+    QTest::addColumn<MakeWidget>("make");
+    const auto row = [](const char* name, MakeWidget make) { QTest::newRow(name) << make; };
+    row("find bar", [](QWidget* p) -> QWidget* { return new FindReplaceWidget(true, p); });
+    row("find only", [](QWidget* p) -> QWidget* { return new FindReplaceWidget(false, p); });
+    row("section", [](QWidget* p) -> QWidget* { return new SubViewHeader("Outline", p); });
+    row("activity bar", [](QWidget* p) -> QWidget* { return new ActivityBar(p); });
+    row("status bar", [](QWidget* p) -> QWidget* { return new StatusBar(p); });
+    row("quick help", [](QWidget* p) -> QWidget* { return new QuickHelpView(p); });
+    row("output", [](QWidget* p) -> QWidget* { return new PanelGroup(&bindings, p); });
+}
+
+/// What was there before looks like what is made at the new scale.
+void StyleTest::WidgetsFollowTheScale()
+{
+    QFETCH(MakeWidget, make);
+    const auto picture = [](QWidget* widget) {
+        auto* const bar = qobject_cast<FindReplaceWidget*>(widget);
+        if (bar)
+            bar->SetReplaceVisible(true);
+        else
+            widget->resize(800, 400);
+        return widget->grab().toImage();
+    };
+    CreateFrame();
+    QWidget* const before = make(m_frame.get());
+    const QImage small = picture(before);
+    Settings::customScaleValue = 2.0;
+    m_frame->setStyleSheet(Theme::StyleSheet());
+    const QImage large = picture(before);
+    QVERIFY(large != small);
+    QCOMPARE(large, picture(make(m_frame.get())));
+}
+
+void StyleTest::FocusedFieldsHaveAHalo_data()
+{
+    QTest::addColumn<bool>("combo");
+    QTest::newRow("line") << false;
+    QTest::newRow("combo box") << true;
+}
+
+void StyleTest::FocusedFieldsHaveAHalo()
+{
+    QFETCH(bool, combo);
+    CreateFrame();
+    QWidget* field = nullptr;
+    if (combo)
+        field = new QComboBox(m_frame.get());
+    else
+        field = new QLineEdit(m_frame.get());
+    auto* const other = new QPushButton("Other", m_frame.get());
+    m_frame->layout()->addWidget(field);
+    m_frame->layout()->addWidget(other);
+    m_frame->show();
+    QVERIFY(QTest::qWaitForWindowActive(m_frame.get()));
+    const auto beside = [&] {
+        const QPoint place(field->geometry().center().x(), field->geometry().bottom() + 1);
+        return m_frame->grab().toImage().pixelColor(place);
+    };
+    other->setFocus();
+    const QColor plain = beside();
+    field->setFocus(Qt::MouseFocusReason);
+    QVERIFY(beside() != plain);
+    m_frame->resize(300, 240);
+    QVERIFY(beside() != plain);
+    other->setFocus();
+    QCOMPARE(beside(), plain);
 }
 
 void StyleTest::ShortcutsEndWhereTheRowDoes()

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "views/QuickHelpText.h"
+#include "views/SideBarTree.h"
+
+/// The flags of a command as a table: short name, long name and type of the argument, each in a
+/// column of its own. Owned by the quick help.
+class QuickHelpFlags : public SideBarTree
+{
+    Q_OBJECT
+
+public:
+    explicit QuickHelpFlags(QWidget* parent);
+
+    void SetFlags(const QVector<QuickHelpText::Flag>& flags);
+    /// Hides the rows that do not contain the text; how many are left.
+    int Filter(const QString& wanted);
+
+Q_SIGNALS:
+    /// A row was chosen with the mouse or a key.
+    void FlagChosen(const QString& longName);
+
+protected:
+    void PaintLabel(QPainter& painter, const RowLook& look) const override;
+    QString ToolTipOf(const QModelIndex& index) const override;
+
+private:
+    /// The columns are as wide as what stands in them, within the share of the width they may take.
+    void UpdateColumns();
+
+    QFont m_nameFont;
+    int m_shortWidth = 0; ///< pixels, of the widest short name
+    int m_longWidth = 0;
+};
