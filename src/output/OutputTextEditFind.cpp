@@ -58,7 +58,7 @@ void OutputTextEdit::ShowFindReplace(bool /*replace*/, bool focus)
         m_findReplace->SeedSearchText(text);
     if (focus)
         m_findReplace->FocusSearchText();
-    UpdateExtraSelections();
+    ScheduleExtraSelections();
 }
 
 void OutputTextEdit::CloseFindReplace()
@@ -81,7 +81,7 @@ void OutputTextEdit::OnFindReplaceClosed()
     m_findReplace->SetFindInSelectionEnabled(false, false);
     m_findRegion = QTextCursor();
     setFocus(Qt::OtherFocusReason);
-    UpdateExtraSelections();
+    ScheduleExtraSelections();
 }
 
 void OutputTextEdit::OnSearchChanged(
@@ -93,7 +93,7 @@ void OutputTextEdit::OnSearchChanged(
     // From the selection's start, so that typing on keeps the match that grows with it.
     if (incremental && !expression.pattern().isEmpty() && !IsMatchSelected())
         Find(EarliestPosition(textCursor()), false);
-    UpdateExtraSelections();
+    ScheduleExtraSelections();
     UpdateSearchResults();
 }
 
@@ -139,7 +139,7 @@ bool OutputTextEdit::Find(int from, bool backward)
     setTextCursor(cursor);
     ensureCursorVisible();
     setCenterOnScroll(false);
-    UpdateExtraSelections();
+    ScheduleExtraSelections();
     UpdateSearchResults();
     return true;
 }

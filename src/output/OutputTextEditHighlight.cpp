@@ -16,7 +16,7 @@ constexpr int PIXELS_BELOW = 50;
 constexpr int CHARACTERS_OF_LAST_LINE = 10000;
 /// A line this long gets marks only in view and this far beside it; there may be thousands.
 constexpr int WIDE_LINE = 2000;
-constexpr int CHARACTERS_BESIDE = 600;
+constexpr int CHARACTERS_BESIDE = 100;
 
 /// The document's text from `start` up to `end`, lines parted by line feeds, without making a copy
 /// of the whole.
