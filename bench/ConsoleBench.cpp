@@ -256,6 +256,23 @@ void LongLineFindNext(benchmark::State& state)
         state.SkipWithError("the next match is not selected");
 }
 
+/// A word typed into the find bar, every letter of which is found everywhere in the line.
+void LongLineSearch(benchmark::State& state)
+{
+    const QString word = QStringLiteral("pCube");
+    const auto console = MakeConsole();
+    console->AppendText(LongLine());
+    console->ShowFindReplace(false, true);
+    for (auto _ : state) {
+        for (int length = 1; length <= word.size(); ++length) {
+            console->GetFindReplace()->SetSearchText(word.left(length));
+            Settle();
+        }
+    }
+    if (console->GetSelectedText() != word)
+        state.SkipWithError("the word is not found");
+}
+
 void Register(const char* name, void (*run)(benchmark::State&))
 {
     benchmark::RegisterBenchmark(name, run)
@@ -290,5 +307,7 @@ int main(int argc, char** argv)
     TimeGoal("long_line_in_pieces", 2000);
     Register("long_line_find_next", LongLineFindNext);
     TimeGoal("long_line_find_next", 100);
+    Register("long_line_search", LongLineSearch);
+    TimeGoal("long_line_search", 500);
     return RunBenchmarks(argc, argv);
 }
