@@ -150,8 +150,11 @@ void CodeEditor::showEvent(QShowEvent* event)
 {
     QPlainTextEdit::showEvent(event);
     m_wasShown = true;
-    if (m_scrollValueToShow >= 0)
+    if (m_scrollValueToShow >= 0) {
         verticalScrollBar()->setValue(m_scrollValueToShow);
+        // The cursor was brought into view in an editor that had no width yet.
+        horizontalScrollBar()->setValue(0);
+    }
     m_scrollValueToShow = -1;
     ScheduleExtraSelections();
 }

@@ -295,9 +295,11 @@ void CustomTabBar::UpdateWidth(Tab& tab) const
 {
     // Measured and elided text may differ by a rounded pixel.
     const int label = fontMetrics().horizontalAdvance(tab.text) + 1;
-    tab.width = qBound(Theme::Dp(TabMetrics::MINIMUM_TAB),
-        TabMetrics::LabelLeft() + label + TabMetrics::LabelRightMargin(),
-        Theme::Dp(TabMetrics::MAXIMUM_TAB));
+    const int least = Theme::Dp(TabMetrics::MINIMUM_TAB);
+    // Rather a shortened label than a tab that is never seen whole.
+    const int most = qBound(least, viewport()->width(), Theme::Dp(TabMetrics::MAXIMUM_TAB));
+    tab.width
+        = qBound(least, TabMetrics::LabelLeft() + label + TabMetrics::LabelRightMargin(), most);
 }
 
 void CustomTabBar::UpdateScrollStep()
@@ -344,7 +346,7 @@ void CustomTabBar::EnsureVisible(int index)
     m_restoredScrollValue = -1;
     QScrollBar* const bar = horizontalScrollBar();
     const QRect tab = GetTabRect(index);
-    if (tab.left() < 0 || tab.width() > viewport()->width())
+    if (tab.left() < 0)
         bar->setValue(bar->value() + tab.left());
     else if (tab.right() >= viewport()->width())
         bar->setValue(bar->value() + tab.right() + 1 - viewport()->width());
@@ -380,6 +382,8 @@ void CustomTabBar::changeEvent(QEvent* event)
 void CustomTabBar::resizeEvent(QResizeEvent* event)
 {
     QAbstractScrollArea::resizeEvent(event);
+    for (Tab& tab : m_tabs)
+        UpdateWidth(tab);
     UpdateGeometry();
     // While the window is laid out the bar passes through several widths.
     if (m_restoredScrollValue >= 0)
