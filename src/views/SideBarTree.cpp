@@ -195,7 +195,10 @@ void SideBarTree::PaintLabel(QPainter& painter, const RowLook& look) const
               painter.setFont(font);
               painter.setPen(Theme::Color(role));
               const QString shown = painter.fontMetrics().elidedText(text, mode, area.width());
-              painter.drawText(area, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, shown);
+              // Half a pixel that is over goes below the text.
+              const int over = (area.height() - painter.fontMetrics().height()) % 2;
+              painter.drawText(area.adjusted(0, 0, 0, -over),
+                  Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, shown);
               area.setLeft(area.left() + painter.fontMetrics().horizontalAdvance(shown));
           };
     QFont labelFont = heading ? Theme::SmallFont(font()) : font();

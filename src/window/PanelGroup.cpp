@@ -25,8 +25,8 @@ namespace {
 // Design pixels.
 constexpr int TITLE_HEIGHT = 34;
 constexpr int TITLE_MARGIN = 14;
-constexpr int TOOLBAR_MARGIN = 6;
-constexpr int SPACING = 8;
+constexpr int TOOLBAR_MARGIN = 8;
+constexpr int SPACING = 6;
 
 enum Verbosity { EchoAll = 0, Normal = 1, Minimal = 2 };
 
@@ -97,6 +97,7 @@ void PanelGroup::CreateLayout()
     row->addWidget(m_fileName, 1);
     row->addWidget(m_verbosity);
     auto* buttons = new QHBoxLayout;
+    buttons->setSpacing(0);
     buttons->addWidget(m_writeToFileButton);
     buttons->addWidget(m_clearButton);
     row->addLayout(buttons);
@@ -106,11 +107,10 @@ void PanelGroup::CreateLayout()
     layout->setSpacing(0);
     layout->addWidget(m_titleBar);
     layout->addWidget(m_output, 1);
-    FollowLook(this, [this, row, buttons] {
+    FollowLook(this, [this, row] {
         m_titleBar->setFixedHeight(Theme::Dp(TITLE_HEIGHT));
         row->setContentsMargins(Theme::Dp(TITLE_MARGIN), 0, Theme::Dp(TOOLBAR_MARGIN), 0);
         row->setSpacing(Theme::Dp(SPACING));
-        buttons->setSpacing(Theme::Hairline());
         UpdateFonts();
     });
 }
