@@ -1,5 +1,6 @@
 #include "files/FileText.h"
 
+#include "files/SafeFile.h"
 #include "plugin/Logger.h"
 #include "settings/Settings.h"
 
@@ -7,7 +8,7 @@
 #include <QCursor>
 #include <QFile>
 #include <QGuiApplication>
-#include <QSaveFile>
+#include <QTextCodec>
 #include <QTextStream>
 
 namespace {
@@ -22,11 +23,11 @@ public:
     WaitCursor& operator=(const WaitCursor&) = delete;
 };
 
-void SetCodec(QTextStream& stream, FileText::Encoding encoding)
+const QTextCodec* CodecOf(FileText::Encoding encoding)
 {
-    // Otherwise the locale's, as the stream has it.
-    if (encoding == FileText::Encoding::Utf8 || Settings::utf8FileEncodingForReadWrite)
-        stream.setCodec("UTF-8");
+    const bool isUtf8
+        = encoding == FileText::Encoding::Utf8 || Settings::utf8FileEncodingForReadWrite;
+    return isUtf8 ? QTextCodec::codecForName("UTF-8") : QTextCodec::codecForLocale();
 }
 
 } // namespace
@@ -37,7 +38,7 @@ QString FileText::Read(const QString& path, Encoding encoding)
     QFile file(path);
     if (file.open(QIODevice::ReadOnly | QIODevice::Text)) {
         QTextStream stream(&file);
-        SetCodec(stream, encoding);
+        stream.setCodec(CodecOf(encoding)->name().constData());
         const QString text = stream.readAll();
         if (file.error() == QFile::NoError)
             return text.isNull() ? QStringLiteral("") : text;
@@ -49,18 +50,11 @@ QString FileText::Read(const QString& path, Encoding encoding)
 bool FileText::Write(const QString& path, const QString& text, Encoding encoding)
 {
     const WaitCursor cursor;
-    QSaveFile file(path);
-    // A file may be writable where its folder is not.
-    file.setDirectWriteFallback(true);
-    if (file.open(QIODevice::WriteOnly | QIODevice::Text)) {
-        QTextStream stream(&file);
-        SetCodec(stream, encoding);
-        stream << text;
-        stream.flush();
-        if (stream.status() == QTextStream::Ok && file.commit())
-            return true;
-    }
+    QString reason;
+    if (SafeFile::Write(path, CodecOf(encoding)->fromUnicode(text), reason))
+        return true;
     Logger::Error(QStringLiteral("Failed to open file for save: %1").arg(path));
+    Logger::Info(reason);
     return false;
 }
 

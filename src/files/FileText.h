@@ -16,7 +16,7 @@ enum class Encoding {
 /// Null when the file cannot be read; an empty file gives an empty text.
 QString Read(const QString& path, Encoding encoding);
 
-/// Replaces the file only when the whole text is on the disk; on failure the old one stays.
+/// At every moment the old text or the new one is on the disk, whole.
 bool Write(const QString& path, const QString& text, Encoding encoding);
 
 /// Tells one content of a file from another; empty for a file that cannot be read.

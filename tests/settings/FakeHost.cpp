@@ -28,3 +28,5 @@ void Logger::Error(const char* text)
 }
 
 void Logger::Warning(const QString& /*text*/) { }
+
+void Logger::Info(const QString& /*text*/) { }
