@@ -144,11 +144,8 @@ void SideBarTree::drawRow(
     PaintBranch(*painter, look);
     PaintLabel(*painter, look);
     PaintMark(*painter, look);
-    if (hasFocus() && m_focusByKey && index == currentIndex()) {
-        painter->setPen(QPen(Theme::Color(Theme::Role::Lake), Theme::Hairline()));
-        painter->setBrush(Qt::NoBrush);
-        painter->drawRect(row.adjusted(0, 0, -1, -1));
-    }
+    if (hasFocus() && m_focusByKey && index == currentIndex())
+        Theme::DrawFocusEdge(*painter, row, 0);
 }
 
 void SideBarTree::PaintBranch(QPainter& painter, const RowLook& look) const

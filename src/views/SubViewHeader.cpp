@@ -117,10 +117,8 @@ void SubViewHeader::paintEvent(QPaintEvent*)
     painter.setPen(Theme::Color(Theme::Role::Faint));
     painter.drawText(area, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
         painter.fontMetrics().elidedText(m_note, Qt::ElideRight, qMax(0, area.width())));
-    if (hasFocus() && m_focusByKey) {
-        painter.setPen(QPen(Theme::Color(Theme::Role::Lake), Theme::Hairline()));
-        painter.drawRect(rect().adjusted(0, 0, -1, -1));
-    }
+    if (hasFocus() && m_focusByKey)
+        Theme::DrawFocusEdge(painter, rect(), 0);
 }
 
 void SubViewHeader::mousePressEvent(QMouseEvent* event)

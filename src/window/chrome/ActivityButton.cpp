@@ -67,12 +67,8 @@ void ActivityButton::paintEvent(QPaintEvent*)
         PaintWaterline(painter);
     if (m_count > 0)
         PaintCount(painter);
-    if (hasFocus() && m_focusByKey) {
-        const double half = Theme::Hairline() / 2.0;
-        painter.setPen(QPen(Theme::Color(Theme::Role::Lake), Theme::Hairline()));
-        painter.setBrush(Qt::NoBrush);
-        painter.drawRect(QRectF(rect()).adjusted(half, half, -half, -half));
-    }
+    if (hasFocus() && m_focusByKey)
+        Theme::DrawFocusEdge(painter, rect(), 0);
 }
 
 void ActivityButton::PaintWaterline(QPainter& painter) const

@@ -7,7 +7,10 @@
 
 namespace {
 
-constexpr int ICON_SIZE = 16; // design pixels
+// Design pixels.
+constexpr int ICON_SIZE = 16;
+constexpr int RADIUS = 4;
+
 constexpr double DISABLED_ALPHA = 0.4;
 
 } // namespace
@@ -65,12 +68,8 @@ void FlatButton::paintEvent(QPaintEvent*)
     painter.setRenderHint(QPainter::Antialiasing);
     PaintBackground(painter);
     PaintIcon(painter);
-    if (hasFocus() && m_focusByKey) {
-        painter.setPen(QPen(Theme::Color(Theme::Role::Lake), Theme::Hairline()));
-        painter.setBrush(Qt::NoBrush);
-        painter.drawRoundedRect(
-            QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), Theme::Dp(4), Theme::Dp(4));
-    }
+    if (hasFocus() && m_focusByKey)
+        Theme::DrawFocusEdge(painter, rect(), RADIUS);
 }
 
 void FlatButton::PaintBackground(QPainter& painter) const
@@ -87,8 +86,9 @@ void FlatButton::PaintBackground(QPainter& painter) const
     }
     painter.setPen(edge);
     painter.setBrush(fill);
+    const double half = Theme::Hairline() / 2.0;
     painter.drawRoundedRect(
-        QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), Theme::Dp(4), Theme::Dp(4));
+        QRectF(rect()).adjusted(half, half, -half, -half), Theme::Dp(RADIUS), Theme::Dp(RADIUS));
 }
 
 QColor FlatButton::IconColor() const

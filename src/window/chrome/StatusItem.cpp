@@ -117,13 +117,8 @@ void StatusItem::paintEvent(QPaintEvent*)
         painter.drawRoundedRect(rect(), Theme::Dp(RADIUS), Theme::Dp(RADIUS));
     }
     PaintParts(painter);
-    if (hasFocus() && m_focusByKey) {
-        const double half = Theme::Hairline() / 2.0;
-        painter.setPen(QPen(Theme::Color(Theme::Role::Lake), Theme::Hairline()));
-        painter.setBrush(Qt::NoBrush);
-        painter.drawRoundedRect(QRectF(rect()).adjusted(half, half, -half, -half),
-            Theme::Dp(RADIUS), Theme::Dp(RADIUS));
-    }
+    if (hasFocus() && m_focusByKey)
+        Theme::DrawFocusEdge(painter, rect(), RADIUS);
 }
 
 /// At the right end of a field that kept its width: what stands behind it stays where it is.

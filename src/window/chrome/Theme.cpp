@@ -188,6 +188,18 @@ int Theme::Hairline()
     return qMax(1, static_cast<int>(std::floor(Scale())));
 }
 
+void Theme::DrawFocusEdge(QPainter& painter, const QRect& area, int radius)
+{
+    const double half = Hairline() / 2.0;
+    const double round = radius > 0 ? Dp(radius) : 0;
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(Color(Role::Lake), Hairline()));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRoundedRect(QRectF(area).adjusted(half, half, -half, -half), round, round);
+    painter.restore();
+}
+
 QString Theme::PicturePath(const QString& name, int pixels)
 {
     QString largest;

@@ -4,6 +4,8 @@
 #include <QFont>
 #include <QIcon>
 
+class QPainter;
+
 /// The look of everything around the text: colours by role, lengths at the interface scale, icons
 /// and the style sheet made of them. Colours of the text itself belong to the colour scheme.
 /// Interface thread only.
@@ -30,6 +32,9 @@ public:
     static int Dp(double length);
     /// Width of separators and edges.
     static int Hairline();
+
+    /// The line round what a key has given the focus to, inside `area`; `radius` in design pixels.
+    static void DrawFocusEdge(QPainter& painter, const QRect& area, int radius);
 
     /// The icon of that name with every size there is; null when it is not built in.
     static QIcon Icon(const QString& name);
