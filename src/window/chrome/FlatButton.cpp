@@ -78,7 +78,7 @@ void FlatButton::PaintBackground(QPainter& painter) const
     QPen edge = Qt::NoPen;
     if (isEnabled() && isDown()) {
         fill = Theme::Color(Theme::Role::Pressed);
-    } else if (isChecked()) {
+    } else if (isEnabled() && isChecked()) {
         fill = Theme::WithAlpha(Theme::Role::Lake, 0.2);
         edge = QPen(Theme::WithAlpha(Theme::Role::Lake, 0.55), Theme::Hairline());
     } else if (isEnabled() && underMouse()) {

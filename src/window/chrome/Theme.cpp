@@ -82,6 +82,9 @@ constexpr RoleRow ROLES[] = {
     {R::MarkSearch,        "mark-search",         0xffa65a2c},
     {R::MatchOutline,      "match-outline",       0xffc08a5c},
     {R::NoResults,         "no-results",          0xffff8f85},
+    {R::Page,              "page",                0xff2a2a2a},
+    {R::DisabledField,     "disabled-field",      0xff242424},
+    {R::DisabledEdge,      "disabled-edge",       0xff383838},
 };
 // clang-format on
 

@@ -22,6 +22,7 @@ public:
         Disabled, Icon, IdleWaterline, IdleIcon, TabSeparator,
         StatusError, StatusWarning, ActivityIcon, TitleField, TitleFieldEdge,
         MarkError, MarkWarning, MarkInfo, MarkSearch, MatchOutline, NoResults,
+        Page, DisabledField, DisabledEdge,
         // clang-format on
     };
 
