@@ -17,7 +17,6 @@
 #include <QFile>
 #include <QFileSystemWatcher>
 #include <QMimeData>
-#include <QRegularExpression>
 #include <QScrollBar>
 #include <QTextBlock>
 #include <QTimer>
@@ -27,6 +26,15 @@ namespace {
 constexpr int TEXT_CHANGE_DELAY = 250; // ms
 constexpr int TEXT_MARGIN = 2; // design pixels
 constexpr QChar PARAGRAPH_SEPARATOR(0x2029);
+
+/// Where the blanks begin that end at `end`.
+int BlanksBefore(const QString& text, int end)
+{
+    while (
+        end > 0 && (text.at(end - 1) == QLatin1Char(' ') || text.at(end - 1) == QLatin1Char('\t')))
+        --end;
+    return end;
+}
 
 } // namespace
 
@@ -101,7 +109,7 @@ void CodeEditor::SetProperties(const CodeEditorProperties& properties, bool forc
     m_label = properties.label;
     UpdateAccessibleName();
     if (languageChanged) {
-        UpdateHighlighter();
+        SetHighlighterFromLanguage();
         UpdateTextOptions();
     }
 }
@@ -176,9 +184,10 @@ QString CodeEditor::GetCurrentLineForExecute() const
 
 QString CodeEditor::GetTextForPythonProcessing() const
 {
-    static const QRegularExpression BLANKS_AT_THE_END(QStringLiteral("[ \\t]+\\z"));
     QString text = GetText();
-    text.remove(BLANKS_AT_THE_END);
+    const int end = text.endsWith(QLatin1Char('\n')) ? text.size() - 1 : text.size();
+    const int start = BlanksBefore(text, end);
+    text.remove(start, end - start);
     text.append(QLatin1Char('\n'));
     text.replace(QLatin1String("\\"), QLatin1String("\\\\"));
     text.replace(QLatin1String("\n"), QLatin1String("\\n"));

@@ -304,7 +304,7 @@ private:
     void WatchFile(const CodeEditorProperties& properties);
 
     // Highlighting
-    void UpdateHighlighter();
+    void SetHighlighterFromLanguage();
     void DropHighlighter();
     void HighlightVisibleLines();
 

@@ -14,7 +14,7 @@ void CodeEditor::DropHighlighter()
     delete std::exchange(m_highlighter, nullptr);
 }
 
-void CodeEditor::UpdateHighlighter()
+void CodeEditor::SetHighlighterFromLanguage()
 {
     DropHighlighter();
     switch (m_language) {

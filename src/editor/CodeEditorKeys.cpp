@@ -178,7 +178,8 @@ void CodeEditor::ShowContextMenu(const QPoint& point)
 {
     QMenu menu(this);
     FillContextMenu(menu);
-    menu.exec(mapToGlobal(point));
+    // The point is the viewport's.
+    menu.exec(viewport()->mapToGlobal(point));
 }
 
 void CodeEditor::FillContextMenu(QMenu& menu)

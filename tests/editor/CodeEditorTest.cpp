@@ -200,8 +200,8 @@ void CodeEditorTest::QuotesItsTextForPython_data()
                                                << "a = 1\\n";
     QTest::newRow("blanks at other line ends stay") << "a \nb"
                                                     << "a \\nb\\n";
-    QTest::newRow("blanks before a last line end stay") << "a \n"
-                                                        << "a \\n\\n";
+    QTest::newRow("blanks before a last line end go") << "a \n"
+                                                      << "a\\n\\n";
     QTest::newRow("backslashes before quotes") << "print(\"\\n\")"
                                                << "print(\\\"\\\\n\\\")\\n";
 }
@@ -506,9 +506,10 @@ void CodeEditorTest::ShowsItsMenuInOrder()
     CodeEditor editor({CodeEditorType::Buffer, Language(language), "x", "x"}, &m_keyBindings);
     editor.show();
     QStringList labels;
-    QTimer::singleShot(0, &editor, [&labels] {
+    QTimer::singleShot(0, &editor, [&labels, &editor] {
         auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
         QVERIFY(menu);
+        QCOMPARE(menu->pos(), editor.viewport()->mapToGlobal({5, 5}));
         for (const QAction* action : menu->actions())
             labels += action->text();
         menu->close();
