@@ -5,12 +5,14 @@
 #include "editor/CodeEditor.h"
 #include "editor/CodeEditorGroup.h"
 #include "language/BaseParser.h"
+#include "files/RecoveryLeftovers.h"
 #include "output/OutputTextEdit.h"
 #include "plugin/MayaUtil.h"
 #include "settings/ColorSettings.h"
 #include "settings/Settings.h"
 #include "views/SideBar.h"
 #include "window/PanelGroup.h"
+#include "window/RecoveryKeeper.h"
 #include "window/chrome/StatusBar.h"
 #include "window/chrome/TarnwickStyle.h"
 #include "window/chrome/Theme.h"
@@ -52,10 +54,13 @@ TarnwickEditor::TarnwickEditor(QWidget* parent)
     m_isComplete = true;
     if (isFresh)
         SaveState();
+    StartRecovery();
 }
 
 TarnwickEditor::~TarnwickEditor()
 {
+    // Editors that go with the window have not been closed.
+    m_recovery.reset();
     if (m_mainWindow)
         m_mainWindow->removeEventFilter(this);
     // Children go after the members, so they must not need the style any more.
@@ -171,6 +176,7 @@ void TarnwickEditor::Shutdown()
 {
     disconnect(qApp, &QApplication::focusChanged, this, &TarnwickEditor::OnApplicationFocusChanged);
     SaveAll(true, Settings::saveAllOnExit);
+    EndRecovery();
     WriteUserConfigs();
 }
 

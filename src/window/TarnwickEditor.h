@@ -25,9 +25,13 @@ class QMenu;
 class QMenuBar;
 class QSplitter;
 class QVariantAnimation;
+class RecoveryKeeper;
+class RecoveryLeftovers;
+class RecoveryNotice;
 class StatusBar;
 class TarnwickStyle;
 struct GroupPlan;
+struct RecoverySnapshot;
 struct TabDetails;
 
 /// The editor window, placed in the host's workspace control: owns the code editor groups, the
@@ -322,6 +326,19 @@ private:
     bool MayHostClose();
     static QString DefaultBufferLabel(CodeEditorLanguage language);
 
+    // Unsaved text that outlives a crash
+    void StartRecovery();
+    void EndRecovery();
+    void WatchForRecovery();
+    RecoverySnapshot DescribeForRecovery(const CodeEditor& editor) const;
+    /// To be called before anything that may end the host: all that is not saved is on the disk
+    /// afterwards.
+    void KeepUnsavedText();
+    void OfferRecovery(const QString& folder);
+    void RestoreUnsavedText();
+    void RestoreSnapshot(const RecoverySnapshot& snapshot);
+    void CloseRecoveryOffer(bool drop);
+
     // Tabs that are moved
     QVector<int> CountTabs() const;
     void MoveGroupsAlong(const GroupPlan& plan);
@@ -395,6 +412,9 @@ private:
     /// one has made it another.
     QHash<QString, QByteArray> m_diskContents;
     bool m_checkingForFileChanges = false;
+    std::unique_ptr<RecoveryKeeper> m_recovery; ///< null without a preferences folder, and at the end
+    std::unique_ptr<RecoveryLeftovers> m_leftovers; ///< while they are offered
+    RecoveryNotice* m_recoveryNotice = nullptr;
     QMenuBar* m_menuBar = nullptr;
     QMenu* m_recentFilesMenu = nullptr;
     QSplitter* m_codeEditorSplitter = nullptr;

@@ -6,6 +6,7 @@
 #include "editor/CodeEditorGroup.h"
 #include "settings/Settings.h"
 #include "window/Question.h"
+#include "window/RecoveryKeeper.h"
 #include "window/TarnwickEditor.h"
 
 TarnwickEditor::UnsavedAnswer TarnwickEditor::ShowUnsavedFileDialog(const QString& name)
@@ -152,6 +153,8 @@ bool TarnwickEditor::MayHostClose()
         || !ModifiedFilesExist())
         return true;
     const UnsavedAnswer answer = ShowUnsavedFileDialog(QString());
+    if (answer == UnsavedAnswer::Discard && m_recovery)
+        m_recovery->GiveUpFiles();
     if (answer != UnsavedAnswer::Save)
         return answer == UnsavedAnswer::Discard;
     SaveAll(false, true);

@@ -23,9 +23,12 @@ void TarnwickEditor::Execute(int kind)
     const QString text = ExecuteText(*editor, kind);
     if (text.isEmpty())
         return;
+    // Saving may ask, and the editor be gone afterwards.
+    const CodeEditorLanguage language = editor->GetLanguage();
     if (Settings::saveAllOnExecute)
         SaveAll(true, true);
-    switch (editor->GetLanguage()) {
+    KeepUnsavedText();
+    switch (language) {
     case CodeEditorLanguage::Mel: MayaUtil::ExecuteMelScript(text); break;
     case CodeEditorLanguage::Python: MayaUtil::ExecutePythonScript(text); break;
     case CodeEditorLanguage::Text: break;
@@ -48,8 +51,10 @@ void TarnwickEditor::SourceScript()
     QString filter = mel;
     const QString path
         = QFileDialog::getOpenFileName(this, tr("Source Script"), QString(), filters, &filter);
-    if (!path.isEmpty())
-        MayaUtil::SourceScript(path);
+    if (path.isEmpty())
+        return;
+    KeepUnsavedText();
+    MayaUtil::SourceScript(path);
 }
 
 void TarnwickEditor::SaveScriptToShelf()
@@ -63,8 +68,10 @@ void TarnwickEditor::SaveScriptToShelf()
     bool accepted = false;
     const QString label = QInputDialog::getText(this, tr("New Shelf Item"),
         tr("Enter name of new shelf item:"), QLineEdit::Normal, QString(), &accepted);
-    if (accepted && !label.isEmpty())
-        MayaUtil::SaveScriptToShelf(label, text, isMel);
+    if (!accepted || label.isEmpty())
+        return;
+    KeepUnsavedText();
+    MayaUtil::SaveScriptToShelf(label, text, isMel);
 }
 
 void TarnwickEditor::PythonUpdateModuleState()

@@ -1,0 +1,119 @@
+#include "files/RecoveryLeftovers.h"
+
+#include "files/RecoveryFile.h"
+#include "files/RecoveryStore.h"
+#include "plugin/Logger.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QLockFile>
+#include <QSysInfo>
+
+#include <algorithm>
+
+namespace {
+
+/// A process number is soon used again, so that it alone proves nothing; what a dead process held
+/// open it holds no more. That cannot be told of another machine's processes.
+bool TakeOver(QLockFile& lock)
+{
+    if (lock.tryLock(0))
+        return true;
+    qint64 process = 0;
+    QString machine;
+    QString application;
+    return lock.error() == QLockFile::LockFailedError
+        && lock.getLockInfo(&process, &machine, &application)
+        && machine == QSysInfo::machineHostName() && lock.removeStaleLockFile() && lock.tryLock(0);
+}
+
+} // namespace
+
+/// Empty folders go together with the claim.
+struct RecoveryLeftovers::ClaimedFolder
+{
+    explicit ClaimedFolder(const QString& folder)
+        : path(folder)
+        , lock(folder + QLatin1Char('/') + RecoveryStore::LOCK_NAME)
+    {
+        lock.setStaleLockTime(0);
+    }
+    ~ClaimedFolder()
+    {
+        lock.unlock();
+        QDir().rmdir(path);
+    }
+
+    QString path;
+    QLockFile lock;
+};
+
+RecoveryLeftovers::RecoveryLeftovers() = default;
+
+RecoveryLeftovers::~RecoveryLeftovers()
+{
+    m_claimed.clear();
+    if (!m_folder.isEmpty())
+        QDir().rmdir(m_folder); // only when it is empty
+}
+
+void RecoveryLeftovers::Claim(const QString& folder)
+{
+    m_folder = folder;
+    const QStringList names
+        = QDir(folder).entryList(QDir::Dirs | QDir::NoDotAndDotDot | QDir::NoSymLinks);
+    for (const QString& name : names) {
+        if (name != RecoveryStore::BROKEN_NAME)
+            ClaimFolder(QStringLiteral("%1/%2").arg(folder, name));
+    }
+    std::stable_sort(
+        m_leftovers.begin(), m_leftovers.end(), [](const Leftover& left, const Leftover& right) {
+            return left.snapshot.time < right.snapshot.time;
+        });
+}
+
+void RecoveryLeftovers::ClaimFolder(const QString& path)
+{
+    auto claimed = std::make_unique<ClaimedFolder>(path);
+    if (!TakeOver(claimed->lock))
+        return;
+    const QStringList files = QDir(path).entryList(
+        {QLatin1Char('*') + RecoveryStore::FILE_SUFFIX}, QDir::Files | QDir::NoSymLinks);
+    for (const QString& name : files) {
+        const QString file = QStringLiteral("%1/%2").arg(path, name);
+        const std::optional<RecoverySnapshot> snapshot = RecoveryFile::Read(file);
+        if (snapshot)
+            m_leftovers.push_back({*snapshot, file});
+        else
+            SetAside(file);
+    }
+    m_claimed.push_back(std::move(claimed));
+}
+
+void RecoveryLeftovers::SetAside(const QString& file)
+{
+    const QString folder = QStringLiteral("%1/%2").arg(m_folder, RecoveryStore::BROKEN_NAME);
+    const QString target = QStringLiteral("%1/%2-%3")
+                               .arg(folder, QFileInfo(QFileInfo(file).path()).fileName(),
+                                   QFileInfo(file).fileName());
+    if (QDir().mkpath(folder) && QFile::rename(file, target))
+        Logger::Warning(
+            QStringLiteral("Unsaved text could not be read and was set aside: %1").arg(target));
+    else
+        Logger::Warning(QStringLiteral("Unsaved text could not be read: %1").arg(file));
+}
+
+void RecoveryLeftovers::Remove(int index)
+{
+    const auto leftover = m_leftovers.begin() + index;
+    if (!QFile::remove(leftover->file))
+        Logger::Error(QStringLiteral("Failed to delete file: %1").arg(leftover->file));
+    m_leftovers.erase(leftover);
+}
+
+void RecoveryLeftovers::RemoveAll()
+{
+    while (!m_leftovers.empty())
+        Remove(static_cast<int>(m_leftovers.size()) - 1);
+}
