@@ -143,7 +143,7 @@ void RecoveryKeeper::OnChanged(CodeEditor* editor)
     record.lastChangeTime = now;
     ++record.change;
     if (!m_timer.isActive())
-        m_timer.start(m_delays.pause);
+        m_timer.start(std::min(m_delays.pause, m_delays.limit));
 }
 
 void RecoveryKeeper::OnModificationChanged(bool modified, CodeEditor* editor)

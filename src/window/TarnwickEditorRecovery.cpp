@@ -3,11 +3,11 @@
 
 #include "editor/CodeEditor.h"
 #include "editor/CodeEditorGroup.h"
+#include "files/FileText.h"
 #include "files/RecoveryLeftovers.h"
 #include "files/RecoveryStore.h"
 #include "plugin/Logger.h"
 #include "settings/Settings.h"
-#include "window/FileText.h"
 #include "window/RecoveryKeeper.h"
 #include "window/RecoveryNotice.h"
 #include "window/TarnwickEditor.h"

@@ -27,6 +27,7 @@ bool FilesFixture::Finish()
     m_dialogs.Take();
     DeleteWindow();
     QDir(Settings::GetInternalBufferDirectoryPath()).removeRecursively();
+    QDir(Settings::GetUserConfigDirectory() + "/recovery").removeRecursively();
     m_host->RunIdle();
     return allAnswered;
 }
