@@ -41,11 +41,6 @@ private Q_SLOTS:
     void VersionsAndPlaces();
     void DiagnosticsArePrinted();
     void LogLinesBearTheName();
-    void VocabularyHasTheKinds();
-    void FlagsOfCommandsOnly();
-    void DocumentationOfUnknownCommandIsRefused();
-    void AttributesFollowTheSource();
-    void SyntaxErrorHasItsLine();
     void PylintPathHasNoStandardLibrary();
 
 private:
@@ -292,70 +287,6 @@ void MayaUtilTest::LogLinesBearTheName()
     QCOMPARE(m_host->Messages(MessageType::Warning),
         QStringList{QString::fromUtf8("[TarnwickEditor2] zwei \xc3\xa4 %1")});
     QCOMPARE(m_host->Errors(), QStringList{"[TarnwickEditor2] three"});
-}
-
-void MayaUtilTest::VocabularyHasTheKinds()
-{
-    m_host->Mel("global proc teNewProcedure() {}; runTimeCommand -command \"ls\" TeNewRunTime;");
-    MayaUtil::RefreshCommandList();
-    QVERIFY(MayaUtil::MelCommands().contains("workspaceControl"));
-    QVERIFY(!MayaUtil::MelCommands().contains("teNewProcedure"));
-    QVERIFY(MayaUtil::MelProcedures().contains("teNewProcedure"));
-    QVERIFY(MayaUtil::MelProcedures().contains("qhGetMelInfo"));
-    QVERIFY(MayaUtil::MelRunTimeCommands().contains("TeNewRunTime"));
-    QVERIFY(!MayaUtil::MelProcedures().contains("TeNewRunTime"));
-    for (const char* name : {"True", "None", "lambda"})
-        QCOMPARE(MayaUtil::PythonKeywords().count(name), 1);
-    QVERIFY(MayaUtil::PythonBuiltins().contains("len"));
-    QCOMPARE(MayaUtil::MelKeywords().size(), 25);
-}
-
-void MayaUtilTest::FlagsOfCommandsOnly()
-{
-    const QStringList flags = MayaUtil::CommandFlags("workspaceControl");
-    QCOMPARE(flags.size() % 3, 0);
-    const int at = flags.indexOf("-label");
-    QVERIFY(at > 0);
-    QCOMPARE(flags[at - 1], QString("-l"));
-    QVERIFY(MayaUtil::CommandFlags("qhGetMelInfo").isEmpty());
-    QVERIFY(MayaUtil::CommandFlags("").isEmpty());
-    QCOMPARE(m_host->Errors(), QStringList());
-}
-
-void MayaUtilTest::DocumentationOfUnknownCommandIsRefused()
-{
-    MayaUtil::CommandDocumentation("teNobody", false);
-    QCOMPARE(m_host->Errors(), QStringList{"[TarnwickEditor2] Command not found: teNobody"});
-    m_host->Forget();
-    MayaUtil::CommandDocumentation("", true);
-    MayaUtil::CommandDocumentation("workspaceControl", false);
-    QVERIFY2(m_host->Errors().isEmpty(), qPrintable(m_host->Errors().join('\n')));
-}
-
-void MayaUtilTest::AttributesFollowTheSource()
-{
-    QStringList names;
-    MayaUtil::PythonAttributesFromSource("import colorsys\\nx = 1\\ncolorsys.", "", names, false);
-    QCOMPARE(names, QStringList({"colorsys", "x"}));
-    MayaUtil::PythonAttributesFromSource("import colorsys", "colorsys", names, false);
-    QVERIFY(names.contains("rgb_to_hsv"));
-    MayaUtil::PythonAttributesFromSource("x = 1", "", names, true);
-    QVERIFY(names.contains("lambda") && names.contains("len") && names.contains("x"));
-    MayaUtil::PythonAttributesFromSource("x = 1", "nobody", names, false);
-    QVERIFY(names.isEmpty());
-    QVERIFY(!Settings::traceHideAll);
-    QCOMPARE(m_host->Errors(), QStringList());
-}
-
-void MayaUtilTest::SyntaxErrorHasItsLine()
-{
-    QStringList results{"old"};
-    MayaUtil::PythonSyntaxCheck("x = 1", results);
-    QVERIFY(results.isEmpty());
-    MayaUtil::PythonSyntaxCheck("x = 1\\ndef f(:\\n  pass", results);
-    QCOMPARE(results.size(), 2);
-    QVERIFY2(!results[0].contains('('), qPrintable(results[0]));
-    QCOMPARE(results[1], QString("2"));
 }
 
 void MayaUtilTest::PylintPathHasNoStandardLibrary()
