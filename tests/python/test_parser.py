@@ -140,6 +140,8 @@ class ParseSource(unittest.TestCase):
         inside = "class A:\n    x = 1\n    def go(this, __tarnwick_lctr_qnht__): pass\n"
         for obj in ("self", "cls", "this"):
             self.assertEqual(public(inside, obj), ["go", "x"])
+        called = "class A:\n    x = 1\n    def go(self): f(\n        __tarnwick_lctr_qnht__)\n"
+        self.assertEqual(public(called, "self"), ["go", "x"])
         self.assertEqual(public(marked + "(y", "self"), ["base", "count", "go", "win"])
         outside = "class A:\n    x = 1\n" + MARKER + "\nself = 'text'"
         self.assertIn("upper", names(outside, "self"))

@@ -1,4 +1,4 @@
-class TarnwickEditorHelpers(object):
+class TarnwickEditorHelpers:
     """What Tarnwick Editor 2 asks the interpreter, and the snapshot of loaded modules.
 
     The plug-in runs this text in the console's own namespace: modules are imported inside the
