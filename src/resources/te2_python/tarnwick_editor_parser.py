@@ -351,11 +351,10 @@ class TarnwickEditorParser(_tarnwick_ast.NodeVisitor):
     def _define(self, name, value):
         self._store(self._names_for(name), name, value)
 
-    @staticmethod
-    def _store(names, name, value):
+    def _store(self, names, name, value):
         # "x = None" somewhere does not hide what x holds at other times.
-        node = value.arguments[0] if isinstance(value, TarnwickEditorParser.Binding) else value
-        if name not in names or not TarnwickEditorParser._is_none(node):
+        node = value.arguments[0] if isinstance(value, self.Binding) else value
+        if name not in names or not self._is_none(node):
             names[name] = value
 
     @staticmethod
