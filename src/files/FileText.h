@@ -3,6 +3,8 @@
 #include <QByteArray>
 #include <QString>
 
+class QTextCodec;
+
 /// Scripts on disk: the one place that reads them and the one that writes them. Shows the wait
 /// cursor meanwhile, so for the interface thread only. Line ends are line feeds in memory. Every
 /// failure is logged.
@@ -19,7 +21,15 @@ QString Read(const QString& path, Encoding encoding);
 /// At every moment the old text or the new one is on the disk, whole.
 bool Write(const QString& path, const QString& text, Encoding encoding);
 
+// The same with bytes
+bool ReadBytes(const QString& path, QByteArray& bytes);
+bool WriteBytes(const QString& path, const QByteArray& bytes);
+
+/// For the user's files.
+const QTextCodec& ChosenCodec();
+
 /// Tells one content of a file from another; empty for a file that cannot be read.
 QByteArray Fingerprint(const QString& path);
+QByteArray FingerprintOf(const QByteArray& bytes);
 
 } // namespace FileText
