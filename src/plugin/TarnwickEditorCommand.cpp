@@ -3,6 +3,7 @@
 #include "plugin/Logger.h"
 #include "plugin/MayaUtil.h"
 #include "settings/ColorSettings.h"
+#include "settings/ExtraSettings.h"
 #include "settings/Settings.h"
 #include "window/TarnwickEditor.h"
 
@@ -81,6 +82,7 @@ void TarnwickEditorCommand::Initialize()
     threadOutput = std::make_unique<QObject>();
     Settings::ReadUserConfig();
     ColorSettings::ReadUserConfig();
+    ExtraSettings::ReadUserConfig();
     if (Settings::outputDisableEchoAllOnStartup)
         MayaUtil::SetEchoAllCommandsEnabled(false);
     else if (MayaUtil::EchoAllCommandsEnabled())
