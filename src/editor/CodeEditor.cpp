@@ -146,6 +146,13 @@ QString CodeEditor::GetText() const
     return text.isNull() ? QStringLiteral("") : text;
 }
 
+QString CodeEditor::GetStoredText() const
+{
+    QString text = document()->toRawText();
+    text.replace(QChar::ParagraphSeparator, QLatin1Char('\n'));
+    return text.isNull() ? QStringLiteral("") : text;
+}
+
 void CodeEditor::SetText(const QString& text)
 {
     m_rewritingText = true;

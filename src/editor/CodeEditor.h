@@ -67,6 +67,8 @@ public:
     // Text
     /// Never null, not even of an empty document.
     QString GetText() const;
+    /// The text that belongs into the file: unlike GetText it has every blank as it was read.
+    QString GetStoredText() const;
     void SetText(const QString& text);
     /// With the text widget's own paragraph separators (U+2029).
     QString GetSelectedText() const;

@@ -175,6 +175,7 @@ void TarnwickEditor::ConnectGroup(CodeEditorGroup* group)
 void TarnwickEditor::Shutdown()
 {
     disconnect(qApp, &QApplication::focusChanged, this, &TarnwickEditor::OnApplicationFocusChanged);
+    m_isShuttingDown = true;
     SaveAll(true, Settings::saveAllOnExit);
     EndRecovery();
     WriteUserConfigs();

@@ -2,6 +2,7 @@
 
 #include "editor/CodeEditorProperties.h"
 #include "editor/TabDropZone.h"
+#include "files/TextFormat.h"
 #include "settings/KeyBindings.h"
 #include "views/SideBar.h"
 #include "window/chrome/ActivityBar.h"
@@ -30,8 +31,11 @@ class RecoveryLeftovers;
 class RecoveryNotice;
 class StatusBar;
 class TarnwickStyle;
+enum class FormatAnswer;
+struct FormatQuestion;
 struct GroupPlan;
 struct RecoverySnapshot;
+struct SaveBatch;
 struct TabDetails;
 
 /// The editor window, placed in the host's workspace control: owns the code editor groups, the
@@ -240,6 +244,7 @@ public Q_SLOTS:
     void OnParserUpdated(BaseParser* parser);
     void UpdateInterpreter();
     void UpdateCursorPosition();
+    void UpdateTextFormat();
     void UpdateTitleBar();
     void UpdateStatusBarInfo();
     void OnApplicationFocusChanged(QWidget* old, QWidget* now);
@@ -316,6 +321,12 @@ private:
     void BecomeFile(const CodeEditorProperties& old, const QString& path);
     void RenameBuffer(CodeEditorProperties properties, const QString& name);
     void RenameFile(const QString& oldPath, const QString& name);
+    bool WriteFile(const QString& path, const QString& text, const TextFormat& found);
+    bool ChooseBytes(
+        const QString& path, const QString& text, TextFormat& format, QByteArray& bytes);
+    FormatAnswer AskAboutFormat(const FormatQuestion& question, const TextFormat& format);
+    bool MayOpen(const QString& path);
+    void DropOddCharacters(const QString& path, const QString& saved);
     void FollowFileChange(const QString& path);
     void ReloadFile(const QString& path);
     QString ReadText(const QString& path, CodeEditorType type);
@@ -411,6 +422,9 @@ private:
     /// Fingerprints of the open files as this window last read or wrote them: who else has written
     /// one has made it another.
     QHash<QString, QByteArray> m_diskContents;
+    QHash<QString, TextFormat> m_fileFormats; ///< how the open files stand on the disk
+    SaveBatch* m_saveBatch = nullptr; ///< while several files are saved; not owned
+    bool m_isShuttingDown = false; ///< nobody can be asked any more
     bool m_checkingForFileChanges = false;
     std::unique_ptr<RecoveryKeeper> m_recovery; ///< null without a preferences folder, and at the end
     std::unique_ptr<RecoveryLeftovers> m_leftovers; ///< while they are offered

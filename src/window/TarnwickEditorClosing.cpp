@@ -5,9 +5,12 @@
 #include "editor/CodeEditor.h"
 #include "editor/CodeEditorGroup.h"
 #include "settings/Settings.h"
+#include "window/FormatQuestion.h"
 #include "window/Question.h"
 #include "window/RecoveryKeeper.h"
 #include "window/TarnwickEditor.h"
+
+#include <QScopedValueRollback>
 
 TarnwickEditor::UnsavedAnswer TarnwickEditor::ShowUnsavedFileDialog(const QString& name)
 {
@@ -47,6 +50,7 @@ bool TarnwickEditor::CloseCodeEditor(CodeEditorGroup* group, int index, bool ask
     if (!isBuffer)
         AddRecentFile(properties.filePath);
     m_diskContents.remove(properties.filePath);
+    m_fileFormats.remove(properties.filePath);
     owner->DeleteCodeEditor(owner->GetCodeEditorIndex(properties.filePath));
     ActivateGroupWithEditors();
     RefreshCodeEditorGroups(false);
@@ -95,6 +99,9 @@ void TarnwickEditor::ActivateGroupWithEditors()
 /// One after the other; a question that is cancelled ends it. What is asked about is shown.
 void TarnwickEditor::CloseTabs(const QStringList& paths)
 {
+    SaveBatch batch;
+    batch.files = paths.size();
+    const QScopedValueRollback<SaveBatch*> rollback(m_saveBatch, &batch);
     for (const QString& path : paths) {
         CodeEditorGroup* const group = GetCodeEditorGroupByPath(path);
         if (!group)

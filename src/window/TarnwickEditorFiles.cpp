@@ -7,6 +7,7 @@
 #include "settings/Settings.h"
 #include "views/OutlineView.h"
 #include "views/SideBar.h"
+#include "window/FormatQuestion.h"
 #include "window/Question.h"
 #include "window/TarnwickEditor.h"
 
@@ -16,6 +17,7 @@
 #include <QInputDialog>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScopedValueRollback>
 #include <QTemporaryFile>
 
 namespace {
@@ -54,11 +56,6 @@ QString MakeBufferFile(CodeEditorLanguage language)
         return QFileInfo(file).absoluteFilePath();
     Logger::Error(QStringLiteral("Failed to open file for save: %1").arg(file.fileTemplate()));
     return QString();
-}
-
-FileText::Encoding EncodingOf(CodeEditorType type)
-{
-    return type == CodeEditorType::Buffer ? FileText::Encoding::Utf8 : FileText::Encoding::Chosen;
 }
 
 QString AbsolutePath(const QString& path)
@@ -169,8 +166,10 @@ int TarnwickEditor::CreateCodeEditor(CodeEditorType type, const QString& path, c
     CodeEditorGroup* group, int index)
 {
     const QFileInfo info(AbsolutePath(path));
-    const QString text
-        = CodeEditorExists(info.filePath()) ? QStringLiteral("") : ReadText(info.filePath(), type);
+    const bool isOpen = CodeEditorExists(info.filePath());
+    if (!isOpen && type == CodeEditorType::File && !MayOpen(info.filePath()))
+        return -1;
+    const QString text = isOpen ? QStringLiteral("") : ReadText(info.filePath(), type);
     if (text.isNull())
         return -1;
     return CreateCodeEditor(type, GetLanguageFromFilename(info), info.filePath(),
@@ -180,22 +179,6 @@ int TarnwickEditor::CreateCodeEditor(CodeEditorType type, const QString& path, c
 QString TarnwickEditor::GetFileText(const QString& path)
 {
     return ReadText(AbsolutePath(path), CodeEditorType::File);
-}
-
-QString TarnwickEditor::ReadText(const QString& path, CodeEditorType type)
-{
-    const QString text = FileText::Read(path, EncodingOf(type));
-    if (!text.isNull() && type == CodeEditorType::File)
-        m_diskContents.insert(path, FileText::Fingerprint(path));
-    return text;
-}
-
-bool TarnwickEditor::SaveCodeEditor(const QString& path, const QString& text)
-{
-    if (path.isEmpty() || !FileText::Write(path, text, FileText::Encoding::Chosen))
-        return false;
-    m_diskContents.insert(path, FileText::Fingerprint(path));
-    return true;
 }
 
 void TarnwickEditor::PreSave(CodeEditor* editor)
@@ -220,13 +203,15 @@ bool TarnwickEditor::WriteCodeEditor(CodeEditor* editor)
     CodeEditorProperties properties;
     editor->GetProperties(properties);
     const bool isBuffer = properties.type == CodeEditorType::Buffer;
-    const QString text = editor->GetText();
+    const QString text = editor->GetStoredText();
     if (isBuffer ? !FileText::Write(properties.filePath, text, FileText::Encoding::Utf8)
                  : !SaveCodeEditor(properties.filePath, text))
         return false;
     editor->SetModified(false);
     // A file that had been deleted is there again to be watched.
     editor->SetProperties(properties, false);
+    if (!isBuffer)
+        DropOddCharacters(properties.filePath, text);
     return true;
 }
 
@@ -239,12 +224,22 @@ bool TarnwickEditor::SaveCodeEditor(int groupIndex, int tabIndex)
 
 void TarnwickEditor::SaveAll(bool saveBuffers, bool saveFiles)
 {
-    for (int i = 0; i < m_groups.size(); ++i) {
-        for (int tab = 0; tab < m_groups[i]->GetCount(); ++tab) {
-            const bool isBuffer = m_groups[i]->GetType(tab) == CodeEditorType::Buffer;
-            if (m_groups[i]->IsModified(tab) && (isBuffer ? saveBuffers : saveFiles))
-                SaveCodeEditor(i, tab);
+    QStringList paths;
+    for (const CodeEditorGroup* group : qAsConst(m_groups)) {
+        for (int tab = 0; tab < group->GetCount(); ++tab) {
+            const bool isBuffer = group->GetType(tab) == CodeEditorType::Buffer;
+            if (group->IsModified(tab) && (isBuffer ? saveBuffers : saveFiles))
+                paths.append(group->GetFilePath(tab));
         }
+    }
+    SaveBatch batch;
+    batch.files = paths.size();
+    const QScopedValueRollback<SaveBatch*> rollback(m_saveBatch, &batch);
+    // A question lets the event loop run: tabs may move or go meanwhile.
+    for (const QString& path : qAsConst(paths)) {
+        CodeEditor* const editor = GetCodeEditor(path);
+        if (editor && !batch.isCancelled)
+            WriteCodeEditor(editor);
     }
 }
 
@@ -306,8 +301,11 @@ void TarnwickEditor::SaveAs()
         return;
     }
     PreSave(editor);
-    if (SaveCodeEditor(path, editor->GetText()))
-        BecomeFile(properties, path);
+    const QString text = editor->GetStoredText();
+    if (!WriteFile(path, text, m_fileFormats.value(properties.filePath)))
+        return;
+    BecomeFile(properties, path);
+    DropOddCharacters(path, text);
 }
 
 /// After the editor's text has been written to `path`.
@@ -321,8 +319,10 @@ void TarnwickEditor::BecomeFile(const CodeEditorProperties& old, const QString& 
         index, {CodeEditorType::File, GetLanguageFromFilename(info), path, info.fileName()});
     if (old.type == CodeEditorType::Buffer)
         DeleteFileByPath(old.filePath);
-    if (old.filePath != path)
+    if (old.filePath != path) {
         m_diskContents.remove(old.filePath);
+        m_fileFormats.remove(old.filePath);
+    }
     OnPathChanged(old.filePath, path);
 }
 
@@ -397,6 +397,8 @@ void TarnwickEditor::OnFilePathChanged(const QString& oldPath, const QString& ne
         group->UpdateFilePath(oldPath, path, language);
     if (m_diskContents.contains(oldPath))
         m_diskContents.insert(path, m_diskContents.take(oldPath));
+    if (m_fileFormats.contains(oldPath))
+        m_fileFormats.insert(path, m_fileFormats.take(oldPath));
     OnPathChanged(oldPath, path);
 }
 

@@ -180,6 +180,7 @@ void TarnwickEditor::OnActiveCodeEditorChanged()
     m_sideBar->SaveOutline();
     UpdateParser();
     UpdateInterpreter();
+    UpdateTextFormat();
     UpdateCursorPosition();
     UpdateTitleBar();
     UpdateStatusBarInfo();

@@ -3,6 +3,7 @@
 #include "editor/CodeEditor.h"
 #include "editor/CodeEditorGroup.h"
 #include "editor/CodeEditorMarks.h"
+#include "files/FileText.h"
 #include "settings/Settings.h"
 #include "window/TarnwickEditor.h"
 #include "window/chrome/StatusBar.h"
@@ -36,6 +37,14 @@ void TarnwickEditor::UpdateInterpreter()
 {
     const CodeEditor* editor = GetActiveCodeEditor();
     m_statusBar->SetInterpreter(editor ? static_cast<int>(editor->GetLanguage()) : 0);
+}
+
+void TarnwickEditor::UpdateTextFormat()
+{
+    const CodeEditor* editor = GetActiveCodeEditor();
+    const TextFormat format = editor ? m_fileFormats.value(editor->GetFilePath()) : TextFormat();
+    m_statusBar->SetFormat(
+        format.DescribeEncoding(FileText::ChosenCodec()), format.DescribeLineEnds());
 }
 
 void TarnwickEditor::UpdateCursorPosition()

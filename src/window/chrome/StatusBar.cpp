@@ -57,6 +57,7 @@ StatusBar::StatusBar(QWidget* parent)
     , m_info(CreateItem(QStringLiteral("m_info")))
     , m_overwrite(CreateItem(QStringLiteral("m_overwrite")))
     , m_position(CreateItem(QStringLiteral("m_position")))
+    , m_format(CreateItem(QStringLiteral("m_format")))
     , m_interpreter(CreateItem(QStringLiteral("m_interpreter")))
 {
     auto* layout = new QHBoxLayout(this);
@@ -66,6 +67,7 @@ StatusBar::StatusBar(QWidget* parent)
     layout->addStretch(1);
     layout->addWidget(m_overwrite);
     layout->addWidget(m_position);
+    layout->addWidget(m_format);
     layout->addWidget(m_interpreter);
 
     m_info->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
@@ -75,6 +77,7 @@ StatusBar::StatusBar(QWidget* parent)
     FollowLook(this, [this] { UpdateLook(); });
     m_overwrite->SetText(tr("OVR"), Theme::Color(Theme::Role::Strong), tr("Overwrite mode"));
     m_overwrite->hide();
+    SetFormat(QString(), QString());
     SetErrorAndWarningCount(0, 0);
     UpdateFields();
 }
@@ -115,6 +118,23 @@ void StatusBar::SetCursorPosition(int line, int column, int selectionLength)
         sentence += tr(", %1 selected").arg(selectionLength);
     }
     m_position->SetText(text, Theme::Color(Theme::Role::Soft), sentence);
+}
+
+void StatusBar::SetFormat(const QString& encoding, const QString& lineEnds)
+{
+    const QColor color = Theme::Color(Theme::Role::Soft);
+    QVector<StatusItem::Part> parts;
+    QStringList sentences;
+    if (!encoding.isEmpty()) {
+        parts.append({QString(), encoding, color, false});
+        sentences.append(tr("Encoding %1").arg(encoding));
+    }
+    if (!lineEnds.isEmpty()) {
+        parts.append({QString(), lineEnds, color, false});
+        sentences.append(tr("Line ends %1").arg(lineEnds));
+    }
+    m_format->SetParts(parts, sentences.join(QStringLiteral(", ")));
+    m_format->setVisible(!parts.isEmpty());
 }
 
 void StatusBar::SetOverwrite(bool overwrite)
@@ -199,7 +219,7 @@ void StatusBar::UpdateLook()
     layout()->setContentsMargins(
         Theme::Dp(END_MARGIN), Theme::Hairline(), Theme::Dp(END_MARGIN), 0);
     setFixedHeight(Theme::Dp(BAR_HEIGHT));
-    for (StatusItem* item : {m_counts, m_info, m_overwrite, m_position, m_interpreter})
+    for (StatusItem* item : {m_counts, m_info, m_overwrite, m_position, m_format, m_interpreter})
         item->setFont(Theme::SmallFont(font()));
 }
 

@@ -6,8 +6,9 @@ class QMenu;
 class StatusItem;
 
 /// The line under the window: the numbers of errors and warnings and what the checkers say about
-/// the cursor's line at the left; the overwrite mode, the cursor's place and the language at the
-/// right. Owned by the window, which tells it everything and answers its presses.
+/// the cursor's line at the left; the overwrite mode, the cursor's place, an unusual encoding or
+/// line end and the language at the right. Owned by the window, which tells it everything and
+/// answers its presses.
 class StatusBar : public QWidget
 {
     Q_OBJECT
@@ -21,6 +22,8 @@ public:
     void SetInterpreter(int language);
     /// Line and column from 1 and the number of selected characters; 0, 0, 0 shows nothing.
     void SetCursorPosition(int line, int column, int selectionLength);
+    /// How the file differs from the ordinary; nothing where it does not.
+    void SetFormat(const QString& encoding, const QString& lineEnds);
     void SetOverwrite(bool overwrite);
     void SetErrorAndWarningCount(int errors, int warnings);
     /// The message of the cursor's line; elided where it is too long.
@@ -52,6 +55,7 @@ private:
     StatusItem* m_info;
     StatusItem* m_overwrite;
     StatusItem* m_position;
+    StatusItem* m_format;
     StatusItem* m_interpreter;
     QString m_infoText;
     Severity m_severity = Severity::None;
