@@ -1,5 +1,6 @@
 #include "language/PylintWorker.h"
 
+#include "editor/PylintMessages.h"
 #include "settings/FakeHost.h"
 #include "settings/Settings.h"
 #include "settings/SettingsFixture.h"
@@ -30,6 +31,8 @@ private Q_SLOTS:
     void DoesNothingWhenSwitchedOff();
     void ShowsErrorsOnRequest();
     void ShutdownStopsProcessAndThread();
+    void UnderstandsPylintItself_data();
+    void UnderstandsPylintItself();
 
 private:
     void WriteExecutable(const QByteArray& body, const QString& name = "pylint");
@@ -220,6 +223,54 @@ void PylintWorkerTest::ShutdownStopsProcessAndThread()
     QMetaObject::invokeMethod(&worker, &PylintWorker::Shutdown);
     QVERIFY(thread.wait(5000));
     QVERIFY(!QFile::exists(process));
+}
+
+void PylintWorkerTest::UnderstandsPylintItself_data()
+{
+    QTest::addColumn<bool>("reduced");
+    QTest::addColumn<QByteArray>("configuration");
+    QTest::addColumn<QString>("source");
+    QTest::addColumn<QString>("found");
+    const QString faults(
+        "import no_such_module\n\ndef f(n):\n    return n\n    print(n)\nx = none_such\n");
+    QTest::newRow("reduced") << true << QByteArray() << faults << "0 E0401,5 E0602|4 W0101|";
+    QTest::newRow("rc file") << false << QByteArray("[MESSAGES CONTROL]\ndisable=C,E0602\n")
+                             << faults << "0 E0401|4 W0101,0 W0611|";
+    // Whatever is said with a colon is left out.
+    QTest::newRow("does not compile") << true << QByteArray() << "def f(:\n"
+                                      << "||";
+    QTest::newRow("nothing to find") << true << QByteArray() << "x = 1\n"
+                                     << "||";
+}
+
+/// The line, from 0, and the id of each message.
+static QString Places(const QVector<ParserMessage>& messages)
+{
+    QStringList places;
+    for (const ParserMessage& message : messages)
+        places += QString("%1 %2").arg(message.line).arg(message.message.mid(1, 5));
+    return places.join(',');
+}
+
+void PylintWorkerTest::UnderstandsPylintItself()
+{
+    QFETCH(bool, reduced);
+    QFETCH(QByteArray, configuration);
+    QFETCH(QString, source);
+    Settings::pylintPath = "/usr/bin/pylint";
+    Settings::pylintUseMinimalCheckers = reduced;
+    Settings::pylintConfigPath = m_directory->filePath("rc file");
+    QFile file(Settings::pylintConfigPath);
+    QVERIFY(file.open(QIODevice::WriteOnly) && file.write(configuration) >= 0 && file.flush());
+    PylintWorker worker;
+    QSignalSpy output(&worker, &PylintWorker::PylintOutput);
+    worker.Pylint(source, "a.py", QString());
+    QVERIFY(output.wait(60000));
+    const PylintMessages messages
+        = ReadPylintMessages(output.at(0).at(1).toStringList(), output.at(0).at(2).toInt());
+    QTEST(QString("%1|%2|%3")
+              .arg(Places(messages.errors), Places(messages.warnings), Places(messages.infos)),
+        "found");
 }
 
 TE2_TEST(PylintWorkerTest)
