@@ -156,7 +156,10 @@ TextFormat FollowText(TextFormat format, const QString& text, const QTextCodec& 
     if (format.hasByteOrderMark || declared == format.declared)
         return format;
     format.declared = declared;
-    format.codec = declared == chosen.name() ? QByteArray() : declared;
+    format.isKept = false;
+    // A text that has lost its declaration does not say what else it wants.
+    if (!declared.isEmpty())
+        format.codec = declared == chosen.name() ? QByteArray() : declared;
     return format;
 }
 

@@ -152,8 +152,9 @@ void TextFormatTest::FollowsWhatATextDeclares_data()
     const QString latin = QString::fromUtf8("# coding: latin-1\n\xc3\xa9");
     const QString plain = QString::fromUtf8("\xc3\xa9");
     QTest::newRow("comes") << QByteArray("x") << latin << QByteArray("# coding: latin-1\n\xe9");
-    QTest::newRow("goes") << QByteArray("# coding: latin-1\n\xe9") << plain
-                          << QByteArray("\xc3\xa9");
+    QTest::newRow("goes") << QByteArray("# coding: latin-1\n\xe9") << plain << QByteArray("\xe9");
+    QTest::newRow("changes") << QByteArray("# coding: latin-1\n\xe9") << "# coding: utf-8\n" + plain
+                             << QByteArray("# coding: utf-8\n\xc3\xa9");
     QTest::newRow("stays in vain") << QByteArray("# coding: latin-1\n\xc3\xa9") << latin + plain
                                    << QByteArray("# coding: latin-1\n\xc3\xa9\xc3\xa9");
     QTest::newRow("below a mark") << QByteArray("\xef\xbb\xbf") << latin
