@@ -7,7 +7,7 @@
 #include "editor/CodeEditorLineNumbers.h"
 #include "editor/DocumentSearch.h"
 #include "editor/SearchHitLines.h"
-#include "editor/TextColumns.h"
+#include "editing/TextColumns.h"
 #include "plugin/MayaUtil.h"
 #include "settings/Settings.h"
 #include "window/chrome/OverlayWidget.h"

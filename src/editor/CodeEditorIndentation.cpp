@@ -1,7 +1,7 @@
 // Indenting by Tab and Backtab.
 
 #include "editor/CodeEditor.h"
-#include "editor/TextColumns.h"
+#include "editing/TextColumns.h"
 
 #include <QTextBlock>
 

@@ -1,7 +1,7 @@
 // Keys, wheel and context menu of the code editor.
 
 #include "editor/CodeEditor.h"
-#include "editor/TextColumns.h"
+#include "editing/TextColumns.h"
 #include "language/MelVariableSelection.h"
 #include "settings/KeyBindings.h"
 #include "settings/Settings.h"

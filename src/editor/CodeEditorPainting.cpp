@@ -4,7 +4,7 @@
 #include "editor/CodeEditorBlockData.h"
 #include "editor/CodeEditorErrorBarOverlay.h"
 #include "editor/CodeEditorLineNumbers.h"
-#include "editor/TextColumns.h"
+#include "editing/TextColumns.h"
 #include "settings/ColorSettings.h"
 #include "settings/Settings.h"
 #include "window/chrome/Theme.h"

@@ -1,4 +1,4 @@
-#include "editor/TextColumns.h"
+#include "editing/TextColumns.h"
 
 int VisualWidth(const QString& text, int tabSize)
 {
