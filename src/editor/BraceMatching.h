@@ -1,13 +1,8 @@
 #pragma once
 
+#include "editing/BlockDataSource.h"
+
 #include <QTextBlock>
-
-#include <functional>
-
-class CodeEditorBlockData;
-
-/// The record of a line; null where there is none.
-using BlockDataSource = std::function<const CodeEditorBlockData*(const QTextBlock&)>;
 
 /// Where the partner of the bracket at `column` of `block` stands, as a position in the document.
 /// Brackets pair by kind and nesting; those in strings and comments do not count, as no record

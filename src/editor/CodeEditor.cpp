@@ -2,12 +2,13 @@
 
 #include "editor/CodeEditor.h"
 
+#include "editing/CommentEdits.h"
+#include "editing/TextColumns.h"
 #include "editor/CodeEditorBlockData.h"
 #include "editor/CodeEditorErrorBarOverlay.h"
 #include "editor/CodeEditorLineNumbers.h"
 #include "editor/DocumentSearch.h"
 #include "editor/SearchHitLines.h"
-#include "editing/TextColumns.h"
 #include "plugin/MayaUtil.h"
 #include "settings/Settings.h"
 #include "window/chrome/OverlayWidget.h"
@@ -345,28 +346,12 @@ bool CodeEditor::IsIgnoredBlockDataPosition(const QTextCursor& cursor) const
 
 int CodeEditor::GetBlockCommentOpenPosition(const QTextCursor& cursor) const
 {
-    int column = cursor.positionInBlock();
-    for (QTextBlock block = cursor.block(); block.isValid(); block = block.previous()) {
-        const CodeEditorBlockData* lineData = GetBlockData(block);
-        const int found = lineData ? lineData->OpenBlockCommentPosition(column) : -1;
-        if (found >= 0)
-            return block.position() + found;
-        column = block.previous().length();
-    }
-    return -1;
+    return FindBlockCommentOpen(cursor.block(), cursor.positionInBlock(), GetBlockDataSource());
 }
 
 int CodeEditor::GetBlockCommentClosePosition(const QTextCursor& cursor, int from) const
 {
-    int column = from;
-    for (QTextBlock block = cursor.block(); block.isValid(); block = block.next()) {
-        const CodeEditorBlockData* lineData = GetBlockData(block);
-        const int found = lineData ? lineData->CloseBlockCommentPosition(column) : -1;
-        if (found >= 0)
-            return block.position() + found;
-        column = -1;
-    }
-    return -1;
+    return FindBlockCommentClose(cursor.block(), from, GetBlockDataSource());
 }
 
 void CodeEditor::OnTextChanged()

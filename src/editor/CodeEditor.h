@@ -1,5 +1,7 @@
 #pragma once
 
+#include "editing/BlockDataSource.h"
+#include "editing/TextChanges.h"
 #include "editor/CodeEditorMarks.h"
 #include "editor/CodeEditorProperties.h"
 
@@ -9,6 +11,7 @@
 #include <QTextBlock>
 #include <QTextLayout>
 
+#include <functional>
 #include <utility>
 
 class CodeEditorBlockData;
@@ -25,6 +28,7 @@ class QHelpEvent;
 class QMenu;
 class QTextCharFormat;
 class QTimer;
+struct EditingOptions;
 struct TextSpan;
 
 /// The editor of one script: text with line numbers, the rules of what is handed to the host when
@@ -86,10 +90,6 @@ public:
     void ClearSelectionAndInsertText(const QString& text);
     bool IsModified() const;
     void SetModified(bool modified);
-    /// Takes the blanks off the ends of all lines; with `ensureNewLine` the text then ends with a
-    /// line end. One step to undo.
-    void TrimTrailingWhiteSpaces(bool ensureNewLine);
-    void EnsureNewLineAtEof();
     /// The null character outside the text.
     QChar CharacterAt(int position) const;
     QString SpacesStr(int count) const;
@@ -191,6 +191,43 @@ public:
     /// Where a dragged tab or file would go, in the editor's coordinates; empty: nowhere.
     void SetDropOverlayRect(const QRect& rectangle);
 
+    // Typing aids, each one step to undo and nothing in an editor that is read only
+    void InsertNewLine();
+    /// Indents the line that `cursor` stands at the start of, given where the line before it was
+    /// broken: its record may be null, the characters are those of PrevNonWhitespace and
+    /// NextNonWhitespace there.
+    void UpdateIndentationOnNewLine(QTextCursor& cursor, const QTextBlock& previousBlock,
+        const CodeEditorBlockData* previousData, int column, QChar previous, QChar next) const;
+    void InsertOpeningBrace(QChar brace);
+    void InsertClosingBrace(QChar brace);
+    void InsertQuote(QChar quote);
+    /// False when one character is to be erased as usual.
+    bool InsertBackspace();
+    void OnHomeKeyPressed(bool shift, bool ctrl);
+    static void WrapSelection(QTextCursor& cursor, QChar open, QChar close);
+    /// The last (first) character from `index` on that is not white space, or the null character.
+    static QChar PrevNonWhitespace(const QString& text, int index);
+    static QChar NextNonWhitespace(const QString& text, int index);
+    /// The indent of the line that holds the partner of a closing bracket at a column of `block`.
+    bool GetOpeningBraceIndent(
+        QChar brace, int position, QString& indent, const QTextBlock& block) const;
+
+    // Lines, each one step to undo; a selection that ends at the start of a line leaves it out
+    /// `force`: the lines even when no more than one is selected.
+    void IncreaseIndent(bool force);
+    void DecreaseIndent();
+    /// In the selected lines, or all without a selection.
+    void ConvertTabsToSpaces();
+    void ToggleComment();
+    void ToggleBlockComment();
+    void MoveLine(bool up);
+    void CopyLine(bool up);
+    void DeleteLines();
+    /// Takes the blanks off the ends of all lines; with `ensureNewLine` the text then ends with a
+    /// line end.
+    void TrimTrailingWhiteSpaces(bool ensureNewLine);
+    void EnsureNewLineAtEof();
+
     // Re-reading the settings
     void UpdateFontsAndColors();
     void UpdateFont();
@@ -243,9 +280,13 @@ public Q_SLOTS:
     {
         Q_EMIT TogglePythonRevertModuleStateOnExecuteRequested();
     }
+    // Without a selection the whole line is meant.
     void CustomCut();
     void CustomCopy();
     void CustomPaste();
+    /// These also bring the selection back. They hide the toolkit's.
+    void undo();
+    void redo();
     /// Asks for help on what is selected.
     void QuickHelp() { Q_EMIT QuickHelpChanged(GetSelectedTextForExecute(), true); }
     /// Opens the host's page on the selected command; nothing in a text editor.
@@ -314,16 +355,20 @@ private:
     bool HandleKeypadEnter(QKeyEvent* event);
     bool HandleReturn(QKeyEvent* event);
     bool HandleNavigationKey(QKeyEvent* event);
+    bool HandlePairKey(QKeyEvent* event);
     bool HandleCompletionKey(QKeyEvent* event);
     bool HandleClipboardKey(QKeyEvent* event);
     void SendKeyAgain(Qt::Key key, Qt::KeyboardModifiers modifiers);
-    void InsertNewLine();
+    bool HandleBackspace(QKeyEvent* event);
     void ToggleOverwriteMode();
-    void OnHomeKeyPressed(bool shift, bool ctrl);
-    void IncreaseIndent(bool force);
-    void DecreaseIndent();
-    void ShiftIndent(int columns);
-    void SetIndentWidth(const QTextBlock& block, int width);
+
+    // Editing
+    enum class CursorAfter { Follows, IsSet };
+    EditingOptions GetEditingOptions() const;
+    BlockDataSource GetBlockDataSource() const;
+    void EditAtCursor(const std::function<void(QTextCursor&)>& operation);
+    void EditLines(CursorAfter after, const std::function<TextPasses(QTextCursor&)>& operation);
+    void StepThroughHistory(void (QPlainTextEdit::*operation)());
 
     // Marks over the text
     QVector<QTextBlock> GetNearbyBlocks() const;
@@ -366,7 +411,7 @@ private:
     bool ShowMarkToolTip(const QHelpEvent& event);
 
     // Following changes of the text
-    void OffsetParserMessages(int position, int removed, int added, int addedLines);
+    void OffsetParserMessages(const QVector<PositionChange>& changes);
     /// Every edit inside the region or at its edges belongs to it.
     void OffsetFindInSelection(int position, int removed, int added);
     /// Tells of a change once and only when the text or a count is another one.
@@ -412,6 +457,8 @@ private:
     int m_findInSelectionEnd = -1;
     /// Positions are not carried along while the editor rewrites text itself.
     bool m_rewritingText = false;
+    /// The messages are told of the single changes of an edit when it is over.
+    bool m_followsChanges = false;
     bool m_wasShown = false;
     int m_scrollValueToShow = -1; ///< asked for before the first show; -1: where the cursor is
     int m_lastBlockCount = 1; ///< before the change that is told next

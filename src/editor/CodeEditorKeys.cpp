@@ -1,7 +1,6 @@
 // Keys, wheel and context menu of the code editor.
 
 #include "editor/CodeEditor.h"
-#include "editing/TextColumns.h"
 #include "language/MelVariableSelection.h"
 #include "settings/KeyBindings.h"
 #include "settings/Settings.h"
@@ -19,7 +18,8 @@ void CodeEditor::keyPressEvent(QKeyEvent* event)
     if (QToolTip::isVisible())
         QToolTip::hideText();
     const bool handled = HandleKeypadEnter(event) || HandleReturn(event)
-        || HandleNavigationKey(event) || HandleCompletionKey(event) || HandleClipboardKey(event);
+        || HandleNavigationKey(event) || HandlePairKey(event) || HandleCompletionKey(event)
+        || HandleClipboardKey(event) || HandleBackspace(event);
     if (!handled)
         QPlainTextEdit::keyPressEvent(event);
 }
@@ -71,6 +71,32 @@ bool CodeEditor::HandleNavigationKey(QKeyEvent* event)
     }
 }
 
+/// Brackets and quotes.
+bool CodeEditor::HandlePairKey(QKeyEvent* event)
+{
+    // By what the key types: where a bracket has its key depends on the keyboard.
+    const QString text = event->text();
+    const bool isCommand = (event->modifiers() & ~Qt::ShiftModifier) == Qt::ControlModifier;
+    if (text.size() != 1 || isCommand || isReadOnly())
+        return false;
+    const QChar character = text.at(0);
+    if (IsOpeningBrace(character))
+        InsertOpeningBrace(character);
+    else if (IsClosingBrace(character))
+        InsertClosingBrace(character);
+    else if (IsQuoteForLanguage(character))
+        InsertQuote(character);
+    else
+        return false;
+    return true;
+}
+
+bool CodeEditor::HandleBackspace(QKeyEvent* event)
+{
+    return event->key() == Qt::Key_Backspace && event->modifiers() == Qt::NoModifier
+        && InsertBackspace();
+}
+
 /// The completion key writes no blank, whatever the language.
 bool CodeEditor::HandleCompletionKey(QKeyEvent* event)
 {
@@ -83,6 +109,8 @@ bool CodeEditor::HandleClipboardKey(QKeyEvent* event)
         {QKeySequence::Cut, &CodeEditor::CustomCut},
         {QKeySequence::Copy, &CodeEditor::CustomCopy},
         {QKeySequence::Paste, &CodeEditor::CustomPaste},
+        {QKeySequence::Undo, &CodeEditor::undo},
+        {QKeySequence::Redo, &CodeEditor::redo},
     };
     for (const auto& [sequence, operation] : KEYS) {
         if (!event->matches(sequence))
@@ -93,65 +121,10 @@ bool CodeEditor::HandleClipboardKey(QKeyEvent* event)
     return false;
 }
 
-void CodeEditor::CustomCut()
-{
-    cut();
-}
-
-void CodeEditor::CustomCopy()
-{
-    copy();
-}
-
-void CodeEditor::CustomPaste()
-{
-    paste();
-}
-
 void CodeEditor::SendKeyAgain(Qt::Key key, Qt::KeyboardModifiers modifiers)
 {
     QKeyEvent again(QEvent::KeyPress, key, modifiers);
     QApplication::sendEvent(this, &again);
-}
-
-/// The new line is indented like the line before, as far as that indent stands before the cursor.
-void CodeEditor::InsertNewLine()
-{
-    QTextCursor cursor = textCursor();
-    cursor.beginEditBlock();
-    cursor.removeSelectedText();
-    const QString before = cursor.block().text().left(cursor.positionInBlock());
-    cursor.insertBlock();
-    if (IsAutoIndentEnabled())
-        cursor.insertText(before.left(IndentLength(before)));
-    cursor.endEditBlock();
-    setTextCursor(cursor);
-    ensureCursorVisible();
-}
-
-void CodeEditor::ToggleOverwriteMode()
-{
-    Settings::overwriteEnabled = !Settings::overwriteEnabled;
-    setOverwriteMode(Settings::overwriteEnabled);
-    Q_EMIT OverwriteModeChanged();
-}
-
-void CodeEditor::OnHomeKeyPressed(bool shift, bool ctrl)
-{
-    const auto mode = shift ? QTextCursor::KeepAnchor : QTextCursor::MoveAnchor;
-    QTextCursor cursor = textCursor();
-    if (ctrl) {
-        cursor.movePosition(QTextCursor::Start, mode);
-        setTextCursor(cursor);
-        return;
-    }
-    const QString text = cursor.block().text();
-    int firstWord = 0;
-    while (firstWord < text.size() && text.at(firstWord).isSpace())
-        ++firstWord;
-    const int column = cursor.positionInBlock() == firstWord ? 0 : firstWord;
-    cursor.setPosition(cursor.block().position() + column, mode);
-    setTextCursor(cursor);
 }
 
 void CodeEditor::wheelEvent(QWheelEvent* event)

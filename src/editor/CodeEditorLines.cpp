@@ -1,43 +1,109 @@
-// What is done to the lines of a script as a whole.
+// What is done to the lines of a script as a whole. The marks of the checkers follow each single
+// change, as the document tells of all of them at once only.
 
+#include "editing/CommentEdits.h"
+#include "editing/EditingOptions.h"
+#include "editing/IndentEdits.h"
+#include "editing/LineEdits.h"
 #include "editor/CodeEditor.h"
-#include "editor/TextTrimming.h"
 
 #include <QScopedValueRollback>
+#include <QScrollBar>
 
-void CodeEditor::TrimTrailingWhiteSpaces(bool ensureNewLine)
+namespace {
+
+QVector<PositionChange> PositionsOf(const TextChanges& changes)
 {
-    QTextCursor cursor = textCursor();
-    const CursorText before{GetText(), cursor.anchor(), cursor.position()};
-    const CursorText after = TrimTrailingBlanks(before, ensureNewLine);
-    // Nothing to undo where nothing changes.
-    if (after.text == before.text)
+    QVector<PositionChange> positions;
+    positions.reserve(changes.size());
+    for (const TextChange& change : changes)
+        positions.append({change.position, change.removed, change.added.size(), change.addedLines});
+    return positions;
+}
+
+} // namespace
+
+/// The view moves to the cursor only where the edit sets it.
+void CodeEditor::EditLines(
+    CursorAfter after, const std::function<TextPasses(QTextCursor&)>& operation)
+{
+    if (isReadOnly())
         return;
-    // The checkers' messages stay where they are rather than going with the old text.
-    const QScopedValueRollback<bool> rewriting(m_rewritingText, true);
-    const int scrollValue = GetVerticalScrollBarValue();
-    cursor.beginEditBlock();
-    cursor.select(QTextCursor::Document);
-    cursor.insertText(after.text);
-    cursor.endEditBlock();
-    cursor.setPosition(after.anchor);
-    cursor.setPosition(after.position, QTextCursor::KeepAnchor);
-    setTextCursor(cursor);
-    SetVerticalScrollBarValue(scrollValue);
+    QTextCursor cursor = textCursor();
+    TextPasses passes;
+    {
+        const QScopedValueRollback<bool> following(m_followsChanges, true);
+        passes = operation(cursor);
+    }
+    for (const TextChanges& changes : qAsConst(passes))
+        OffsetParserMessages(PositionsOf(changes));
+    if (after == CursorAfter::IsSet)
+        setTextCursor(cursor);
+}
+
+void CodeEditor::IncreaseIndent(bool force)
+{
+    EditLines(CursorAfter::IsSet, [&](QTextCursor& cursor) {
+        return TextPasses{::IncreaseIndent(cursor, force, GetEditingOptions())};
+    });
+}
+
+void CodeEditor::DecreaseIndent()
+{
+    EditLines(CursorAfter::IsSet, [this](QTextCursor& cursor) {
+        return TextPasses{::DecreaseIndent(cursor, GetEditingOptions())};
+    });
+}
+
+void CodeEditor::ConvertTabsToSpaces()
+{
+    EditLines(CursorAfter::Follows, [this](QTextCursor& cursor) {
+        return TextPasses{::ConvertTabsToSpaces(cursor, GetEditingOptions(), GetBlockDataSource())};
+    });
+}
+
+void CodeEditor::ToggleComment()
+{
+    EditLines(CursorAfter::Follows,
+        [this](QTextCursor& cursor) { return ::ToggleComment(cursor, GetEditingOptions()); });
+}
+
+void CodeEditor::ToggleBlockComment()
+{
+    EditLines(CursorAfter::IsSet, [this](QTextCursor& cursor) {
+        return ::ToggleBlockComment(cursor, GetEditingOptions(), GetBlockDataSource());
+    });
+}
+
+void CodeEditor::MoveLine(bool up)
+{
+    EditLines(CursorAfter::IsSet,
+        [up](QTextCursor& cursor) { return TextPasses{::MoveLine(cursor, up)}; });
+}
+
+void CodeEditor::CopyLine(bool up)
+{
+    EditAtCursor([up](QTextCursor& cursor) { ::CopyLine(cursor, up); });
+}
+
+void CodeEditor::DeleteLines()
+{
+    EditAtCursor(&::DeleteLines);
 }
 
 void CodeEditor::EnsureNewLineAtEof()
 {
-    const QChar last = CharacterAt(document()->characterCount() - 2);
-    if (last.isNull() || last == QChar::ParagraphSeparator)
-        return;
-    const int anchor = textCursor().anchor();
-    const int position = textCursor().position();
-    QTextCursor cursor = textCursor();
-    cursor.movePosition(QTextCursor::End);
-    cursor.insertText(QStringLiteral("\n"));
-    // A cursor that stood at the end went along with it.
-    cursor.setPosition(anchor);
-    cursor.setPosition(position, QTextCursor::KeepAnchor);
-    setTextCursor(cursor);
+    const int scrollValue = verticalScrollBar()->value();
+    EditAtCursor(&::EnsureNewLineAtEof);
+    verticalScrollBar()->setValue(scrollValue);
+}
+
+void CodeEditor::TrimTrailingWhiteSpaces(bool ensureNewLine)
+{
+    // The checkers' messages stay where they are; the next check is close behind a save.
+    const QScopedValueRollback<bool> rewriting(m_rewritingText, true);
+    const int scrollValue = verticalScrollBar()->value();
+    EditAtCursor(
+        [ensureNewLine](QTextCursor& cursor) { ::TrimTrailingWhiteSpaces(cursor, ensureNewLine); });
+    verticalScrollBar()->setValue(scrollValue);
 }

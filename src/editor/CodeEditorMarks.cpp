@@ -22,24 +22,41 @@ void LocateColumn(CodeEditorMark& mark, const QTextBlock& block, int column)
     mark.line = block.blockNumber();
 }
 
-enum class Fate { Same, Moved, Gone };
-
-/// What a change of the text does to a span.
-Fate OffsetSpan(int& start, int& end, int position, int removed, int added)
+/// Per change the sums over all up to it.
+QVector<PositionChange> SumsOf(const QVector<PositionChange>& changes)
 {
-    const int removedEnd = position + removed;
-    if (removedEnd <= start) {
-        start += added - removed;
-        end += added - removed;
-        return Fate::Moved;
+    QVector<PositionChange> sums = changes;
+    for (int i = 1; i < sums.size(); ++i) {
+        sums[i].removed += sums[i - 1].removed;
+        sums[i].added += sums[i - 1].added;
+        sums[i].addedLines += sums[i - 1].addedLines;
     }
-    if (position >= end)
-        return Fate::Same;
-    const bool insideOnly = position >= start && removedEnd <= end;
-    if (!insideOnly || (removed > 0 && removed == end - start))
-        return Fate::Gone;
-    end += added - removed;
-    return Fate::Moved;
+    return sums;
+}
+
+/// False when the mark goes.
+bool OffsetMark(CodeEditorMark& mark, const QVector<PositionChange>& changes,
+    const QVector<PositionChange>& sums)
+{
+    const auto endsBefore = [](const PositionChange& change, int start) {
+        return change.position + change.removed <= start;
+    };
+    auto change = std::lower_bound(changes.cbegin(), changes.cend(), mark.start, endsBefore);
+    const int before = int(change - changes.cbegin());
+    int growth = 0;
+    for (; change != changes.cend() && change->position < mark.end; ++change) {
+        const bool isInside
+            = change->position >= mark.start && change->position + change->removed <= mark.end;
+        const bool isAll = change->removed > 0 && change->removed == mark.end - mark.start;
+        if (!isInside || isAll)
+            return false;
+        growth += change->added - change->removed;
+    }
+    const PositionChange shift = before > 0 ? sums.at(before - 1) : PositionChange();
+    mark.start += shift.added - shift.removed;
+    mark.end += shift.added - shift.removed + growth;
+    mark.line += shift.addedLines;
+    return true;
 }
 
 } // namespace
@@ -78,18 +95,15 @@ void CodeEditorMarks::Clear()
         marks.clear();
 }
 
-bool CodeEditorMarks::Offset(int position, int removed, int added, int addedLines)
+bool CodeEditorMarks::Offset(const QVector<PositionChange>& changes)
 {
+    const QVector<PositionChange> shifts = SumsOf(changes);
     bool hasGone = false;
     for (QVector<CodeEditorMark>& marks : m_marks) {
         const auto goes = [&](CodeEditorMark& mark) {
-            const int oldStart = mark.start;
-            const Fate fate = OffsetSpan(mark.start, mark.end, position, removed, added);
-            hasGone |= fate == Fate::Gone;
-            // A span that only grew or shrank begins on the line it began on.
-            if (fate == Fate::Moved && position + removed <= oldStart)
-                mark.line += addedLines;
-            return fate == Fate::Gone;
+            const bool isGone = !OffsetMark(mark, changes, shifts);
+            hasGone |= isGone;
+            return isGone;
         };
         marks.erase(std::remove_if(marks.begin(), marks.end(), goes), marks.end());
     }

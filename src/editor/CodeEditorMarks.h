@@ -19,10 +19,19 @@ struct CodeEditorMark
     MarkSeverity severity = MarkSeverity::Error;
 };
 
+/// Where characters of a text were replaced.
+struct PositionChange
+{
+    int position = 0;
+    int removed = 0;
+    int added = 0;
+    int addedLines = 0; ///< may be negative
+};
+
 /// What the checkers said about one document, tied to the text and carried along while it is
 /// edited. Owned by the document's editor, which tells it of every change; knows no widget.
-/// Spans always have start <= end. Every operation is linear in the number of messages at most and
-/// independent of the size of the document.
+/// Spans always have start <= end. Every operation is linear in the number of messages at most (and
+/// of changes) and independent of the size of the document.
 class CodeEditorMarks
 {
 public:
@@ -32,10 +41,10 @@ public:
         const QTextDocument& document);
     void Clear();
 
-    /// Follows one change of the text: spans behind it move, spans around it grow or shrink, spans
-    /// whose edge or whole text was removed go. `addedLines` may be negative. True when a mark
-    /// went.
-    bool Offset(int position, int removed, int added, int addedLines);
+    /// Follows changes of the text, ascending and all by the positions before: spans behind one
+    /// move, spans around it grow or shrink, spans whose edge or whole text was removed go. True
+    /// when a mark went.
+    bool Offset(const QVector<PositionChange>& changes);
 
     /// In the order in which they were reported.
     const QVector<CodeEditorMark>& GetMarks(MarkSeverity severity) const;

@@ -84,15 +84,16 @@ void CodeEditor::OnDocumentContentsChanged(int position, int removed, int added)
         return;
     if (m_findInSelectionStart >= 0)
         OffsetFindInSelection(position, removed, added);
-    OffsetParserMessages(position, removed, added, addedLines);
+    if (!m_followsChanges)
+        OffsetParserMessages({{position, removed, added, addedLines}});
 }
 
-void CodeEditor::OffsetParserMessages(int position, int removed, int added, int addedLines)
+void CodeEditor::OffsetParserMessages(const QVector<PositionChange>& changes)
 {
     if (m_marks.IsEmpty())
         return;
     // What only moves is painted with the text that moves.
-    if (m_marks.Offset(position, removed, added, addedLines))
+    if (m_marks.Offset(changes))
         RefreshMarks();
     ScheduleExtraSelections();
 }

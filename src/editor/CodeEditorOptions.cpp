@@ -1,5 +1,6 @@
 // What the settings say about editors of each language, and brackets and quotes.
 
+#include "editing/Brackets.h"
 #include "editor/CodeEditor.h"
 #include "editor/CodeEditorErrorBarOverlay.h"
 #include "language/Highlighter.h"
@@ -154,41 +155,25 @@ void CodeEditor::UpdateTextOptions()
 
 QChar CodeEditor::GetMatchingBrace(QChar character)
 {
-    switch (character.unicode()) {
-    case '(': return QLatin1Char(')');
-    case ')': return QLatin1Char('(');
-    case '[': return QLatin1Char(']');
-    case ']': return QLatin1Char('[');
-    case '{': return QLatin1Char('}');
-    case '}': return QLatin1Char('{');
-    default: return {};
-    }
+    return MatchingBrace(character);
 }
 
 bool CodeEditor::IsOpeningBrace(QChar character)
 {
-    return character == QLatin1Char('(') || character == QLatin1Char('[')
-        || character == QLatin1Char('{');
+    return ::IsOpeningBrace(character);
 }
 
 bool CodeEditor::IsClosingBrace(QChar character)
 {
-    return character == QLatin1Char(')') || character == QLatin1Char(']')
-        || character == QLatin1Char('}');
+    return ::IsClosingBrace(character);
 }
 
-// A square bracket is deliberately matched by a second opening one only: typing a quote between
-// "[" and "]" relies on it. Guarded by BlockDataTest::SquareBracketsMatchOnlyThemselves.
 bool CodeEditor::IsMatchingBraces(QChar open, QChar close)
 {
-    return (open == QLatin1Char('(') && close == QLatin1Char(')'))
-        || (open == QLatin1Char('{') && close == QLatin1Char('}'))
-        || (open == QLatin1Char('[') && close == QLatin1Char('['));
+    return ::IsMatchingBraces(open, close);
 }
 
 bool CodeEditor::IsQuoteForLanguage(QChar character) const
 {
-    return character == QLatin1Char('"')
-        || (m_language == CodeEditorLanguage::Mel && character == QLatin1Char('`'))
-        || (m_language == CodeEditorLanguage::Python && character == QLatin1Char('\''));
+    return IsQuoteOf(m_language, character);
 }

@@ -1,10 +1,10 @@
 // Painting of the text and its marks, for the blocks in view alone, and the place of the margin.
 
+#include "editing/TextColumns.h"
 #include "editor/CodeEditor.h"
 #include "editor/CodeEditorBlockData.h"
 #include "editor/CodeEditorErrorBarOverlay.h"
 #include "editor/CodeEditorLineNumbers.h"
-#include "editing/TextColumns.h"
 #include "settings/ColorSettings.h"
 #include "settings/Settings.h"
 #include "window/chrome/Theme.h"

@@ -12,6 +12,7 @@
 #include <QVector>
 #include <QWidget>
 
+#include <functional>
 #include <memory>
 
 class BaseParser;
@@ -181,6 +182,16 @@ public Q_SLOTS:
     void Copy();
     void Paste();
     void SelectAll();
+    void IncreaseIndent();
+    void DecreaseIndent();
+    void CopyLineUp();
+    void CopyLineDown();
+    void MoveLineUp();
+    void MoveLineDown();
+    void DeleteLine();
+    void ToggleComment();
+    void ToggleBlockComment();
+    void ConvertTabsToSpaces();
     void Find();
     void Replace();
     void FindNext();
@@ -355,6 +366,7 @@ private:
     void MoveGroupsAlong(const GroupPlan& plan);
     static void MoveAllTabs(CodeEditorGroup* source, CodeEditorGroup* target);
     void FinishMove(const QString& path);
+    void EditActive(const std::function<void(CodeEditor&)>& operation);
     bool IsOutputFocused() const;
     void ShowFindReplace(bool replace);
     void FindAgain(bool backward);
@@ -426,7 +438,8 @@ private:
     SaveBatch* m_saveBatch = nullptr; ///< while several files are saved; not owned
     bool m_isShuttingDown = false; ///< nobody can be asked any more
     bool m_checkingForFileChanges = false;
-    std::unique_ptr<RecoveryKeeper> m_recovery; ///< null without a preferences folder, and at the end
+    std::unique_ptr<RecoveryKeeper>
+        m_recovery; ///< null without a preferences folder, and at the end
     std::unique_ptr<RecoveryLeftovers> m_leftovers; ///< while they are offered
     RecoveryNotice* m_recoveryNotice = nullptr;
     QMenuBar* m_menuBar = nullptr;
@@ -454,6 +467,16 @@ private:
     QAction* m_copyAction = nullptr;
     QAction* m_pasteAction = nullptr;
     QAction* m_selectAllAction = nullptr;
+    QAction* m_increaseIndentAction = nullptr;
+    QAction* m_decreaseIndentAction = nullptr;
+    QAction* m_copyLineUpAction = nullptr;
+    QAction* m_copyLineDownAction = nullptr;
+    QAction* m_moveLineUpAction = nullptr;
+    QAction* m_moveLineDownAction = nullptr;
+    QAction* m_deleteLineAction = nullptr;
+    QAction* m_toggleCommentAction = nullptr;
+    QAction* m_toggleBlockCommentAction = nullptr;
+    QAction* m_convertTabsToSpacesAction = nullptr;
     QAction* m_findAction = nullptr;
     QAction* m_replaceAction = nullptr;
     QAction* m_findNextAction = nullptr;

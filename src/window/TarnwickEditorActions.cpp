@@ -66,6 +66,16 @@ const TarnwickEditor::ActionSpec TarnwickEditor::ACTIONS[] = {
     {&T::m_copyAction,                       QT_TR_NOOP("Copy"),                    K::Copy,                      &T::Copy},
     {&T::m_pasteAction,                      QT_TR_NOOP("Paste"),                   K::Paste,                     &T::Paste},
     {&T::m_selectAllAction,                  QT_TR_NOOP("Select All"),              K::SelectAll,                 &T::SelectAll},
+    {&T::m_increaseIndentAction,             QT_TR_NOOP("Increase Indent"),         K::IncreaseIndent,            &T::IncreaseIndent},
+    {&T::m_decreaseIndentAction,             QT_TR_NOOP("Decrease Indent"),         K::DecreaseIndent,            &T::DecreaseIndent},
+    {&T::m_copyLineUpAction,                 QT_TR_NOOP("Copy Line Up"),            K::CopyLineUp,                &T::CopyLineUp},
+    {&T::m_copyLineDownAction,               QT_TR_NOOP("Copy Line Down"),          K::CopyLineDown,              &T::CopyLineDown},
+    {&T::m_moveLineUpAction,                 QT_TR_NOOP("Move Line Up"),            K::MoveLineUp,                &T::MoveLineUp},
+    {&T::m_moveLineDownAction,               QT_TR_NOOP("Move Line Down"),          K::MoveLineDown,              &T::MoveLineDown},
+    {&T::m_deleteLineAction,                 QT_TR_NOOP("Delete Line"),             K::DeleteLine,                &T::DeleteLine},
+    {&T::m_toggleCommentAction,              QT_TR_NOOP("Toggle Comment"),          K::ToggleComment,             &T::ToggleComment},
+    {&T::m_toggleBlockCommentAction,         QT_TR_NOOP("Toggle Block Comment"),    K::ToggleBlockComment,        &T::ToggleBlockComment},
+    {&T::m_convertTabsToSpacesAction,        QT_TR_NOOP("Convert Tabs to Spaces"),  K::ConvertTabsToSpaces,       &T::ConvertTabsToSpaces},
     {&T::m_findAction,                       QT_TR_NOOP("Find"),                    K::Find,                      &T::Find},
     {&T::m_replaceAction,                    QT_TR_NOOP("Replace"),                 K::Replace,                   &T::Replace},
     {&T::m_findNextAction,                   QT_TR_NOOP("Find Next"),               K::FindNext,                  &T::FindNext},
@@ -146,6 +156,15 @@ const TarnwickEditor::MenuRow TarnwickEditor::MENUS[] = {
     MENU(QT_TR_NOOP("Edit")),
         ENTRY(m_undoAction), ENTRY(m_redoAction), SEPARATOR,
         ENTRY(m_cutAction), ENTRY(m_copyAction), ENTRY(m_pasteAction), ENTRY(m_selectAllAction), SEPARATOR,
+        MENU(QT_TR_NOOP("Line")),
+            ENTRY(m_increaseIndentAction), ENTRY(m_decreaseIndentAction),
+            ENTRY(m_copyLineUpAction), ENTRY(m_copyLineDownAction),
+            ENTRY(m_moveLineUpAction), ENTRY(m_moveLineDownAction), ENTRY(m_deleteLineAction),
+        END,
+        MENU(QT_TR_NOOP("Comment")),
+            ENTRY(m_toggleCommentAction), ENTRY(m_toggleBlockCommentAction),
+        END, SEPARATOR,
+        ENTRY(m_convertTabsToSpacesAction), SEPARATOR,
         ENTRY(m_findAction), ENTRY(m_replaceAction), SEPARATOR,
         ENTRY(m_clearOutputAction),
     END,
@@ -211,6 +230,8 @@ void TarnwickEditor::CreateActions()
         addAction(action);
         connect(action, &QAction::triggered, this, spec.slot);
     }
+    m_newBufferAction->setStatusTip(tr("New Buffer"));
+    m_moveLineUpAction->setStatusTip(tr("Move Line Upt")); // the tip has always been spelled so
 }
 
 void TarnwickEditor::CreateMenus()

@@ -11,10 +11,13 @@
 
 namespace {
 
-/// Calls an operation of the text widget that has the focus.
-void CallFocused(void (QPlainTextEdit::*operation)())
+/// Calls an operation of the text widget that has the focus; code editors have their own.
+void CallFocused(void (CodeEditor::*ofEditor)(), void (QPlainTextEdit::*operation)())
 {
-    if (auto* edit = qobject_cast<QPlainTextEdit*>(QApplication::focusWidget()))
+    QWidget* const focused = QApplication::focusWidget();
+    if (auto* editor = qobject_cast<CodeEditor*>(focused))
+        (editor->*ofEditor)();
+    else if (auto* edit = qobject_cast<QPlainTextEdit*>(focused))
         (edit->*operation)();
 }
 
@@ -22,27 +25,83 @@ void CallFocused(void (QPlainTextEdit::*operation)())
 
 void TarnwickEditor::Undo()
 {
-    CallFocused(&QPlainTextEdit::undo);
+    CallFocused(&CodeEditor::undo, &QPlainTextEdit::undo);
 }
 void TarnwickEditor::Redo()
 {
-    CallFocused(&QPlainTextEdit::redo);
+    CallFocused(&CodeEditor::redo, &QPlainTextEdit::redo);
 }
 void TarnwickEditor::Cut()
 {
-    CallFocused(&QPlainTextEdit::cut);
+    CallFocused(&CodeEditor::CustomCut, &QPlainTextEdit::cut);
 }
 void TarnwickEditor::Copy()
 {
-    CallFocused(&QPlainTextEdit::copy);
+    CallFocused(&CodeEditor::CustomCopy, &QPlainTextEdit::copy);
 }
 void TarnwickEditor::Paste()
 {
-    CallFocused(&QPlainTextEdit::paste);
+    CallFocused(&CodeEditor::CustomPaste, &QPlainTextEdit::paste);
 }
 void TarnwickEditor::SelectAll()
 {
-    CallFocused(&QPlainTextEdit::selectAll);
+    CallFocused(&CodeEditor::selectAll, &QPlainTextEdit::selectAll);
+}
+
+void TarnwickEditor::EditActive(const std::function<void(CodeEditor&)>& operation)
+{
+    if (CodeEditor* const editor = GetActiveCodeEditor())
+        operation(*editor);
+}
+
+void TarnwickEditor::IncreaseIndent()
+{
+    EditActive([](CodeEditor& editor) { editor.IncreaseIndent(true); });
+}
+
+void TarnwickEditor::DecreaseIndent()
+{
+    EditActive(std::mem_fn(&CodeEditor::DecreaseIndent));
+}
+
+void TarnwickEditor::CopyLineUp()
+{
+    EditActive([](CodeEditor& editor) { editor.CopyLine(true); });
+}
+
+void TarnwickEditor::CopyLineDown()
+{
+    EditActive([](CodeEditor& editor) { editor.CopyLine(false); });
+}
+
+void TarnwickEditor::MoveLineUp()
+{
+    EditActive([](CodeEditor& editor) { editor.MoveLine(true); });
+}
+
+void TarnwickEditor::MoveLineDown()
+{
+    EditActive([](CodeEditor& editor) { editor.MoveLine(false); });
+}
+
+void TarnwickEditor::DeleteLine()
+{
+    EditActive(std::mem_fn(&CodeEditor::DeleteLines));
+}
+
+void TarnwickEditor::ToggleComment()
+{
+    EditActive(std::mem_fn(&CodeEditor::ToggleComment));
+}
+
+void TarnwickEditor::ToggleBlockComment()
+{
+    EditActive(std::mem_fn(&CodeEditor::ToggleBlockComment));
+}
+
+void TarnwickEditor::ConvertTabsToSpaces()
+{
+    EditActive(std::mem_fn(&CodeEditor::ConvertTabsToSpaces));
 }
 
 bool TarnwickEditor::IsOutputFocused() const

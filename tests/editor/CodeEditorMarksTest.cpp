@@ -156,8 +156,9 @@ void CodeEditorMarksTest::FollowsEdits()
     CodeEditorMarks marks;
     marks.SetMessages(MarkSeverity::Error, {Span("x", start, end)}, document);
     connect(&document, &QTextDocument::contentsChange, this,
-        [&marks](
-            int position, int removed, int added) { marks.Offset(position, removed, added, 0); });
+        [&marks](int position, int removed, int added) {
+            marks.Offset({{position, removed, added, 0}});
+        });
     QTextCursor cursor(&document);
     cursor.setPosition(from);
     cursor.setPosition(to, QTextCursor::KeepAnchor);
@@ -180,13 +181,13 @@ void CodeEditorMarksTest::LinesFollowEdits()
     };
     QCOMPARE(lines(), QVector<int>({1, 2, 0}));
     // A line end typed right before a span takes it along, one inside does not.
-    QVERIFY(!marks.Offset(2, 0, 1, 1));
+    QVERIFY(!marks.Offset({{2, 0, 1, 1}}));
     QCOMPARE(lines(), QVector<int>({2, 3, 0}));
-    QVERIFY(!marks.Offset(4, 0, 1, 1));
+    QVERIFY(!marks.Offset({{4, 0, 1, 1}}));
     QCOMPARE(lines(), QVector<int>({2, 4, 0}));
-    QVERIFY(!marks.Offset(1, 1, 0, -1));
+    QVERIFY(!marks.Offset({{1, 1, 0, -1}}));
     QCOMPARE(lines(), QVector<int>({1, 3, 0}));
-    QVERIFY(marks.Offset(0, 3, 0, -1));
+    QVERIFY(marks.Offset({{0, 3, 0, -1}}));
 }
 
 void CodeEditorMarksTest::AnswersWorstFirst()
