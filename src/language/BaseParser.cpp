@@ -158,6 +158,7 @@ bool BaseParser::ParseQuoted(QChar quote, int start)
 
 void BaseParser::TodoCheck(int start, int textEnd, int end)
 {
+    static const QString MESSAGE = QStringLiteral("TODO:");
     if (ContainsWord(QStringView(m_script).mid(start, textEnd - start), QLatin1String("TODO")))
-        AppendInfo(QStringLiteral("TODO:"), start, end);
+        AppendInfo(MESSAGE, start, end);
 }

@@ -25,3 +25,5 @@ struct ParserItem
     int position = 0; ///< UTF-16 offset of the name
     int level = 0; ///< depth of the blocks around it, 0 outside of all
 };
+
+Q_DECLARE_TYPEINFO(ParserItem, Q_MOVABLE_TYPE);

@@ -13,3 +13,5 @@ struct ParserMessage
     int line = -1; ///< from 0
     int column = -1; ///< from 0
 };
+
+Q_DECLARE_TYPEINFO(ParserMessage, Q_MOVABLE_TYPE);

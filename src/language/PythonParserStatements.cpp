@@ -20,10 +20,10 @@ int SkipBlanks(const QString& text, int from)
     return from;
 }
 
-/// A part of a text, with where it stands.
+/// A part of the script, with where it stands.
 struct Part
 {
-    QString text;
+    QStringView text;
     int position = 0;
 };
 
@@ -33,7 +33,7 @@ Part Trimmed(const QString& text, int start, int end)
         ++start;
     while (start < end && text.at(end - 1).isSpace())
         --end;
-    return {text.mid(start, end - start), start};
+    return {QStringView(text).mid(start, end - start), start};
 }
 
 /// The parts between commas that hold anything.
@@ -52,13 +52,23 @@ QVector<Part> SplitAtCommas(const QString& text, int start, int end)
 }
 
 /// "name as alias" as the outline shows it, located at the alias; any other part unchanged.
-Part Aliased(const Part& part)
+ParserItem FromImport(const Part& part, const QString& origin)
 {
-    const QStringList words = part.text.simplified().split(QLatin1Char(' '));
-    if (words.size() != 3 || words.at(1) != QLatin1String("as"))
-        return part;
-    const int alias = part.text.length() - words.at(2).length();
-    return {words.at(2) + QLatin1String(" = ") + words.at(0), part.position + alias};
+    const bool isOneWord
+        = std::none_of(part.text.begin(), part.text.end(), [](QChar c) { return c.isSpace(); });
+    const QStringList words
+        = isOneWord ? QStringList() : part.text.toString().simplified().split(QLatin1Char(' '));
+    const bool isAlias = words.size() == 3 && words.at(1) == QLatin1String("as");
+    ParserItem item{{}, ParserItemType::PythonFromImport, part.position, 0};
+    item.name.reserve(part.text.size() + origin.size());
+    if (isAlias) {
+        item.name += words.at(2) + QLatin1String(" = ") + words.at(0);
+        item.position += int(part.text.size()) - words.at(2).size();
+    } else {
+        item.name.append(part.text.data(), int(part.text.size()));
+    }
+    item.name += origin;
+    return item;
 }
 
 } // namespace
@@ -96,7 +106,8 @@ bool PythonParser::ParseImportAs(int module, int moduleEnd, int alias)
     const Part name = Trimmed(m_script, alias, comment < 0 ? lineEnd : alias + comment);
     if (name.text.isEmpty() || NameEnd(name.position, DOT) < name.position + name.text.length())
         return false;
-    AppendItem(QStringLiteral("%1 = %2").arg(name.text, m_script.mid(module, moduleEnd - module)),
+    AppendItem(QStringLiteral("%1 = %2").arg(
+                   name.text.toString(), m_script.mid(module, moduleEnd - module)),
         ParserItemType::PythonImportAs, name.position, GetIndentLevel());
     m_position = lineEnd - 1;
     return true;
@@ -113,7 +124,8 @@ bool PythonParser::ParseImportList(int start)
             return false; // nothing we know; listing half of it would mislead
     }
     for (const Part& part : parts)
-        AppendItem(part.text, ParserItemType::PythonImport, part.position, GetIndentLevel());
+        AppendItem(
+            part.text.toString(), ParserItemType::PythonImport, part.position, GetIndentLevel());
     if (!parts.isEmpty())
         m_position = lineEnd - 1;
     return !parts.isEmpty();
@@ -139,17 +151,19 @@ bool PythonParser::AppendFromImports(int start, const QString& module)
     const int lineEnd = LineEnd(start);
     const int comment = GetLineFromScript(start).indexOf(QLatin1Char('#'));
     const int end = comment < 0 ? lineEnd : start + comment;
-    for (int at = start; at < end; ++at) {
+    for (int at = start; at < end;) {
         const QChar character = m_script.at(at);
-        if (character != QLatin1Char(' ') && character != QLatin1Char(',')
-            && NameEnd(at, DOT) == at)
+        const bool isBetween = character == QLatin1Char(' ') || character == QLatin1Char(',');
+        const int next = isBetween ? at + 1 : NameEnd(at, DOT);
+        if (next == at)
             return false;
+        at = next;
     }
     const QVector<Part> parts = SplitAtCommas(m_script, start, end);
+    const QString origin = QStringLiteral(" (%1)").arg(module);
     for (const Part& part : parts) {
-        const Part shown = Aliased(part);
-        AppendItem(QStringLiteral("%1 (%2)").arg(shown.text, module),
-            ParserItemType::PythonFromImport, shown.position, GetIndentLevel());
+        m_items.append(FromImport(part, origin));
+        m_items.last().level = GetIndentLevel();
     }
     if (!parts.isEmpty())
         m_position = lineEnd - 1;
