@@ -82,7 +82,8 @@ bool PosixFile::Rewind()
 bool PosixFile::Sync()
 {
     // A pipe or a device has nothing to wait for.
-    return Retry([&] { return ::fsync(m_descriptor); }) == 0 || errno == EINVAL || errno == ENOTSUP;
+    return Retry([&] { return ::fdatasync(m_descriptor); }) == 0 || errno == EINVAL
+        || errno == ENOTSUP;
 }
 
 void PosixFile::Close()

@@ -7,8 +7,9 @@
 namespace {
 
 constexpr int UTF8_MIB = 106;
+constexpr int BLOCK = 64; // characters
 constexpr ushort FIRST_ODD = 0xdc80;
-constexpr ushort LAST_ODD = 0xdcff;
+constexpr ushort ODD_BITS = 0xff80; // that all of them have in common
 constexpr ushort ODD_BASE = 0xdc00; // added to a byte
 
 bool IsUtf8(const QTextCodec& codec)
@@ -54,26 +55,35 @@ int Utf8Length(const uchar* at, const uchar* end)
     return isTooLong || isNone ? 0 : length;
 }
 
-QString DecodeOddUtf8(const QByteArray& bytes, const QTextCodec& codec)
+uint Utf8Character(const uchar* at, int length)
 {
-    const auto* const begin = reinterpret_cast<const uchar*>(bytes.constData());
-    const uchar* const end = begin + bytes.size();
-    const uchar* valid = begin; // from here to `at` all are characters
-    QString text;
-    const auto takeValid = [&](const uchar* at) {
-        const auto size = static_cast<int>(at - valid);
-        text += DecodePart(reinterpret_cast<const char*>(valid), size, codec);
-    };
-    for (const uchar* at = begin; at < end;) {
+    if (length == 1)
+        return at[0];
+    uint code = at[0] & (0x7f >> length);
+    for (int i = 1; i < length; ++i)
+        code = (code << 6) | (at[i] & 0x3f);
+    return code;
+}
+
+QString DecodeOddUtf8(const QByteArray& bytes)
+{
+    const auto* at = reinterpret_cast<const uchar*>(bytes.constData());
+    const uchar* const end = at + bytes.size();
+    QString text(bytes.size(), Qt::Uninitialized); // never more than there are bytes
+    QChar* const begin = text.data();
+    QChar* to = begin;
+    while (at < end) {
         const int length = Utf8Length(at, end);
-        if (length == 0) {
-            takeValid(at);
-            text += QChar(static_cast<ushort>(ODD_BASE + *at));
-            valid = at + 1;
+        const uint code = length == 0 ? ODD_BASE + *at : Utf8Character(at, length);
+        if (QChar::requiresSurrogates(code)) {
+            *to++ = QChar(QChar::highSurrogate(code));
+            *to++ = QChar(QChar::lowSurrogate(code));
+        } else {
+            *to++ = QChar(static_cast<ushort>(code));
         }
         at += qMax(length, 1);
     }
-    takeValid(end);
+    text.resize(static_cast<int>(to - begin));
     return text;
 }
 
@@ -103,34 +113,52 @@ QString DecodeOddLines(const QByteArray& bytes, const QTextCodec& codec)
     return text;
 }
 
-bool IsOdd(const QString& text, int index)
+bool IsOddCode(ushort code)
 {
-    const ushort code = text[index].unicode();
-    return code >= FIRST_ODD && code <= LAST_ODD
-        && (index == 0 || !text[index - 1].isHighSurrogate());
+    return (code & ODD_BITS) == FIRST_ODD;
+}
+
+/// A loop of fixed length without a way out, which the compiler does in a few steps.
+bool MayHaveOdd(const ushort* codes)
+{
+    ushort may = 0;
+    for (int i = 0; i < BLOCK; ++i)
+        may |= static_cast<ushort>(IsOddCode(codes[i]) ? 1 : 0);
+    return may != 0;
 }
 
 /// The size of the text when there is none.
 int NextOdd(const QString& text, int from)
 {
     const ushort* const codes = text.utf16();
-    while (from < text.size()
-        && (codes[from] < FIRST_ODD || codes[from] > LAST_ODD || !IsOdd(text, from)))
-        ++from;
-    return from;
+    for (int i = from; i < text.size(); ++i) {
+        while (i + BLOCK <= text.size() && !MayHaveOdd(codes + i))
+            i += BLOCK;
+        if (i < text.size() && IsOddCode(codes[i])
+            && (i == 0 || !QChar::isHighSurrogate(codes[i - 1])))
+            return i;
+    }
+    return text.size();
 }
 
 } // namespace
 
-QString TextBytes::Decode(const QByteArray& bytes, const QTextCodec& codec)
+bool TextBytes::DecodeExactly(const QByteArray& bytes, const QTextCodec& codec, QString& text)
 {
     bool isValid = false;
-    const QString text = DecodePart(bytes.constData(), bytes.size(), codec, &isValid);
+    text = DecodePart(bytes.constData(), bytes.size(), codec, &isValid);
     if (IsUtf8(codec))
-        return isValid ? text : DecodeOddUtf8(bytes, codec);
+        return isValid;
     // Not every codec tells what it could not read.
-    return EncodePart(text.constData(), text.size(), codec) == bytes ? text
-                                                                     : DecodeOddLines(bytes, codec);
+    return EncodePart(text.constData(), text.size(), codec) == bytes && !HasOddCharacters(text);
+}
+
+QString TextBytes::Decode(const QByteArray& bytes, const QTextCodec& codec)
+{
+    QString text;
+    if (DecodeExactly(bytes, codec, text))
+        return text;
+    return IsUtf8(codec) ? DecodeOddUtf8(bytes) : DecodeOddLines(bytes, codec);
 }
 
 QByteArray TextBytes::Encode(const QString& text, const QTextCodec& codec, OddCharacters odd)
@@ -139,7 +167,7 @@ QByteArray TextBytes::Encode(const QString& text, const QTextCodec& codec, OddCh
     for (int start = 0; start <= text.size();) {
         const int end = NextOdd(text, start);
         const QByteArray part = EncodePart(text.constData() + start, end - start, codec);
-        bytes = bytes.isEmpty() ? part : bytes + part;
+        bytes += part;
         if (end < text.size() && odd == OddCharacters::AsBytes) {
             bytes += static_cast<char>(text[end].unicode() - ODD_BASE);
         } else if (end < text.size()) {

@@ -14,7 +14,10 @@ enum class OddCharacters {
     Replaced, ///< by the character that stands for unknown ones
 };
 
-/// Without a byte-order mark in front; one there is a character like others.
+// A byte-order mark in front is a character like others.
+
+/// False when there are bytes that are no characters.
+bool DecodeExactly(const QByteArray& bytes, const QTextCodec& codec, QString& text);
 QString Decode(const QByteArray& bytes, const QTextCodec& codec);
 QByteArray Encode(const QString& text, const QTextCodec& codec, OddCharacters odd);
 bool HasOddCharacters(const QString& text);

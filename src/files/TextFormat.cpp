@@ -10,6 +10,7 @@
 
 namespace {
 
+const QByteArray UTF8 = QByteArrayLiteral("UTF-8");
 const QByteArray BYTES_CODEC = QByteArrayLiteral("ISO-8859-1"); // has a character for every byte
 constexpr int HEAD = 1000; // characters in which a text declares its codec
 
@@ -52,29 +53,51 @@ bool IsAscii(const QByteArray& bytes)
     return std::all_of(bytes.begin(), bytes.end(), [](char byte) { return byte >= 0; });
 }
 
+/// A text in which every byte is a character.
+QString ReadBytes(const QByteArray& bytes, TextFormat& format)
+{
+    format = {};
+    format.codec = BYTES_CODEC;
+    return QString::fromLatin1(bytes.constData(), bytes.size());
+}
+
 QString DecodeMarked(const QByteArray& bytes, const MarkRow& mark, TextFormat& format)
 {
     format.codec = mark.codec;
     format.hasByteOrderMark = true;
-    return TextBytes::Decode(bytes.mid(mark.mark.size()), *QTextCodec::codecForName(format.codec));
+    const QByteArray body = bytes.mid(mark.mark.size());
+    const QTextCodec& codec = *QTextCodec::codecForName(format.codec);
+    format.declared = FindDeclaredCodec(body);
+    QString text;
+    if (TextBytes::DecodeExactly(body, codec, text))
+        return text;
+    // Of wider characters a byte by itself is no part.
+    return codec.name() == UTF8 ? TextBytes::Decode(body, codec) : ReadBytes(bytes, format);
+}
+
+QString DecodeOdd(const QByteArray& bytes, const QTextCodec& chosen, TextFormat& format)
+{
+    const QString text = TextBytes::Decode(bytes, chosen);
+    const bool comesBack = chosen.name() == UTF8
+        || TextBytes::Encode(text, chosen, TextBytes::OddCharacters::AsBytes) == bytes;
+    return comesBack ? text : ReadBytes(bytes, format);
 }
 
 QString DecodeUnmarked(const QByteArray& bytes, const QTextCodec& chosen, TextFormat& format)
 {
-    const QString text = TextBytes::Decode(bytes, chosen);
+    format.declared = FindDeclaredCodec(bytes);
     const QTextCodec* const declared = format.declared.isEmpty() || format.declared == chosen.name()
         ? nullptr
         : QTextCodec::codecForName(format.declared);
-    if (!declared)
-        return text;
-    const bool isChosen = !TextBytes::HasOddCharacters(text);
-    const QString other = isChosen ? text : TextBytes::Decode(bytes, *declared);
-    // Nothing has been said yet about a text that is the same in both.
-    if (isChosen ? IsAscii(bytes) : !TextBytes::HasOddCharacters(other)) {
+    QString text;
+    const bool isChosen = TextBytes::DecodeExactly(bytes, chosen, text);
+    // Nothing has been said yet by a text that is the same in both.
+    if (declared
+        && (isChosen ? IsAscii(bytes) : TextBytes::DecodeExactly(bytes, *declared, text))) {
         format.codec = format.declared;
-        return other;
+        return text;
     }
-    return text;
+    return isChosen ? text : DecodeOdd(bytes, chosen, format);
 }
 
 QByteArray Head(const QString& text)
@@ -121,16 +144,8 @@ FormattedText ReadFormatted(const QByteArray& bytes, const QTextCodec& chosen)
     FormattedText result;
     TextFormat& format = result.format;
     const MarkRow* const mark = MarkOf(bytes);
-    format.declared = FindDeclaredCodec(mark ? bytes.mid(mark->mark.size()) : bytes);
     result.text = mark ? DecodeMarked(bytes, *mark, format) : DecodeUnmarked(bytes, chosen, format);
     format.hasOddBytes = TextBytes::HasOddCharacters(result.text);
-    const bool isSimple
-        = !mark && format.codec.isEmpty() && !format.hasOddBytes && chosen.name() == "UTF-8";
-    if (!isSimple && FormatText(result.text, format, chosen) != bytes) {
-        format = {};
-        format.codec = BYTES_CODEC;
-        result.text = QString::fromLatin1(bytes.constData(), bytes.size());
-    }
     format.lineEnds = LineEnds::Take(result.text);
     if (result.text.isNull())
         result.text = QStringLiteral("");
@@ -172,6 +187,6 @@ QString CodecLabel(const QTextCodec& codec)
 bool LooksBinary(const QByteArray& bytes)
 {
     const MarkRow* const mark = MarkOf(bytes);
-    const bool hasWideCharacters = mark && QByteArray(mark->codec) != "UTF-8";
+    const bool hasWideCharacters = mark && mark->codec != UTF8;
     return !hasWideCharacters && bytes.contains('\0');
 }
