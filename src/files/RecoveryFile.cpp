@@ -1,11 +1,16 @@
 #include "files/RecoveryFile.h"
 
+#include "files/PosixFile.h"
+
 #include <QCryptographicHash>
 #include <QFile>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QList>
-#include <QSaveFile>
+
+#include <cstdio>
+#include <fcntl.h>
+#include <sys/stat.h>
 
 namespace {
 
@@ -127,6 +132,8 @@ std::optional<RecoverySnapshot> ReadHeader(const QJsonObject& header)
 
 } // namespace
 
+const QString RecoveryFile::UNFINISHED_SUFFIX = QStringLiteral(".new");
+
 QByteArray RecoveryFile::Encode(const RecoverySnapshot& snapshot)
 {
     const QByteArray header = QJsonDocument(MakeHeader(snapshot)).toJson(QJsonDocument::Compact);
@@ -167,9 +174,17 @@ std::optional<RecoverySnapshot> RecoveryFile::Read(const QString& path)
     return Decode(line + file.readAll());
 }
 
-bool RecoveryFile::Write(const QString& path, const RecoverySnapshot& snapshot)
+bool RecoveryFile::Write(const QString& path, const RecoverySnapshot& snapshot, Wait wait)
 {
     const QByteArray bytes = Encode(snapshot);
-    QSaveFile file(path);
-    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit();
+    const QByteArray target = QFile::encodeName(path);
+    const QByteArray beside = QFile::encodeName(path + UNFINISHED_SUFFIX);
+    PosixFile file(beside, O_WRONLY | O_CREAT | O_TRUNC, S_IRUSR | S_IWUSR);
+    const bool isWritten
+        = file.IsOpen() && file.WriteAll(bytes) && (wait == Wait::No || file.Sync());
+    file.Close();
+    if (isWritten && std::rename(beside.constData(), target.constData()) == 0)
+        return true;
+    std::remove(beside.constData());
+    return false;
 }

@@ -15,17 +15,19 @@
 namespace {
 
 /// A process number is soon used again, so that it alone proves nothing; what a dead process held
-/// open it holds no more. That cannot be told of another machine's processes.
+/// open it holds no more. That cannot be told of another machine's processes. A lock that says
+/// nothing is of a process that died while it took it.
 bool TakeOver(QLockFile& lock)
 {
     if (lock.tryLock(0))
         return true;
+    if (lock.error() != QLockFile::LockFailedError)
+        return false;
     qint64 process = 0;
-    QString machine;
+    QString machine = QSysInfo::machineHostName();
     QString application;
-    return lock.error() == QLockFile::LockFailedError
-        && lock.getLockInfo(&process, &machine, &application)
-        && machine == QSysInfo::machineHostName() && lock.removeStaleLockFile() && lock.tryLock(0);
+    lock.getLockInfo(&process, &machine, &application);
+    return machine == QSysInfo::machineHostName() && lock.removeStaleLockFile() && lock.tryLock(0);
 }
 
 } // namespace
@@ -88,6 +90,11 @@ void RecoveryLeftovers::ClaimFolder(const QString& path)
         else
             SetAside(file);
     }
+    // It died while it wrote; the snapshot before is whole.
+    const QString unfinished
+        = QLatin1Char('*') + RecoveryStore::FILE_SUFFIX + RecoveryFile::UNFINISHED_SUFFIX;
+    for (const QString& name : QDir(path).entryList({unfinished}, QDir::Files))
+        QFile::remove(QStringLiteral("%1/%2").arg(path, name));
     m_claimed.push_back(std::move(claimed));
 }
 

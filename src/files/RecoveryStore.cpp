@@ -1,7 +1,5 @@
 #include "files/RecoveryStore.h"
 
-#include "files/RecoveryFile.h"
-
 #include <QCoreApplication>
 #include <QDateTime>
 #include <QDir>
@@ -70,9 +68,9 @@ bool RecoveryStore::Open()
     return false;
 }
 
-bool RecoveryStore::Write(int id, const RecoverySnapshot& snapshot)
+bool RecoveryStore::Write(int id, const RecoverySnapshot& snapshot, RecoveryFile::Wait wait)
 {
-    return Open() && RecoveryFile::Write(PathOf(id), snapshot);
+    return Open() && RecoveryFile::Write(PathOf(id), snapshot, wait);
 }
 
 void RecoveryStore::Remove(int id)

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "files/RecoverySnapshot.h"
+#include "files/RecoveryFile.h"
 
 #include <QString>
 
@@ -25,7 +25,7 @@ public:
     ~RecoveryStore();
 
     /// Replaces the editor's last snapshot. On failure that one stays.
-    bool Write(int id, const RecoverySnapshot& snapshot);
+    bool Write(int id, const RecoverySnapshot& snapshot, RecoveryFile::Wait wait);
     void Remove(int id);
     /// Gives the folder up; without snapshots it goes, and the recovery folder with it when that
     /// is empty too.

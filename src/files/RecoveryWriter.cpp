@@ -4,7 +4,8 @@ RecoveryWriter::RecoveryWriter(const QString& folder)
     : m_store(folder)
 { }
 
-void RecoveryWriter::Write(int id, RecoverySnapshot snapshot, const QVector<QString>& pieces)
+void RecoveryWriter::Write(
+    int id, RecoverySnapshot snapshot, const QVector<QString>& pieces, RecoveryFile::Wait wait)
 {
     int length = 0;
     for (const QString& piece : pieces)
@@ -12,7 +13,7 @@ void RecoveryWriter::Write(int id, RecoverySnapshot snapshot, const QVector<QStr
     snapshot.text.reserve(length);
     for (const QString& piece : pieces)
         snapshot.text += piece;
-    const bool success = m_store.Write(id, snapshot);
+    const bool success = m_store.Write(id, snapshot, wait);
     if (success)
         m_failed.remove(id);
     else

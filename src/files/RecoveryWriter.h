@@ -18,7 +18,8 @@ public:
     explicit RecoveryWriter(const QString& folder);
 
     /// The snapshot comes without its text, which is the pieces one after the other.
-    void Write(int id, RecoverySnapshot snapshot, const QVector<QString>& pieces);
+    void Write(
+        int id, RecoverySnapshot snapshot, const QVector<QString>& pieces, RecoveryFile::Wait wait);
     void Remove(int id);
     /// The last thing that is called.
     void Close() { m_store.Close(); }

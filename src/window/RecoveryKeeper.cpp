@@ -220,22 +220,22 @@ void RecoveryKeeper::OnSlice()
             continue;
         if (!record->text->TakeSlice(deadline))
             return;
-        Send(*record);
+        Send(*record, RecoveryFile::Wait::ForDisk);
         if (deadline.hasExpired())
             return;
     }
     m_sliceTimer.stop();
 }
 
-void RecoveryKeeper::Send(Record& record)
+void RecoveryKeeper::Send(Record& record, RecoveryFile::Wait wait)
 {
     RecoverySnapshot snapshot = m_describe(*record.editor);
     snapshot.time = QDateTime::currentDateTimeUtc();
     record.sentChange = record.change;
     record.isWriting = true;
     record.hasSnapshot = true;
-    Post([writer = m_writer, id = record.id, snapshot, pieces = record.text->GetPieces()] {
-        writer->Write(id, snapshot, pieces);
+    Post([writer = m_writer, id = record.id, snapshot, pieces = record.text->GetPieces(), wait] {
+        writer->Write(id, snapshot, pieces, wait);
     });
     record.text.reset();
 }
@@ -269,19 +269,19 @@ void RecoveryKeeper::SnapshotSoon()
     }
 }
 
-void RecoveryKeeper::TakeAll(Record& record)
+void RecoveryKeeper::TakeAll(Record& record, RecoveryFile::Wait wait)
 {
     if (!record.text)
         record.text = std::make_unique<RecoveryText>(record.editor->document());
     record.text->TakeSlice(QDeadlineTimer(QDeadlineTimer::Forever));
-    Send(record);
+    Send(record, wait);
 }
 
-bool RecoveryKeeper::Flush()
+bool RecoveryKeeper::Flush(RecoveryFile::Wait wait)
 {
     for (const auto& [editor, record] : m_records) {
         if (IsPending(*record))
-            TakeAll(*record);
+            TakeAll(*record, wait);
     }
     bool isComplete = true;
     Run([writer = m_writer, &isComplete] { isComplete = writer->IsComplete(); });
@@ -302,7 +302,7 @@ void RecoveryKeeper::Close()
         if (record->givenUpChange == record->change)
             Discard(*record);
         else if (IsPending(*record))
-            TakeAll(*record);
+            TakeAll(*record, RecoveryFile::Wait::ForDisk);
     }
     Run([writer = m_writer] { writer->Close(); });
     m_timer.stop();

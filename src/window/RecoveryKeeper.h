@@ -1,6 +1,6 @@
 #pragma once
 
-#include "files/RecoverySnapshot.h"
+#include "files/RecoveryFile.h"
 
 #include <QElapsedTimer>
 #include <QHash>
@@ -39,8 +39,9 @@ public:
     void Watch(CodeEditor* editor);
     /// Writes down what is newer than the last snapshots, without waiting for a pause in typing.
     void SnapshotSoon();
-    /// The same at once; comes back when it is on the disk. False when the disk does not take it.
-    bool Flush();
+    /// The same at once: whatever becomes of this process, the text outlives it. With
+    /// Wait::ForDisk it outlives the machine's sudden end, too. False when it could not be written.
+    bool Flush(RecoveryFile::Wait wait);
     /// The user does not want the texts that files have now, should the session end with them.
     void GiveUpFiles();
     /// The last thing that is called. Modified texts that nobody gave up are kept for the next
@@ -74,8 +75,8 @@ private:
     bool IsPending(const Record& record) const;
     qint64 DueTime(const Record& record) const;
     void StartTimer();
-    void TakeAll(Record& record);
-    void Send(Record& record);
+    void TakeAll(Record& record, RecoveryFile::Wait wait);
+    void Send(Record& record, RecoveryFile::Wait wait);
     void Discard(Record& record);
     void StartThread();
     template <typename Operation>

@@ -111,10 +111,10 @@ RecoverySnapshot TarnwickEditor::DescribeForRecovery(const CodeEditor& editor) c
     return snapshot;
 }
 
-/// Whatever runs may take the host down with it.
+/// What runs may take the host down with it, though not the machine: nobody waits for the disk.
 void TarnwickEditor::KeepUnsavedText()
 {
-    if (m_recovery && !m_recovery->Flush())
+    if (m_recovery && !m_recovery->Flush(RecoveryFile::Wait::No))
         Logger::Warning(QStringLiteral("Unsaved text could not be kept."));
 }
 
@@ -151,7 +151,7 @@ void TarnwickEditor::RestoreUnsavedText()
     for (const RecoveryLeftovers::Leftover& leftover : m_leftovers->GetAll())
         RestoreSnapshot(leftover.snapshot);
     // Only when it is safe in this session's own snapshots may the old ones go.
-    CloseRecoveryOffer(m_recovery->Flush());
+    CloseRecoveryOffer(m_recovery->Flush(RecoveryFile::Wait::ForDisk));
     SaveState();
 }
 

@@ -42,7 +42,11 @@ QByteArray Hash(const QByteArray& bytes)
 class ExpectedText
 {
 public:
-    void OnText(qint64 time, const QByteArray& hash) { m_texts.append({time, hash}); }
+    void OnText(qint64 time, const QByteArray& hash)
+    {
+        m_texts.append({time, hash});
+        m_wasKilled = false;
+    }
     void OnSaving(const QByteArray& hash) { m_onDisk.insert(hash); }
     void OnSaved(qint64 time, const QByteArray& hash)
     {
@@ -63,10 +67,12 @@ public:
     }
     void OnKilled(qint64 time)
     {
-        for (int i = m_required; i < m_texts.size(); ++i) {
+        // Who is killed while starting has not typed anything.
+        for (int i = m_required; i < m_texts.size() && !m_wasKilled; ++i) {
             if (m_texts[i].first <= time - OLDEST_LOSS)
                 m_required = i;
         }
+        m_wasKilled = true;
     }
     bool MayBeFound(const QByteArray& hash) const
     {
@@ -96,6 +102,7 @@ private:
     int m_required = 0; ///< the oldest text that may be found
     QSet<QByteArray> m_onDisk; ///< what the file may hold
     bool m_isClosing = false;
+    bool m_wasKilled = false; ///< since the last text
 };
 
 /// The real host with the real plug-in, killed at random moments while somebody works.
@@ -104,6 +111,8 @@ class FaultTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    /// What a failure is about can be looked at.
+    void cleanup();
     void NothingIsLost();
 
 private:
@@ -229,13 +238,24 @@ bool FaultTest::ReadLine(const QList<QByteArray>& fields)
         m_expected[label].OnOpened(time, hash);
     } else if (what == "found") {
         ++m_found;
-        if (!m_expected[label].MayBeFound(hash)) {
-            m_failure = QString("%1 lost: %2").arg(QString(label), m_expected[label].Describe());
+        const ExpectedText& expected = m_expected[label];
+        if (!expected.MayBeFound(hash)) {
+            m_failure = QString("%1 lost at %2: %3")
+                            .arg(QString(label), QString::number(time), expected.Describe());
             return false;
         }
         m_expected[label].OnFound(time, hash);
     }
     return true;
+}
+
+void FaultTest::cleanup()
+{
+    if (!QTest::currentTestFailed())
+        return;
+    m_folder.setAutoRemove(false);
+    m_preferences.setAutoRemove(false);
+    qInfo("see %s and %s", qPrintable(m_folder.path()), qPrintable(m_preferences.path()));
 }
 
 void FaultTest::NothingIsLost()
@@ -261,9 +281,12 @@ void FaultTest::NothingIsLost()
     Start(host, kills + 1);
     QVERIFY(QTest::qWaitFor([this] { return !ReadJournal() || m_isReady; }, READY_TIMEOUT));
     Kill(host);
-    // Nothing was ever written by halves.
+    // Nothing was ever written by halves, and nothing lies about but what this run kept.
     QDirIterator broken(m_preferences.path(), {"broken"}, QDir::Dirs, QDirIterator::Subdirectories);
     QVERIFY2(!broken.hasNext(), "there are broken snapshots");
+    QDirIterator locks(m_preferences.path(), {"lock"}, QDir::Files, QDirIterator::Subdirectories);
+    for (int folders = 0; locks.hasNext(); locks.next())
+        QVERIFY(++folders == 1);
     qInfo("%d texts, %d runs, %d saves, %d texts found again", m_texts, m_runs, m_saves, m_found);
     QVERIFY(m_found >= kills);
     QVERIFY(m_runs > 0 && m_saves > 0);

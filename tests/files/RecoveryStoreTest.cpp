@@ -11,6 +11,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+using RecoveryFile::Wait;
+
 namespace {
 
 RecoverySnapshot Snapshot(const QString& path, const QString& text)
@@ -53,6 +55,7 @@ private Q_SLOTS:
     void WhatIsNoSnapshotIsToldFromOne();
     void EveryCutIsNoticed();
     void OnlyTheDeadLeaveSomething();
+    void ADeadProcessIsFoundWhateverItsNumber_data();
     void ADeadProcessIsFoundWhateverItsNumber();
     void NothingStaysBehind();
     void BrokenOnesAreSetAside();
@@ -78,7 +81,7 @@ void RecoveryStoreTest::Leave(const QString& text)
     const pid_t child = ::fork();
     if (child == 0) {
         RecoveryStore store(Folder());
-        const bool written = store.Write(1, Snapshot("/a.py", text));
+        const bool written = store.Write(1, Snapshot("/a.py", text), Wait::ForDisk);
         ::_exit(written ? 0 : 1); // without destructors
     }
     int status = -1;
@@ -111,7 +114,7 @@ void RecoveryStoreTest::SnapshotsComeBack()
     QFETCH(QString, text);
     const QString file = m_directory->filePath("snapshot");
     const RecoverySnapshot written = Snapshot(path, text);
-    QVERIFY(RecoveryFile::Write(file, written));
+    QVERIFY(RecoveryFile::Write(file, written, Wait::ForDisk));
     const std::optional<RecoverySnapshot> read = RecoveryFile::Read(file);
     QVERIFY(read);
     QCOMPARE(read->text, text);
@@ -172,7 +175,7 @@ void RecoveryStoreTest::EveryCutIsNoticed()
 void RecoveryStoreTest::OnlyTheDeadLeaveSomething()
 {
     RecoveryStore living(Folder());
-    QVERIFY(living.Write(1, Snapshot("/living.py", "x")));
+    QVERIFY(living.Write(1, Snapshot("/living.py", "x"), Wait::ForDisk));
     Leave("left");
     RecoveryLeftovers leftovers;
     leftovers.Claim(Folder());
@@ -183,19 +186,27 @@ void RecoveryStoreTest::OnlyTheDeadLeaveSomething()
     second.Claim(Folder());
     QVERIFY(second.GetAll().empty());
     leftovers.RemoveAll();
-    QVERIFY(living.Write(1, Snapshot("/living.py", "y")));
+    QVERIFY(living.Write(1, Snapshot("/living.py", "y"), Wait::ForDisk));
 }
 
 /// After a restart of the machine, or in a container, the next process has the number of the last.
+void RecoveryStoreTest::ADeadProcessIsFoundWhateverItsNumber_data()
+{
+    QTest::addColumn<bool>("knowsNumber");
+    QTest::newRow("the same number") << true;
+    QTest::newRow("died while it took the lock") << false;
+}
+
 void RecoveryStoreTest::ADeadProcessIsFoundWhateverItsNumber()
 {
+    QFETCH(bool, knowsNumber);
     Leave("left");
     const QString process = QDir(Folder()).entryList(QDir::Dirs | QDir::NoDotAndDotDot).value(0);
     const QString lock = QString("%1/%2/lock").arg(Folder(), process);
     QByteArray content = Bytes(lock);
     const QByteArray own = QByteArray::number(QCoreApplication::applicationPid());
     content.replace(0, content.indexOf('\n'), own);
-    SetBytes(lock, content);
+    SetBytes(lock, knowsNumber ? content : QByteArray());
     RecoveryLeftovers leftovers;
     leftovers.Claim(Folder());
     QCOMPARE(int(leftovers.GetAll().size()), 1);
@@ -206,7 +217,7 @@ void RecoveryStoreTest::NothingStaysBehind()
     {
         RecoveryStore store(Folder());
         QVERIFY(!QDir(Folder()).exists());
-        QVERIFY(store.Write(1, Snapshot("/a.py", "x")));
+        QVERIFY(store.Write(1, Snapshot("/a.py", "x"), Wait::ForDisk));
         const QFileInfo info(store.GetProcessFolder());
         QCOMPARE(int(info.permissions() & 0x0077), 0); // nobody else's business
         store.Remove(1);
@@ -214,9 +225,12 @@ void RecoveryStoreTest::NothingStaysBehind()
     }
     QVERIFY(!QDir(Folder()).exists());
     Leave("left");
+    const QString process = QDir(Folder()).entryList(QDir::Dirs | QDir::NoDotAndDotDot).value(0);
+    SetBytes(Folder() + '/' + process + "/1.te2-recovery.new", "half of it");
     {
         RecoveryLeftovers leftovers;
         leftovers.Claim(Folder());
+        QCOMPARE(int(leftovers.GetAll().size()), 1);
         leftovers.RemoveAll();
     }
     QVERIFY(!QDir(Folder()).exists());
@@ -253,15 +267,16 @@ void RecoveryStoreTest::BrokenOnesAreSetAside()
 void RecoveryStoreTest::AClearedFolderIsMadeAnew()
 {
     RecoveryStore store(Folder());
-    QVERIFY(store.Write(1, Snapshot("/a.py", "x")));
+    QVERIFY(store.Write(1, Snapshot("/a.py", "x"), Wait::ForDisk));
     QVERIFY(QDir(Folder()).removeRecursively());
-    QVERIFY(store.Write(1, Snapshot("/a.py", "y")));
+    QVERIFY(store.Write(1, Snapshot("/a.py", "y"), Wait::ForDisk));
     RecoveryLeftovers leftovers;
     leftovers.Claim(Folder());
     QVERIFY(leftovers.GetAll().empty());
     // Where no folder can be, a snapshot fails and that is all.
     SetBytes(m_directory->filePath("file"), "x");
-    QVERIFY(!RecoveryStore(m_directory->filePath("file")).Write(1, Snapshot("/a.py", "x")));
+    QVERIFY(
+        !RecoveryStore(m_directory->filePath("file")).Write(1, Snapshot("/a.py", "x"), Wait::No));
 }
 
 void RecoveryStoreTest::TheNewestComesLast()
@@ -271,7 +286,7 @@ void RecoveryStoreTest::TheNewestComesLast()
         RecoveryStore store(Folder());
         RecoverySnapshot snapshot = Snapshot("/a.py", QString::number(day));
         snapshot.time = snapshot.time.addDays(day);
-        QVERIFY(store.Write(1, snapshot));
+        QVERIFY(store.Write(1, snapshot, Wait::ForDisk));
     }
     RecoveryLeftovers leftovers;
     leftovers.Claim(Folder());
