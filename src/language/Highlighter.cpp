@@ -17,6 +17,8 @@ constexpr int LINES_PER_LOOK_AT_THE_CLOCK = 64;
 constexpr int TURN_MILLISECONDS = 4; // so that a turn with its paint stays below 8
 /// With a view that asks for its lines, longer documents are not coloured where nobody looks.
 constexpr int BACKGROUND_LINES = 50000;
+/// New colours have the whole view painted, so lines about to scroll into it are coloured with it.
+constexpr int LINES_AROUND_VIEW = 64;
 
 constexpr int NOT_COLOURED = 0;
 
@@ -70,6 +72,8 @@ Highlighter::Highlighter(QTextDocument* document, const QVector<MultiLineHighlig
         m_nextToColour = m_lineCount;
         return;
     }
+    if (m_regionScanner.IsEmpty())
+        m_pending.Clear();
     m_ignoresToolkit = true;
     WorkLater();
 }
@@ -126,7 +130,8 @@ void Highlighter::EnsureHighlighted(int firstLine, int lastLine)
         Rehighlight();
     else if (!m_pending.IsEmpty() && m_pending.First().first < m_view.end)
         CarryPendingStatesOn(AT_ONCE_LINES);
-    ColourLines(m_view.first, m_view.end - 1);
+    if (!AreColoured(m_view))
+        ColourLines(qMax(0, m_view.first - LINES_AROUND_VIEW), m_view.end + LINES_AROUND_VIEW - 1);
 }
 
 CodeEditorBlockData* Highlighter::GetBlockData(const QTextBlock& block)
@@ -167,7 +172,8 @@ void Highlighter::CatchUpAtOnce(const LineSpan& changed)
             document()->findBlockByNumber(line).setUserData(nullptr);
     }
     m_nextToColour = qMin(m_nextToColour, rest.first);
-    m_pending.Add({rest.first, qMax(rest.first, rest.end)});
+    if (!m_regionScanner.IsEmpty())
+        m_pending.Add({rest.first, qMax(rest.first, rest.end)});
     WorkLater();
 }
 
@@ -215,8 +221,7 @@ void Highlighter::Work()
     if (m_pending.IsEmpty() && m_hasView)
         ColourLines(m_view.first, qMin(m_view.end, m_lineCount) - 1);
     ColourInTheBackground(clock);
-    const bool leavesTheRest = m_hasView && m_lineCount > BACKGROUND_LINES;
-    if (!m_pending.IsEmpty() || (m_nextToColour < m_lineCount && !leavesTheRest))
+    if (!m_pending.IsEmpty() || (m_nextToColour < m_lineCount && !LeavesTheRest()))
         return;
     m_timer->stop();
     Q_EMIT Completed();
@@ -235,7 +240,7 @@ void Highlighter::CarryPendingStatesOn(int maximumLines)
 
 void Highlighter::ColourInTheBackground(const QElapsedTimer& clock)
 {
-    if (m_hasView && m_lineCount > BACKGROUND_LINES)
+    if (LeavesTheRest())
         return;
     while (m_pending.IsEmpty() && m_nextToColour < m_lineCount
         && clock.elapsed() < TURN_MILLISECONDS) {
@@ -245,9 +250,17 @@ void Highlighter::ColourInTheBackground(const QElapsedTimer& clock)
     }
 }
 
+/// Whether lines that nobody looks at stay as they are. Data is filled for whoever asks.
+bool Highlighter::LeavesTheRest() const
+{
+    const bool coloursNothing = m_roleKeys.isEmpty() && !m_showsWhitespace;
+    return m_hasView && (coloursNothing || m_lineCount > BACKGROUND_LINES);
+}
+
 int Highlighter::StateBefore(const QTextBlock& block) const
 {
-    const QTextBlock previous = block.previous();
+    // Another language may have left its states.
+    const QTextBlock previous = m_regionScanner.IsEmpty() ? QTextBlock() : block.previous();
     return previous.isValid() ? previous.userState() : RegionScanner::NO_STATE;
 }
 
@@ -262,6 +275,17 @@ bool Highlighter::IsColoured(const QTextBlock& block) const
     return IsFilled(block) && DataOf(block)->generation == m_generation;
 }
 
+bool Highlighter::AreColoured(const LineSpan& lines) const
+{
+    QTextBlock block = document()->findBlockByNumber(lines.first);
+    for (int line = lines.first; line < lines.end && block.isValid();
+         ++line, block = block.next()) {
+        if (!IsColoured(block))
+            return false;
+    }
+    return true;
+}
+
 /// Colours those of the lines that are stale, and has the document laid out again only once.
 void Highlighter::ColourLines(int firstLine, int lastLine)
 {
@@ -273,6 +297,9 @@ void Highlighter::ColourLines(int firstLine, int lastLine)
             continue;
         QVector<QTextLayout::FormatRange> formats;
         Look(block, block.text(), formats);
+        // Setting even the same formats has lines laid out and the whole view painted again.
+        if (formats == block.layout()->formats())
+            continue;
         block.layout()->setFormats(formats);
         start = start < 0 ? block.position() : start;
         end = block.position() + block.length();

@@ -66,11 +66,13 @@ private:
     void CarryPendingStatesOn(int maximumLines);
     void ColourInTheBackground(const QElapsedTimer& clock);
     void WorkLater();
+    bool LeavesTheRest() const;
 
     // One line
     int StateBefore(const QTextBlock& block) const;
     bool IsFilled(const QTextBlock& block) const;
     bool IsColoured(const QTextBlock& block) const;
+    bool AreColoured(const LineSpan& lines) const;
     void ColourLines(int firstLine, int lastLine);
     int ColourLine(QTextBlock block);
     int FillData(QTextBlock block, const QString& text);

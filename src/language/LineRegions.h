@@ -37,6 +37,8 @@ public:
 
     explicit RegionScanner(const QVector<MultiLineHighlightingRule>& rules);
 
+    /// Without rules all lines end in NO_STATE.
+    bool IsEmpty() const { return m_rules.isEmpty(); }
     const MultiLineHighlightingRule& GetRule(int rule) const { return m_rules.at(rule); }
     /// The state that the line ends in; its regions are appended to `regions` unless that is null.
     int Scan(QStringView text, int state, QVector<LineRegion>* regions) const;
