@@ -234,7 +234,8 @@ public:
     void UpdateTextOptions();
 
     // What the margin and the error bar paint
-    QVector<VisibleLine> GetVisibleLines() const;
+    /// The lines that `area` of the viewport touches.
+    QVector<VisibleLine> GetVisibleLines(const QRect& area) const;
     /// From 0, ascending: where the searched text was found, in the region if there is one.
     QVector<int> GetSearchHitLines() const;
     /// Around the view only, ascending.
@@ -376,8 +377,9 @@ private:
         ExtraSelections& selections, const QTextCharFormat* format, int start, int end) const;
     void AppendCurrentLine(ExtraSelections& selections) const;
     void AppendFindRegion(ExtraSelections& selections) const;
-    QVector<MarkedSpan> FindOccurrencesIn(const QVector<QTextBlock>& blocks) const;
-    QVector<MarkedSpan> FindSearchedTextIn(const QVector<QTextBlock>& blocks) const;
+    // Around the view
+    QVector<MarkedSpan> FindOccurrences() const;
+    QVector<MarkedSpan> FindSearchedText() const;
     void SetMarkedSpans(QVector<MarkedSpan>& spans, const QVector<MarkedSpan>& newSpans);
     void AppendCurrentMatch(ExtraSelections& selections);
     void AppendMatchingBraces(ExtraSelections& selections) const;

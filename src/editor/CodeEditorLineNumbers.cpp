@@ -49,6 +49,8 @@ CodeEditorLineNumbers::CodeEditorLineNumbers(CodeEditor* editor)
     , m_editor(editor)
 {
     setObjectName(QStringLiteral("m_lineNumbers"));
+    // What is painted over can be scrolled without being painted again.
+    setAttribute(Qt::WA_OpaquePaintEvent);
     UpdateDigits(true);
 }
 
@@ -79,23 +81,25 @@ void CodeEditorLineNumbers::paintEvent(QPaintEvent* event)
 {
     QPainter painter(this);
     painter.setFont(m_editor->font());
-    PaintNumbers(painter, event->rect());
-    PaintMarks(painter, event->rect());
+    const QVector<CodeEditor::VisibleLine> lines = m_editor->GetVisibleLines(event->rect());
+    PaintNumbers(painter, event->rect(), lines);
+    PaintMarks(painter, lines);
 }
 
-void CodeEditorLineNumbers::PaintNumbers(QPainter& painter, const QRect& area) const
+void CodeEditorLineNumbers::PaintNumbers(
+    QPainter& painter, const QRect& area, const QVector<CodeEditor::VisibleLine>& lines) const
 {
     const QTextCharFormat numbers
         = ColorSettings::GetCodeEditorFormat(ColorSettings::LINE_NUMBERS, false);
     const QTextCharFormat gutter = ColorSettings::GetCodeEditorFormat(ColorSettings::GUTTER, false);
     const int numbersWidth = width() - m_editor->GetGutterWidth();
+    // Either may be without a background or let shine through what is behind.
+    painter.fillRect(area, m_editor->palette().base());
     painter.fillRect(QRect(0, 0, numbersWidth, height()), numbers.background());
     painter.fillRect(QRect(numbersWidth, 0, width() - numbersWidth, height()), gutter.background());
     const int currentLine = m_editor->GetCurrentLine();
     const int lineHeight = m_editor->fontMetrics().height();
-    for (const CodeEditor::VisibleLine& line : m_editor->GetVisibleLines()) {
-        if (line.top > area.bottom() || line.top + line.height < area.top())
-            continue;
+    for (const CodeEditor::VisibleLine& line : lines) {
         painter.setPen(line.number == currentLine ? Theme::Color(Theme::Role::Soft)
                                                   : numbers.foreground().color());
         painter.drawText(QRect(0, line.top, numbersWidth, lineHeight),
@@ -103,9 +107,9 @@ void CodeEditorLineNumbers::PaintNumbers(QPainter& painter, const QRect& area) c
     }
 }
 
-void CodeEditorLineNumbers::PaintMarks(QPainter& painter, const QRect& area) const
+void CodeEditorLineNumbers::PaintMarks(
+    QPainter& painter, const QVector<CodeEditor::VisibleLine>& lines) const
 {
-    const QVector<CodeEditor::VisibleLine> lines = m_editor->GetVisibleLines();
     if (lines.isEmpty() || m_editor->GetMarks().IsEmpty())
         return;
     const int first = lines.constFirst().number - 1;
@@ -119,7 +123,7 @@ void CodeEditorLineNumbers::PaintMarks(QPainter& painter, const QRect& area) con
     painter.setPen(Qt::NoPen);
     for (const CodeEditor::VisibleLine& line : lines) {
         const int severity = worst.at(line.number - 1 - first);
-        if (severity < 0 || line.top > area.bottom() || line.top + lineHeight < area.top())
+        if (severity < 0)
             continue;
         const QRectF place(width() - gutter + (gutter - size) / 2.0,
             line.top + (lineHeight - size) / 2.0, size, size);
@@ -137,7 +141,7 @@ bool CodeEditorLineNumbers::event(QEvent* event)
 
 void CodeEditorLineNumbers::ShowToolTip(const QHelpEvent& event) const
 {
-    for (const CodeEditor::VisibleLine& line : m_editor->GetVisibleLines()) {
+    for (const CodeEditor::VisibleLine& line : m_editor->GetVisibleLines(rect())) {
         const QRect row(0, line.top, width(), line.height);
         if (!row.contains(event.pos()))
             continue;
@@ -158,7 +162,7 @@ void CodeEditorLineNumbers::wheelEvent(QWheelEvent* event)
 int CodeEditorLineNumbers::LineAt(int y) const
 {
     int nearest = -1;
-    for (const CodeEditor::VisibleLine& line : m_editor->GetVisibleLines()) {
+    for (const CodeEditor::VisibleLine& line : m_editor->GetVisibleLines(rect())) {
         if (nearest < 0 || y >= line.top)
             nearest = line.number;
     }

@@ -1,8 +1,9 @@
 #pragma once
 
+#include "editor/CodeEditor.h"
+
 #include <QWidget>
 
-class CodeEditor;
 class QHelpEvent;
 class QPainter;
 
@@ -34,8 +35,9 @@ protected:
 
 private:
     int NumberWidth() const;
-    void PaintNumbers(QPainter& painter, const QRect& area) const;
-    void PaintMarks(QPainter& painter, const QRect& area) const;
+    void PaintNumbers(
+        QPainter& painter, const QRect& area, const QVector<CodeEditor::VisibleLine>& lines) const;
+    void PaintMarks(QPainter& painter, const QVector<CodeEditor::VisibleLine>& lines) const;
     void ShowToolTip(const QHelpEvent& event) const;
     /// The line at that height; the nearest one outside the text. -1 without any.
     int LineAt(int y) const;

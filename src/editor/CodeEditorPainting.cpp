@@ -93,12 +93,12 @@ int CodeEditor::GetGutterWidth() const
     return qBound(MINIMUM_GUTTER, width, MAXIMUM_GUTTER);
 }
 
-QVector<CodeEditor::VisibleLine> CodeEditor::GetVisibleLines() const
+QVector<CodeEditor::VisibleLine> CodeEditor::GetVisibleLines(const QRect& area) const
 {
     QVector<VisibleLine> lines;
-    int number = firstVisibleBlock().blockNumber();
-    for (const BlockDrawing& drawing : GetBlockDrawings(viewport()->rect()))
-        lines.append({++number, qRound(drawing.offset.y()), qRound(drawing.height)});
+    for (const BlockDrawing& drawing : GetBlockDrawings(area))
+        lines.append(
+            {drawing.block.blockNumber() + 1, qRound(drawing.offset.y()), qRound(drawing.height)});
     return lines;
 }
 

@@ -42,9 +42,8 @@ void CodeEditor::ScheduleExtraSelections()
 
 void CodeEditor::UpdateExtraSelections()
 {
-    const QVector<QTextBlock> blocks = GetNearbyBlocks();
-    SetMarkedSpans(m_occurrences, FindOccurrencesIn(blocks));
-    SetMarkedSpans(m_foundText, FindSearchedTextIn(blocks));
+    SetMarkedSpans(m_occurrences, FindOccurrences());
+    SetMarkedSpans(m_foundText, FindSearchedText());
 
     ExtraSelections selections;
     AppendCurrentLine(selections);
@@ -66,6 +65,8 @@ void CodeEditor::UpdateExtraSelections()
 /// visible is painted anew.
 void CodeEditor::SetMarkedSpans(QVector<MarkedSpan>& spans, const QVector<MarkedSpan>& newSpans)
 {
+    if (spans.isEmpty() && newSpans.isEmpty())
+        return;
     const QVector<BlockDrawing> visible = GetBlockDrawings(viewport()->rect());
     const int first = visible.isEmpty() ? 0 : visible.constFirst().block.position();
     const int end = visible.isEmpty()
@@ -122,8 +123,7 @@ void CodeEditor::AppendFindRegion(ExtraSelections& selections) const
         AppendSelection(selections, m_colorFormats.findRegion, m_findInSelectionStart, end);
 }
 
-QVector<CodeEditor::MarkedSpan> CodeEditor::FindOccurrencesIn(
-    const QVector<QTextBlock>& blocks) const
+QVector<CodeEditor::MarkedSpan> CodeEditor::FindOccurrences() const
 {
     const QTextCursor cursor = textCursor();
     const QTextBlock block = cursor.block();
@@ -135,8 +135,8 @@ QVector<CodeEditor::MarkedSpan> CodeEditor::FindOccurrencesIn(
     if (text.trimmed().isEmpty() || (wordsOnly && !IsWholeWord(block.text(), column, text.size())))
         return {};
     QVector<MarkedSpan> spans;
-    for (const QTextBlock& nearby : blocks) {
-        for (const TextMatch& match : FindOccurrences(nearby.text(), text, wordsOnly)) {
+    for (const QTextBlock& nearby : GetNearbyBlocks()) {
+        for (const TextMatch& match : ::FindOccurrences(nearby.text(), text, wordsOnly)) {
             const int start = nearby.position() + match.start;
             spans.append({start, start + match.length});
         }
@@ -157,13 +157,12 @@ bool CodeEditor::IsCurrentMatchSelected() const
         && GetSelectedEndPosition() == m_currentMatchEnd;
 }
 
-QVector<CodeEditor::MarkedSpan> CodeEditor::FindSearchedTextIn(
-    const QVector<QTextBlock>& blocks) const
+QVector<CodeEditor::MarkedSpan> CodeEditor::FindSearchedText() const
 {
     if (m_searchRegEx.pattern().isEmpty() || !m_searchRegEx.isValid())
         return {};
     QVector<MarkedSpan> spans;
-    for (const QTextBlock& block : blocks) {
+    for (const QTextBlock& block : GetNearbyBlocks()) {
         for (const TextMatch& match : FindMatches(block.text(), m_searchRegEx)) {
             const int start = block.position() + match.start;
             if (IsWithinFindRegion(start, start + match.length))

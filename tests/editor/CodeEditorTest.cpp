@@ -494,7 +494,8 @@ void CodeEditorTest::ClicksInTheMarginSelectLines()
     QVERIFY(QTest::qWaitForWindowExposed(&editor));
     auto* margin = editor.findChild<QWidget*>("m_lineNumbers");
     const auto place = [&editor](int line) {
-        const CodeEditor::VisibleLine visible = editor.GetVisibleLines().at(line - 1);
+        const CodeEditor::VisibleLine visible
+            = editor.GetVisibleLines(editor.viewport()->rect()).at(line - 1);
         return QPoint(5, visible.top + visible.height / 2);
     };
     const auto keys = Qt::KeyboardModifiers(modifiers);
