@@ -138,6 +138,9 @@ void TarnwickEditor::OfferRecovery(const QString& folder)
     }
     m_recoveryNotice = new RecoveryNotice(lines, this);
     static_cast<QVBoxLayout*>(layout())->insertWidget(0, m_recoveryNotice);
+    // Once the panes have got their sizes back: the editors alone make room for it then.
+    m_recoveryNotice->hide();
+    QMetaObject::invokeMethod(m_recoveryNotice, &QWidget::show, Qt::QueuedConnection);
     using N = RecoveryNotice;
     connect(m_recoveryNotice, &N::RestoreRequested, this, &TarnwickEditor::RestoreUnsavedText);
     connect(m_recoveryNotice, &N::DropRequested, this, [this] { CloseRecoveryOffer(true); });
