@@ -1,5 +1,6 @@
 #include "files/RecoveryLeftovers.h"
 
+#include "files/FileText.h"
 #include "files/RecoveryFile.h"
 #include "files/RecoveryStore.h"
 #include "plugin/Logger.h"
@@ -13,6 +14,9 @@
 #include <algorithm>
 
 namespace {
+
+constexpr int SECONDS_TO_LOCK = 60;
+constexpr int MAXIMUM_FINGERPRINT = 1024; // bytes
 
 /// A process number is soon used again, so that it alone proves nothing; what a dead process held
 /// open it holds no more. That cannot be told of another machine's processes. A lock that says
@@ -28,6 +32,50 @@ bool TakeOver(QLockFile& lock)
     QString application;
     lock.getLockInfo(&process, &machine, &application);
     return machine == QSysInfo::machineHostName() && lock.removeStaleLockFile() && lock.tryLock(0);
+}
+
+/// A process makes its folder first and its lock then.
+bool MayBeginToLive(const QString& folder)
+{
+    const QFileInfo info(folder);
+    return !QFile::exists(folder + QLatin1Char('/') + RecoveryStore::LOCK_NAME)
+        && qAbs(info.lastModified().secsTo(QDateTime::currentDateTime())) < SECONDS_TO_LOCK;
+}
+
+QStringList FilesIn(const QString& folder, const QString& ending)
+{
+    const QStringList names = QDir(folder).entryList(
+        {QLatin1Char('*') + RecoveryStore::FILE_SUFFIX + ending}, QDir::Files | QDir::NoSymLinks);
+    QStringList files;
+    for (const QString& name : names)
+        files += QStringLiteral("%1/%2").arg(folder, name);
+    return files;
+}
+
+QStringList SnapshotsIn(const QString& folder)
+{
+    return FilesIn(folder, QString());
+}
+
+/// Whether the process died after the text, or what the user made of it, had been saved.
+bool IsSaved(const RecoverySnapshot& snapshot, const QString& file)
+{
+    QFile saving(file + RecoveryStore::SAVING_SUFFIX);
+    const QByteArray wanted = saving.open(QIODevice::ReadOnly)
+        ? QByteArray::fromHex(saving.read(MAXIMUM_FINGERPRINT))
+        : QByteArray();
+    return !wanted.isEmpty() && FileText::Fingerprint(snapshot.properties.filePath) == wanted;
+}
+
+/// What a process leaves that dies while it writes or removes a snapshot.
+void RemoveLitter(const QString& folder)
+{
+    for (const QString& file : FilesIn(folder, RecoveryFile::UNFINISHED_SUFFIX))
+        QFile::remove(file);
+    for (const QString& file : FilesIn(folder, RecoveryStore::SAVING_SUFFIX)) {
+        if (!QFile::exists(file.chopped(RecoveryStore::SAVING_SUFFIX.size())))
+            QFile::remove(file);
+    }
 }
 
 } // namespace
@@ -77,24 +125,22 @@ void RecoveryLeftovers::Claim(const QString& folder)
 
 void RecoveryLeftovers::ClaimFolder(const QString& path)
 {
+    const QStringList files = SnapshotsIn(path);
+    if (files.isEmpty() && MayBeginToLive(path))
+        return;
     auto claimed = std::make_unique<ClaimedFolder>(path);
     if (!TakeOver(claimed->lock))
         return;
-    const QStringList files = QDir(path).entryList(
-        {QLatin1Char('*') + RecoveryStore::FILE_SUFFIX}, QDir::Files | QDir::NoSymLinks);
-    for (const QString& name : files) {
-        const QString file = QStringLiteral("%1/%2").arg(path, name);
+    for (const QString& file : files) {
         const std::optional<RecoverySnapshot> snapshot = RecoveryFile::Read(file);
-        if (snapshot)
-            m_leftovers.push_back({*snapshot, file});
-        else
+        if (!snapshot)
             SetAside(file);
+        else if (IsSaved(*snapshot, file))
+            QFile::remove(file);
+        else
+            m_leftovers.push_back({*snapshot, file});
     }
-    // It died while it wrote; the snapshot before is whole.
-    const QString unfinished
-        = QLatin1Char('*') + RecoveryStore::FILE_SUFFIX + RecoveryFile::UNFINISHED_SUFFIX;
-    for (const QString& name : QDir(path).entryList({unfinished}, QDir::Files))
-        QFile::remove(QStringLiteral("%1/%2").arg(path, name));
+    RemoveLitter(path);
     m_claimed.push_back(std::move(claimed));
 }
 
@@ -116,6 +162,7 @@ void RecoveryLeftovers::Remove(int index)
     const auto leftover = m_leftovers.begin() + index;
     if (!QFile::remove(leftover->file))
         Logger::Error(QStringLiteral("Failed to delete file: %1").arg(leftover->file));
+    QFile::remove(leftover->file + RecoveryStore::SAVING_SUFFIX);
     m_leftovers.erase(leftover);
 }
 

@@ -6,9 +6,20 @@
 #include <QFile>
 #include <QLockFile>
 
+#include <atomic>
+
 namespace {
 
-constexpr int ATTEMPTS = 100; ///< at a name for the folder that nobody has
+/// A name that no process has had, or will have. Several objects of one process differ, too.
+QString ProcessFolder(const QString& folder)
+{
+    static std::atomic<int> count{0};
+    return QStringLiteral("%1/%2-%3-%4")
+        .arg(folder, QString::number(QCoreApplication::applicationPid()),
+            QString::number(QDateTime::currentMSecsSinceEpoch()), QString::number(++count));
+}
+
+constexpr int ATTEMPTS = 10; ///< at making the folder
 
 /// Made for its owner alone: a script may hold what is nobody else's business.
 bool MakePrivateFolder(const QString& path)
@@ -22,11 +33,13 @@ bool MakePrivateFolder(const QString& path)
 
 const QString RecoveryStore::FOLDER_NAME = QStringLiteral("recovery");
 const QString RecoveryStore::FILE_SUFFIX = QStringLiteral(".te2-recovery");
+const QString RecoveryStore::SAVING_SUFFIX = QStringLiteral(".saving");
 const QString RecoveryStore::LOCK_NAME = QStringLiteral("lock");
 const QString RecoveryStore::BROKEN_NAME = QStringLiteral("broken");
 
 RecoveryStore::RecoveryStore(const QString& folder)
     : m_folder(folder)
+    , m_processFolder(ProcessFolder(folder))
 { }
 
 RecoveryStore::~RecoveryStore() = default;
@@ -48,24 +61,17 @@ bool RecoveryStore::Open()
     if (IsOpen())
         return true;
     m_lock.reset();
-    const qint64 now = QDateTime::currentMSecsSinceEpoch();
-    for (int attempt = 0; attempt < ATTEMPTS; ++attempt) {
-        // Each time: a host that ends removes the folder when it is empty.
+    // A host that ends may remove the recovery folder in between.
+    for (int attempt = 0; attempt < ATTEMPTS && !QFile::exists(m_processFolder); ++attempt) {
         QDir().mkpath(m_folder);
-        m_processFolder = QStringLiteral("%1/%2-%3")
-                              .arg(m_folder, QString::number(QCoreApplication::applicationPid()),
-                                  QString::number(now + attempt));
-        if (!MakePrivateFolder(m_processFolder))
-            continue;
-        m_lock = std::make_unique<QLockFile>(m_processFolder + QLatin1Char('/') + LOCK_NAME);
-        m_lock->setStaleLockTime(0);
-        if (m_lock->tryLock(0))
-            return true;
-        QDir().rmdir(m_processFolder);
+        MakePrivateFolder(m_processFolder);
     }
-    m_lock.reset();
-    m_processFolder.clear();
-    return false;
+    auto lock = std::make_unique<QLockFile>(m_processFolder + QLatin1Char('/') + LOCK_NAME);
+    lock->setStaleLockTime(0);
+    if (!lock->tryLock(0))
+        return false;
+    m_lock = std::move(lock);
+    return true;
 }
 
 bool RecoveryStore::Write(int id, const RecoverySnapshot& snapshot, RecoveryFile::Wait wait)
@@ -75,8 +81,17 @@ bool RecoveryStore::Write(int id, const RecoverySnapshot& snapshot, RecoveryFile
 
 void RecoveryStore::Remove(int id)
 {
-    if (m_lock)
-        QFile::remove(PathOf(id));
+    if (!m_lock)
+        return;
+    QFile::remove(PathOf(id));
+    QFile::remove(PathOf(id) + SAVING_SUFFIX);
+}
+
+void RecoveryStore::NoteSaving(int id, const QByteArray& fingerprint) const
+{
+    QFile file(PathOf(id) + SAVING_SUFFIX);
+    if (file.open(QIODevice::WriteOnly))
+        file.write(fingerprint.toHex());
 }
 
 void RecoveryStore::Close()
@@ -88,5 +103,4 @@ void RecoveryStore::Close()
     // Only what is empty goes.
     QDir().rmdir(m_processFolder);
     QDir().rmdir(m_folder);
-    m_processFolder.clear();
 }

@@ -21,6 +21,11 @@ public:
     void Write(
         int id, RecoverySnapshot snapshot, const QVector<QString>& pieces, RecoveryFile::Wait wait);
     void Remove(int id);
+    /// See RecoveryStore; any thread.
+    void NoteSaving(int id, const QByteArray& fingerprint) const
+    {
+        m_store.NoteSaving(id, fingerprint);
+    }
     /// The last thing that is called.
     void Close() { m_store.Close(); }
     /// Whether the last snapshot of every editor is on the disk.

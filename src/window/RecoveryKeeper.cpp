@@ -173,6 +173,16 @@ void RecoveryKeeper::Discard(Record& record)
         return;
     record.hasSnapshot = false;
     Post([writer = m_writer, id = record.id] { writer->Remove(id); });
+    // Whatever is still on its way has nothing to do with what comes next.
+    record.id = ++m_lastId;
+    record.isWriting = false;
+}
+
+void RecoveryKeeper::NoteSaving(const CodeEditor* editor, const QByteArray& fingerprint)
+{
+    const auto found = m_records.find(editor);
+    if (found != m_records.end() && found->second->hasSnapshot)
+        m_writer->NoteSaving(found->second->id, fingerprint);
 }
 
 bool RecoveryKeeper::IsPending(const Record& record) const

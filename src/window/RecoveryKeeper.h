@@ -42,6 +42,8 @@ public:
     /// The same at once: whatever becomes of this process, the text outlives it. With
     /// Wait::ForDisk it outlives the machine's sudden end, too. False when it could not be written.
     bool Flush(RecoveryFile::Wait wait);
+    /// The editor is about to be saved: its file will have the content of that fingerprint.
+    void NoteSaving(const CodeEditor* editor, const QByteArray& fingerprint);
     /// The user does not want the texts that files have now, should the session end with them.
     void GiveUpFiles();
     /// The last thing that is called. Modified texts that nobody gave up are kept for the next

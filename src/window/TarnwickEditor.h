@@ -356,6 +356,8 @@ private:
     /// To be called before anything that may end the host: all that is not saved is on the disk
     /// afterwards.
     void KeepUnsavedText();
+    /// To be called before an editor's file is written.
+    void NoteSaving(const QString& path, const QByteArray& fingerprint);
     void OfferRecovery(const QString& folder);
     void RestoreUnsavedText();
     void RestoreSnapshot(const RecoverySnapshot& snapshot);

@@ -204,6 +204,8 @@ bool TarnwickEditor::WriteCodeEditor(CodeEditor* editor)
     editor->GetProperties(properties);
     const bool isBuffer = properties.type == CodeEditorType::Buffer;
     const QString text = editor->GetStoredText();
+    if (isBuffer)
+        NoteSaving(properties.filePath, FileText::FingerprintOf(text.toUtf8()));
     if (isBuffer ? !FileText::Write(properties.filePath, text, FileText::Encoding::Utf8)
                  : !SaveCodeEditor(properties.filePath, text))
         return false;

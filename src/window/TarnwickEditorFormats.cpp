@@ -96,11 +96,14 @@ bool TarnwickEditor::WriteFile(const QString& path, const QString& text, const T
 {
     TextFormat format = FollowText(found, text, FileText::ChosenCodec());
     QByteArray bytes;
-    if (path.isEmpty() || !ChooseBytes(path, text, format, bytes)
-        || !FileText::WriteBytes(path, bytes))
+    if (path.isEmpty() || !ChooseBytes(path, text, format, bytes))
+        return false;
+    const QByteArray fingerprint = FileText::FingerprintOf(bytes);
+    NoteSaving(path, fingerprint);
+    if (!FileText::WriteBytes(path, bytes))
         return false;
     m_fileFormats.insert(path, format);
-    m_diskContents.insert(path, FileText::FingerprintOf(bytes));
+    m_diskContents.insert(path, fingerprint);
     UpdateTextFormat();
     return true;
 }

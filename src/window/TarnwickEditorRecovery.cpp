@@ -118,6 +118,12 @@ void TarnwickEditor::KeepUnsavedText()
         Logger::Warning(QStringLiteral("Unsaved text could not be kept."));
 }
 
+void TarnwickEditor::NoteSaving(const QString& path, const QByteArray& fingerprint)
+{
+    if (m_recovery)
+        m_recovery->NoteSaving(GetCodeEditor(path), fingerprint);
+}
+
 void TarnwickEditor::OfferRecovery(const QString& folder)
 {
     m_leftovers = std::make_unique<RecoveryLeftovers>();

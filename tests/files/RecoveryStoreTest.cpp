@@ -1,5 +1,6 @@
 #include "files/RecoveryStore.h"
 
+#include "files/FileText.h"
 #include "files/RecoveryFile.h"
 #include "files/RecoveryLeftovers.h"
 #include "settings/FakeHost.h"
@@ -58,6 +59,8 @@ private Q_SLOTS:
     void ADeadProcessIsFoundWhateverItsNumber_data();
     void ADeadProcessIsFoundWhateverItsNumber();
     void NothingStaysBehind();
+    void WhatWasSavedIsNothingToRestore_data();
+    void WhatWasSavedIsNothingToRestore();
     void BrokenOnesAreSetAside();
     void AClearedFolderIsMadeAnew();
     void TheNewestComesLast();
@@ -232,6 +235,37 @@ void RecoveryStoreTest::NothingStaysBehind()
         leftovers.Claim(Folder());
         QCOMPARE(int(leftovers.GetAll().size()), 1);
         leftovers.RemoveAll();
+    }
+    QVERIFY(!QDir(Folder()).exists());
+}
+
+void RecoveryStoreTest::WhatWasSavedIsNothingToRestore_data()
+{
+    QTest::addColumn<QByteArray>("content");
+    QTest::addColumn<bool>("offered");
+    QTest::newRow("died before the file was written") << QByteArray("old") << true;
+    QTest::newRow("died before the snapshot was removed") << QByteArray("saved") << false;
+    QTest::newRow("written by somebody else since") << QByteArray("theirs") << true;
+}
+
+/// The last moments of a process that saves its text, which went on since the last snapshot.
+void RecoveryStoreTest::WhatWasSavedIsNothingToRestore()
+{
+    QFETCH(QByteArray, content);
+    QFETCH(bool, offered);
+    const QString path = m_directory->filePath("a.py");
+    SetBytes(path, content);
+    {
+        RecoveryStore store(Folder());
+        QVERIFY(store.Write(1, Snapshot(path, "unsaved"), Wait::ForDisk));
+        store.NoteSaving(1, FileText::FingerprintOf("saved"));
+    }
+    for (int start = 0; start < 2; ++start) {
+        RecoveryLeftovers leftovers;
+        leftovers.Claim(Folder());
+        QCOMPARE(int(leftovers.GetAll().size()), offered ? 1 : 0);
+        if (start == 1)
+            leftovers.RemoveAll();
     }
     QVERIFY(!QDir(Folder()).exists());
 }
