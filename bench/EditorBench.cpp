@@ -40,9 +40,10 @@ const QString& LongText()
     return text;
 }
 
-CodeEditorProperties Properties(int number)
+CodeEditorProperties Properties(int number, CodeEditorLanguage language = CodeEditorLanguage::Text)
 {
     CodeEditorProperties properties;
+    properties.language = language;
     properties.filePath = QStringLiteral("/nowhere/%1.txt").arg(number);
     properties.label = QStringLiteral("script %1.txt").arg(number);
     return properties;
@@ -68,6 +69,11 @@ Editor MakeBare()
 Editor MakeOurs()
 {
     return std::make_unique<CodeEditor>(Properties(0), &Bindings());
+}
+
+Editor MakePython()
+{
+    return std::make_unique<CodeEditor>(Properties(0, CodeEditorLanguage::Python), &Bindings());
 }
 
 /// Runs the event loop until nothing is due: layouts, deferred marks, paints.
@@ -150,6 +156,53 @@ void Type(benchmark::State& state, const MakeEditor& make)
     });
 }
 
+/// A person's Python with every aid on: brackets and quotes that close themselves and are typed
+/// over, lines that indent themselves, a step taken back.
+void TypeCode(benchmark::State& state, const MakeEditor& make)
+{
+    static const QString CODE
+        = QStringLiteral("if value(name[1], 'x') == {'a': (1, 2)}:\nprint(\"text\")\n\b");
+    const Editor editor = make();
+    ShowWith(*editor, LongText());
+    QTextCursor cursor(editor->document()->findBlockByNumber(LINES / 2));
+    cursor.insertText(QStringLiteral("\n"));
+    cursor.movePosition(QTextCursor::PreviousBlock);
+    editor->setTextCursor(cursor);
+    editor->centerCursor();
+    WaitUntilIdle();
+    Repeat(state, KEYS, [&editor](int i) {
+        const QChar character = CODE.at(i % CODE.size());
+        const int key = character == QLatin1Char('\n') ? int(Qt::Key_Return)
+            : character == QLatin1Char('\b')           ? int(Qt::Key_Backspace)
+                                                       : int(character.toUpper().unicode());
+        QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier, character);
+        QApplication::sendEvent(editor.get(), &press);
+    });
+}
+
+/// One command on all lines, each of which ends in blanks.
+void EditAllLines(benchmark::State& state, const std::function<void(CodeEditor&)>& command)
+{
+    const QString text = QString(LongText()).replace(QLatin1String("\n"), QLatin1String("  \n"));
+    for (auto _ : state) {
+        state.PauseTiming();
+        CodeEditor editor(Properties(0, CodeEditorLanguage::Python), &Bindings());
+        ShowWith(editor, text);
+        WaitUntilIdle();
+        editor.SetCursorSelection(0, editor.document()->characterCount() - 1);
+        Settle();
+        state.ResumeTiming();
+        command(editor);
+        Settle();
+        state.PauseTiming();
+        const bool hasEdited = editor.GetText() != text;
+        editor.undo();
+        if (!hasEdited || editor.document()->isUndoAvailable() || editor.GetText() != text)
+            state.SkipWithError("not one step to undo");
+        state.ResumeTiming();
+    }
+}
+
 void Scroll(benchmark::State& state, const MakeEditor& make)
 {
     const Editor editor = make();
@@ -183,11 +236,17 @@ void Register(const char* name, const std::function<void(benchmark::State&)>& ru
 
 using Run = void (*)(benchmark::State&, const MakeEditor&);
 
-void RegisterPair(const std::string& name, Run run, double goal)
+void RegisterPair(const std::string& name, Run run, double goal, const MakeEditor& make = MakeOurs)
 {
-    Register(name.c_str(), [run](auto& state) { run(state, MakeOurs); });
+    Register(name.c_str(), [run, make](auto& state) { run(state, make); });
     Register((name + "/floor").c_str(), [run](auto& state) { run(state, MakeBare); });
     RatioGoal(name.c_str(), goal);
+}
+
+void RegisterLines(const char* name, const std::function<void(CodeEditor&)>& command)
+{
+    Register(name, [command](auto& state) { EditAllLines(state, command); });
+    TimeGoal(name, 500);
 }
 
 } // namespace
@@ -199,5 +258,15 @@ int main(int argc, char** argv)
     RegisterPair("type_in_the_middle", Type, 1.5);
     RegisterPair("scroll", Scroll, 2);
     Register("switch_tabs", SwitchTabs);
+    RegisterPair("type_code_with_aids", TypeCode, 2, MakePython);
+    RegisterLines("comment_100k_lines", &CodeEditor::ToggleComment);
+    RegisterLines("indent_100k_lines", [](CodeEditor& editor) { editor.IncreaseIndent(false); });
+    RegisterLines(
+        "trim_100k_lines", [](CodeEditor& editor) { editor.TrimTrailingWhiteSpaces(true); });
+    RegisterLines("move_100k_lines", [](CodeEditor& editor) {
+        editor.SetCursorSelection(editor.document()->findBlockByNumber(1).position(),
+            editor.document()->characterCount() - 1);
+        editor.MoveLine(true);
+    });
     return RunBenchmarks(argc, argv);
 }
