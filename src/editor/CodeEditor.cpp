@@ -4,6 +4,7 @@
 
 #include "editing/CommentEdits.h"
 #include "editing/TextColumns.h"
+#include "editor/CodeDocumentLayout.h"
 #include "editor/CodeEditorBlockData.h"
 #include "editor/CodeEditorErrorBarOverlay.h"
 #include "editor/CodeEditorLineNumbers.h"
@@ -47,10 +48,13 @@ CodeEditor::CodeEditor(
     , m_keyBindings(keyBindings)
     , m_textChangeTimer(new QTimer(this))
     , m_dropOverlay(new OverlayWidget(this))
-    , m_searchHits(new SearchHitLines(document(), this))
-    , m_search(new DocumentSearch(document(), this))
     , m_extraSelectionsTimer(new QTimer(this))
 {
+    auto* text = new QTextDocument(this);
+    text->setDocumentLayout(new CodeDocumentLayout(text));
+    setDocument(text);
+    m_searchHits = new SearchHitLines(text, this);
+    m_search = new DocumentSearch(text, this);
     setFrameShape(QFrame::NoFrame);
     setMouseTracking(true);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
@@ -77,8 +81,7 @@ CodeEditor::CodeEditor(
 void CodeEditor::CreateConnections()
 {
     connect(this, &QPlainTextEdit::blockCountChanged, this, &CodeEditor::UpdateLineNumberWidth);
-    connect(this, &QPlainTextEdit::updateRequest, this, &CodeEditor::UpdateLineNumbers);
-    connect(this, &QPlainTextEdit::updateRequest, this, &CodeEditor::HighlightVisibleLines);
+    connect(this, &QPlainTextEdit::updateRequest, this, &CodeEditor::OnUpdateRequest);
     connect(
         this, &QPlainTextEdit::cursorPositionChanged, this, &CodeEditor::ScheduleExtraSelections);
     connect(this, &QPlainTextEdit::selectionChanged, this, &CodeEditor::ScheduleExtraSelections);

@@ -315,7 +315,8 @@ private Q_SLOTS:
     void UpdateAccessibleName();
     void OnSearchHitsChanged();
     void OnSearchCounted();
-    void UpdateLineNumbers(const QRect& area, int scrolled);
+    void OnUpdateRequest(const QRect& area, int scrolled);
+    void UpdateLineNumbers(int scrolled);
     void ScheduleExtraSelections();
     void UpdateExtraSelections();
 

@@ -112,10 +112,19 @@ void CodeEditor::UpdateLineNumberWidth()
     m_errorBar->UpdateMarks();
 }
 
-void CodeEditor::UpdateLineNumbers(const QRect& area, int scrolled)
+void CodeEditor::OnUpdateRequest(const QRect& area, int scrolled)
+{
+    // Where no line moved the numbers are the same, and nothing new is in view: a key is quick.
+    if (scrolled == 0 && area.height() < viewport()->height())
+        return;
+    UpdateLineNumbers(scrolled);
+    HighlightVisibleLines();
+}
+
+void CodeEditor::UpdateLineNumbers(int scrolled)
 {
     if (scrolled == 0) {
-        m_lineNumbers->update(0, area.y(), m_lineNumbers->width(), area.height());
+        m_lineNumbers->update();
         return;
     }
     m_lineNumbers->scroll(0, scrolled);
