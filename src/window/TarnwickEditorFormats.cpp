@@ -62,10 +62,10 @@ FormatQuestion QuestionAbout(
     question.target = CodecLabel(target);
     if (format.hasOddBytes)
         question.warning
-            += TarnwickEditor::tr("\n\nInvalid bytes would become unknown characters.");
+            += TarnwickEditor::tr("\n\nWritten as %1, invalid bytes become unknown characters.");
     if (!format.declared.isEmpty() && format.declared == format.codec)
-        question.warning
-            += TarnwickEditor::tr("\n\nThe coding line in the text would not be true any more.");
+        question.warning += TarnwickEditor::tr("\n\nWritten as %1, its coding line is wrong.");
+    question.warning.replace(QLatin1String("%1"), question.target);
     return question;
 }
 

@@ -77,10 +77,10 @@ void FileFormatsTest::NothingIsLostUnasked_data()
     row("mark and windows, converted", "\xef\xbb\xbf" "a\r\nb", "x", "Write as UTF-8",
         "xa\nb", "Keep its encoding and line ends, or write it as UTF-8 with line feeds?");
     row("cancelled", "a\r\n", "x", "Cancel", "a\r\n", "CRLF");
-    row("odd bytes, kept", "\xff\n", "x", "Keep", "x\xff\n", "Invalid bytes would become");
+    row("odd bytes, kept", "\xff\n", "x", "Keep", "x\xff\n", "Written as UTF-8, invalid bytes become unknown");
     row("declared and plain", declared, "#", "", "#" + declared, "");
     row("declared, kept", declared + "\xe9", "#", "Keep", "#" + declared + "\xe9",
-        "The coding line in the text would not be true");
+        "Written as UTF-8, its coding line is wrong.");
     row("not in the declared one", declared + "\xe9", "#" + euro, "Write as UTF-8",
         "#\xe2\x82\xac" + declared + "\xc3\xa9", "'a.py' has characters that Latin-1 cannot hold.");
     row("16 bits", QByteArray("\xff\xfe" "a\0", 4), "x", "Keep",
