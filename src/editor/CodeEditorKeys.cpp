@@ -149,10 +149,12 @@ void CodeEditor::mouseDoubleClickEvent(QMouseEvent* event)
 
 void CodeEditor::ShowContextMenu(const QPoint& point)
 {
-    QMenu menu(this);
-    FillContextMenu(menu);
+    // Without a loop of its own: the editor may be closed while the menu is open.
+    auto* const menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    FillContextMenu(*menu);
     // The point is the viewport's.
-    menu.exec(viewport()->mapToGlobal(point));
+    menu->popup(viewport()->mapToGlobal(point));
 }
 
 void CodeEditor::FillContextMenu(QMenu& menu)

@@ -575,16 +575,13 @@ void CodeEditorTest::ShowsItsMenuInOrder()
     QFETCH(int, language);
     CodeEditor editor({CodeEditorType::Buffer, Language(language), "x", "x"}, &m_keyBindings);
     editor.show();
-    QStringList labels;
-    QTimer::singleShot(0, &editor, [&labels, &editor] {
-        auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-        QVERIFY(menu);
-        QCOMPARE(menu->pos(), editor.viewport()->mapToGlobal({5, 5}));
-        for (const QAction* action : menu->actions())
-            labels += action->text();
-        menu->close();
-    });
     Q_EMIT editor.customContextMenuRequested({5, 5});
+    auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    QVERIFY(menu);
+    QCOMPARE(menu->pos(), editor.viewport()->mapToGlobal({5, 5}));
+    QStringList labels;
+    for (const QAction* action : menu->actions())
+        labels += action->text();
     QTEST(labels, "expected");
 }
 
