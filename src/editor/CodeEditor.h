@@ -242,6 +242,9 @@ public:
     const QVector<MarkedSpan>& GetOccurrences() const { return m_occurrences; }
     const QVector<MarkedSpan>& GetFoundText() const { return m_foundText; }
     int GetGutterWidth() const;
+    /// Null where the colour scheme has none.
+    static const QTextCharFormat* GetLineNumbersFormat() { return m_colorFormats.lineNumbers; }
+    static const QTextCharFormat* GetGutterFormat() { return m_colorFormats.gutter; }
 
 Q_SIGNALS:
     void ReceivedFocus();
@@ -328,6 +331,8 @@ private:
         const QTextCharFormat* currentLine = nullptr;
         const QTextCharFormat* matchingSelection = nullptr;
         const QTextCharFormat* matchingBraces = nullptr;
+        const QTextCharFormat* lineNumbers = nullptr;
+        const QTextCharFormat* gutter = nullptr;
         const QTextCharFormat* indentationGuides = nullptr;
         const QTextCharFormat* found = nullptr;
         const QTextCharFormat* currentFound = nullptr;

@@ -2,7 +2,6 @@
 
 #include "editor/CodeEditor.h"
 #include "editor/CodeEditorMarkToolTip.h"
-#include "settings/ColorSettings.h"
 #include "window/chrome/Theme.h"
 
 #include <QCoreApplication>
@@ -89,9 +88,12 @@ void CodeEditorLineNumbers::paintEvent(QPaintEvent* event)
 void CodeEditorLineNumbers::PaintNumbers(
     QPainter& painter, const QRect& area, const QVector<CodeEditor::VisibleLine>& lines) const
 {
-    const QTextCharFormat numbers
-        = ColorSettings::GetCodeEditorFormat(ColorSettings::LINE_NUMBERS, false);
-    const QTextCharFormat gutter = ColorSettings::GetCodeEditorFormat(ColorSettings::GUTTER, false);
+    static const QTextCharFormat NO_FORMAT;
+    const auto orNone = [](const QTextCharFormat* format) -> const QTextCharFormat& {
+        return format ? *format : NO_FORMAT;
+    };
+    const QTextCharFormat& numbers = orNone(CodeEditor::GetLineNumbersFormat());
+    const QTextCharFormat& gutter = orNone(CodeEditor::GetGutterFormat());
     const int numbersWidth = width() - m_editor->GetGutterWidth();
     // Either may be without a background or let shine through what is behind.
     painter.fillRect(area, m_editor->palette().base());

@@ -117,7 +117,8 @@ void CodeEditor::FetchColorFormats()
         = [](const QString& role) { return ColorSettings::GetCodeEditorFormatPtr(role, false); };
     using C = ColorSettings;
     m_colorFormats = {fetch(C::PLAIN_TEXT), fetch(C::CURRENT_LINE), fetch(C::MATCHING_SELECTION),
-        fetch(C::MATCHING_BRACES), fetch(C::INDENTATION_GUIDES), fetch(C::FIND_REPLACE_MATCHING),
+        fetch(C::MATCHING_BRACES), fetch(C::LINE_NUMBERS), fetch(C::GUTTER),
+        fetch(C::INDENTATION_GUIDES), fetch(C::FIND_REPLACE_MATCHING),
         fetch(C::FIND_REPLACE_SELECTED), fetch(C::FIND_REPLACE_SELECTION)};
 }
 
