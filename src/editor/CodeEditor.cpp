@@ -10,6 +10,7 @@
 #include "editor/CodeEditorLineNumbers.h"
 #include "editor/DocumentSearch.h"
 #include "editor/SearchHitLines.h"
+#include "language/PythonCompletion.h"
 #include "plugin/MayaUtil.h"
 #include "settings/Settings.h"
 #include "window/chrome/OverlayWidget.h"
@@ -28,15 +29,6 @@ namespace {
 constexpr int TEXT_CHANGE_DELAY = 250; // ms
 constexpr int TEXT_MARGIN = 2; // design pixels
 constexpr QChar PARAGRAPH_SEPARATOR(0x2029);
-
-/// Where the blanks begin that end at `end`.
-int BlanksBefore(const QString& text, int end)
-{
-    while (
-        end > 0 && (text.at(end - 1) == QLatin1Char(' ') || text.at(end - 1) == QLatin1Char('\t')))
-        --end;
-    return end;
-}
 
 } // namespace
 
@@ -78,6 +70,13 @@ CodeEditor::CodeEditor(
     CreateConnections();
 }
 
+// Both look at the editor when they go.
+CodeEditor::~CodeEditor()
+{
+    SetAutoCompleterFromLanguage();
+    DropHighlighter();
+}
+
 void CodeEditor::CreateConnections()
 {
     connect(this, &QPlainTextEdit::blockCountChanged, this, &CodeEditor::UpdateLineNumberWidth);
@@ -114,6 +113,7 @@ void CodeEditor::SetProperties(const CodeEditorProperties& properties, bool forc
     UpdateAccessibleName();
     if (languageChanged) {
         SetHighlighterFromLanguage();
+        SetAutoCompleterFromLanguage();
         UpdateTextOptions();
     }
 }
@@ -195,15 +195,7 @@ QString CodeEditor::GetCurrentLineForExecute() const
 
 QString CodeEditor::GetTextForPythonProcessing() const
 {
-    QString text = GetText();
-    const int end = text.endsWith(QLatin1Char('\n')) ? text.size() - 1 : text.size();
-    const int start = BlanksBefore(text, end);
-    text.remove(start, end - start);
-    text.append(QLatin1Char('\n'));
-    text.replace(QLatin1String("\\"), QLatin1String("\\\\"));
-    text.replace(QLatin1String("\n"), QLatin1String("\\n"));
-    text.replace(QLatin1String("\""), QLatin1String("\\\""));
-    return text;
+    return PythonCompletion::EscapedForPython(GetText());
 }
 
 int CodeEditor::GetSelectedStartPosition() const

@@ -14,6 +14,7 @@
 #include <functional>
 #include <utility>
 
+class AutoCompleter;
 class CodeEditorBlockData;
 class CodeEditorErrorBarOverlay;
 class CodeEditorLineNumbers;
@@ -57,7 +58,7 @@ public:
     /// `keyBindings` outlives the editor and is not owned.
     CodeEditor(const CodeEditorProperties& properties, KeyBindings* keyBindings,
         QWidget* parent = nullptr);
-    ~CodeEditor() override { DropHighlighter(); }
+    ~CodeEditor() override;
 
     // Identity
     void GetProperties(CodeEditorProperties& properties) const;
@@ -314,6 +315,10 @@ private Q_SLOTS:
     void OnDocumentContentsChanged(int position, int removed, int added);
     void OnFileChanged(const QString& path);
     void ShowContextMenu(const QPoint& point);
+    void OnCompletionDue();
+    void OnCompletionSelectionRested(const QString& name);
+    /// Replaces what was typed of a name, as one step to undo.
+    void CompleteCode(const QString& text, int prefixLength);
     void UpdateLineNumberWidth();
     void UpdateAccessibleName();
     void OnSearchHitsChanged();
@@ -376,6 +381,21 @@ private:
     void EditAtCursor(const std::function<void(QTextCursor&)>& operation);
     void EditLines(CursorAfter after, const std::function<TextPasses(QTextCursor&)>& operation);
     void StepThroughHistory(void (QPlainTextEdit::*operation)());
+
+    // Completion
+    void SetAutoCompleterFromLanguage();
+    /// Null in a text editor.
+    AutoCompleter* GetAutoCompleter();
+    bool IsAutoCompleterVisible() const;
+    void HideAutoCompleter();
+    bool IsCompleteOnLettersEnabled() const;
+    bool IsCompleteOnUserEnabled() const;
+    bool IsCompletionPlace(bool isExplicit) const;
+    /// `isExplicit`: the user asked for it; a single name then goes into the text at once.
+    void UpdateAutoCompleter(bool isExplicit);
+    void UpdateAutoCompleterLater();
+    void UpdateCompleterBeforeKey(const QKeyEvent& event);
+    void UpdateCompleterAfterKey(const QKeyEvent& event);
 
     // Marks over the text
     QVector<QTextBlock> GetNearbyBlocks() const;
@@ -472,5 +492,8 @@ private:
     int m_lastBlockCount = 1; ///< before the change that is told next
     QTimer* m_extraSelectionsTimer;
     Highlighter* m_highlighter = nullptr; ///< owned by the document
+    AutoCompleter* m_autoCompleter = nullptr; ///< made when first needed
+    QTimer* m_completionTimer = nullptr; ///< made when first needed
+    int m_completionPosition = -1; ///< of the cursor when the completer was asked last
     static ColorFormats m_colorFormats; ///< fetched with the first editor and with every new look
 };

@@ -17,11 +17,13 @@ void CodeEditor::keyPressEvent(QKeyEvent* event)
 {
     if (QToolTip::isVisible())
         QToolTip::hideText();
+    UpdateCompleterBeforeKey(*event);
     const bool handled = HandleKeypadEnter(event) || HandleReturn(event)
         || HandleNavigationKey(event) || HandlePairKey(event) || HandleCompletionKey(event)
         || HandleClipboardKey(event) || HandleBackspace(event);
     if (!handled)
         QPlainTextEdit::keyPressEvent(event);
+    UpdateCompleterAfterKey(*event);
 }
 
 /// The keypad's Enter executes: sent again as Ctrl+Enter, it is ignored here and taken by the
@@ -95,12 +97,6 @@ bool CodeEditor::HandleBackspace(QKeyEvent* event)
 {
     return event->key() == Qt::Key_Backspace && event->modifiers() == Qt::NoModifier
         && InsertBackspace();
-}
-
-/// The completion key writes no blank, whatever the language.
-bool CodeEditor::HandleCompletionKey(QKeyEvent* event)
-{
-    return event->key() == Qt::Key_Space && event->modifiers() == Qt::ControlModifier;
 }
 
 bool CodeEditor::HandleClipboardKey(QKeyEvent* event)

@@ -1,0 +1,298 @@
+#include "language/FakeVocabulary.h"
+#include "language/MelAutoCompleter.h"
+#include "language/MelStatement.h"
+#include "support/TestMain.h"
+
+#include <QListView>
+#include <QPlainTextEdit>
+#include <QScreen>
+#include <QSignalSpy>
+#include <QtTest>
+
+namespace {
+
+/// An editor with a completer; "|" in its text marks the cursor.
+struct Scene
+{
+    explicit Scene(QString text = {})
+    {
+        const int position = text.indexOf('|');
+        editor.setPlainText(text.remove('|'));
+        QTextCursor cursor = editor.textCursor();
+        cursor.setPosition(qMax(0, position));
+        editor.setTextCursor(cursor);
+        editor.show();
+    }
+
+    bool Ask(bool isExplicit = false)
+    {
+        if (!completer.ValidateAndSetPrefix(editor.textCursor()))
+            return false;
+        completer.Update(editor.textCursor(), editor.cursorRect(), isExplicit);
+        return completer.isVisible();
+    }
+
+    QStringList Rows() const
+    {
+        const QAbstractItemModel& model = *completer.findChild<QListView*>()->model();
+        QStringList rows;
+        for (int i = 0; i < model.rowCount(); ++i)
+            rows += model.index(i, 0).data().toString();
+        return rows;
+    }
+
+    QPlainTextEdit editor;
+    MelAutoCompleter completer{&editor};
+    QSignalSpy accepted{&completer, &AutoCompleter::Accepted};
+};
+
+} // namespace
+
+class AutoCompleterTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void KnowsWhatCanBeCompleted_data();
+    void KnowsWhatCanBeCompleted();
+    void ListsEachNameOnceInTheOrderOfItsKind();
+    void SelectsTheFirstRowOfTheSameCase();
+    void TakesTheOnlyNameOnRequest_data();
+    void TakesTheOnlyNameOnRequest();
+    void TakesItsKeysOnTheWayToTheEditor_data();
+    void TakesItsKeysOnTheWayToTheEditor();
+    void KeysOfTheListReachTheEditor();
+    void LeavesALineEndBehindACompleteWord();
+    void GoesWithTheEditor_data();
+    void GoesWithTheEditor();
+    void StaysOnTheScreen();
+    void FindsTheCommandOfAStatement_data();
+    void FindsTheCommandOfAStatement();
+    void OffersTheFlagsOfACommand();
+};
+
+void AutoCompleterTest::KnowsWhatCanBeCompleted_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("prefix");
+    QTest::newRow("a word") << "pol|"
+                            << "pol";
+    QTest::newRow("its first part") << "po|ly"
+                                    << "po";
+    QTest::newRow("before a bracket") << "(pol|)"
+                                      << "pol";
+    QTest::newRow("behind a dot") << "pCube1.tr|"
+                                  << "tr";
+    QTest::newRow("a dot") << "pCube1.|)" << QString();
+    QTest::newRow("nothing") << "|" << QString();
+    QTest::newRow("between words") << "ls | pol" << QString();
+    QTest::newRow("a flag") << "unknown -q|" << QString();
+    QTest::newRow("a flag before a bracket") << "(unknown -q|)" << QString();
+    QTest::newRow("a variable") << "print $nam|" << QString();
+    QTest::newRow("a variable before a sign") << "$nam|;" << QString();
+    QTest::newRow("letters of other alphabets") << QStringLiteral("\u00e4po|") << QString();
+}
+
+void AutoCompleterTest::KnowsWhatCanBeCompleted()
+{
+    QFETCH(QString, text);
+    QFETCH(QString, prefix);
+    Scene scene(text);
+    QCOMPARE(scene.completer.ValidateAndSetPrefix(scene.editor.textCursor()), !prefix.isEmpty());
+    if (!prefix.isEmpty())
+        QCOMPARE(scene.completer.GetPrefix(), prefix);
+}
+
+void AutoCompleterTest::ListsEachNameOnceInTheOrderOfItsKind()
+{
+    Scene scene("p|");
+    QVERIFY(scene.Ask());
+    QCOMPARE(scene.Rows(), QStringList({"proc", "polyCube", "print", "polyEvaluateAll"}));
+}
+
+void AutoCompleterTest::SelectsTheFirstRowOfTheSameCase()
+{
+    Scene scene("pol|");
+    QVERIFY(scene.Ask());
+    QCOMPARE(scene.completer.GetSelectedText(), QString("polyCube"));
+    scene.completer.SelectNext();
+    scene.completer.SelectNext();
+    QCOMPARE(scene.completer.GetSelectedText(), QString("polyEvaluateAll"));
+    scene.completer.SelectPrevious();
+    scene.completer.SelectPrevious();
+    QCOMPARE(scene.completer.GetSelectedText(), QString("polyCube"));
+}
+
+void AutoCompleterTest::TakesTheOnlyNameOnRequest_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<bool>("isExplicit");
+    QTest::addColumn<bool>("isShown");
+    QTest::addColumn<QString>("accepted");
+    QTest::newRow("the only one, asked for") << "polyC|" << true << false << "polyCube";
+    QTest::newRow("the only one, unasked") << "polyC|" << false << true << QString();
+    QTest::newRow("several, asked for") << "pol|" << true << true << QString();
+    QTest::newRow("none, asked for") << "nothing|" << true << false << QString();
+}
+
+void AutoCompleterTest::TakesTheOnlyNameOnRequest()
+{
+    QFETCH(QString, text);
+    QFETCH(bool, isExplicit);
+    QFETCH(QString, accepted);
+    Scene scene(text);
+    QTEST(scene.Ask(isExplicit), "isShown");
+    QCOMPARE(scene.accepted.value(0).value(0).toString(), accepted);
+    if (!accepted.isEmpty())
+        QCOMPARE(scene.accepted[0][1].toInt(), text.size() - 1);
+}
+
+void AutoCompleterTest::TakesItsKeysOnTheWayToTheEditor_data()
+{
+    QTest::addColumn<QList<int>>("keys");
+    QTest::addColumn<QString>("accepted");
+    QTest::addColumn<bool>("isShown");
+    QTest::newRow("tab") << QList<int>{Qt::Key_Tab} << "polyCube" << false;
+    QTest::newRow("down, return") << QList<int>{Qt::Key_Down, Qt::Key_Return} << "polyEvaluateAll"
+                                  << false;
+    QTest::newRow("down, up, enter")
+        << QList<int>{Qt::Key_Down, Qt::Key_Up, Qt::Key_Enter} << "polyCube" << false;
+    QTest::newRow("escape") << QList<int>{Qt::Key_Escape} << QString() << false;
+    QTest::newRow("swallowed") << QList<int>{Qt::Key_PageDown, Qt::Key_PageUp, Qt::Key_Backtab}
+                               << QString() << true;
+}
+
+void AutoCompleterTest::TakesItsKeysOnTheWayToTheEditor()
+{
+    QFETCH(QList<int>, keys);
+    QFETCH(QString, accepted);
+    Scene scene("\n\npol|\n\n");
+    QVERIFY(scene.Ask());
+    const int position = scene.editor.textCursor().position();
+    for (const int key : keys)
+        QTest::keyClick(&scene.editor, Qt::Key(key));
+    QCOMPARE(scene.accepted.value(0).value(0).toString(), accepted);
+    QTEST(scene.completer.isVisible(), "isShown");
+    QCOMPARE(scene.editor.textCursor().position(), position);
+    QCOMPARE(scene.editor.toPlainText(), QString("\n\npol\n\n"));
+}
+
+void AutoCompleterTest::KeysOfTheListReachTheEditor()
+{
+    Scene scene("pol|");
+    QVERIFY(scene.Ask());
+    QTest::keyClick(scene.completer.findChild<QListView*>(), Qt::Key_Y);
+    QCOMPARE(scene.editor.toPlainText(), QString("poly"));
+    QTest::keyClicks(&scene.completer, "C");
+    QCOMPARE(scene.editor.toPlainText(), QString("polyC"));
+}
+
+void AutoCompleterTest::LeavesALineEndBehindACompleteWord()
+{
+    Scene scene("polyCube|");
+    QVERIFY(scene.Ask());
+    QTest::keyClick(&scene.editor, Qt::Key_Return);
+    QVERIFY(!scene.completer.isVisible());
+    QCOMPARE(scene.editor.toPlainText(), QString("polyCube\n"));
+}
+
+void AutoCompleterTest::GoesWithTheEditor_data()
+{
+    QTest::addColumn<int>("event");
+    QTest::newRow("focus") << int(QEvent::FocusOut);
+    QTest::newRow("hide") << int(QEvent::Hide);
+    QTest::newRow("click") << int(QEvent::MouseButtonPress);
+    QTest::newRow("window moved") << int(QEvent::Move);
+}
+
+void AutoCompleterTest::GoesWithTheEditor()
+{
+    QFETCH(int, event);
+    Scene scene("pol|");
+    QVERIFY(scene.Ask());
+    if (event == QEvent::FocusOut) {
+        QFocusEvent focusOut(QEvent::FocusOut);
+        QApplication::sendEvent(&scene.editor, &focusOut);
+    } else if (event == QEvent::Hide) {
+        scene.editor.hide();
+    } else if (event == QEvent::MouseButtonPress) {
+        QTest::mousePress(scene.editor.viewport(), Qt::LeftButton);
+    } else {
+        QMoveEvent moved(QPoint(1, 1), QPoint());
+        QApplication::sendEvent(scene.editor.window(), &moved);
+    }
+    QVERIFY(!scene.completer.isVisible());
+}
+
+void AutoCompleterTest::StaysOnTheScreen()
+{
+    Scene scene("pol|");
+    const QRect room = scene.editor.screen()->availableGeometry();
+    scene.editor.move(room.right() - 60, room.bottom() - 40);
+    QVERIFY(scene.Ask());
+    QVERIFY(room.contains(scene.completer.geometry()));
+    const int line = scene.editor.viewport()->mapToGlobal(scene.editor.cursorRect().topLeft()).y();
+    QVERIFY(scene.completer.geometry().bottom() < line);
+}
+
+void AutoCompleterTest::FindsTheCommandOfAStatement_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("command");
+    QTest::newRow("at the start") << "ls "
+                                  << "ls";
+    QTest::newRow("behind arguments") << "ls -l \"a;b\" pCube1 "
+                                      << "ls";
+    QTest::newRow("on a later line") << "polyCube -w 1\n    "
+                                     << "polyCube";
+    QTest::newRow("second statement") << "print 1; ls "
+                                      << "ls";
+    QTest::newRow("back-quoted") << "string $all[] = `ls "
+                                 << "ls";
+    QTest::newRow("behind a back-quote") << "print `ls -l` "
+                                         << "print";
+    QTest::newRow("in a condition") << "if (`polyCube "
+                                    << "polyCube";
+    QTest::newRow("behind a condition") << "if ($a > (1)) ls "
+                                        << "ls";
+    QTest::newRow("else") << "} else ls "
+                          << "ls";
+    QTest::newRow("case") << "case 1: ls "
+                          << "ls";
+    QTest::newRow("a namespace") << "select ns:pCube1 "
+                                 << "select";
+    QTest::newRow("within a bracket") << "ls (1 " << QString();
+    QTest::newRow("a variable") << "$a " << QString();
+    QTest::newRow("an open string") << "ls \"a " << QString();
+    QTest::newRow("a comment") << "ls // " << QString();
+    QTest::newRow("behind a comment") << "/* a */ ls "
+                                      << "ls";
+}
+
+void AutoCompleterTest::FindsTheCommandOfAStatement()
+{
+    QFETCH(QString, text);
+    QTEST(MelStatement::CommandBefore(text), "command");
+}
+
+void AutoCompleterTest::OffersTheFlagsOfACommand()
+{
+    FakeVocabulary::Reset();
+    Scene scene("polyCube -sx 2\n    -|");
+    QVERIFY(scene.Ask());
+    QCOMPARE(scene.Rows(), QStringList({"-ax", "-axis", "-o", "-object", "-w", "-width"}));
+    QTest::keyClicks(&scene.editor, "wi");
+    QVERIFY(scene.Ask());
+    QTest::keyClick(&scene.editor, Qt::Key_Return);
+    QCOMPARE(scene.accepted.value(0), QVariantList({"-width", 3}));
+
+    Scene other("polyCube; polyCube -|");
+    QVERIFY(other.Ask());
+    QCOMPARE(FakeVocabulary::askedFlags, QStringList("polyCube"));
+    Scene names("ls -l; po|");
+    QVERIFY(names.Ask());
+    QCOMPARE(names.Rows(), QStringList({"polyCube", "polyEvaluateAll"}));
+}
+
+TE2_TEST(AutoCompleterTest)
+#include "AutoCompleterTest.moc"

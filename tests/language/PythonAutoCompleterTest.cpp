@@ -1,0 +1,267 @@
+#include "language/PythonAutoCompleter.h"
+
+#include "language/FakeVocabulary.h"
+#include "language/PythonCompletion.h"
+#include "language/PythonForcedImports.h"
+#include "settings/Settings.h"
+#include "support/TestMain.h"
+
+#include <QListView>
+#include <QPlainTextEdit>
+#include <QSignalSpy>
+#include <QtTest>
+
+namespace {
+
+struct Scene
+{
+    explicit Scene(QString text)
+    {
+        const int position = text.indexOf('|');
+        editor.setPlainText(text.remove('|'));
+        QTextCursor cursor = editor.textCursor();
+        cursor.setPosition(position);
+        editor.setTextCursor(cursor);
+        editor.show();
+    }
+
+    bool Ask(bool isExplicit = false)
+    {
+        if (!completer.ValidateAndSetPrefix(editor.textCursor())) {
+            completer.hide();
+            return false;
+        }
+        completer.Update(editor.textCursor(), editor.cursorRect(), isExplicit);
+        return completer.isVisible();
+    }
+
+    bool Type(const QString& text)
+    {
+        editor.insertPlainText(text);
+        return Ask();
+    }
+
+    QStringList Rows() const
+    {
+        const QAbstractItemModel& model = *completer.findChild<QListView*>()->model();
+        QStringList rows;
+        for (int i = 0; i < model.rowCount(); ++i)
+            rows += model.index(i, 0).data().toString();
+        return rows;
+    }
+
+    QPlainTextEdit editor;
+    PythonAutoCompleter completer{&editor};
+    QSignalSpy accepted{&completer, &AutoCompleter::Accepted};
+};
+
+} // namespace
+
+class PythonAutoCompleterTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() { FakeVocabulary::Reset(); }
+    void cleanup();
+    void KnowsWhatIsWanted_data();
+    void KnowsWhatIsWanted();
+    void MarksTheCursorInTheSource_data();
+    void MarksTheCursorInTheSource();
+    void ListsNamesOfTheSourceThenOfTheLanguage();
+    void AsksOncePerObjectAndText();
+    void AsksNoMoreByItselfWhereItWasSlow();
+    void FiltersWithoutCase();
+    void TakesTheOnlyNameOnRequest();
+    void ReadsForcedImports_data();
+    void ReadsForcedImports();
+    void TriesForcedImportsOnce();
+};
+
+void PythonAutoCompleterTest::cleanup()
+{
+    Settings::pythonIncludeKeywords = true;
+    Settings::pythonIncludeBuiltins = true;
+    Settings::pythonForcedImports.clear();
+}
+
+void PythonAutoCompleterTest::KnowsWhatIsWanted_data()
+{
+    QTest::addColumn<QString>("before");
+    QTest::addColumn<QString>("wanted"); // object and prefix, or nothing
+    QTest::newRow("a name") << "x = na"
+                            << ".na";
+    QTest::newRow("behind a dot") << "os."
+                                  << "os.";
+    QTest::newRow("a chain") << "f(os.path.jo"
+                             << "os.path.jo";
+    QTest::newRow("behind a string") << "'a'.jo" << QString();
+    QTest::newRow("behind a call") << "f().na" << QString();
+    QTest::newRow("further behind a call") << "f().a.na" << QString();
+    QTest::newRow("behind an index") << "a[0].na" << QString();
+    QTest::newRow("a number") << "x = 12" << QString();
+    QTest::newRow("a decimal number") << "x = 1." << QString();
+    QTest::newRow("dots") << "x[..." << QString();
+    QTest::newRow("a function's name") << "    async def na" << QString();
+    QTest::newRow("a class's name") << "class " << QString();
+    QTest::newRow("a class's base") << "class A(na"
+                                    << ".na";
+    QTest::newRow("an import") << "import o" << QString();
+    QTest::newRow("a module to import from") << "from os.p" << QString();
+    QTest::newRow("what to import") << "from os.path import jo"
+                                    << "os.path.jo";
+    QTest::newRow("another thing to import") << "from os import (path, ge"
+                                             << "os.ge";
+    QTest::newRow("what an import is called") << "from os import path as p" << QString();
+    QTest::newRow("a relative import") << "from .os import p" << QString();
+    QTest::newRow("a name like a statement") << "importer.na"
+                                             << "importer.na";
+}
+
+void PythonAutoCompleterTest::KnowsWhatIsWanted()
+{
+    QFETCH(QString, before);
+    const PythonCompletion::Request request = PythonCompletion::RequestAt(before);
+    const QString wanted = request.isValid ? request.object + '.' + request.prefix : QString();
+    QTEST(wanted, "wanted");
+}
+
+void PythonAutoCompleterTest::MarksTheCursorInTheSource_data()
+{
+    QTest::addColumn<QString>("text"); // "|" stands for the cursor
+    QTest::addColumn<QString>("source"); // "<>" stands for the definition
+    QTest::newRow("alone") << "a = 1\nos.|"
+                           << "a = 1\n<> pass";
+    QTest::newRow("in a method") << "class A:\n    def f(self):\n\tself.|\n\nb"
+                                 << "class A:\n    def f(self):\n\t<> pass\n\nb";
+    QTest::newRow("head of a block") << "if os.|:\n    # x\n    b\n"
+                                     << "<>\n    # x\n    b\n";
+    QTest::newRow("with branches") << "if a|:\n    b\nelif c:\n    d\nelse:\n    e\nelse: f"
+                                   << "<>\n    b\nif 1:\n    d\nif 1:\n    e\nif 1: f";
+    QTest::newRow("within brackets") << "a = f(1,\n  os.|,\n  2\n)\nb"
+                                     << "<> pass\n\n\n\nb";
+    QTest::newRow("an open bracket") << "a = f(os.|\nb = 2\ndef g(): pass"
+                                     << "<> pass\nb = 2\ndef g(): pass";
+    QTest::newRow("below an open bracket") << "a = f(\ndef g():\n    os.|"
+                                           << "a = f(\ndef g():\n    <> pass";
+    QTest::newRow("below a long string") << "'''a (\n'''\n  b|"
+                                         << "'''a (\n'''\n  <> pass";
+    QTest::newRow("below a bracket in a comment") << "a # (\nb|"
+                                                  << "a # (\n<> pass";
+}
+
+void PythonAutoCompleterTest::MarksTheCursorInTheSource()
+{
+    QFETCH(QString, text);
+    QFETCH(QString, source);
+    const int line = text.left(text.indexOf('|')).count('\n');
+    source.replace("<>", "def __tedefloc__(__tarnwick_lctr_qnht__):");
+    QCOMPARE(
+        PythonCompletion::SourceFor(text.remove('|'), line, {"import x"}), source + "\nimport x");
+}
+
+void PythonAutoCompleterTest::ListsNamesOfTheSourceThenOfTheLanguage()
+{
+    FakeVocabulary::attributes[""] = QStringList{"lower", "_lost"};
+    Scene scene("lower = 1\ndef loop(last):\n    for line in last.lines:\n        "
+                "'lie' # lap\n        l|");
+    QVERIFY(scene.Ask());
+    QCOMPARE(scene.Rows(), QStringList({"last", "line", "loop", "lower", "lambda", "len"}));
+    Settings::pythonIncludeBuiltins = false;
+    Settings::pythonIncludeKeywords = false;
+    Scene bare("lower = 1\nl|");
+    QVERIFY(bare.Ask());
+    QCOMPARE(bare.Rows(), QStringList("lower"));
+}
+
+void PythonAutoCompleterTest::AsksOncePerObjectAndText()
+{
+    FakeVocabulary::attributes["os"] = QStringList{"path", "pardir", "_exit"};
+    Scene scene("import os\n\"\\\"\nos|");
+    QVERIFY(scene.Type("."));
+    QCOMPARE(scene.Rows(), QStringList({"path", "pardir", "_exit"}));
+    QVERIFY(scene.Type("pa"));
+    QVERIFY(!scene.Type("x"));
+    scene.editor.textCursor().deletePreviousChar();
+    QVERIFY(scene.Ask());
+    QCOMPARE(FakeVocabulary::askedObjects, QStringList("os"));
+    QVERIFY(FakeVocabulary::askedSources[0].startsWith(
+        "import os\\n\\\"\\\\\\\"\\ndef __tedefloc__(__tarnwick_lctr_qnht__): pass\\n"));
+    scene.completer.hide();
+    scene.Type("\nos.");
+    QCOMPARE(FakeVocabulary::askedObjects.size(), 2);
+}
+
+void PythonAutoCompleterTest::AsksNoMoreByItselfWhereItWasSlow()
+{
+    FakeVocabulary::attributes["slow"] = QStringList{"path", "pardir"};
+    FakeVocabulary::answerTime = 160;
+    Scene scene("slow.|");
+    QVERIFY(!scene.Ask());
+    FakeVocabulary::answerTime = 0;
+    QVERIFY(!scene.Type("p"));
+    QVERIFY(scene.Ask(true));
+    FakeVocabulary::attributes["quick"] = QStringList{"path"};
+    QVERIFY(scene.Type(", quick."));
+}
+
+void PythonAutoCompleterTest::FiltersWithoutCase()
+{
+    FakeVocabulary::attributes["a"] = QStringList{"Pa", "pb", "PC", "q", "_p"};
+    Scene scene("a.p|");
+    QVERIFY(scene.Ask());
+    QCOMPARE(scene.Rows(), QStringList({"pb", "Pa", "PC"}));
+    QCOMPARE(scene.completer.GetSelectedText(), QString("pb"));
+    QVERIFY(scene.Type("C"));
+    QCOMPARE(scene.Rows(), QStringList({"PC"}));
+}
+
+void PythonAutoCompleterTest::TakesTheOnlyNameOnRequest()
+{
+    FakeVocabulary::attributes["a"] = QStringList{"Path", "_x"};
+    Scene scene("a.pa|");
+    QVERIFY(!scene.Ask(true));
+    QCOMPARE(scene.accepted.value(0), QVariantList({"Path", 2}));
+    Scene none("a.zz|");
+    QVERIFY(!none.Ask(true));
+    QCOMPARE(none.accepted.size(), 0);
+}
+
+void PythonAutoCompleterTest::ReadsForcedImports_data()
+{
+    QTest::addColumn<QString>("option");
+    QTest::addColumn<QStringList>("statements");
+    QTest::addColumn<QStringList>("rejected");
+    QTest::newRow("nothing") << " , \n" << QStringList() << QStringList();
+    QTest::newRow("modules") << "maya.cmds as cmds, os.path\nre"
+                             << QStringList{"import maya.cmds as cmds", "import os.path",
+                                    "import re"}
+                             << QStringList();
+    QTest::newRow("statements") << "from a import b, c as d\nimport e"
+                                << QStringList{"from a import b, c as d", "import e"}
+                                << QStringList();
+    QTest::newRow("no imports") << "a; b, c\"d\", import e\\f, 1+1" << QStringList()
+                                << QStringList{"a; b", "c\"d\"", "import e\\f", "1+1"};
+}
+
+void PythonAutoCompleterTest::ReadsForcedImports()
+{
+    QFETCH(QString, option);
+    const PythonForcedImports::Entries entries = PythonForcedImports::Parse(option);
+    QTEST(entries.statements, "statements");
+    QTEST(entries.rejected, "rejected");
+}
+
+void PythonAutoCompleterTest::TriesForcedImportsOnce()
+{
+    FakeVocabulary::failing = QStringList("import missing");
+    Settings::pythonForcedImports = "missing, present";
+    QCOMPARE(PythonForcedImports::Statements(), QStringList("import present"));
+    Settings::pythonForcedImports = "present, missing, os";
+    QCOMPARE(PythonForcedImports::Statements(), QStringList({"import present", "import os"}));
+    QCOMPARE(
+        FakeVocabulary::executed, QStringList({"import missing", "import present", "import os"}));
+}
+
+TE2_TEST(PythonAutoCompleterTest)
+#include "PythonAutoCompleterTest.moc"
