@@ -53,3 +53,19 @@ QStringList MayaUtil::PythonBuiltins()
     return MadeUp(QStringLiteral("SomeError%1"), 120)
         + QStringList{"print", "len", "open", "range", "str", "int", "list", "dict", "super"};
 }
+
+QStringList MayaUtil::CommandFlags(const QString& /*command*/)
+{
+    return {};
+}
+
+void MayaUtil::PythonAttributesFromSource(const QString& /*source*/, const QString& /*objectName*/,
+    QStringList& results, bool /*keywordsAndBuiltins*/)
+{
+    results.clear();
+}
+
+bool MayaUtil::PythonExecStatement(const QString& /*statement*/)
+{
+    return true;
+}

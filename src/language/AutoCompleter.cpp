@@ -20,6 +20,9 @@
 #include <QTimer>
 #include <QVBoxLayout>
 
+#include <algorithm>
+#include <iterator>
+
 namespace {
 
 constexpr int MAXIMUM_ROWS = 10;
@@ -52,9 +55,14 @@ QTextCursor WordBefore(QTextCursor cursor)
     return cursor;
 }
 
-bool IsModified(const QKeyEvent& event)
+bool IsOwnKey(const QKeyEvent& event)
 {
-    return event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
+    static constexpr int KEYS[] = {Qt::Key_Escape, Qt::Key_Backtab, Qt::Key_PageUp,
+        Qt::Key_PageDown, Qt::Key_Tab, Qt::Key_Return, Qt::Key_Enter, Qt::Key_Up, Qt::Key_Down};
+    const bool isModified
+        = event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
+    return !isModified
+        && std::find(std::begin(KEYS), std::end(KEYS), event.key()) != std::end(KEYS);
 }
 
 } // namespace
@@ -102,6 +110,9 @@ void AutoCompleter::Initialize()
             if (scrolled != 0)
                 FollowEditor();
         });
+    // Queued: a key that moves the cursor asks for an update before it is over.
+    connect(m_editor, &QPlainTextEdit::cursorPositionChanged, this, &AutoCompleter::HideElsewhere,
+        Qt::QueuedConnection);
     connect(m_editor->horizontalScrollBar(), &QScrollBar::valueChanged, this,
         &AutoCompleter::FollowEditor);
     UpdateModel();
@@ -142,9 +153,9 @@ void AutoCompleter::UpdateProxyModel()
     m_filterModel->SetPrefix(m_prefix, GetCaseSensitivity());
 }
 
-void AutoCompleter::Update(
-    const QTextCursor& /*cursor*/, const QRect& cursorRect, bool applyIfSingle)
+void AutoCompleter::Update(const QTextCursor& cursor, const QRect& cursorRect, bool applyIfSingle)
 {
+    m_position = cursor.position();
     const bool wasHidden = isHidden();
     UpdateProxyModel();
     if (RowCount() == 0) {
@@ -270,6 +281,13 @@ void AutoCompleter::FollowEditor()
         hide();
 }
 
+/// After undoing, for instance, the list belongs to a word that is not there any more.
+void AutoCompleter::HideElsewhere()
+{
+    if (m_editor->textCursor().position() != m_position)
+        hide();
+}
+
 bool AutoCompleter::eventFilter(QObject* watched, QEvent* event)
 {
     if (isHidden())
@@ -304,7 +322,7 @@ bool AutoCompleter::FilterEditorEvent(QEvent* event)
     case QEvent::KeyPress: return HandleKey(*static_cast<QKeyEvent*>(event));
     case QEvent::ShortcutOverride:
         // No action of the window gets the keys of an open list.
-        if (IsModified(*static_cast<QKeyEvent*>(event)))
+        if (!IsOwnKey(*static_cast<QKeyEvent*>(event)))
             return false;
         event->accept();
         return true;
@@ -320,7 +338,7 @@ void AutoCompleter::keyPressEvent(QKeyEvent* event)
 
 bool AutoCompleter::HandleKey(const QKeyEvent& event)
 {
-    if (IsModified(event))
+    if (!IsOwnKey(event))
         return false;
     const bool shift = event.modifiers() & Qt::ShiftModifier;
     switch (event.key()) {

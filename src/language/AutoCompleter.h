@@ -74,6 +74,7 @@ protected:
 private:
     void RefreshSelected();
     void FollowEditor();
+    void HideElsewhere();
     QSize WantedSize() const;
     bool FilterEditorEvent(QEvent* event);
     bool HandleKey(const QKeyEvent& event);
@@ -83,6 +84,7 @@ private:
     PrefixFilterModel* m_filterModel = nullptr; ///< not owned
     QString m_prefix;
     int m_selectedRow = 0;
+    int m_position = -1; ///< of the cursor at the last update
     CompletionRowDelegate* m_delegate;
     QTimer* m_restTimer;
 };

@@ -107,43 +107,53 @@ bool PythonAutoCompleter::FetchNames(const QTextCursor& cursor, bool isExplicit)
         return false;
     DropStaleAnswers(cursor);
     const QString key = m_request.isImport ? QLatin1String("from ") + object : object;
-    const auto known = m_answers.constFind(key);
-    if (known != m_answers.constEnd()) {
-        ShowNames(*known);
-        return true;
-    }
-    QElapsedTimer clock;
-    clock.start();
-    QStringList imports = PythonForcedImports::Statements();
-    if (m_request.isImport)
-        imports.append(QLatin1String("import ") + object);
-    const QString source
-        = PythonCompletion::SourceFor(GetEditor().toPlainText(), cursor.blockNumber(), imports);
-    QStringList results;
-    MayaUtil::PythonAttributesFromSource(
-        PythonCompletion::EscapedForPython(source), object, results, false);
-    const Names names = object.isEmpty() ? NamesInSource(results, cursor) : AttributeNames(results);
-    m_answers.insert(key, names);
-    if (clock.hasExpired(PATIENCE)) {
-        m_slowObjects.insert(object);
+    if (!m_answers.contains(key)) {
+        const bool wasQuick = Ask(key, cursor);
+        if (!wasQuick)
+            m_slowObjects.insert(object);
         // Nobody waits for what nobody asked for.
-        if (!isExplicit)
+        if (!wasQuick && !isExplicit)
             return false;
     }
-    ShowNames(names);
+    ShowAnswer(m_answers.value(key), cursor);
     return true;
 }
 
+/// False when it took too long.
+bool PythonAutoCompleter::Ask(const QString& key, const QTextCursor& cursor)
+{
+    const QString& object = m_request.object;
+    QStringList imports = PythonForcedImports::Statements();
+    if (m_request.isImport)
+        imports.append(QLatin1String("import ") + object);
+    QElapsedTimer clock;
+    clock.start();
+    const QString text = GetEditor().toPlainText();
+    const QString source = PythonCompletion::SourceFor(text, cursor.blockNumber(), imports);
+    Answer answer;
+    MayaUtil::PythonAttributesFromSource(
+        PythonCompletion::EscapedForPython(source), object, answer.names, false);
+    if (object.isEmpty())
+        answer.words = PythonCompletion::NamesIn(text, cursor.blockNumber());
+    m_answers.insert(key, answer);
+    return !clock.hasExpired(PATIENCE);
+}
+
 PythonAutoCompleter::Names PythonAutoCompleter::NamesInSource(
-    const QStringList& known, const QTextCursor& cursor) const
+    const Answer& answer, const QTextCursor& cursor) const
 {
     const QStringList keywords = MayaUtil::PythonKeywords();
     const QStringList builtins = MayaUtil::PythonBuiltins();
-    const QHash<QString, QString> found = PythonCompletion::NamesIn(
-        GetEditor().toPlainText(), cursor.blockNumber(), m_request.prefix);
+    QHash<QString, QString> found = answer.words;
+    // The words of the line itself come and go with every key.
+    QString line = cursor.block().text();
+    line.remove(cursor.positionInBlock() - m_request.prefix.size(), m_request.prefix.size());
+    const QHash<QString, QString> nearby = PythonCompletion::NamesIn(line, -1);
+    for (auto name = nearby.cbegin(); name != nearby.cend(); ++name)
+        found.insert(name.key(), found.value(name.key()));
     QSet<QString> language(keywords.cbegin(), keywords.cend());
     language.unite(QSet<QString>(builtins.cbegin(), builtins.cend()));
-    QSet<QString> own(known.cbegin(), known.cend());
+    QSet<QString> own(answer.names.cbegin(), answer.names.cend());
     for (auto name = found.cbegin(); name != found.cend(); ++name) {
         if (!language.contains(name.key()) || !name->isEmpty())
             own.insert(name.key());
@@ -168,7 +178,7 @@ PythonAutoCompleter::Names PythonAutoCompleter::NamesInSource(
     return names;
 }
 
-PythonAutoCompleter::Names PythonAutoCompleter::AttributeNames(const QStringList& attributes) const
+PythonAutoCompleter::Names PythonAutoCompleter::AttributeNames(const QStringList& attributes)
 {
     static const QString FUNCTION = QStringLiteral("python_method");
     const QStringList commands = MayaUtil::MelCommands();
@@ -179,8 +189,10 @@ PythonAutoCompleter::Names PythonAutoCompleter::AttributeNames(const QStringList
     return names;
 }
 
-void PythonAutoCompleter::ShowNames(const Names& names)
+void PythonAutoCompleter::ShowAnswer(const Answer& answer, const QTextCursor& cursor)
 {
+    const Names names
+        = m_request.object.isEmpty() ? NamesInSource(answer, cursor) : AttributeNames(answer.names);
     m_itemModel->clear();
     QList<QStandardItem*> rows;
     for (const Name& name : names)

@@ -34,19 +34,25 @@ private:
         QString iconName;
     };
     using Names = QVector<Name>;
+    struct Answer
+    {
+        QStringList names; ///< of the host
+        QHash<QString, QString> words; ///< of the text outside the cursor's line, with icons
+    };
 
     void OnContentsChange(int position, int removed, int added);
     void DropStaleAnswers(const QTextCursor& cursor);
     /// False when there is no answer that still counts.
     bool FetchNames(const QTextCursor& cursor, bool isExplicit);
-    Names NamesInSource(const QStringList& known, const QTextCursor& cursor) const;
-    Names AttributeNames(const QStringList& attributes) const;
-    void ShowNames(const Names& names);
+    bool Ask(const QString& key, const QTextCursor& cursor);
+    void ShowAnswer(const Answer& answer, const QTextCursor& cursor);
+    Names NamesInSource(const Answer& answer, const QTextCursor& cursor) const;
+    static Names AttributeNames(const QStringList& attributes);
 
     QStandardItemModel* m_itemModel = nullptr;
     PythonCompletion::Request m_request;
     QString m_shownObject; ///< the popup lists its names
-    QHash<QString, Names> m_answers; ///< by object, for the text outside one line
+    QHash<QString, Answer> m_answers; ///< by object, for the text outside one line
     QElapsedTimer m_answersAge;
     int m_answersLine = -1; ///< from 0
     int m_lineCount = 0;

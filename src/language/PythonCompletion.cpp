@@ -116,6 +116,40 @@ void FreeBranches(QStringList& lines, int from, int indent)
     }
 }
 
+/// Nobody at another place sees the names within a function, and reading them takes the host long.
+/// Only whole functions at the top level go, the one of `line` stays.
+void EmptyFunctions(QStringList& lines, int line)
+{
+    static const QRegularExpression FUNCTION(QStringLiteral("^(?:async\\s+)?def\\b"));
+    PythonLineReader reader;
+    int first = -1; // of the function that is read
+    int body = -1;
+    bool isInHead = false;
+    const auto emptyUpTo = [&](int end) {
+        if (first < 0 || body < 0 || (line >= first && line < end))
+            return;
+        for (int i = body; i < end; ++i)
+            lines[i].clear();
+        lines[body] = QStringLiteral(" pass");
+    };
+    for (int i = 0; i < lines.size(); ++i) {
+        const bool continues = reader.Continues(lines[i]);
+        if (continues || !IsCode(lines[i]))
+            continue;
+        if (IndentWidth(lines[i]) > 0) {
+            if (isInHead)
+                body = i;
+            isInHead = false;
+            continue;
+        }
+        emptyUpTo(i);
+        isInHead = FUNCTION.match(lines[i]).hasMatch();
+        first = isInHead ? i : -1;
+        body = -1;
+    }
+    emptyUpTo(lines.size());
+}
+
 /// What a line of code binds, by the word before it or the sign behind it.
 void AppendDefinitions(const QString& code, QHash<QString, QString>& names)
 {
@@ -190,12 +224,12 @@ QString PythonCompletion::SourceFor(const QString& text, int line, const QString
     lines[statement.first] = marker;
     for (int i = statement.first + 1; i <= statement.last; ++i)
         lines[i].clear();
+    EmptyFunctions(lines, statement.first);
     lines += imports;
     return lines.join(QLatin1Char('\n'));
 }
 
-QHash<QString, QString> PythonCompletion::NamesIn(
-    const QString& text, int line, const QString& prefix)
+QHash<QString, QString> PythonCompletion::NamesIn(const QString& text, int line)
 {
     static const QRegularExpression NAME(
         QStringLiteral("(?<![\\w.])[^\\W\\d]\\w*"), QRegularExpression::UseUnicodePropertiesOption);
@@ -204,17 +238,15 @@ QHash<QString, QString> PythonCompletion::NamesIn(
     int number = 0;
     for (const QStringRef& each : text.splitRef(QLatin1Char('\n'))) {
         reader.Continues(each);
-        bool isPrefixDue = number++ == line;
+        if (number++ == line)
+            continue;
         auto matches = NAME.globalMatch(reader.GetCode());
         while (matches.hasNext()) {
             const QString name = matches.next().captured();
-            if (isPrefixDue && name == prefix)
-                isPrefixDue = false;
-            else if (!names.contains(name))
+            if (!names.contains(name))
                 names.insert(name, QString());
         }
-        if (number - 1 != line)
-            AppendDefinitions(reader.GetCode(), names);
+        AppendDefinitions(reader.GetCode(), names);
     }
     return names;
 }

@@ -20,12 +20,12 @@ struct Request
 Request RequestAt(const QString& before);
 
 /// The text with the statement at `line` (from 0) replaced by a definition that marks its place,
-/// and with the imports behind it.
+/// other functions at the top level without what is inside, and the imports behind.
 QString SourceFor(const QString& text, int line, const QStringList& imports);
 
 /// The names that stand in the code of `text`, each with the icon of what it is defined as or an
-/// empty one. Attributes, and the word of `prefix` before the cursor on `line`, are left out.
-QHash<QString, QString> NamesIn(const QString& text, int line, const QString& prefix);
+/// empty one. Attributes are left out, and so is `line` (from 0; -1: none).
+QHash<QString, QString> NamesIn(const QString& text, int line);
 
 /// The text as the inside of a Python literal in double quotes.
 QString EscapedForPython(QString text);

@@ -146,6 +146,11 @@ void PythonAutoCompleterTest::MarksTheCursorInTheSource_data()
                                            << "a = f(\ndef g():\n    <> pass";
     QTest::newRow("below a long string") << "'''a (\n'''\n  b|"
                                          << "'''a (\n'''\n  <> pass";
+    QTest::newRow("beside other functions")
+        << "def f(a,\n    b):\n    c\n\n    if d:\n        e\n\nclass C:\n    def g(): h\n"
+           "def i():\n    j|\ndef k(): l"
+        << "def f(a,\n    b):\n pass\n\n\n\n\nclass C:\n    def g(): h\n"
+           "def i():\n    <> pass\ndef k(): l";
     QTest::newRow("below a bracket in a comment") << "a # (\nb|"
                                                   << "a # (\n<> pass";
 }

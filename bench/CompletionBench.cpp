@@ -1,0 +1,148 @@
+// What completion costs between a key and the list: twenty thousand names of MEL, and the source
+// that Python completion sends.
+
+#include "RatioMain.h"
+#include "language/MelAutoCompleter.h"
+#include "language/PrefixFilterModel.h"
+#include "language/PythonCompletion.h"
+#include "plugin/MayaUtil.h"
+#include "settings/ColorSettings.h"
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QPlainTextEdit>
+#include <QStandardItemModel>
+
+#include <algorithm>
+#include <benchmark/benchmark.h>
+#include <memory>
+
+namespace {
+
+constexpr double FRAME = 30; // ms from the key to the painted list
+constexpr int PYTHON_LINES = 10000;
+// A rare beginning, the commonest one, and words that grow and change.
+const char* const WORDS[] = {"someProcedure1", "polyCommand", "RunTime77", "s", "whi"};
+
+/// A key, and everything that follows until the list is painted.
+void Press(QPlainTextEdit& editor, MelAutoCompleter& completer, QChar character)
+{
+    editor.insertPlainText(QString(character));
+    const QTextCursor cursor = editor.textCursor();
+    if (completer.ValidateAndSetPrefix(cursor))
+        completer.Update(cursor, editor.cursorRect(), false);
+    else
+        completer.hide();
+    QApplication::processEvents();
+}
+
+void FirstKey(benchmark::State& state)
+{
+    QPlainTextEdit editor;
+    editor.show();
+    QApplication::processEvents();
+    for (auto _ : state) {
+        MelAutoCompleter completer(&editor);
+        Press(editor, completer, QLatin1Char('s'));
+    }
+}
+
+void LongestKey(benchmark::State& state)
+{
+    QPlainTextEdit editor;
+    MelAutoCompleter completer(&editor);
+    editor.show();
+    QApplication::processEvents();
+    for (auto _ : state) {
+        qint64 longest = 0;
+        for (const char* word : WORDS) {
+            for (const QChar character : QString::fromLatin1(word) + QLatin1Char(' ')) {
+                QElapsedTimer clock;
+                clock.start();
+                Press(editor, completer, character);
+                longest = std::max(longest, clock.nsecsElapsed());
+            }
+        }
+        state.SetIterationTime(longest / 1e9);
+    }
+}
+
+std::unique_ptr<QStandardItemModel> Names()
+{
+    auto model = std::make_unique<QStandardItemModel>();
+    QList<QStandardItem*> rows;
+    const QStringList names
+        = MayaUtil::MelCommands() + MayaUtil::MelRunTimeCommands() + MayaUtil::MelProcedures();
+    for (const QString& name : names)
+        rows.append(new QStandardItem(name));
+    model->appendColumn(rows);
+    return model;
+}
+
+template <class Model, class SetPrefix>
+void Filter(benchmark::State& state, SetPrefix setPrefix)
+{
+    const auto names = Names();
+    Model model;
+    model.setSourceModel(names.get());
+    for (auto _ : state) {
+        for (const char* word : WORDS) {
+            const QString text = QString::fromLatin1(word);
+            for (int length = 1; length <= text.size(); ++length) {
+                setPrefix(model, text.left(length));
+                benchmark::DoNotOptimize(model.rowCount());
+            }
+        }
+    }
+}
+
+void FilterByPrefix(benchmark::State& state)
+{
+    Filter<PrefixFilterModel>(state, [](PrefixFilterModel& model, const QString& prefix) {
+        model.SetPrefix(prefix, Qt::CaseSensitive);
+    });
+}
+
+void FilterByExpression(benchmark::State& state)
+{
+    Filter<QSortFilterProxyModel>(state, [](QSortFilterProxyModel& model, const QString& prefix) {
+        model.setFilterRegularExpression(QStringLiteral("^(%1)").arg(prefix));
+    });
+}
+
+void PreparePythonSource(benchmark::State& state)
+{
+    QString text;
+    for (int i = 0; i < PYTHON_LINES; ++i)
+        text += i % 10 == 0
+            ? QStringLiteral("def function_%1(self, argument):\n").arg(i)
+            : QStringLiteral("    value_%1 = call(name[%1], 'text') # why\n").arg(i);
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(PythonCompletion::EscapedForPython(
+            PythonCompletion::SourceFor(text, PYTHON_LINES / 2, {})));
+        benchmark::DoNotOptimize(PythonCompletion::NamesIn(text, PYTHON_LINES / 2));
+    }
+}
+
+benchmark::internal::Benchmark* Register(const char* name, void (*run)(benchmark::State&))
+{
+    return benchmark::RegisterBenchmark(name, run)->Unit(benchmark::kMillisecond)->Iterations(1);
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    QApplication application(argc, argv);
+    ColorSettings::Initialize();
+    Register("first_key", FirstKey)->UseRealTime();
+    TimeGoal("first_key", FRAME);
+    Register("longest_key", LongestKey)->UseManualTime();
+    TimeGoal("longest_key", FRAME);
+    Register("filter_of_21000", FilterByPrefix)->UseRealTime();
+    Register("filter_of_21000/floor", FilterByExpression)->UseRealTime();
+    RatioGoal("filter_of_21000", 1);
+    Register("python_source_of_10k_lines", PreparePythonSource)->UseRealTime();
+    TimeGoal("python_source_of_10k_lines", FRAME);
+    return RunBenchmarks(argc, argv);
+}
