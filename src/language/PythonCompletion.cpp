@@ -19,8 +19,11 @@ int IndentLength(const QString& line)
 int IndentWidth(const QString& line)
 {
     int width = 0;
-    for (const QChar character : line.left(IndentLength(line)))
+    for (const QChar character : line) {
+        if (!character.isSpace())
+            break;
         width += character == QLatin1Char('\t') ? TAB_WIDTH - width % TAB_WIDTH : 1;
+    }
     return width;
 }
 
@@ -150,24 +153,45 @@ void EmptyFunctions(QStringList& lines, int line)
     emptyUpTo(lines.size());
 }
 
+/// Every name but attributes.
+void AppendWords(const QString& code, QHash<QString, QString>& names)
+{
+    for (int start = 0; start < code.size();) {
+        if (!IsNameCharacter(code.at(start))) {
+            ++start;
+            continue;
+        }
+        int end = start + 1;
+        while (end < code.size() && IsNameCharacter(code.at(end)))
+            ++end;
+        const bool isAttribute = start > 0 && code.at(start - 1) == QLatin1Char('.');
+        const QString name = code.mid(start, end - start);
+        if (!isAttribute && IsName(name) && !names.contains(name))
+            names.insert(name, QString());
+        start = end;
+    }
+}
+
 /// What a line of code binds, by the word before it or the sign behind it.
 void AppendDefinitions(const QString& code, QHash<QString, QString>& names)
 {
     static const struct
     {
+        QLatin1String sign; // searched first: most lines define nothing
         QRegularExpression pattern;
         QString iconName;
     } KINDS[] = {
-        {QRegularExpression(QStringLiteral("\\bdef\\s+(\\w+)")), QStringLiteral("python_method")},
-        {QRegularExpression(QStringLiteral("\\bclass\\s+(\\w+)")), QStringLiteral("python_class")},
-        {QRegularExpression(QStringLiteral("^\\s*(?:from\\b.*)?\\bimport\\b.*?\\b(\\w+)\\s*$")),
-            QStringLiteral("python_import")},
-        {QRegularExpression(QStringLiteral("^\\s*(\\w+)\\s*=(?!=)")),
-            QStringLiteral("python_variable")},
-        {QRegularExpression(QStringLiteral("\\bfor\\s+(\\w+)\\b")),
-            QStringLiteral("python_variable")},
+        // clang-format off
+        {QLatin1String("def "),    QRegularExpression(QStringLiteral("\\bdef\\s+(\\w+)")),                                    QStringLiteral("python_method")},
+        {QLatin1String("class "),  QRegularExpression(QStringLiteral("\\bclass\\s+(\\w+)")),                                  QStringLiteral("python_class")},
+        {QLatin1String("import "), QRegularExpression(QStringLiteral("^\\s*(?:from\\b.*)?\\bimport\\b.*?\\b(\\w+)\\s*$")), QStringLiteral("python_import")},
+        {QLatin1String("="),       QRegularExpression(QStringLiteral("^\\s*(\\w+)\\s*=(?!=)")),                              QStringLiteral("python_variable")},
+        {QLatin1String("for "),    QRegularExpression(QStringLiteral("\\bfor\\s+(\\w+)\\b")),                               QStringLiteral("python_variable")},
+        // clang-format on
     };
     for (const auto& kind : KINDS) {
+        if (!code.contains(kind.sign))
+            continue;
         const QRegularExpressionMatch match = kind.pattern.match(code);
         if (match.hasMatch())
             names.insert(match.captured(1), kind.iconName);
@@ -231,8 +255,6 @@ QString PythonCompletion::SourceFor(const QString& text, int line, const QString
 
 QHash<QString, QString> PythonCompletion::NamesIn(const QString& text, int line)
 {
-    static const QRegularExpression NAME(
-        QStringLiteral("(?<![\\w.])[^\\W\\d]\\w*"), QRegularExpression::UseUnicodePropertiesOption);
     QHash<QString, QString> names;
     PythonLineReader reader;
     int number = 0;
@@ -240,12 +262,7 @@ QHash<QString, QString> PythonCompletion::NamesIn(const QString& text, int line)
         reader.Continues(each);
         if (number++ == line)
             continue;
-        auto matches = NAME.globalMatch(reader.GetCode());
-        while (matches.hasNext()) {
-            const QString name = matches.next().captured();
-            if (!names.contains(name))
-                names.insert(name, QString());
-        }
+        AppendWords(reader.GetCode(), names);
         AppendDefinitions(reader.GetCode(), names);
     }
     return names;
