@@ -15,6 +15,11 @@ namespace {
 
 constexpr int MAXIMUM_STATEMENT_LINES = 50;
 
+bool HasFlags(const QString& command)
+{
+    return !command.isEmpty() && !MelCommandFlags::Of(command).isEmpty();
+}
+
 /// Back to a line that most likely ends a statement.
 QString TextOfStatementBefore(const QTextCursor& cursor)
 {
@@ -96,8 +101,12 @@ bool MelAutoCompleter::SetFlagPrefix(const QTextCursor& cursor)
         return false;
     QTextCursor start = cursor;
     start.setPosition(cursor.position() - match.capturedLength(1));
-    const QString command = MelStatement::CommandBefore(TextOfStatementBefore(start));
-    if (command.isEmpty() || MelCommandFlags::Of(command).isEmpty())
+    // The line before may lack its semicolon still: a command on the line itself comes first.
+    QString command
+        = MelStatement::CommandBefore(start.block().text().left(start.positionInBlock()));
+    if (!HasFlags(command))
+        command = MelStatement::CommandBefore(TextOfStatementBefore(start));
+    if (!HasFlags(command))
         return false;
     m_command = command;
     UpdateFlagModel(command);

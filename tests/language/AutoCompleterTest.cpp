@@ -289,6 +289,9 @@ void AutoCompleterTest::OffersTheFlagsOfACommand()
     Scene other("polyCube; polyCube -|");
     QVERIFY(other.Ask());
     QCOMPARE(FakeVocabulary::askedFlags, QStringList("polyCube"));
+    Scene unfinished("ls\npolyCube -a|");
+    QVERIFY(unfinished.Ask());
+    QCOMPARE(unfinished.Rows(), QStringList({"-ax", "-axis"}));
     Scene names("ls -l; po|");
     QVERIFY(names.Ask());
     QCOMPARE(names.Rows(), QStringList({"polyCube", "polyEvaluateAll"}));
