@@ -3,13 +3,13 @@
 #include "files/FileText.h"
 #include "files/RecoveryFile.h"
 #include "files/RecoveryStore.h"
+#include "files/StaleLock.h"
 #include "plugin/Logger.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QLockFile>
-#include <QSysInfo>
 
 #include <algorithm>
 
@@ -17,22 +17,6 @@ namespace {
 
 constexpr int SECONDS_TO_LOCK = 60;
 constexpr int MAXIMUM_FINGERPRINT = 1024; // bytes
-
-/// A process number is soon used again, so that it alone proves nothing; what a dead process held
-/// open it holds no more. That cannot be told of another machine's processes. A lock that says
-/// nothing is of a process that died while it took it.
-bool TakeOver(QLockFile& lock)
-{
-    if (lock.tryLock(0))
-        return true;
-    if (lock.error() != QLockFile::LockFailedError)
-        return false;
-    qint64 process = 0;
-    QString machine = QSysInfo::machineHostName();
-    QString application;
-    lock.getLockInfo(&process, &machine, &application);
-    return machine == QSysInfo::machineHostName() && lock.removeStaleLockFile() && lock.tryLock(0);
-}
 
 /// A process makes its folder first and its lock then.
 bool MayBeginToLive(const QString& folder)
@@ -129,7 +113,7 @@ void RecoveryLeftovers::ClaimFolder(const QString& path)
     if (files.isEmpty() && MayBeginToLive(path))
         return;
     auto claimed = std::make_unique<ClaimedFolder>(path);
-    if (!TakeOver(claimed->lock))
+    if (!TakeOverLock(claimed->lock))
         return;
     for (const QString& file : files) {
         const std::optional<RecoverySnapshot> snapshot = RecoveryFile::Read(file);
@@ -170,4 +154,9 @@ void RecoveryLeftovers::RemoveAll()
 {
     while (!m_leftovers.empty())
         Remove(static_cast<int>(m_leftovers.size()) - 1);
+}
+
+void RecoveryLeftovers::Leave(int index)
+{
+    m_leftovers.erase(m_leftovers.begin() + index);
 }

@@ -33,6 +33,8 @@ public:
     /// Deletes one snapshot: there is nothing to bring back any more.
     void Remove(int index);
     void RemoveAll();
+    /// Keeps one snapshot for another start.
+    void Leave(int index);
 
 private:
     struct ClaimedFolder;
