@@ -38,9 +38,11 @@ void IniFile::KeepWhatCannotBeRead(const QSettings& file)
     }
 }
 
-void IniFile::Finish(QSettings& file, const QString& message)
+bool IniFile::Finish(QSettings& file, const QString& message)
 {
     file.sync();
-    if (file.status() == QSettings::AccessError)
-        Logger::Error(message.arg(file.fileName()));
+    if (file.status() != QSettings::AccessError)
+        return true;
+    Logger::Error(message.arg(file.fileName()));
+    return false;
 }

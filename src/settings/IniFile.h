@@ -11,7 +11,8 @@ namespace IniFile {
 /// number when there is an older copy, and a warning names both.
 void KeepWhatCannotBeRead(const QSettings& file);
 
-/// Writes the file out; a failure is logged as `message` with the path in place of "%1".
-void Finish(QSettings& file, const QString& message);
+/// Writes the file out; a failure is logged as `message` with the path in place of "%1". False
+/// then.
+bool Finish(QSettings& file, const QString& message);
 
 } // namespace IniFile

@@ -33,29 +33,6 @@ QFont Settings::GetDefaultFont()
     return font;
 }
 
-void Settings::AddRecentFile(const QString& path)
-{
-    if (path.isEmpty())
-        return;
-    recentFiles.removeOne(path);
-    recentFiles.prepend(path);
-    UpdateRecentFiles(numRecentFiles);
-    WriteUserConfig();
-}
-
-void Settings::UpdateRecentFiles(int count)
-{
-    const bool inRange = count >= MINIMUM_RECENT_FILES && count <= MAXIMUM_RECENT_FILES;
-    numRecentFiles = inRange ? count : DEFAULT_NUM_RECENT_FILES;
-    while (recentFiles.size() > numRecentFiles)
-        recentFiles.removeLast();
-}
-
-void Settings::ClearRecentFiles()
-{
-    recentFiles.clear();
-}
-
 QByteArray Settings::GetWorkspaceState()
 {
     QByteArray state;

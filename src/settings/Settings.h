@@ -53,7 +53,8 @@ public:
     // The configuration file
     /// Overlays the members with the file. What is absent or does not parse stays as it is.
     static void ReadUserConfig();
-    static void WriteUserConfig();
+    /// Nothing is written while another process owns the file. False when the disk did not take it.
+    static bool WriteUserConfig();
     /// Every stored option, and the number of recent files, as a first start has them.
     static void ResetToDefaults();
 
@@ -63,6 +64,8 @@ public:
     /// Trims the list to `count` entries; a count out of range means the default number.
     static void UpdateRecentFiles(int count);
     static void ClearRecentFiles();
+    /// Adds what this process has opened to the file's list, also of a file that another one owns.
+    static void MergeRecentFiles();
 
     // Expanded states as they are stored
     /// The 16-byte hashes of `workspaceExpandedFolderHashes`, one after the other.
@@ -210,6 +213,7 @@ public:
     inline static bool pylintShowErrors = false;
 
     // Not stored under a key of their own
+    inline static bool ownsUserConfig = true; ///< no other process writes the configuration file
     inline static QString defaultMelBufferLabel = QStringLiteral("MEL");
     inline static QString defaultPythonBufferLabel = QStringLiteral("Python");
     inline static QString defaultTextBufferLabel = QStringLiteral("Text");
@@ -239,4 +243,10 @@ public:
     /// While true the console shows nothing of what the host prints: how hidden commands are run.
     /// Read on every thread that prints.
     inline static std::atomic<bool> traceHideAll{false};
+
+private:
+    // What other processes have made of the file's list of recent files since this one saw it
+    static void TakeOtherRecentFiles(const QStringList& stored);
+    static void NoteStoredRecentFiles(const QStringList& stored);
+    static void ForgetStoredRecentFiles();
 };

@@ -6,6 +6,7 @@
 #include "settings/Settings.h"
 
 #include <QDir>
+#include <QLockFile>
 #include <QSettings>
 #include <QVector>
 
@@ -14,6 +15,9 @@
 #include <variant>
 
 namespace {
+
+const QString RECENT_FILES_KEY = QStringLiteral("main/recentFiles");
+const QString WRITE_FAILURE = QStringLiteral("Failed to write user config: %1");
 
 /// A key with rules of its own. `read` gets what is stored under a key that is there.
 struct Special
@@ -315,9 +319,34 @@ void RestoreDefault(const OptionRef& value, const QVariant& standard)
         value);
 }
 
-void ReadOptions(const QString& path)
+/// Held while the file is read and written again: what another process writes in between would be
+/// lost. Nobody waits for long.
+class WriteLock
 {
-    const QSettings ini(path, QSettings::IniFormat);
+public:
+    explicit WriteLock(const QString& path)
+        : m_lock(path + QStringLiteral(".write.lock"))
+    {
+        m_lock.setStaleLockTime(STALE_AFTER);
+        m_lock.tryLock(PATIENCE);
+    }
+
+private:
+    static constexpr int STALE_AFTER = 5000; // ms
+    static constexpr int PATIENCE = 500; // ms
+
+    QLockFile m_lock;
+};
+
+QStringList StoredRecentFiles(const QSettings& ini)
+{
+    QStringList stored;
+    IniValues::Parse(ini.value(RECENT_FILES_KEY), stored);
+    return stored;
+}
+
+void ReadOptions(const QSettings& ini)
+{
     IniFile::KeepWhatCannotBeRead(ini);
     for (const Option& option : OPTIONS) {
         const QString key = FullKey(option);
@@ -346,26 +375,48 @@ void Settings::ReadUserConfig()
 {
     TakeHostDefaults();
     const QString path = GetUserConfigPath();
-    if (!path.isEmpty())
-        ReadOptions(path);
+    if (!path.isEmpty()) {
+        const QSettings ini(path, QSettings::IniFormat);
+        ReadOptions(ini);
+        NoteStoredRecentFiles(StoredRecentFiles(ini));
+    }
     if (pythonDisableRevertModuleStateOnExecuteOnStartup)
         pythonRevertModuleStateOnExecute = false;
     ApplyVisibilityRules();
 }
 
-void Settings::WriteUserConfig()
+bool Settings::WriteUserConfig()
 {
     const QString path = GetUserConfigPath();
-    if (path.isEmpty())
-        return;
+    if (path.isEmpty() || !ownsUserConfig)
+        return true;
+    const WriteLock lock(path);
     QSettings ini(path, QSettings::IniFormat);
+    TakeOtherRecentFiles(StoredRecentFiles(ini));
     ini.setValue(QStringLiteral("main/version"), CONFIG_FILE_VERSION);
     for (const Option& option : OPTIONS) {
         const QVariant value = Written(option.value);
         if (value.isValid())
             ini.setValue(FullKey(option), value);
     }
-    IniFile::Finish(ini, QStringLiteral("Failed to write user config: %1"));
+    NoteStoredRecentFiles(recentFiles);
+    return IniFile::Finish(ini, WRITE_FAILURE);
+}
+
+void Settings::MergeRecentFiles()
+{
+    const QString path = GetUserConfigPath();
+    if (path.isEmpty())
+        return;
+    const WriteLock lock(path);
+    QSettings ini(path, QSettings::IniFormat);
+    const QStringList stored = StoredRecentFiles(ini);
+    TakeOtherRecentFiles(stored);
+    if (recentFiles == stored)
+        return;
+    ini.setValue(RECENT_FILES_KEY, recentFiles);
+    NoteStoredRecentFiles(recentFiles);
+    IniFile::Finish(ini, WRITE_FAILURE);
 }
 
 void Settings::ResetToDefaults()
@@ -380,4 +431,6 @@ void Settings::ResetToDefaults()
     numRecentFiles = DEFAULT_NUM_RECENT_FILES;
     executeScriptOnIdle = false;
     hostDefaultsTaken = false;
+    ownsUserConfig = true;
+    ForgetStoredRecentFiles();
 }

@@ -4,6 +4,7 @@
 #include "support/TestMain.h"
 
 #include <QFile>
+#include <QSettings>
 #include <QtTest>
 
 #include <memory>
@@ -22,12 +23,16 @@ private Q_SLOTS:
     void EmptyWorkspaceMeansTheDefaultOne();
     void RecentFilesAreOrderedAndTrimmed();
     void RecentFileIsWrittenAtOnce();
+    void RecentFilesOfOthersAreTakenIn();
+    void AnotherOwnersFileGetsRecentFilesAlone();
     void RecentFileCount_data();
     void RecentFileCount();
     void FolderHashesAreCutIntoSixteenBytes();
     void OutlineKeepsSeveralValuesOfAKey();
 
 private:
+    static void WriteRecentFiles(const QStringList& paths);
+
     std::unique_ptr<SettingsFixture> m_files;
 };
 
@@ -115,6 +120,45 @@ void SettingsStateTest::RecentFileIsWrittenAtOnce()
 {
     Settings::AddRecentFile("/one.mel");
     QCOMPARE(m_files->WrittenValue("recentFiles"), QString("/one.mel"));
+}
+
+/// As another process would.
+void SettingsStateTest::WriteRecentFiles(const QStringList& paths)
+{
+    QSettings ini(Settings::GetUserConfigPath(), QSettings::IniFormat);
+    ini.setValue("main/recentFiles", paths);
+}
+
+void SettingsStateTest::RecentFilesOfOthersAreTakenIn()
+{
+    Settings::ReadUserConfig();
+    Settings::AddRecentFile("/ours");
+    WriteRecentFiles({"/theirs", "/ours"});
+    Settings::AddRecentFile("/new");
+    QCOMPARE(Settings::recentFiles, QStringList({"/new", "/theirs", "/ours"}));
+    // What was cleared stays away; what came meanwhile was not meant.
+    Settings::ClearRecentFiles();
+    WriteRecentFiles({"/later", "/new", "/theirs", "/ours"});
+    Settings::WriteUserConfig();
+    QCOMPARE(m_files->WrittenValue("recentFiles"), QString("/later"));
+    Settings::ClearRecentFiles();
+    Settings::WriteUserConfig();
+    QVERIFY(Settings::recentFiles.isEmpty());
+}
+
+void SettingsStateTest::AnotherOwnersFileGetsRecentFilesAlone()
+{
+    WriteRecentFiles({"/before"});
+    Settings::ReadUserConfig();
+    Settings::ownsUserConfig = false;
+    Settings::wordWrapEnabled = true;
+    Settings::AddRecentFile("/ours");
+    Settings::WriteUserConfig();
+    QCOMPARE(m_files->WrittenValue("recentFiles"), QString("/before"));
+    WriteRecentFiles({"/theirs", "/before"});
+    Settings::MergeRecentFiles();
+    QCOMPARE(m_files->WrittenValue("recentFiles"), QString("/ours, /theirs, /before"));
+    QVERIFY(m_files->WrittenValue("wordWrapEnabled").isNull());
 }
 
 void SettingsStateTest::RecentFileCount_data()
