@@ -4,11 +4,12 @@
 
 #include "editor/CodeEditor.h"
 #include "editor/CodeEditorGroup.h"
-#include "language/BaseParser.h"
+#include "files/GuestTabs.h"
 #include "files/RecoveryLeftovers.h"
+#include "files/SessionLock.h"
+#include "language/BaseParser.h"
 #include "output/OutputTextEdit.h"
 #include "plugin/MayaUtil.h"
-#include "settings/ColorSettings.h"
 #include "settings/Settings.h"
 #include "views/SideBar.h"
 #include "window/PanelGroup.h"
@@ -36,6 +37,7 @@ TarnwickEditor::TarnwickEditor(QWidget* parent)
     CreateLayout();
     CreateConnections();
     ApplyPreferences();
+    StartSession();
     RestoreCodeEditors();
     const bool isFresh = GetCodeEditorCount() == 0;
     if (isFresh) {
@@ -52,7 +54,7 @@ TarnwickEditor::TarnwickEditor(QWidget* parent)
     if (m_mainWindow)
         m_mainWindow->installEventFilter(this);
     m_isComplete = true;
-    if (isFresh)
+    if (isFresh || !m_adoptedTabs.empty())
         SaveState();
     StartRecovery();
 }
@@ -178,6 +180,7 @@ void TarnwickEditor::Shutdown()
     m_isShuttingDown = true;
     SaveAll(true, Settings::saveAllOnExit);
     EndRecovery();
+    EndGuestSession();
     WriteUserConfigs();
 }
 
@@ -192,10 +195,7 @@ void TarnwickEditor::WriteUserConfigs()
     SaveWindowGeometry(false);
     SaveSplitterState();
     ForgetUnchosenSizes();
-    Settings::WriteUserConfig();
-    ColorSettings::WriteUserConfig();
-    m_keyBindings.WriteUserKeyBindings();
-    m_sideBar->SaveWorkspace();
+    StoreConfiguration();
 }
 
 void TarnwickEditor::showEvent(QShowEvent* event)

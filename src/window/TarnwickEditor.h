@@ -14,11 +14,13 @@
 
 #include <functional>
 #include <memory>
+#include <vector>
 
 class BaseParser;
 class CodeEditor;
 class CodeEditorGroup;
 class GrooveSplitter;
+class GuestTabs;
 class FindReplaceWidget;
 class PanelGroup;
 class QFileInfo;
@@ -30,6 +32,7 @@ class QVariantAnimation;
 class RecoveryKeeper;
 class RecoveryLeftovers;
 class RecoveryNotice;
+class SessionLock;
 class StatusBar;
 class TarnwickStyle;
 enum class FormatAnswer;
@@ -316,6 +319,14 @@ private:
     void RestoreCodeEditors();
     void RestoreCodeEditor(const TabDetails& details);
 
+    // Several hosts on one preferences folder
+    bool IsGuest() const;
+    void StartSession();
+    void AdoptGuestTabs();
+    void StoreConfiguration();
+    bool StoreGuestTabs();
+    void EndGuestSession();
+
     // Files
     void PreSave(CodeEditor* editor);
     bool WriteCodeEditor(CodeEditor* editor);
@@ -438,6 +449,10 @@ private:
     QHash<QString, QByteArray> m_diskContents;
     QHash<QString, TextFormat> m_fileFormats; ///< how the open files stand on the disk
     SaveBatch* m_saveBatch = nullptr; ///< while several files are saved; not owned
+    std::unique_ptr<SessionLock> m_session;
+    std::unique_ptr<GuestTabs> m_guestTabs; ///< of a guest
+    /// Of guests that have ended; theirs until this session has stored them.
+    std::vector<std::unique_ptr<GuestTabs>> m_adoptedTabs;
     bool m_isShuttingDown = false; ///< nobody can be asked any more
     bool m_checkingForFileChanges = false;
     std::unique_ptr<RecoveryKeeper>

@@ -8,6 +8,7 @@
 #include "window/TarnwickEditor.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QFileInfo>
 
 int TarnwickEditor::GetCodeEditorGroupIndex(const CodeEditorGroup* group) const
@@ -49,9 +50,13 @@ CodeEditor* TarnwickEditor::GetCodeEditor(const QString& path) const
 
 CodeEditor* TarnwickEditor::GetCodeEditor(const QString& path, bool openIfMissing)
 {
-    if (openIfMissing && !CodeEditorExists(path))
-        OpenFile(path, false);
-    return GetCodeEditor(path);
+    if (!openIfMissing || CodeEditorExists(path))
+        return GetCodeEditor(path);
+    // Open files are known by their clean paths.
+    const QString clean = QDir::cleanPath(QFileInfo(path).absoluteFilePath());
+    if (!CodeEditorExists(clean))
+        OpenFile(clean, false);
+    return GetCodeEditor(clean);
 }
 
 CodeEditorGroup* TarnwickEditor::GetCodeEditorGroupByPath(const QString& path) const

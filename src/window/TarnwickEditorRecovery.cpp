@@ -132,8 +132,11 @@ void TarnwickEditor::OfferRecovery(const QString& folder)
     for (int i = static_cast<int>(m_leftovers->GetAll().size()) - 1; i >= 0; --i) {
         const RecoverySnapshot& snapshot = m_leftovers->GetAll()[i].snapshot;
         const CodeEditor* const editor = GetCodeEditor(PathOf(snapshot));
+        // The backing file may be another session's.
+        if (IsGuest() && !editor && snapshot.properties.type == CodeEditorType::Buffer)
+            m_leftovers->Leave(i);
         // Saved just before the end.
-        if (editor && !editor->IsModified() && editor->GetText() == snapshot.text)
+        else if (editor && !editor->IsModified() && editor->GetText() == snapshot.text)
             m_leftovers->Remove(i);
         else
             lines.prepend(LineOf(snapshot));

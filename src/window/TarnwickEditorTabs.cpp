@@ -49,6 +49,7 @@ void TarnwickEditor::RestoreCodeEditors()
         if (ParseTabDetails(record, details))
             RestoreCodeEditor(details);
     }
+    AdoptGuestTabs();
     for (int i = 0; i < m_groups.size(); ++i) {
         bool isNumber = false;
         const int scrollValue = Settings::tabBarScrolling.value(i).toInt(&isNumber);

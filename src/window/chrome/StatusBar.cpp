@@ -58,6 +58,7 @@ StatusBar::StatusBar(QWidget* parent)
     , m_overwrite(CreateItem(QStringLiteral("m_overwrite")))
     , m_position(CreateItem(QStringLiteral("m_position")))
     , m_format(CreateItem(QStringLiteral("m_format")))
+    , m_session(CreateItem(QStringLiteral("m_session")))
     , m_interpreter(CreateItem(QStringLiteral("m_interpreter")))
 {
     auto* layout = new QHBoxLayout(this);
@@ -65,6 +66,7 @@ StatusBar::StatusBar(QWidget* parent)
     layout->addWidget(m_counts);
     layout->addWidget(m_info);
     layout->addStretch(1);
+    layout->addWidget(m_session);
     layout->addWidget(m_overwrite);
     layout->addWidget(m_position);
     layout->addWidget(m_format);
@@ -78,6 +80,7 @@ StatusBar::StatusBar(QWidget* parent)
     m_overwrite->SetText(tr("OVR"), Theme::Color(Theme::Role::Strong), tr("Overwrite mode"));
     m_overwrite->hide();
     SetFormat(QString(), QString());
+    SetSession(QString(), QString());
     SetErrorAndWarningCount(0, 0);
     UpdateFields();
 }
@@ -135,6 +138,13 @@ void StatusBar::SetFormat(const QString& encoding, const QString& lineEnds)
     }
     m_format->SetParts(parts, sentences.join(QStringLiteral(", ")));
     m_format->setVisible(!parts.isEmpty());
+}
+
+void StatusBar::SetSession(const QString& text, const QString& explanation)
+{
+    m_session->SetText(text, Theme::Color(Theme::Role::Strong), explanation);
+    m_session->setToolTip(explanation.toHtmlEscaped());
+    m_session->setVisible(!text.isEmpty());
 }
 
 void StatusBar::SetOverwrite(bool overwrite)

@@ -24,6 +24,8 @@ public:
     void SetCursorPosition(int line, int column, int selectionLength);
     /// How the file differs from the ordinary; nothing where it does not.
     void SetFormat(const QString& encoding, const QString& lineEnds);
+    /// What is special about this session; nothing when the text is empty.
+    void SetSession(const QString& text, const QString& explanation);
     void SetOverwrite(bool overwrite);
     void SetErrorAndWarningCount(int errors, int warnings);
     /// The message of the cursor's line; elided where it is too long.
@@ -56,6 +58,7 @@ private:
     StatusItem* m_overwrite;
     StatusItem* m_position;
     StatusItem* m_format;
+    StatusItem* m_session;
     StatusItem* m_interpreter;
     QString m_infoText;
     Severity m_severity = Severity::None;

@@ -1,0 +1,114 @@
+// Several hosts on one preferences folder. The first one owns the tabs and the configuration; the
+// others are guests, whose buffers the next session takes over.
+
+#include "editor/CodeEditor.h"
+#include "editor/CodeEditorGroup.h"
+#include "files/GuestTabs.h"
+#include "files/SessionLock.h"
+#include "plugin/Logger.h"
+#include "settings/ColorSettings.h"
+#include "settings/Settings.h"
+#include "window/TabDetails.h"
+#include "window/TarnwickEditor.h"
+#include "window/chrome/StatusBar.h"
+
+#include <QFileInfo>
+
+bool TarnwickEditor::IsGuest() const
+{
+    return m_session && !m_session->IsOwner();
+}
+
+/// Before anything is restored.
+void TarnwickEditor::StartSession()
+{
+    const QString folder = Settings::GetUserConfigDirectory();
+    m_session = std::make_unique<SessionLock>(folder);
+    Settings::ownsUserConfig = m_session->IsOwner();
+    if (!IsGuest())
+        return;
+    Settings::tabDetails.clear();
+    Settings::tabBarScrolling.clear();
+    Settings::activeTabViewIndex = 0;
+    m_guestTabs = std::make_unique<GuestTabs>(folder);
+    const QString explanation
+        = tr("Another session uses these preferences already (%1). Tabs, layout and preferences "
+             "are kept by that one alone; buffers of this session come back at the next start.")
+              .arg(m_session->GetOtherOwner());
+    Logger::Warning(explanation);
+    Logger::Info(QStringLiteral("Should it not run any more, delete %1").arg(m_session->GetPath()));
+    m_statusBar->SetSession(tr("Second session"), explanation);
+}
+
+/// The buffers of guests that have ended come behind the tabs that there are.
+void TarnwickEditor::AdoptGuestTabs()
+{
+    if (m_session->GetPath().isEmpty())
+        return;
+    m_adoptedTabs = GuestTabs::Claim(QFileInfo(m_session->GetPath()).path());
+    for (const auto& tabs : m_adoptedTabs) {
+        for (const QString& record : tabs->Read()) {
+            TabDetails details;
+            if (!ParseTabDetails(record, details) || details.type != CodeEditorType::Buffer)
+                continue;
+            details.group = qMax(0, GetActiveCodeEditorGroupIndex());
+            details.isCurrent = false;
+            RestoreCodeEditor(details);
+        }
+    }
+}
+
+void TarnwickEditor::StoreConfiguration()
+{
+    const QStringList recentFiles = Settings::recentFiles;
+    const bool isStored = IsGuest() ? StoreGuestTabs() : Settings::WriteUserConfig();
+    if (!IsGuest()) {
+        ColorSettings::WriteUserConfig();
+        m_keyBindings.WriteUserKeyBindings();
+        m_sideBar->SaveWorkspace();
+    }
+    // Others have opened files, too. Not now: this may be what an entry of the menu does.
+    if (Settings::recentFiles != recentFiles)
+        QMetaObject::invokeMethod(
+            this, &TarnwickEditor::UpdateRecentFilesMenu, Qt::QueuedConnection);
+    // Now they are this session's own.
+    for (const auto& tabs : m_adoptedTabs) {
+        if (isStored)
+            tabs->Write({});
+    }
+    if (isStored)
+        m_adoptedTabs.clear();
+}
+
+bool TarnwickEditor::StoreGuestTabs()
+{
+    QStringList records;
+    for (const QString& record : qAsConst(Settings::tabDetails)) {
+        TabDetails details;
+        if (ParseTabDetails(record, details) && details.type == CodeEditorType::Buffer)
+            records.append(record);
+    }
+    if (m_guestTabs->Write(records))
+        return true;
+    Logger::Error(QStringLiteral("Failed to write the tabs of this session"));
+    return false;
+}
+
+/// What a guest leaves: buffers with a text, and its files among the recent ones of everybody.
+void TarnwickEditor::EndGuestSession()
+{
+    if (!IsGuest())
+        return;
+    const QStringList paths = GetCodeEditorPaths();
+    for (const QString& path : paths) {
+        CodeEditorGroup* const group = GetCodeEditorGroupByPath(path);
+        const int index = group->GetCodeEditorIndex(path);
+        if (group->GetType(index) == CodeEditorType::File)
+            Settings::AddRecentFile(path);
+        else if (group->GetText(index).isEmpty() && !group->IsModified(index)) {
+            DeleteFileByPath(path);
+            CloseCodeEditor(group, index, false);
+        }
+    }
+    Settings::MergeRecentFiles();
+}
