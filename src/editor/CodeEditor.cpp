@@ -17,7 +17,7 @@
 #include "window/chrome/Theme.h"
 
 #include <QDragEnterEvent>
-#include <QFile>
+#include <QFileInfo>
 #include <QFileSystemWatcher>
 #include <QMimeData>
 #include <QScrollBar>
@@ -29,6 +29,16 @@ namespace {
 constexpr int TEXT_CHANGE_DELAY = 250; // ms
 constexpr int TEXT_MARGIN = 2; // design pixels
 constexpr QChar PARAGRAPH_SEPARATOR(0x2029);
+
+/// The system has few of them, and each can watch many files.
+std::shared_ptr<QFileSystemWatcher> SharedFileWatcher()
+{
+    static std::weak_ptr<QFileSystemWatcher> shared;
+    std::shared_ptr<QFileSystemWatcher> watcher = shared.lock();
+    if (!watcher)
+        shared = watcher = std::make_shared<QFileSystemWatcher>();
+    return watcher;
+}
 
 } // namespace
 
@@ -70,9 +80,11 @@ CodeEditor::CodeEditor(
     CreateConnections();
 }
 
-// Both look at the editor when they go.
 CodeEditor::~CodeEditor()
 {
+    if (m_fileWatcher && !m_filePath.isEmpty())
+        m_fileWatcher->removePath(m_filePath);
+    // Both look at the editor when they go.
     SetAutoCompleterFromLanguage();
     DropHighlighter();
 }
@@ -130,17 +142,25 @@ void CodeEditor::WatchFile(const CodeEditorProperties& properties)
     if (properties.type != CodeEditorType::File || properties.filePath.isEmpty())
         return;
     if (!m_fileWatcher) {
-        m_fileWatcher = new QFileSystemWatcher(this);
-        connect(m_fileWatcher, &QFileSystemWatcher::fileChanged, this, &CodeEditor::OnFileChanged);
+        m_fileWatcher = SharedFileWatcher();
+        connect(m_fileWatcher.get(), &QFileSystemWatcher::fileChanged, this,
+            &CodeEditor::OnFileChanged);
     }
     m_fileWatcher->addPath(properties.filePath);
 }
 
-// Editors that save by replacing the file lose the watch on it.
+void CodeEditor::RenewFileWatch()
+{
+    if (m_type == CodeEditorType::File && m_fileWatcher
+        && !m_fileWatcher->files().contains(m_filePath) && QFileInfo(m_filePath).isFile())
+        m_fileWatcher->addPath(m_filePath);
+}
+
 void CodeEditor::OnFileChanged(const QString& path)
 {
-    if (QFile::exists(path) && !m_fileWatcher->files().contains(path))
-        m_fileWatcher->addPath(path);
+    if (path != m_filePath)
+        return;
+    RenewFileWatch();
     Q_EMIT FileChanged(path);
 }
 

@@ -12,6 +12,7 @@
 #include <QTextLayout>
 
 #include <functional>
+#include <memory>
 #include <utility>
 
 class AutoCompleter;
@@ -64,6 +65,8 @@ public:
     void GetProperties(CodeEditorProperties& properties) const;
     /// Watches a file's path; with `force` also re-derives what hangs on the language.
     void SetProperties(const CodeEditorProperties& properties, bool force);
+    /// The watch on a file goes with the file, also when another one takes its place.
+    void RenewFileWatch();
     CodeEditorType GetType() const { return m_type; }
     CodeEditorLanguage GetLanguage() const { return m_language; }
     QString GetFilePath() const { return m_filePath; }
@@ -468,7 +471,7 @@ private:
     bool m_insertSpaces = true;
     bool m_autoIndent = true;
     KeyBindings* m_keyBindings; ///< not owned
-    QFileSystemWatcher* m_fileWatcher = nullptr; ///< made for the first file
+    std::shared_ptr<QFileSystemWatcher> m_fileWatcher; ///< of all editors; made for the first file
     QTimer* m_textChangeTimer;
     OverlayWidget* m_dropOverlay;
     QVector<MarkedSpan> m_occurrences;
