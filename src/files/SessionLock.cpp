@@ -3,20 +3,7 @@
 #include "files/StaleLock.h"
 
 #include <QLockFile>
-
-namespace {
-
-QString Describe(const QLockFile& lock)
-{
-    qint64 process = 0;
-    QString machine;
-    QString application;
-    if (!lock.getLockInfo(&process, &machine, &application))
-        return QStringLiteral("unknown process");
-    return QStringLiteral("%1, process %2 on %3").arg(application).arg(process).arg(machine);
-}
-
-} // namespace
+#include <QSysInfo>
 
 const QString SessionLock::FILE_NAME = QStringLiteral("session.lock");
 
@@ -29,7 +16,18 @@ SessionLock::SessionLock(const QString& folder)
     m_lock->setStaleLockTime(0); // a session may last for weeks
     m_isOwner = TakeOverLock(*m_lock) || m_lock->error() != QLockFile::LockFailedError;
     if (!m_isOwner)
-        m_otherOwner = Describe(*m_lock);
+        DescribeOwner();
 }
 
 SessionLock::~SessionLock() = default;
+
+void SessionLock::DescribeOwner()
+{
+    qint64 process = 0;
+    QString machine;
+    QString application;
+    m_otherOwner = m_lock->getLockInfo(&process, &machine, &application)
+        ? QStringLiteral("%1, process %2 on %3").arg(application, QString::number(process), machine)
+        : QStringLiteral("a process that cannot be told");
+    m_isOwnerElsewhere = !machine.isEmpty() && machine != QSysInfo::machineHostName();
+}

@@ -23,11 +23,16 @@ public:
     bool IsOwner() const { return m_isOwner; }
     /// The process that owned it when this one asked, for people; empty for the owner itself.
     QString GetOtherOwner() const { return m_otherOwner; }
+    /// It runs on another machine: whether it still does cannot be told from here.
+    bool IsOwnerElsewhere() const { return m_isOwnerElsewhere; }
     QString GetPath() const { return m_path; }
 
 private:
+    void DescribeOwner();
+
     QString m_path;
     std::unique_ptr<QLockFile> m_lock; ///< null without a folder
     bool m_isOwner = true;
     QString m_otherOwner;
+    bool m_isOwnerElsewhere = false;
 };

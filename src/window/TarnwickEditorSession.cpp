@@ -31,13 +31,16 @@ void TarnwickEditor::StartSession()
     Settings::tabBarScrolling.clear();
     Settings::activeTabViewIndex = 0;
     m_guestTabs = std::make_unique<GuestTabs>(folder);
-    const QString explanation
-        = tr("Another session uses these preferences already (%1). Tabs, layout and preferences "
-             "are kept by that one alone; buffers of this session come back at the next start.")
-              .arg(m_session->GetOtherOwner());
-    Logger::Warning(explanation);
-    Logger::Info(QStringLiteral("Should it not run any more, delete %1").arg(m_session->GetPath()));
-    m_statusBar->SetSession(tr("Second session"), explanation);
+    const QString owner
+        = tr("Another session uses these preferences: %1.").arg(m_session->GetOtherOwner());
+    const QString consequence = tr("This one changes neither its tabs nor its preferences; buffers "
+                                   "come back at the next start.");
+    Logger::Warning(owner);
+    Logger::Info(consequence);
+    // Nobody can tell from here whether it still runs.
+    if (m_session->IsOwnerElsewhere())
+        Logger::Info(tr("If it has ended, delete %1").arg(m_session->GetPath()));
+    m_statusBar->SetSession(tr("Second session"), QStringLiteral("%1\n%2").arg(owner, consequence));
 }
 
 /// The buffers of guests that have ended come behind the tabs that there are.
