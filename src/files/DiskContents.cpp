@@ -30,10 +30,10 @@ bool DiskContents::MayHaveBeenWrittenSince(const Known& known)
         && known.stamped - known.stamp.changed < CLOCK_STEP;
 }
 
-void DiskContents::Set(const QString& path, const QByteArray& bytes)
+void DiskContents::Set(const QString& path, const QByteArray& fingerprint)
 {
     Known known;
-    known.fingerprint = FileText::FingerprintOf(bytes);
+    known.fingerprint = fingerprint;
     Stamp(known, path);
     m_known.insert(path, known);
 }

@@ -19,8 +19,8 @@ public:
         Unreadable,
     };
 
-    /// The file has just been read or written.
-    void Set(const QString& path, const QByteArray& bytes);
+    /// The file has just been read or written; what it holds has this fingerprint.
+    void Set(const QString& path, const QByteArray& fingerprint);
     void Move(const QString& from, const QString& to);
     void Remove(const QString& path);
     /// Of the last content known; empty for a file that is not known.

@@ -2,6 +2,7 @@
 
 #include "editor/CodeEditorProperties.h"
 #include "editor/TabDropZone.h"
+#include "files/DiskContents.h"
 #include "files/TextFormat.h"
 #include "settings/KeyBindings.h"
 #include "views/SideBar.h"
@@ -350,6 +351,7 @@ private:
     bool MayOpen(const QString& path);
     void DropOddCharacters(const QString& path, const QString& saved);
     void FollowFileChange(const QString& path);
+    void TakeFileChange(const QString& path, CodeEditor& editor);
     void ReloadFile(const QString& path);
     QString ReadText(const QString& path, CodeEditorType type);
     void OnPathChanged(const QString& oldPath, const QString& newPath);
@@ -443,10 +445,7 @@ private:
     QWidget* m_mainWindow = nullptr; ///< the host's; not owned
     QList<CodeEditorGroup*> m_groups; ///< owned by the widget tree
     KeyBindings m_keyBindings;
-    QStringList m_changedPaths; ///< files that somebody has written since the last check
-    /// Fingerprints of the open files as this window last read or wrote them: who else has written
-    /// one has made it another.
-    QHash<QString, QByteArray> m_diskContents;
+    DiskContents m_diskContents; ///< of the open files
     QHash<QString, TextFormat> m_fileFormats; ///< how the open files stand on the disk
     SaveBatch* m_saveBatch = nullptr; ///< while several files are saved; not owned
     std::unique_ptr<SessionLock> m_session;

@@ -3,6 +3,8 @@
 #include "editor/CodeEditor.h"
 #include "editor/CodeEditorGroup.h"
 #include "files/FileText.h"
+#include "files/TextFormat.h"
+#include "plugin/Logger.h"
 #include "settings/Settings.h"
 #include "window/Question.h"
 #include "window/TarnwickEditor.h"
@@ -11,43 +13,74 @@
 #include <QFileInfo>
 #include <QMenu>
 #include <QScopedValueRollback>
+#include <QTimer>
 
+namespace {
+
+/// Programs that save by replacing take the old file away before the new one is there.
+constexpr int REPLACING_TIME = 500; // ms
+
+/// Whether the file has become what its editor shows.
+bool HoldsText(const QString& path, const CodeEditor& editor)
+{
+    QByteArray bytes;
+    return FileText::ReadBytes(path, bytes)
+        && ReadFormatted(bytes, FileText::ChosenCodec()).text == editor.GetStoredText();
+}
+
+} // namespace
+
+/// What is there again waits for the next check, which finds it without being told.
 void TarnwickEditor::OnFileChanged(const QString& path)
 {
-    if (QFileInfo::exists(path)) {
-        if (!m_changedPaths.contains(path))
-            m_changedPaths.append(path);
+    if (QFileInfo(path).isFile())
         return;
-    }
-    // The text is nowhere but in the editor now.
-    if (CodeEditor* editor = GetCodeEditor(path))
-        editor->SetModified(true);
+    QTimer::singleShot(REPLACING_TIME, this, [this, path] {
+        if (!QFileInfo(path).isFile())
+            FollowFileChange(path);
+    });
 }
 
 void TarnwickEditor::CheckForFileChanges()
 {
-    if (m_checkingForFileChanges)
+    if (m_checkingForFileChanges || !Settings::checkForModifiedFiles)
         return;
     const QScopedValueRollback<bool> checking(m_checkingForFileChanges, true);
-    // What changes while a question stands is left to the next check.
-    QStringList paths;
-    paths.swap(m_changedPaths);
-    if (!Settings::checkForModifiedFiles)
-        return;
-    for (const QString& path : qAsConst(paths))
-        FollowFileChange(path);
+    // All of them: nobody is told of everything that happens in folders of other machines.
+    const QStringList paths = GetCodeEditorPaths();
+    for (const QString& path : paths) {
+        if (QFileInfo(path).isFile())
+            FollowFileChange(path);
+        else
+            OnFileChanged(path);
+    }
 }
 
 void TarnwickEditor::FollowFileChange(const QString& path)
 {
-    const CodeEditor* const editor = GetCodeEditor(path);
-    const QByteArray content = FileText::Fingerprint(path);
-    // The watcher also tells of what this window has written, sooner or later.
-    if (!editor || content == m_diskContents.value(path))
+    CodeEditor* const editor = GetCodeEditor(path);
+    if (!editor)
         return;
-    // Asked once for each change.
-    m_diskContents.insert(path, content);
-    if (editor->IsModified()) {
+    editor->RenewFileWatch();
+    switch (m_diskContents.TakeChange(path)) {
+    case DiskContents::Change::None: break;
+    case DiskContents::Change::Content: TakeFileChange(path, *editor); break;
+    // The text is nowhere but in the editor now.
+    case DiskContents::Change::Gone: editor->SetModified(true); break;
+    case DiskContents::Change::Unreadable:
+        Logger::Error(QStringLiteral("Failed to open file: %1").arg(path));
+        break;
+    }
+}
+
+void TarnwickEditor::TakeFileChange(const QString& path, CodeEditor& editor)
+{
+    if (editor.IsModified() && HoldsText(path, editor)) {
+        ReadText(path, CodeEditorType::File);
+        editor.SetModified(false);
+        return;
+    }
+    if (editor.IsModified()) {
         const auto answer = AskQuestion(this, tr("Reload"),
             tr("%1\n\nThis file has been modified by another program.\n"
                "Do you want to reload it?")

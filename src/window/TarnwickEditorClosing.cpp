@@ -49,7 +49,7 @@ bool TarnwickEditor::CloseCodeEditor(CodeEditorGroup* group, int index, bool ask
         return answer != CloseAnswer::Cancel;
     if (!isBuffer)
         AddRecentFile(properties.filePath);
-    m_diskContents.remove(properties.filePath);
+    m_diskContents.Remove(properties.filePath);
     m_fileFormats.remove(properties.filePath);
     owner->DeleteCodeEditor(owner->GetCodeEditorIndex(properties.filePath));
     ActivateGroupWithEditors();

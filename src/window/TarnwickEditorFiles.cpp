@@ -322,7 +322,7 @@ void TarnwickEditor::BecomeFile(const CodeEditorProperties& old, const QString& 
     if (old.type == CodeEditorType::Buffer)
         DeleteFileByPath(old.filePath);
     if (old.filePath != path) {
-        m_diskContents.remove(old.filePath);
+        m_diskContents.Remove(old.filePath);
         m_fileFormats.remove(old.filePath);
     }
     OnPathChanged(old.filePath, path);
@@ -397,8 +397,7 @@ void TarnwickEditor::OnFilePathChanged(const QString& oldPath, const QString& ne
     const CodeEditorLanguage language = GetLanguageFromFilename(QFileInfo(path));
     for (CodeEditorGroup* group : qAsConst(m_groups))
         group->UpdateFilePath(oldPath, path, language);
-    if (m_diskContents.contains(oldPath))
-        m_diskContents.insert(path, m_diskContents.take(oldPath));
+    m_diskContents.Move(oldPath, path);
     if (m_fileFormats.contains(oldPath))
         m_fileFormats.insert(path, m_fileFormats.take(oldPath));
     OnPathChanged(oldPath, path);

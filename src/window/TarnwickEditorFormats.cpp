@@ -81,7 +81,7 @@ QString TarnwickEditor::ReadText(const QString& path, CodeEditorType type)
     FormattedText file = ReadFormatted(bytes, FileText::ChosenCodec());
     file.format.isKept = m_fileFormats.value(path).isKept;
     m_fileFormats.insert(path, file.format);
-    m_diskContents.insert(path, FileText::FingerprintOf(bytes));
+    m_diskContents.Set(path, FileText::FingerprintOf(bytes));
     UpdateTextFormat();
     return file.text;
 }
@@ -103,7 +103,7 @@ bool TarnwickEditor::WriteFile(const QString& path, const QString& text, const T
     if (!FileText::WriteBytes(path, bytes))
         return false;
     m_fileFormats.insert(path, format);
-    m_diskContents.insert(path, fingerprint);
+    m_diskContents.Set(path, fingerprint);
     UpdateTextFormat();
     return true;
 }

@@ -107,7 +107,7 @@ RecoverySnapshot TarnwickEditor::DescribeForRecovery(const CodeEditor& editor) c
     const QString path = editor.GetFilePath();
     snapshot.group = GetCodeEditorGroupIndex(GetCodeEditorGroupByPath(path));
     snapshot.cursorPosition = editor.GetCursorPosition();
-    snapshot.baseFingerprint = m_diskContents.value(path);
+    snapshot.baseFingerprint = m_diskContents.GetFingerprint(path);
     return snapshot;
 }
 

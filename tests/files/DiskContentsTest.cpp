@@ -1,5 +1,6 @@
 #include "files/DiskContents.h"
 
+#include "files/FileText.h"
 #include "support/TestMain.h"
 
 #include <QDateTime>
@@ -110,7 +111,7 @@ void DiskContentsTest::TellsEachChangeOnce()
     const QString path = folder.filePath("a.py");
     Write(path, "text");
     DiskContents contents;
-    contents.Set(path, "text");
+    contents.Set(path, FileText::FingerprintOf("text"));
     for (int i = 0; i < 2; ++i)
         QCOMPARE(contents.TakeChange(path), Change::None);
     act(path);
@@ -128,7 +129,7 @@ void DiskContentsTest::WhatIsNotKnownDoesNotChange()
     QCOMPARE(contents.TakeChange(folder.filePath("a.py")), Change::None);
     QVERIFY(contents.GetFingerprint(folder.filePath("a.py")).isEmpty());
     Write(folder.filePath("b.py"), "text");
-    contents.Set(folder.filePath("a.py"), "text");
+    contents.Set(folder.filePath("a.py"), FileText::FingerprintOf("text"));
     contents.Move(folder.filePath("a.py"), folder.filePath("b.py"));
     QCOMPARE(contents.TakeChange(folder.filePath("a.py")), Change::None);
     QCOMPARE(contents.TakeChange(folder.filePath("b.py")), Change::None);

@@ -4,6 +4,7 @@
 #include "support/TestMain.h"
 #include "window/FilesFixture.h"
 
+#include <QDialog>
 #include <QtTest>
 
 /// Files that other programs change, and going back to what is on disk.
@@ -19,6 +20,12 @@ private Q_SLOTS:
     void OwnSavesAreNoChanges();
     void ReloadingKeepsThePlace();
     void ADeletedFileIsUnsaved();
+    void FollowsReplacedFiles();
+    void AFileThatComesBack_data();
+    void AFileThatComesBack();
+    void FindsWhatNobodyTold();
+    void ChangesWhileAQuestionStands();
+    void AFolderInItsPlace();
     void Reverts_data();
     void Reverts();
 };
@@ -123,6 +130,105 @@ void FileChangesTest::ADeletedFileIsUnsaved()
     QTRY_VERIFY(changed.count() > 0);
     m_window->CheckForFileChanges();
     QCOMPARE(editor->GetText(), QString("theirs"));
+}
+
+/// As many editors save: the old file goes away under another name, then a new one is written.
+void FileChangesTest::FollowsReplacedFiles()
+{
+    const CodeEditor* const editor = OpenFile("a.py");
+    for (const QByteArray text : {"second", "third"}) {
+        QSignalSpy changed(Group(), &CodeEditorGroup::FileChanged);
+        QFile::remove(Path("a.py~"));
+        QVERIFY(QFile::rename(Path("a.py"), Path("a.py~")));
+        QTRY_VERIFY(changed.count() > 0);
+        MakeFile("a.py", text);
+        m_window->CheckForFileChanges();
+        QCOMPARE(editor->GetText(), QString(text));
+        QVERIFY(!editor->IsModified());
+    }
+    QCOMPARE(m_dialogs.Take().size(), 0);
+}
+
+void FileChangesTest::AFileThatComesBack_data()
+{
+    QTest::addColumn<QByteArray>("content");
+    QTest::addColumn<QString>("button"); // empty: nobody asks
+    QTest::addColumn<bool>("modified");
+    QTest::newRow("as it was") << QByteArray("text\n") << "" << false;
+    QTest::newRow("with other line ends") << QByteArray("text\r\n") << "" << false;
+    QTest::newRow("another") << QByteArray("theirs") << "No" << true;
+    QTest::newRow("another, wanted") << QByteArray("theirs") << "Yes" << false;
+}
+
+void FileChangesTest::AFileThatComesBack()
+{
+    QFETCH(QByteArray, content);
+    QFETCH(QString, button);
+    CodeEditor* const editor = OpenFile("a.py");
+    QFile::remove(Path("a.py"));
+    QTRY_VERIFY(editor->IsModified());
+    MakeFile("a.py", content);
+    if (!button.isEmpty())
+        m_dialogs.Press(button);
+    m_window->CheckForFileChanges();
+    m_window->CheckForFileChanges();
+    QCOMPARE(m_dialogs.Take().size(), button.isEmpty() ? 0 : 1);
+    QTEST(editor->IsModified(), "modified");
+    QCOMPARE(editor->GetText(), QString(button == "Yes" ? "theirs" : "text\n"));
+    // It is watched again.
+    QSignalSpy changed(Group(), &CodeEditorGroup::FileChanged);
+    MakeFile("a.py", "later");
+    QTRY_VERIFY(changed.count() > 0);
+}
+
+/// The watcher only speaks when the event loop runs, and from some folders not at all.
+void FileChangesTest::FindsWhatNobodyTold()
+{
+    const CodeEditor* const first = OpenFile("a.py");
+    CodeEditor* const second = OpenFile("b.py");
+    CodeEditor* const third = OpenFile("c.py");
+    third->insertPlainText("ours ");
+    MakeFile("a.py", "TEXT\n");
+    MakeFile("c.py", "theirs");
+    QSignalSpy rewritten(second->document(), &QTextDocument::contentsChanged);
+    MakeFile("b.py", "text\n");
+    m_dialogs.Press("No");
+    m_window->CheckForFileChanges();
+    QCOMPARE(m_dialogs.Take().size(), 1);
+    QCOMPARE(first->GetText(), QString("TEXT\n"));
+    QCOMPARE(rewritten.count(), 0);
+    QCOMPARE(third->GetText(), QString("ours text\n"));
+}
+
+void FileChangesTest::ChangesWhileAQuestionStands()
+{
+    CodeEditor* const editor = OpenFile("a.py");
+    editor->insertPlainText("ours ");
+    MakeFile("a.py", "theirs");
+    const auto change = [this](QDialog* dialog) {
+        MakeFile("a.py", "theirs again");
+        m_window->CheckForFileChanges(); // does not ask on top of the question
+        dialog->reject();
+    };
+    m_dialogs.Do(change);
+    m_window->CheckForFileChanges();
+    QCOMPARE(m_dialogs.Take().size(), 1);
+    QCOMPARE(editor->GetText(), QString("ours text\n"));
+    m_dialogs.Press("Yes");
+    m_window->CheckForFileChanges();
+    QCOMPARE(m_dialogs.Take().size(), 1);
+    QCOMPARE(editor->GetText(), QString("theirs again"));
+}
+
+void FileChangesTest::AFolderInItsPlace()
+{
+    const CodeEditor* const editor = OpenFile("a.py");
+    QFile::remove(Path("a.py"));
+    QDir().mkdir(Path("a.py"));
+    m_window->CheckForFileChanges();
+    QTRY_VERIFY(editor->IsModified());
+    QCOMPARE(editor->GetText(), QString("text\n"));
+    QCOMPARE(TakeErrors(), QStringList());
 }
 
 void FileChangesTest::Reverts_data()

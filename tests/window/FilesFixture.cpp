@@ -61,6 +61,8 @@ QByteArray FilesFixture::Content(const QString& path) const
 CodeEditor* FilesFixture::OpenFile(const QString& name, const QByteArray& text)
 {
     m_window->OpenFile(MakeFile(name, text), false);
+    // Getting the focus looks for changes: before there are any.
+    QCoreApplication::sendPostedEvents(m_window, QEvent::MetaCall);
     return m_window->GetActiveCodeEditor();
 }
 
