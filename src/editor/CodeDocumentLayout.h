@@ -10,11 +10,15 @@ class CodeDocumentLayout : public QPlainTextDocumentLayout
     Q_OBJECT
 
 public:
-    using QPlainTextDocumentLayout::QPlainTextDocumentLayout;
+    explicit CodeDocumentLayout(QTextDocument* document);
 
 protected:
     void documentChanged(int from, int removed, int added) override;
 
+private Q_SLOTS:
+    void OnContentsChange(int position, int removed, int added);
+
 private:
+    int m_textEnd = -1; ///< behind the text that the change put in; -1: it has new colours only
     int m_blockCount = 1; ///< before the change that is told next
 };

@@ -6,6 +6,7 @@
 #include "support/TestMain.h"
 #include "window/chrome/Theme.h"
 
+#include <QScreen>
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QTextBlock>
@@ -120,6 +121,8 @@ private Q_SLOTS:
     void HitsInTheBarFollowTheText();
     void EditsWhileSearchingLoseNoHit();
     void ShowsTheDropOverlay();
+    void ShowsAllLinesThatAnEditChanged_data();
+    void ShowsAllLinesThatAnEditChanged();
     void OverwritingShowsABlock_data();
     void OverwritingShowsABlock();
 
@@ -502,6 +505,41 @@ void CodeEditorPaintingTest::ShowsTheDropOverlay()
     editor.SetDropOverlayRect({});
     QVERIFY(overlay->isHidden());
     QTRY_COMPARE(Grab(editor).pixelColor(inside), plain);
+}
+
+void CodeEditorPaintingTest::ShowsAllLinesThatAnEditChanged_data()
+{
+    QTest::addColumn<int>("start");
+    QTest::addColumn<int>("end");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("typed at the end of a line") << 2 << 2 << "x";
+    QTest::newRow("a line end moved into the line before") << 1 << 4 << "x\n";
+    QTest::newRow("lines joined") << 2 << 3 << "";
+    QTest::newRow("a string that the lines below become part of") << 0 << 1 << "'''";
+}
+
+void CodeEditorPaintingTest::ShowsAllLinesThatAnEditChanged()
+{
+    QFETCH(int, start);
+    QFETCH(int, end);
+    QFETCH(QString, text);
+    CodeEditor& editor = Open("ab\ncd\nef\ngh");
+    editor.moveCursor(QTextCursor::End);
+    const auto shown = [&editor] {
+        const QPixmap screen = editor.screen()->grabWindow(editor.winId());
+        return screen.toImage().convertToFormat(QImage::Format_RGB32);
+    };
+    const auto painted = [&editor] {
+        QImage image(editor.size(), QImage::Format_RGB32);
+        editor.render(&image);
+        return image;
+    };
+    QTRY_COMPARE(shown(), painted());
+    QTextCursor cursor(editor.document());
+    cursor.setPosition(start);
+    cursor.setPosition(end, QTextCursor::KeepAnchor);
+    cursor.insertText(text);
+    QTRY_COMPARE(shown(), painted());
 }
 
 void CodeEditorPaintingTest::OverwritingShowsABlock_data()
