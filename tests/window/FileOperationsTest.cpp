@@ -99,9 +99,10 @@ void FileOperationsTest::OpensAFile()
     QFETCH(QString, name);
     QFETCH(QString, asked);
     MakeFile(name, "one\r\ntwo\n");
+    const QString path = m_folder->path() + "/" + asked;
+    QVERIFY(m_window->GetCodeEditor(path, true));
     // Twice gives one tab.
-    for (int i = 0; i < 2; ++i)
-        m_window->OpenFile(m_folder->path() + "/" + asked, false);
+    m_window->OpenFile(path, false);
     QCOMPARE(Labels(), QStringList(name));
     QCOMPARE(Group()->GetFilePath(0), Path(name));
     QTEST(int(Group()->GetLanguage(0)), "language");
