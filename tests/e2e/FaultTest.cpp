@@ -14,7 +14,8 @@ namespace {
 
 const char* const FILES[] = {"a.py", "b.mel", "c.txt"};
 constexpr int LONG_FILE_LINES = 20000;
-/// How many times the host is killed; the whole test takes two seconds for each.
+/// How many times the host is killed; the whole test takes two seconds for each. More than a
+/// hundred want a QTEST_FUNCTION_TIMEOUT of their own.
 const char* const KILLS_VARIABLE = "TE2_FAULT_KILLS";
 const char* const SEED_VARIABLE = "TE2_FAULT_SEED";
 constexpr int KILLS = 16;
