@@ -136,7 +136,7 @@ void TarnwickEditor::OfferRecovery(const QString& folder)
         if (IsGuest() && !editor && snapshot.properties.type == CodeEditorType::Buffer)
             m_leftovers->Leave(i);
         // Saved just before the end.
-        else if (editor && !editor->IsModified() && editor->GetText() == snapshot.text)
+        else if (editor && !editor->IsModified() && editor->GetStoredText() == snapshot.text)
             m_leftovers->Remove(i);
         else
             lines.prepend(LineOf(snapshot));
