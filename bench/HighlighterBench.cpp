@@ -34,7 +34,8 @@ QString MakeScript(int lines)
         "        print('value %1', value, \"and \\\" more\")\n"};
     QString script;
     for (int i = 0; i < lines; ++i)
-        script += QString(BODY.at(i % BODY.size())).replace(QLatin1String("%1"), QString::number(i));
+        script
+            += QString(BODY.at(i % BODY.size())).replace(QLatin1String("%1"), QString::number(i));
     return script;
 }
 
@@ -253,9 +254,7 @@ void ColourWith(benchmark::State& state, int names)
 
 benchmark::internal::Benchmark* Register(const char* name, void (*run)(benchmark::State&))
 {
-    return benchmark::RegisterBenchmark(name, run)
-        ->Unit(benchmark::kMillisecond)
-        ->Iterations(1);
+    return benchmark::RegisterBenchmark(name, run)->Unit(benchmark::kMillisecond)->Iterations(1);
 }
 
 /// A benchmark and its floor.
