@@ -1,8 +1,10 @@
 #include "editor/SearchExpression.h"
 
+#include "editor/LineSearch.h"
 #include "editor/SearchHistory.h"
 #include "support/TestMain.h"
 
+#include <QPoint>
 #include <QRegularExpression>
 #include <QtTest>
 
@@ -13,6 +15,9 @@ class SearchExpressionTest : public QObject
 private Q_SLOTS:
     void FindsWhatTheTogglesSay_data();
     void FindsWhatTheTogglesSay();
+    void SeeksInLinesAsExpressionsDo_data();
+    void SeeksInLinesAsExpressionsDo();
+    void SeeksBesideBrokenText();
     void FindsNothingWithoutText();
     void KeepsAFaultForItsOwner();
     void GivesUpOnEndlessTrying();
@@ -62,7 +67,68 @@ void SearchExpressionTest::FindsWhatTheTogglesSay()
         for (auto matches = each.globalMatch(text); matches.hasNext();)
             found.append(matches.next().captured());
         QTEST(found, "found");
+        found.clear();
+        QVERIFY(LineSearch(each).Visit(QStringRef(&text), [&](int start, int end) {
+            found.append(text.mid(start, end - start));
+            return true;
+        }));
+        QTEST(found, "found");
     }
+}
+
+void SearchExpressionTest::SeeksInLinesAsExpressionsDo_data()
+{
+    QTest::addColumn<QString>("pattern");
+    QTest::addColumn<QString>("line");
+    // Behind a letter outside the first plane no word begins.
+    const QString letter = QString::fromUcs4(U"\U00010400", 1);
+    QTest::newRow("empty matches") << "x*"
+                                   << "xxaxb";
+    QTest::newRow("only empty matches") << "^|$"
+                                        << "ab";
+    QTest::newRow("what is seen before") << "(?<=a)b|a"
+                                         << "abab";
+    QTest::newRow("kept out") << "a\\Kb"
+                              << "abab";
+    QTest::newRow("words of signs") << "\\b\\(\\b"
+                                    << "a(b (b a( (";
+    QTest::newRow("words") << "\\bab\\b"
+                           << "ab abab _ab ab" + letter + " " + letter + "ab ab";
+    QTest::newRow("an escape at the end") << "\\ba\\\\b"
+                                          << "a\\b a\\ b";
+    QTest::newRow("case of signs") << "k" << QString::fromUtf8("kK\u212a");
+}
+
+void SearchExpressionTest::SeeksInLinesAsExpressionsDo()
+{
+    QFETCH(QString, pattern);
+    QFETCH(QString, line);
+    const QRegularExpression expression(pattern,
+        QRegularExpression::UseUnicodePropertiesOption | QRegularExpression::CaseInsensitiveOption);
+    QVector<QPoint> expected;
+    for (auto matches = expression.globalMatch(line); matches.hasNext();) {
+        const QRegularExpressionMatch match = matches.next();
+        expected.append({match.capturedStart(), match.capturedEnd()});
+    }
+    QVERIFY(!expected.isEmpty());
+    QVector<QPoint> found;
+    QVERIFY(LineSearch(expression).Visit(QStringRef(&line), [&found](int start, int end) {
+        found.append({start, end});
+        return true;
+    }));
+    QCOMPARE(found, expected);
+}
+
+void SearchExpressionTest::SeeksBesideBrokenText()
+{
+    const QString line = "a1" + QString(QChar(0xd800)) + "b2";
+    QStringList found;
+    QVERIFY(LineSearch(QRegularExpression("\\w\\d"))
+                .VisitMatches(QStringRef(&line), [&found](const QRegularExpressionMatch& match) {
+                    found.append(match.captured());
+                    return true;
+                }));
+    QCOMPARE(found, QStringList({"a1", "b2"}));
 }
 
 void SearchExpressionTest::FindsNothingWithoutText()
@@ -76,6 +142,8 @@ void SearchExpressionTest::KeepsAFaultForItsOwner()
     QVERIFY(!CreateSearchRegEx("(a", true, false, true).isValid());
     QVERIFY(CreateSearchRegEx("(a", true, false, false).isValid());
     QVERIFY(!WithMatchLimit(CreateSearchRegEx("(a", true, false, true)).isValid());
+    QVERIFY(DescribeFault("a[b").endsWith("(character 3)"));
+    QVERIFY(DescribeFault("a[b]").isEmpty());
 }
 
 void SearchExpressionTest::GivesUpOnEndlessTrying()
@@ -115,6 +183,11 @@ void SearchExpressionTest::ExpandsReplacements_data()
                                    << "\\2left";
     QTest::newRow("a group that took no part") << "(x)?(left)" << true << "<\\1\\2>"
                                                << "<left>";
+    QTest::newRow("the match and named groups")
+        << "(?<first>l)eft" << true << "<\\0\\g<first>\\g<0>>"
+        << "<leftlleft>";
+    QTest::newRow("no such name") << "(l)eft" << true << "\\g<x>\\g<>\\g<9>\\g"
+                                  << "\\g<x>\\g<>\\g<9>\\g";
     QTest::newRow("line end and tab") << "left" << true << "a\\n\\tb"
                                       << "a\n\tb";
     QTest::newRow("a backslash") << "(l)eft" << true << "\\\\1\\\\n"
