@@ -74,9 +74,10 @@ bool PosixFile::ReadAll(QByteArray& bytes)
     }
 }
 
-bool PosixFile::Rewind()
+bool PosixFile::WriteOver(const QByteArray& bytes)
 {
-    return ::lseek(m_descriptor, 0, SEEK_SET) == 0;
+    return ::lseek(m_descriptor, 0, SEEK_SET) == 0 && WriteAll(bytes)
+        && ::ftruncate(m_descriptor, bytes.size()) == 0 && Sync();
 }
 
 bool PosixFile::Sync()

@@ -20,7 +20,8 @@ public:
     /// From where the file stands.
     bool WriteAll(const QByteArray& bytes);
     bool ReadAll(QByteArray& bytes);
-    bool Rewind();
+    /// Makes `bytes` all that the file holds, on the disk too. Torn when it fails.
+    bool WriteOver(const QByteArray& bytes);
     /// Returns when the bytes are on the disk.
     bool Sync();
     void Close();

@@ -1,40 +1,25 @@
 #include "files/SafeFile.h"
 
 #include "files/FileAttributes.h"
+#include "files/InterruptedSave.h"
 #include "files/PosixFile.h"
+#include "files/TemporaryFile.h"
 
 #include <QByteArray>
-#include <QDir>
 #include <QFile>
-#include <QMutex>
-#include <QRandomGenerator>
-#include <QSet>
 
 #include <cerrno>
-#include <cstdlib>
 #include <fcntl.h>
-#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 namespace {
 
 constexpr int MAXIMUM_LINKS = 40;
-constexpr int MAXIMUM_ATTEMPTS = 100;
 /// More than this is not held in memory to be put back.
 constexpr off_t MAXIMUM_KEPT = 1 << 30; // bytes
-/// Of a name, so that what is put around it fits into the 255 that there are.
-constexpr int MAXIMUM_NAME = 200; // bytes
 constexpr mode_t PRIVATE_FILE = 0600;
 constexpr mode_t NEW_FILE = 0666; // the user's mask takes from it
-/// ".<name>.te2-save-<six digits>"
-const QByteArray TEMPORARY_MARK = QByteArrayLiteral(".te2-save-");
-constexpr int TEMPORARY_DIGITS = 6;
-
-QByteArray FolderOf(const QByteArray& path)
-{
-    return path.left(path.lastIndexOf('/') + 1);
-}
 
 /// The file itself, also where the last link leads to one that is not there yet.
 QByteArray FollowLinks(QByteArray path)
@@ -45,88 +30,9 @@ QByteArray FollowLinks(QByteArray path)
         if (length <= 0)
             break;
         target.resize(static_cast<int>(length));
-        path = target.startsWith('/') ? target : FolderOf(path) + target;
+        path = target.startsWith('/') ? target : TemporaryFile::FolderOf(path) + target;
     }
     return path;
-}
-
-QByteArray TemporaryName(const QByteArray& target)
-{
-    const quint32 number = QRandomGenerator::global()->bounded(0x1000000u);
-    return FolderOf(target) + '.' + target.mid(FolderOf(target).size()).left(MAXIMUM_NAME)
-        + TEMPORARY_MARK + QByteArray::number(number, 16).rightJustified(TEMPORARY_DIGITS, '0');
-}
-
-/// The file that is written beside the old one; gone with the object unless it took its place. It
-/// is locked meanwhile, and so nobody takes it for a leftover.
-class TemporaryFile
-{
-public:
-    TemporaryFile(const QByteArray& target, mode_t mode)
-    {
-        for (int i = 0; i < MAXIMUM_ATTEMPTS && !Create(TemporaryName(target), mode); ++i) {
-            if (errno != EEXIST)
-                break;
-        }
-    }
-    ~TemporaryFile()
-    {
-        const int reason = errno;
-        if (m_file.IsOpen() && !m_moved)
-            ::unlink(m_path.constData());
-        errno = reason;
-    }
-    TemporaryFile(const TemporaryFile&) = delete;
-    TemporaryFile& operator=(const TemporaryFile&) = delete;
-
-    PosixFile& File() { return m_file; }
-    bool MoveTo(const QByteArray& target)
-    {
-        m_moved = ::rename(m_path.constData(), target.constData()) == 0;
-        return m_moved;
-    }
-
-private:
-    bool Create(const QByteArray& path, mode_t mode)
-    {
-        m_path = path;
-        m_file = PosixFile(path, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW, mode);
-        if (!m_file.IsOpen())
-            return false;
-        struct stat state = {};
-        ::flock(m_file.GetDescriptor(), LOCK_EX);
-        // Somebody who cleaned up was faster than the lock.
-        if (::fstat(m_file.GetDescriptor(), &state) == 0 && state.st_nlink > 0)
-            return true;
-        m_file.Close();
-        errno = EEXIST;
-        return false;
-    }
-
-    QByteArray m_path;
-    PosixFile m_file;
-    bool m_moved = false;
-};
-
-/// What killed processes left, once in each folder.
-void RemoveLeftovers(const QByteArray& folder)
-{
-    static QMutex mutex;
-    static QSet<QByteArray> cleaned;
-    const QMutexLocker locker(&mutex);
-    if (cleaned.contains(folder))
-        return;
-    cleaned.insert(folder);
-    const QString pattern = QLatin1String(".*") + QLatin1String(TEMPORARY_MARK)
-        + QString(TEMPORARY_DIGITS, QLatin1Char('?'));
-    const QDir directory(QFile::decodeName(folder));
-    const auto filter = QDir::Files | QDir::Hidden | QDir::NoSymLinks;
-    for (const QString& name : directory.entryList({pattern}, filter)) {
-        const QByteArray path = folder + QFile::encodeName(name);
-        const PosixFile file(path, O_RDONLY | O_NOFOLLOW | O_NONBLOCK);
-        if (file.IsOpen() && ::flock(file.GetDescriptor(), LOCK_EX | LOCK_NB) == 0)
-            ::unlink(path.constData());
-    }
 }
 
 /// The new name is on the disk, too. Not every file system can say so.
@@ -141,13 +47,14 @@ void SyncFolder(const QByteArray& folder)
 int Replace(const QByteArray& target, const QByteArray& bytes, const struct stat* old)
 {
     TemporaryFile temporary(target, old ? PRIVATE_FILE : NEW_FILE);
-    if (!temporary.File().IsOpen())
+    if (!temporary.GetFile().IsOpen())
         return errno;
-    if (old && !FileAttributes::Copy(target, *old, temporary.File().GetDescriptor()))
+    if (old && !FileAttributes::Copy(target, *old, temporary.GetFile().GetDescriptor()))
         return EPERM;
-    if (!temporary.File().WriteAll(bytes) || !temporary.File().Sync() || !temporary.MoveTo(target))
+    if (!temporary.GetFile().WriteAll(bytes) || !temporary.GetFile().Sync()
+        || !temporary.MoveTo(target))
         return errno;
-    SyncFolder(FolderOf(target));
+    SyncFolder(TemporaryFile::FolderOf(target));
     return 0;
 }
 
@@ -178,12 +85,6 @@ bool Reserve(const PosixFile& file, int size)
         || (errno != ENOSPC && errno != EDQUOT && errno != EFBIG);
 }
 
-bool Overwrite(PosixFile& file, const QByteArray& bytes)
-{
-    return file.Rewind() && file.WriteAll(bytes)
-        && ::ftruncate(file.GetDescriptor(), bytes.size()) == 0 && file.Sync();
-}
-
 int WriteInPlace(const QByteArray& target, const QByteArray& bytes, const struct stat& old)
 {
     // Nobody may read from a pipe: that must not stop the program.
@@ -198,10 +99,12 @@ int WriteInPlace(const QByteArray& target, const QByteArray& bytes, const struct
     PosixFile reader(target, O_RDONLY | O_NOFOLLOW);
     if (!reader.IsOpen() || !reader.ReadAll(before) || !Reserve(file, bytes.size()))
         return errno;
-    if (Overwrite(file, bytes))
+    InterruptedSave both(target, before, bytes);
+    if (file.WriteOver(bytes))
         return 0;
     const int reason = errno;
-    Overwrite(file, before);
+    if (!file.WriteOver(before))
+        both.Keep();
     return reason;
 }
 
@@ -216,7 +119,7 @@ int Save(const QByteArray& target, const QByteArray& bytes)
     // A folder that is open must not be a way around a file that is closed.
     if (exists && ::faccessat(AT_FDCWD, target.constData(), W_OK, AT_EACCESS) != 0)
         return errno;
-    RemoveLeftovers(FolderOf(target));
+    TemporaryFile::RemoveLeftovers(TemporaryFile::FolderOf(target));
     if (exists && !IsFileReplaceable(old))
         return WriteInPlace(target, bytes, old);
     const int reason = Replace(target, bytes, exists ? &old : nullptr);

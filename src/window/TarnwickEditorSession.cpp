@@ -4,6 +4,7 @@
 #include "editor/CodeEditor.h"
 #include "editor/CodeEditorGroup.h"
 #include "files/GuestTabs.h"
+#include "files/InterruptedSave.h"
 #include "files/SessionLock.h"
 #include "plugin/Logger.h"
 #include "settings/ColorSettings.h"
@@ -14,6 +15,24 @@
 
 #include <QFileInfo>
 
+namespace {
+
+const QString INTERRUPTED_SAVES = QStringLiteral("interruptedSaves");
+
+void FinishInterruptedSaves(const QString& folder)
+{
+    InterruptedSave::SetFolder(
+        folder.isEmpty() ? folder : QStringLiteral("%1/%2").arg(folder, INTERRUPTED_SAVES));
+    const QStringList files = InterruptedSave::FinishAll();
+    for (const QString& path : files) {
+        Logger::Warning(TarnwickEditor::tr("The last session ended while it was saving %1. The "
+                                           "file has now been saved to its end.")
+                            .arg(path));
+    }
+}
+
+} // namespace
+
 bool TarnwickEditor::IsGuest() const
 {
     return m_session && !m_session->IsOwner();
@@ -23,6 +42,7 @@ bool TarnwickEditor::IsGuest() const
 void TarnwickEditor::StartSession()
 {
     const QString folder = Settings::GetUserConfigDirectory();
+    FinishInterruptedSaves(folder);
     m_session = std::make_unique<SessionLock>(folder);
     Settings::ownsUserConfig = m_session->IsOwner();
     if (!IsGuest())

@@ -1,5 +1,6 @@
 #include "files/SafeFile.h"
 
+#include "files/InterruptedSave.h"
 #include "support/TestMain.h"
 
 #include <QTemporaryDir>
@@ -79,6 +80,9 @@ private Q_SLOTS:
     void AFailureLeavesTheOldFile();
     void ADeviceThatIsFullFails();
     void AKilledProcessLeavesOldOrNew();
+    void ASaveInPlaceIsFinishedAfterAKill();
+    void OnlyTornFilesAreMended_data();
+    void OnlyTornFilesAreMended();
 
 private:
     QString Path(const QString& name) const { return m_folder->filePath(name); }
@@ -282,6 +286,68 @@ void SafeFileTest::AKilledProcessLeavesOldOrNew()
     // The next process cleans up, and takes nothing that is not ours.
     QVERIFY(Ends(Start([&] { return Write(Path("a"), "c"); })));
     QCOMPARE(Names(), (QStringList{".b.te2-save-x", "a"}));
+}
+
+void SafeFileTest::ASaveInPlaceIsFinishedAfterAKill()
+{
+    constexpr int ROUNDS = 20;
+    constexpr int LONGEST_LIFE = 60 * 1000; // microseconds
+    const QByteArray texts[] = {QByteArray(4000000, 'a'), QByteArray(3000000, 'b')};
+    std::minstd_rand random(4711);
+    InterruptedSave::SetFolder(Path("saves"));
+    MakeFile("a", texts[0]);
+    QCOMPARE(::link(Path("a").toUtf8(), Path("second name").toUtf8()), 0);
+    for (int round = 0; round < ROUNDS; ++round) {
+        const pid_t child = Start([&] {
+            for (int i = 0;; ++i)
+                Write(Path("a"), texts[i % 2]);
+            return true;
+        });
+        ::usleep(random() % LONGEST_LIFE);
+        ::kill(child, SIGKILL);
+        ::waitpid(child, nullptr, 0);
+        const QByteArray torn = Content("a");
+        // Seldom torn: the kernel finishes most of what it has begun.
+        const bool isMended = !InterruptedSave::FinishAll().isEmpty();
+        QCOMPARE(isMended, torn != texts[0] && torn != texts[1]);
+        const QByteArray content = Content("a");
+        QVERIFY(content == texts[0] || content == texts[1]);
+    }
+    QVERIFY(Write(Path("a"), "c"));
+    InterruptedSave::SetFolder(QString());
+    QCOMPARE(Names(), (QStringList{"a", "second name"}));
+    QVERIFY2(!QFile::exists(Path("saves")), "everything is done");
+}
+
+void SafeFileTest::OnlyTornFilesAreMended_data()
+{
+    QTest::addColumn<QByteArray>("found");
+    QTest::addColumn<QByteArray>("expected");
+    QTest::newRow("the start is new") << QByteArray("new contold") << QByteArray("new content!");
+    QTest::newRow("put back half way")
+        << QByteArray("old contentld") << QByteArray("old contentld");
+    QTest::newRow("longer than both")
+        << QByteArray("new content! and") << QByteArray("new content! and");
+    QTest::newRow("shorter than both") << QByteArray("new") << QByteArray("new");
+    QTest::newRow("somebody else's") << QByteArray("something") << QByteArray("something");
+}
+
+void SafeFileTest::OnlyTornFilesAreMended()
+{
+    QFETCH(QByteArray, found);
+    QFETCH(QByteArray, expected);
+    InterruptedSave::SetFolder(Path("saves"));
+    const auto dies = [&] {
+        InterruptedSave save(Path("a").toUtf8(), "old old old", "new content!");
+        ::_exit(0);
+        return true;
+    };
+    QVERIFY(Ends(Start(dies)));
+    MakeFile("a", found);
+    const bool isMended = !InterruptedSave::FinishAll().isEmpty();
+    InterruptedSave::SetFolder(QString());
+    QCOMPARE(isMended, found != expected);
+    QCOMPARE(Content("a"), expected);
 }
 
 TE2_TEST(SafeFileTest)

@@ -19,7 +19,7 @@
 
 namespace {
 
-const char* const FILES[] = {"a.py", "b.mel", "c.txt"};
+const char* const FILES[] = {"a.py", "b.mel", "c.txt", "d.txt"};
 constexpr int STEP = 2; // ms
 constexpr int LINE_LENGTH = 12;
 constexpr int LINES_AT_MOST = 60; ///< typed into one editor
@@ -170,7 +170,7 @@ void Typist::EndLine()
     // Scripts stay as they begin, so that they can run.
     QTextCursor cursor = m_editor->textCursor();
     cursor.movePosition(QTextCursor::End);
-    if (LabelOf(m_editor) == "c.txt")
+    if (LabelOf(m_editor).endsWith(".txt"))
         cursor.setPosition(
             m_editor->document()->findBlockByNumber(Below(m_editor->blockCount())).position());
     else if (m_editor->blockCount() > LINES_AT_MOST)
