@@ -9,7 +9,6 @@
 #include "editor/CodeEditorErrorBarOverlay.h"
 #include "editor/CodeEditorLineNumbers.h"
 #include "editor/DocumentSearch.h"
-#include "editor/SearchHitLines.h"
 #include "language/PythonCompletion.h"
 #include "plugin/MayaUtil.h"
 #include "settings/Settings.h"
@@ -55,7 +54,6 @@ CodeEditor::CodeEditor(
     auto* text = new QTextDocument(this);
     text->setDocumentLayout(new CodeDocumentLayout(text));
     setDocument(text);
-    m_searchHits = new SearchHitLines(text, this);
     m_search = new DocumentSearch(text, this);
     setFrameShape(QFrame::NoFrame);
     setMouseTracking(true);
@@ -103,7 +101,7 @@ void CodeEditor::CreateConnections()
     connect(this, &QWidget::customContextMenuRequested, this, &CodeEditor::ShowContextMenu);
     connect(
         document(), &QTextDocument::contentsChange, this, &CodeEditor::OnDocumentContentsChanged);
-    connect(m_searchHits, &SearchHitLines::LinesChanged, this, &CodeEditor::OnSearchHitsChanged);
+    connect(m_search, &DocumentSearch::HitBlocksChanged, this, &CodeEditor::OnSearchHitsChanged);
     connect(m_search, &DocumentSearch::Counted, this, &CodeEditor::OnSearchCounted);
     connect(m_textChangeTimer, &QTimer::timeout, this, &CodeEditor::OnTextChangedDelay);
     connect(m_extraSelectionsTimer, &QTimer::timeout, this, &CodeEditor::UpdateExtraSelections);
@@ -376,8 +374,6 @@ void CodeEditor::OnTextChanged()
 
 void CodeEditor::OnTextChangedDelay()
 {
-    if (!m_searchRegEx.pattern().isEmpty())
-        m_searchHits->Search(m_searchRegEx);
     Q_EMIT TextChanged(m_filePath, GetText());
 }
 

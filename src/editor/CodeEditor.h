@@ -23,7 +23,6 @@ class DocumentSearch;
 class Highlighter;
 class KeyBindings;
 class OverlayWidget;
-class SearchHitLines;
 class QAction;
 class QFileSystemWatcher;
 class QHelpEvent;
@@ -170,12 +169,13 @@ public:
 
     // Find and replace, with the current search; they answer whether something was found
     /// Selects and centres the first match that starts at `position` or behind (that ends there
-    /// or before), wrapping round at the ends of the text or the region.
+    /// or before), wrapping round at the ends of the text or the region. False also when that takes
+    /// too long; the match is then shown as soon as all are counted.
     bool Find(int position, bool backward);
     /// Steps over the match that is selected.
     bool FindNext();
     bool FindPrevious();
-    /// FindNext unless a match is selected. What is far away in a long text is shown later.
+    /// FindNext unless a match is selected, with less time for it.
     void FindWhileTyping();
     /// Replaces the match that is selected and goes to the next one; only goes there without one.
     bool Replace(const QString& text);
@@ -333,6 +333,21 @@ private Q_SLOTS:
 
 private:
     /// Roles of the colour scheme, shared by all editors; null where the scheme has none.
+    /// A search that goes on once all matches are counted, unless the selection is another by then.
+    struct PendingFind
+    {
+        int position = -1; ///< -1: none
+        bool backward = false;
+        int selectionStart = 0;
+        int selectionEnd = 0;
+    };
+    /// The region before an edit that took an end of it away.
+    struct RegionBefore
+    {
+        int undoSteps = -1; ///< of the document then
+        int start = -1;
+        int end = -1;
+    };
     struct ColorFormats
     {
         const QTextCharFormat* plainText = nullptr;
@@ -408,7 +423,7 @@ private:
     void AppendFindRegion(ExtraSelections& selections) const;
     // Around the view
     QVector<MarkedSpan> FindOccurrences() const;
-    QVector<MarkedSpan> FindSearchedText() const;
+    QVector<MarkedSpan> FindSearchedText();
     void SetMarkedSpans(QVector<MarkedSpan>& spans, const QVector<MarkedSpan>& newSpans);
     void AppendCurrentMatch(ExtraSelections& selections);
     void AppendMatchingBraces(ExtraSelections& selections) const;
@@ -417,6 +432,7 @@ private:
 
     // Find and replace
     DocumentSearch& UpdateSearch();
+    bool FindWithin(int milliseconds, int position, bool backward);
     void ShowMatch(const TextSpan& match);
     bool IsMatchSelected();
 
@@ -445,6 +461,9 @@ private:
     void OffsetParserMessages(const QVector<PositionChange>& changes);
     /// Every edit inside the region or at its edges belongs to it.
     void OffsetFindInSelection(int position, int removed, int added);
+    void SetFindRegion(int start, int end);
+    /// Whether the change was the undoing of an edit that took an end of the region away.
+    bool RestoreFindRegion();
     /// Tells of a change once and only when the text or a count is another one.
     void UpdateErrorAndWarningText();
     /// Keeps the marks in place for a paint that comes before they are made anew.
@@ -479,13 +498,14 @@ private:
     int m_lastCursorLine = 0; ///< when the marks were made last; from 1
     int m_currentMatchStart = 0; ///< of the found text that is selected
     int m_currentMatchEnd = -1; ///< before the start when none is
-    SearchHitLines* m_searchHits;
     DocumentSearch* m_search;
-    bool m_findWhenCounted = false; ///< the next match was not near enough to be found at once
+    PendingFind m_pendingFind;
     QRegularExpression m_searchRegEx; ///< without pattern while nothing is searched
     bool m_findInSelection = false;
     int m_findInSelectionStart = -1;
     int m_findInSelectionEnd = -1;
+    QVector<RegionBefore> m_regionsBefore; ///< oldest first, for edits that can be undone
+    int m_undoSteps = 0; ///< before the change that is told next
     /// Positions are not carried along while the editor rewrites text itself.
     bool m_rewritingText = false;
     /// The messages are told of the single changes of an edit when it is over.

@@ -9,7 +9,9 @@
 
 namespace {
 
-constexpr int INCREMENTAL_BUDGET = 10; // ms of looking ahead per key
+// Time of looking before the interface goes on and the count is waited for.
+constexpr int FIND_TIME = 250; // ms
+constexpr int INCREMENTAL_FIND_TIME = 10; // ms, per key
 
 /// A match and what stands in its place afterwards.
 struct Replacement
@@ -28,7 +30,9 @@ DocumentSearch& CodeEditor::UpdateSearch()
 
 const DocumentSearch& CodeEditor::CountSearchResults()
 {
-    return UpdateSearch();
+    DocumentSearch& search = UpdateSearch();
+    search.CountSlice();
+    return search;
 }
 
 void CodeEditor::GetSearchResults(const QRegularExpression& expression, int& current, int& total)
@@ -41,24 +45,34 @@ void CodeEditor::GetSearchResults(const QRegularExpression& expression, int& cur
 
 bool CodeEditor::Find(int position, bool backward)
 {
-    DocumentSearch& search = UpdateSearch();
+    return FindWithin(FIND_TIME, position, backward);
+}
+
+bool CodeEditor::FindWithin(int milliseconds, int position, bool backward)
+{
+    const QDeadlineTimer deadline(milliseconds);
+    const DocumentSearch& search = UpdateSearch();
     const bool hasRegion = m_findInSelectionStart >= 0;
     const int first = hasRegion ? m_findInSelectionStart : 0;
     const int last = hasRegion ? m_findInSelectionEnd : document()->characterCount() - 1;
     // Behind the last place, so that an empty match at the very end counts as before it.
     const int wrapped = backward ? last + 1 : first;
-    const int from = position < first || position > last ? wrapped : position;
-    TextSpan found = backward ? search.FindPrevious(from) : search.FindNext(from);
-    if (!found.IsValid())
-        found = backward ? search.FindPrevious(wrapped) : search.FindNext(wrapped);
+    const auto find = [&](int from) {
+        return backward ? search.FindPrevious(from, deadline) : search.FindNext(from, deadline);
+    };
+    TextSpan found = find(position < first || position > last ? wrapped : position);
+    if (!found.IsValid() && !deadline.hasExpired())
+        found = find(wrapped);
+    m_pendingFind = {};
     if (found.IsValid())
         ShowMatch(found);
+    else if (deadline.hasExpired() && !search.IsFinished())
+        m_pendingFind = {position, backward, GetSelectedStartPosition(), GetSelectedEndPosition()};
     return found.IsValid();
 }
 
 void CodeEditor::ShowMatch(const TextSpan& match)
 {
-    m_findWhenCounted = false;
     QTextCursor cursor = textCursor();
     cursor.setPosition(match.start);
     cursor.setPosition(match.end, QTextCursor::KeepAnchor);
@@ -92,33 +106,28 @@ bool CodeEditor::FindPrevious()
 
 void CodeEditor::FindWhileTyping()
 {
-    m_findWhenCounted = false;
-    if (IsMatchSelected())
-        return;
-    if (m_search->IsFinished()) {
-        FindNext();
-        return;
-    }
-    const TextSpan ahead
-        = m_search->FindNext(qMax(GetSelectedStartPosition(), m_findInSelectionStart),
-            QDeadlineTimer(INCREMENTAL_BUDGET));
-    if (ahead.IsValid())
-        ShowMatch(ahead);
-    else
-        m_findWhenCounted = true;
+    m_pendingFind = {};
+    if (!IsMatchSelected())
+        FindWithin(INCREMENTAL_FIND_TIME, GetSelectedStartPosition(), false);
 }
 
 void CodeEditor::OnSearchCounted()
 {
-    if (m_findWhenCounted && m_search->IsFinished()) {
-        m_findWhenCounted = false;
-        FindNext();
+    const PendingFind pending = m_pendingFind;
+    if (pending.position >= 0 && m_search->IsFinished()) {
+        m_pendingFind = {};
+        const bool isStillThere = pending.selectionStart == GetSelectedStartPosition()
+            && pending.selectionEnd == GetSelectedEndPosition();
+        if (isStillThere)
+            Find(pending.position, pending.backward);
     }
     Q_EMIT SearchResultsChanged();
 }
 
 bool CodeEditor::Replace(const QString& text)
 {
+    if (isReadOnly())
+        return false;
     const TextSpan selected{GetSelectedStartPosition(), GetSelectedEndPosition()};
     const QRegularExpressionMatch match = UpdateSearch().GetMatch(selected);
     if (!match.hasMatch())
@@ -132,6 +141,8 @@ bool CodeEditor::Replace(const QString& text)
 int CodeEditor::ReplaceAll(
     const QRegularExpression& expression, const QString& text, bool findInSelection)
 {
+    if (isReadOnly())
+        return 0;
     const bool hasRegion = findInSelection && m_findInSelectionStart >= 0;
     DocumentSearch search(document(), nullptr);
     search.Search(expression, hasRegion ? m_findInSelectionStart : -1, m_findInSelectionEnd);

@@ -39,7 +39,7 @@ void CodeEditorGroup::ConnectEditorSearch(CodeEditor* editor)
             ShowSearchResults();
     });
     connect(editor, &QPlainTextEdit::selectionChanged, this, [this, editor] {
-        if (editor == GetCurrent() && IsFindReplaceVisible() && editor->GetSearch().IsUpToDate())
+        if (editor == GetCurrent() && IsFindReplaceVisible() && editor->GetSearch().IsFinished())
             ShowSearchResults();
     });
 }

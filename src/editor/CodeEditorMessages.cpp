@@ -4,7 +4,6 @@
 #include "editor/CodeEditorErrorBarOverlay.h"
 #include "editor/CodeEditorLineNumbers.h"
 #include "editor/CodeEditorMarkToolTip.h"
-#include "editor/SearchHitLines.h"
 
 #include <QHelpEvent>
 #include <QTextLayout>
@@ -77,7 +76,6 @@ void CodeEditor::OnDocumentContentsChanged(int position, int removed, int added)
     const int addedLines = blockCount() - m_lastBlockCount;
     m_lastBlockCount = blockCount();
     OffsetMarkedSpans(position, removed, added);
-    m_searchHits->Offset(document()->findBlock(position).blockNumber(), addedLines);
     if (addedLines != 0)
         m_errorBar->UpdateMarks();
     if (m_rewritingText)
@@ -110,63 +108,6 @@ void CodeEditor::OffsetMarkedSpans(int position, int removed, int added)
                 span = {span.start + added - removed, span.end + added - removed};
         }
     }
-    ScheduleExtraSelections();
-}
-
-void CodeEditor::OffsetFindInSelection(int position, int removed, int added)
-{
-    const int removedEnd = position + removed;
-    if (position > m_findInSelectionEnd)
-        return;
-    if (removedEnd < m_findInSelectionStart) {
-        m_findInSelectionStart += added - removed;
-        m_findInSelectionEnd += added - removed;
-        return;
-    }
-    m_findInSelectionStart = qMin(m_findInSelectionStart, position);
-    m_findInSelectionEnd = qMax(m_findInSelectionEnd, removedEnd) + added - removed;
-}
-
-void CodeEditor::SetSearchRegEx(const QRegularExpression& expression)
-{
-    m_searchRegEx = expression;
-    m_searchHits->Search(expression);
-    ScheduleExtraSelections();
-}
-
-void CodeEditor::OnSearchHitsChanged()
-{
-    m_errorBar->UpdateMarks();
-}
-
-QVector<int> CodeEditor::GetSearchHitLines() const
-{
-    QVector<int> lines = m_searchHits->GetLines();
-    if (m_findInSelectionStart < 0)
-        return lines;
-    const int first = document()->findBlock(m_findInSelectionStart).blockNumber();
-    const int last = document()->findBlock(m_findInSelectionEnd).blockNumber();
-    lines.erase(std::upper_bound(lines.begin(), lines.end(), last), lines.end());
-    lines.erase(lines.begin(), std::lower_bound(lines.begin(), lines.end(), first));
-    return lines;
-}
-
-void CodeEditor::SetSelectedSearchRegion()
-{
-    const QTextCursor cursor = textCursor();
-    m_findInSelection = true;
-    m_findInSelectionStart = cursor.hasSelection() ? cursor.selectionStart() : -1;
-    m_findInSelectionEnd = cursor.hasSelection() ? cursor.selectionEnd() : -1;
-    OnSearchHitsChanged();
-    ScheduleExtraSelections();
-}
-
-void CodeEditor::ClearFindInSelection()
-{
-    m_findInSelection = false;
-    m_findInSelectionStart = -1;
-    m_findInSelectionEnd = -1;
-    OnSearchHitsChanged();
     ScheduleExtraSelections();
 }
 

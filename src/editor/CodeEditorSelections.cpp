@@ -7,6 +7,7 @@
 #include "editor/CodeEditor.h"
 #include "editor/CodeEditorErrorBarOverlay.h"
 #include "editor/CodeEditorLineNumbers.h"
+#include "editor/DocumentSearch.h"
 #include "editor/TextMatches.h"
 #include "settings/Settings.h"
 
@@ -144,12 +145,6 @@ QVector<CodeEditor::MarkedSpan> CodeEditor::FindOccurrences() const
     return spans;
 }
 
-bool CodeEditor::IsWithinFindRegion(int start, int end) const
-{
-    return !m_findInSelection || m_findInSelectionStart < 0
-        || (start >= m_findInSelectionStart && end <= m_findInSelectionEnd);
-}
-
 bool CodeEditor::IsCurrentMatchSelected() const
 {
     return m_currentMatchEnd > m_currentMatchStart
@@ -157,17 +152,15 @@ bool CodeEditor::IsCurrentMatchSelected() const
         && GetSelectedEndPosition() == m_currentMatchEnd;
 }
 
-QVector<CodeEditor::MarkedSpan> CodeEditor::FindSearchedText() const
+QVector<CodeEditor::MarkedSpan> CodeEditor::FindSearchedText()
 {
-    if (m_searchRegEx.pattern().isEmpty() || !m_searchRegEx.isValid())
+    if (m_searchRegEx.pattern().isEmpty())
         return {};
+    const DocumentSearch& search = UpdateSearch();
     QVector<MarkedSpan> spans;
     for (const QTextBlock& block : GetNearbyBlocks()) {
-        for (const TextMatch& match : FindMatches(block.text(), m_searchRegEx)) {
-            const int start = block.position() + match.start;
-            if (IsWithinFindRegion(start, start + match.length))
-                spans.append({start, start + match.length});
-        }
+        for (const TextSpan& match : search.GetMatchesIn(block))
+            spans.append({match.start, match.end});
     }
     return spans;
 }

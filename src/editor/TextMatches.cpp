@@ -1,7 +1,5 @@
 #include "editor/TextMatches.h"
 
-#include <QRegularExpression>
-
 #include <algorithm>
 
 namespace {
@@ -39,18 +37,6 @@ QVector<TextMatch> FindOccurrences(const QString& line, const QString& text, boo
         if (!wholeWords || !touchesWord)
             matches.append({found, length});
         from = found + length;
-    }
-    return matches;
-}
-
-QVector<TextMatch> FindMatches(const QString& line, const QRegularExpression& expression)
-{
-    QVector<TextMatch> matches;
-    QRegularExpressionMatchIterator iterator = expression.globalMatch(line);
-    while (iterator.hasNext()) {
-        const QRegularExpressionMatch match = iterator.next();
-        if (match.capturedLength() > 0)
-            matches.append({match.capturedStart(), match.capturedLength()});
     }
     return matches;
 }

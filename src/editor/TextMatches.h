@@ -3,8 +3,6 @@
 #include <QString>
 #include <QVector>
 
-class QRegularExpression;
-
 /// A piece of one line: column from 0 and length, at least 1.
 struct TextMatch
 {
@@ -22,6 +20,3 @@ bool IsWholeWord(const QString& line, int start, int length);
 /// Where `text` stands in the line, case-sensitive and without overlaps; with `wholeWords` only
 /// where no letter, digit or underscore stands beside it.
 QVector<TextMatch> FindOccurrences(const QString& line, const QString& text, bool wholeWords);
-
-/// Where the expression matches in the line; empty matches are left out.
-QVector<TextMatch> FindMatches(const QString& line, const QRegularExpression& expression);

@@ -2,21 +2,11 @@
 
 #include "editor/DocumentSearch.h"
 #include "editor/FindReplaceWidget.h"
-#include "editor/TextMatches.h"
 #include "output/OutputTextEdit.h"
 #include "settings/ColorSettings.h"
 
 #include <QApplication>
 #include <QTextBlock>
-
-namespace {
-
-QTextBlock LastBlock(const QTextCursor& cursor)
-{
-    return cursor.document()->findBlock(cursor.selectionEnd());
-}
-
-} // namespace
 
 void OutputTextEdit::CreateFindReplace()
 {
@@ -227,23 +217,16 @@ void OutputTextEdit::HighlightFoundSelection(int start, int end)
         = ColorSettings::GetOutputFormat(ColorSettings::FIND_REPLACE_MATCHING, false);
     const QTextCursor cursor = QPlainTextEdit::textCursor();
     const TextSpan selected{cursor.selectionStart(), cursor.selectionEnd()};
-    bool isMatchSelected = false;
+    const DocumentSearch& search = UpdateSearch();
     for (QTextBlock block = QPlainTextEdit::document()->findBlock(start);
          block.isValid() && block.position() <= end; block = block.next()) {
-        for (const TextMatch& match : FindMatches(block.text(), m_searchRegEx)) {
-            const int from = block.position() + match.start;
-            const int to = from + match.length;
-            const bool inRegion = !m_findRegion.hasSelection()
-                || (from >= m_findRegion.selectionStart() && to <= m_findRegion.selectionEnd());
-            if (to < start || from > end || !inRegion)
-                continue;
-            AppendSelection(from, to, found);
-            isMatchSelected |= from == selected.start && to == selected.end;
+        for (const TextSpan& match : search.GetMatchesIn(block)) {
+            // One that goes on in the next block stands there, too.
+            if (match.end >= start && match.start <= end && match.start >= block.position())
+                AppendSelection(match.start, match.end, found);
         }
     }
-    // Piece by piece, a match that goes over from one to the next is not seen.
-    if (!isMatchSelected && cursor.hasSelection() && LongLines::Continues(LastBlock(cursor)))
-        isMatchSelected = IsMatchSelected();
+    const bool isMatchSelected = cursor.hasSelection() && search.IsMatch(selected);
     if (!isMatchSelected)
         return;
     AppendSelection(selected.start, selected.end,

@@ -2,6 +2,7 @@
 #include "editor/CodeEditorGroup.h"
 #include "editor/DocumentSearch.h"
 #include "editor/FindReplaceWidget.h"
+#include "editor/LineSearch.h"
 #include "editor/SearchExpression.h"
 #include "editor/SearchHistory.h"
 #include "settings/KeyBindings.h"
@@ -10,6 +11,8 @@
 #include "window/chrome/ToolLineEdit.h"
 
 #include <QLabel>
+#include <QPoint>
+#include <QRandomGenerator>
 #include <QSignalSpy>
 #include <QTextBlock>
 #include <QtTest>
@@ -87,6 +90,8 @@ private Q_SLOTS:
     void CountsWhatItFinds();
     void CountsLongTextsInSlices();
     void CountsAnewWhenTheTextChanged();
+    void CountsOnlyWhatChanged_data();
+    void CountsOnlyWhatChanged();
     void SaysWhenItGaveUp();
     void ReplacesOneAndGoesOn_data();
     void ReplacesOneAndGoesOn();
@@ -231,6 +236,17 @@ void CodeEditorFindTest::CarriesTheRegionAlong()
     editor.textCursor().removeSelectedText();
     editor.GetSearchResults(Literal("ab"), current, total);
     QCOMPARE(total, 1);
+    // What was taken away with one of its ends comes back as it was.
+    const int start = editor.GetFindInSelectionStart();
+    const int end = editor.GetFindInSelectionEnd();
+    for (const QPoint& taken : {QPoint(0, start + 1), QPoint(end - 1, editor.GetText().size())}) {
+        editor.SetCursorSelection(taken.x(), taken.y());
+        editor.textCursor().removeSelectedText();
+        QVERIFY(editor.GetFindInSelectionEnd() - editor.GetFindInSelectionStart() < end - start);
+        editor.undo();
+        QCOMPARE(editor.GetFindInSelectionStart(), start);
+        QCOMPARE(editor.GetFindInSelectionEnd(), end);
+    }
 }
 
 void CodeEditorFindTest::CountsWhatItFinds_data()
@@ -312,6 +328,59 @@ void CodeEditorFindTest::CountsAnewWhenTheTextChanged()
     QCOMPARE(editor.GetSearch().GetNumber(4), 1);
 }
 
+void CodeEditorFindTest::CountsOnlyWhatChanged_data()
+{
+    QTest::addColumn<QString>("pattern");
+    QTest::addColumn<bool>("inRegion");
+    QTest::newRow("plain text") << "ab" << false;
+    QTest::newRow("expression") << "a.|^" << false;
+    QTest::newRow("in a region") << "ab" << true;
+}
+
+/// After any edit everything is as a search that begins anew finds it.
+void CodeEditorFindTest::CountsOnlyWhatChanged()
+{
+    QFETCH(QString, pattern);
+    QFETCH(bool, inRegion);
+    QPlainTextEdit edit;
+    edit.setPlainText(QString("ab abc\nx\nab\n").repeated(30));
+    const QRegularExpression expression
+        = CreateSearchRegEx(pattern, true, false, pattern.contains('.'));
+    int start = inRegion ? 40 : -1;
+    int end = inRegion ? 200 : -1;
+    DocumentSearch search(edit.document(), nullptr);
+    search.Search(expression, start, end);
+    QRandomGenerator random(7);
+    const QStringList texts = {"ab", "\n", "a", "b\nab\n", "ab\n\n\nx ab", "x"};
+    connect(edit.document(), &QTextDocument::contentsChange, this,
+        [&](int position, int removed, int added) {
+            if (inRegion)
+                DocumentSearch::OffsetRegion(start, end, position, removed, added);
+        });
+    for (int i = 0; i < 400; ++i) {
+        QTextCursor cursor(edit.document());
+        cursor.setPosition(random.bounded(edit.document()->characterCount()));
+        const int length = random.bounded(i % 10 == 0 ? 60 : 5);
+        cursor.setPosition(qMin(cursor.position() + length, edit.document()->characterCount() - 1),
+            QTextCursor::KeepAnchor);
+        cursor.insertText(texts.at(random.bounded(texts.size())));
+        if (i % 7 == 0)
+            edit.undo();
+        if (i % 3 == 0)
+            continue; // several edits between two counts
+        search.Finish();
+        DocumentSearch anew(edit.document(), nullptr);
+        anew.Search(expression, start, end);
+        anew.Finish();
+        QVERIFY(search.IsSearching(expression, start, end));
+        QCOMPARE(search.GetTotal(), anew.GetTotal());
+        QCOMPARE(search.GetHitBlocks(), anew.GetHitBlocks());
+        const TextSpan some = anew.FindNext(random.bounded(edit.document()->characterCount()));
+        QCOMPARE(search.GetNumber(some.start), anew.GetNumber(some.start));
+        QCOMPARE(search.FindPrevious(some.start).start, anew.FindPrevious(some.start).start);
+    }
+}
+
 void CodeEditorFindTest::SaysWhenItGaveUp()
 {
     CodeEditor editor({}, &m_keyBindings);
@@ -323,6 +392,10 @@ void CodeEditorFindTest::SaysWhenItGaveUp()
     QVERIFY(editor.GetSearch().HasGivenUp());
     editor.GetSearchResults(Typed("a+x"), current, total);
     QVERIFY(!editor.GetSearch().HasGivenUp());
+    // Going round past such a line is no new attempt on another one.
+    editor.SetSearchRegEx(Typed("(a+)+[xy]"));
+    for (int i = 0; i < 2 * LineSearch::MAXIMUM_GIVEN_UP; ++i)
+        QVERIFY(editor.FindNext());
     // A whole text of such lines is not tried to its end.
     editor.SetText((QString(60, 'a') + "c\n").repeated(1000) + "ax");
     editor.GetSearchResults(Typed("(a+)+[xy]"), current, total);
