@@ -11,12 +11,12 @@
 #include "window/chrome/FlatButton.h"
 #include "window/chrome/OverlayWidget.h"
 #include "window/chrome/Theme.h"
+#include "window/chrome/ToolSeparator.h"
 
 #include <QApplication>
 #include <QClipboard>
 #include <QHBoxLayout>
 #include <QMenu>
-#include <QPainter>
 #include <QStackedWidget>
 #include <QTimer>
 
@@ -26,34 +26,9 @@ namespace {
 
 // Design pixels.
 constexpr int BUTTON_EXTENT = 26;
-constexpr int SEPARATOR_HEIGHT = 16;
-constexpr int SEPARATOR_MARGIN = 4;
 constexpr int TOOLBAR_MARGIN = 6;
 constexpr int MINIMUM_EXTENT = 100; // pixels, of the whole group
 constexpr int SCROLL_INTERVAL = 40; // ms between steps while a scroll button is held
-
-/// The line between two kinds of buttons. It is as large as the interface scale says now.
-class ToolbarSeparator : public QWidget
-{
-public:
-    explicit ToolbarSeparator(QWidget* parent)
-        : QWidget(parent)
-    {
-        setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-    }
-
-    QSize sizeHint() const override
-    {
-        return {Theme::Hairline() + 2 * Theme::Dp(SEPARATOR_MARGIN), Theme::Dp(SEPARATOR_HEIGHT)};
-    }
-
-protected:
-    void paintEvent(QPaintEvent*) override
-    {
-        QPainter(this).fillRect(Theme::Dp(SEPARATOR_MARGIN), 0, Theme::Hairline(), height(),
-            Theme::Color(Theme::Role::RaiseEdge));
-    }
-};
 
 } // namespace
 
@@ -131,11 +106,11 @@ void CodeEditorGroup::CreateLayout()
     auto* tools = new QHBoxLayout(m_miniToolbar);
     tools->addWidget(m_scrollLeftButton);
     tools->addWidget(m_scrollRightButton);
-    tools->addWidget(new ToolbarSeparator(m_miniToolbar));
+    tools->addWidget(new ToolSeparator(m_miniToolbar));
     tools->addWidget(m_executeButton);
     tools->addWidget(m_executeAllButton);
     tools->addWidget(m_executeLineButton);
-    tools->addWidget(new ToolbarSeparator(m_miniToolbar));
+    tools->addWidget(new ToolSeparator(m_miniToolbar));
     tools->addWidget(m_openEditorsButton);
     UpdateMiniToolbarSpacing();
 
