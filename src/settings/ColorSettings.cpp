@@ -201,17 +201,23 @@ void ColorSettings::Initialize()
     outputHighlightOrderedKeys.clear();
     AppendRoles(OUTPUT_ROLES, &ColorSettings::AppendOutputFormat);
     PaintWholeWidth(outputHighlights[FIND_REPLACE_SELECTION]);
-    outputUserDefinedSelections.clear();
-    for (const BuiltInRule& rule : OUTPUT_RULES) {
-        outputUserDefinedSelections += ExtraSelectionProperties(QString::fromLatin1(rule.name),
-            QColor(QLatin1String(rule.foreground)), QColor(), QString::fromLatin1(rule.pattern),
-            true, true, true);
-    }
+    outputUserDefinedSelections = GetBuiltInSelections();
     errorFormat = Wave("#f44646");
     warningFormat = Wave("#ffff00");
     infoFormat = Wave("#569cd6");
     sideBarBaseColor = QColor(QStringLiteral("#262626"));
     sideBarHighlightColor = QColor(QStringLiteral("#363636"));
+}
+
+QVector<ExtraSelectionProperties> ColorSettings::GetBuiltInSelections()
+{
+    QVector<ExtraSelectionProperties> rules;
+    for (const BuiltInRule& rule : OUTPUT_RULES) {
+        rules += ExtraSelectionProperties(QString::fromLatin1(rule.name),
+            QColor(QLatin1String(rule.foreground)), QColor(), QString::fromLatin1(rule.pattern),
+            true, true, true);
+    }
+    return rules;
 }
 
 void ColorSettings::AppendCodeEditorFormat(const QString& key, const QString& label,

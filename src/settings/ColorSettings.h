@@ -78,6 +78,9 @@ public:
     static QString GetExtraSelectionString(const ExtraSelectionProperties& rule);
     static ExtraSelectionProperties LoadExtraSelectionString(const QString& text);
 
+    /// The rules for the console that there are without a file.
+    static QVector<ExtraSelectionProperties> GetBuiltInSelections();
+
     inline static QMap<QString, HighlightProperties> codeEditorHighlights;
     inline static QStringList codeEditorHighlightOrderedKeys;
     inline static QMap<QString, HighlightProperties> outputHighlights;
