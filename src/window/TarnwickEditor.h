@@ -213,6 +213,8 @@ public Q_SLOTS:
     void DecreaseOutputFontSize();
     void ToggleRenderWhitespace();
     void ToggleWordWrap();
+    /// Does not wait for the dialog.
+    void ShowPreferencesDialog();
 
     // Panes. Whatever had the focus in a pane that goes hands it on.
     void ToggleCodeEditor();
@@ -436,6 +438,7 @@ private:
     void UpdateActivityItems();
     void UpdateActivityBar();
     void UpdateActivityToolTips();
+    void OnPreferencesApplied();
     void ShowActivityContextMenu(const QPoint& point);
 
     static const ActionSpec ACTIONS[];
@@ -502,6 +505,7 @@ private:
     QAction* m_replaceNextAction = nullptr;
     QAction* m_replaceAllAction = nullptr;
     QAction* m_clearOutputAction = nullptr;
+    QAction* m_preferencesAction = nullptr;
     QAction* m_renderWhitespaceAction = nullptr;
     QAction* m_wordWrapAction = nullptr;
     QAction* m_toggleCodeEditorAction = nullptr;

@@ -200,12 +200,15 @@ void TarnwickEditor::OnActivityPressed(ActivityBar::Item item)
         else
             ShowSideBarPage(row.page);
     }
+    if (item == ActivityBar::Item::Preferences)
+        ShowPreferencesDialog();
 }
 
 void TarnwickEditor::UpdateActivityItems()
 {
     for (const PageRow& row : PAGES)
         m_activityBar->SetItemShown(row.item, m_sideBar->HasPage(row.page));
+    m_activityBar->SetItemShown(ActivityBar::Item::Preferences, true);
 }
 
 void TarnwickEditor::UpdateActivityBar()
@@ -223,6 +226,9 @@ void TarnwickEditor::UpdateActivityToolTips()
         m_activityBar->SetToolTip(
             row.item, m_keyBindings.GetToolTip(row.binding, ActivityBar::GetLabel(row.item)));
     }
+    constexpr auto PREFERENCES = ActivityBar::Item::Preferences;
+    m_activityBar->SetToolTip(PREFERENCES,
+        m_keyBindings.GetToolTip(KeyBindings::Preferences, ActivityBar::GetLabel(PREFERENCES)));
 }
 
 void TarnwickEditor::ShowActivityContextMenu(const QPoint& point)
