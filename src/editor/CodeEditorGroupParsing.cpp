@@ -139,12 +139,11 @@ void CodeEditorGroup::CreateWorkerThread()
 void CodeEditorGroup::DestroyWorkerThread()
 {
     Q_EMIT ShutdownWorkers();
-    if (!m_workerThread->isRunning()) {
+    // A thread that is just ending no longer counts as running, but still has the worker.
+    if (m_workerThread->wait(SHUTDOWN_MILLISECONDS)) {
         delete m_pylintWorker; // never started, or gone with the thread
         return;
     }
-    if (m_workerThread->wait(SHUTDOWN_MILLISECONDS))
-        return;
     // Deleted while it runs, the thread would take the whole process with it.
     Logger::Error("The pylint thread did not end in time.");
     m_workerThread->setParent(nullptr);
