@@ -4,6 +4,7 @@
 #include "RatioMain.h"
 #include "language/MelAutoCompleter.h"
 #include "language/PythonCompletion.h"
+#include "language/PythonSource.h"
 #include "settings/ColorSettings.h"
 
 #include <QApplication>
@@ -12,11 +13,12 @@
 
 #include <algorithm>
 #include <benchmark/benchmark.h>
+#include <limits>
 
 namespace {
 
 constexpr double FRAME = 30; // ms from the key to the painted list
-constexpr int PYTHON_LINES = 5000;
+constexpr int PYTHON_LINES = 10000;
 // A rare beginning, the commonest one, and words that grow and change.
 const char* const WORDS[] = {"someProcedure1", "polyCommand", "RunTime77", "s", "whi"};
 
@@ -63,17 +65,28 @@ void LongestKey(benchmark::State& state)
     }
 }
 
+/// Reading the text and choosing what the host is asked about an object of a class in it.
 void PreparePythonSource(benchmark::State& state)
 {
     QString text;
-    for (int i = 0; i < PYTHON_LINES; ++i)
-        text += i % 10 == 0
-            ? QStringLiteral("def function_%1(self, argument):\n").arg(i)
-            : QStringLiteral("    value_%1 = call(name[%1], 'text') # why\n").arg(i);
+    for (int i = 0; i < PYTHON_LINES; ++i) {
+        if (i % 100 == 0)
+            text += QStringLiteral("class Class_%1(Class_%2):\n").arg(i).arg(i - 100);
+        else if (i % 10 == 1)
+            text += QStringLiteral("    def method_%1(self, argument):\n").arg(i);
+        else if (i % 10 == 2)
+            text
+                += QStringLiteral("        self.value_%1 = Class_%2(argument)\n").arg(i).arg(i / 2);
+        else
+            text += QStringLiteral("        value_%1 = call(name[%1], 'text') # why\n").arg(i);
+    }
+    const QString line = QStringLiteral("        self.");
     for (auto _ : state) {
-        benchmark::DoNotOptimize(PythonCompletion::EscapedForPython(
-            PythonCompletion::SourceFor(text, PYTHON_LINES / 2, {})));
-        benchmark::DoNotOptimize(PythonCompletion::NamesIn(text, PYTHON_LINES / 2));
+        const PythonSource source(text, PYTHON_LINES / 2 + 5);
+        const QString wanted = PythonCompletion::SourceFor(
+            source, line, QStringLiteral("self"), {}, std::numeric_limits<int>::max());
+        benchmark::DoNotOptimize(PythonCompletion::EscapedForPython(wanted));
+        state.counters["asked_characters"] = wanted.size();
     }
 }
 
@@ -92,7 +105,7 @@ int main(int argc, char** argv)
     TimeGoal("first_key", FRAME);
     Register("longest_key", LongestKey)->UseManualTime();
     TimeGoal("longest_key", FRAME);
-    Register("python_source_of_5k_lines", PreparePythonSource)->UseRealTime();
-    TimeGoal("python_source_of_5k_lines", FRAME);
+    Register("python_source_of_10k_lines", PreparePythonSource)->UseRealTime();
+    TimeGoal("python_source_of_10k_lines", FRAME);
     return RunBenchmarks(argc, argv);
 }

@@ -319,6 +319,7 @@ private Q_SLOTS:
     void OnFileChanged(const QString& path);
     void ShowContextMenu(const QPoint& point);
     void OnCompletionDue();
+    void OnCompletionNamesArrived(bool isExplicit);
     void OnCompletionSelectionRested(const QString& name);
     /// Replaces what was typed of a name, as one step to undo.
     void CompleteCode(const QString& text, int prefixLength);

@@ -47,10 +47,14 @@ AutoCompleter* CodeEditor::GetAutoCompleter()
 {
     if (m_autoCompleter || m_language == CodeEditorLanguage::Text)
         return m_autoCompleter;
-    if (m_language == CodeEditorLanguage::Mel)
+    if (m_language == CodeEditorLanguage::Mel) {
         m_autoCompleter = new MelAutoCompleter(this);
-    else
-        m_autoCompleter = new PythonAutoCompleter(this);
+    } else {
+        auto* const completer = new PythonAutoCompleter(this);
+        connect(completer, &PythonAutoCompleter::NamesArrived, this,
+            &CodeEditor::OnCompletionNamesArrived);
+        m_autoCompleter = completer;
+    }
     connect(m_autoCompleter, &AutoCompleter::Accepted, this, &CodeEditor::CompleteCode);
     connect(m_autoCompleter, &AutoCompleter::SelectionRested, this,
         &CodeEditor::OnCompletionSelectionRested);
@@ -129,6 +133,12 @@ void CodeEditor::OnCompletionDue()
     const QTextCursor cursor = textCursor();
     if (hasFocus() && !cursor.hasSelection() && cursor.position() == m_completionPosition)
         UpdateAutoCompleter(false);
+}
+
+void CodeEditor::OnCompletionNamesArrived(bool isExplicit)
+{
+    if (hasFocus() && !textCursor().hasSelection())
+        UpdateAutoCompleter(isExplicit);
 }
 
 void CodeEditor::UpdateCompleterBeforeKey(const QKeyEvent& event)

@@ -2,6 +2,8 @@
 
 #include "language/PrefixFilterModel.h"
 #include "language/PythonForcedImports.h"
+#include "language/PythonSource.h"
+#include "language/PythonSourceLoader.h"
 #include "plugin/MayaUtil.h"
 #include "settings/Settings.h"
 
@@ -10,25 +12,37 @@
 #include <QTextBlock>
 
 #include <algorithm>
+#include <limits>
 
 namespace {
 
 constexpr int ANSWER_LIFETIME = 2000; // ms
 constexpr int PATIENCE = 150; // ms
-
-/// Public names first, each kind without regard to case.
-bool IsListedBefore(const QString& left, const QString& right)
-{
-    const bool leftIsPrivate = left.startsWith(QLatin1Char('_'));
-    if (leftIsPrivate != right.startsWith(QLatin1Char('_')))
-        return !leftIsPrivate;
-    const int order = left.compare(right, Qt::CaseInsensitive);
-    return order != 0 ? order < 0 : left < right;
-}
+/// Characters that the host would not read within the patience.
+constexpr int LONGEST_SOURCE = 150000;
+constexpr int MAXIMUM_WORDS = 400; ///< of a text that are listed at a time
 
 bool IsPrivate(const QString& name)
 {
     return name.startsWith(QLatin1Char('_'));
+}
+
+bool IsListedBefore(const QString& left, const QString& right)
+{
+    return PythonSource::IsListedBefore(left, right);
+}
+
+/// Empty where it is not known what the name stands for.
+QString IconOf(PythonNameKind kind)
+{
+    switch (kind) {
+    case PythonNameKind::Function: return QStringLiteral("python_method");
+    case PythonNameKind::Class: return QStringLiteral("python_class");
+    case PythonNameKind::Import: return QStringLiteral("python_import");
+    case PythonNameKind::Variable: return QStringLiteral("python_variable");
+    case PythonNameKind::Unknown: break;
+    }
+    return {};
 }
 
 const QString& LanguageIcon()
@@ -41,11 +55,14 @@ const QString& LanguageIcon()
 
 PythonAutoCompleter::PythonAutoCompleter(QPlainTextEdit* editor)
     : AutoCompleter(editor)
-    , m_lineCount(editor->blockCount())
+    , m_loader(new PythonSourceLoader(editor->document(), this))
 {
     Initialize();
-    connect(editor->document(), &QTextDocument::contentsChange, this,
-        &PythonAutoCompleter::OnContentsChange);
+    connect(m_loader, &PythonSourceLoader::Loaded, this, &PythonAutoCompleter::OnSourceLoaded);
+    connect(m_loader, &PythonSourceLoader::Changed, this, [this] {
+        m_answers.clear();
+        m_isAwaited = false;
+    });
 }
 
 void PythonAutoCompleter::UpdateModel()
@@ -66,6 +83,7 @@ bool PythonAutoCompleter::ValidateAndSetPrefix(const QTextCursor& cursor)
 void PythonAutoCompleter::Update(
     const QTextCursor& cursor, const QRect& cursorRect, bool applyIfSingle)
 {
+    m_isAwaited = false;
     const bool isSame = isVisible() && m_shownObject == m_request.object;
     const bool isNothingTyped = m_request.prefix.isEmpty() && m_request.object.isEmpty();
     if (!isSame)
@@ -74,91 +92,135 @@ void PythonAutoCompleter::Update(
         hide();
         return;
     }
-    m_shownObject = m_request.object;
+    const bool isListed = isSame && !m_isListCut
+        && m_request.prefix.startsWith(m_listedPrefix, Qt::CaseInsensitive);
+    if (!isListed)
+        ListNames(cursor);
     AutoCompleter::Update(cursor, cursorRect, applyIfSingle);
 }
 
-/// What is typed into the line that was asked for changes no answer.
-void PythonAutoCompleter::OnContentsChange(int position, int /*removed*/, int added)
+void PythonAutoCompleter::OnSourceLoaded()
 {
-    const QTextDocument& document = *GetEditor().document();
-    const bool isWithinLine = document.blockCount() == m_lineCount
-        && document.findBlock(position).blockNumber() == m_answersLine
-        && document.findBlock(position + added).blockNumber() == m_answersLine;
-    m_lineCount = document.blockCount();
-    if (!isWithinLine)
-        m_answers.clear();
+    const bool isAwaited = m_isAwaited;
+    m_isAwaited = false;
+    // Whoever went on without a word does not want the list any more.
+    if (isAwaited && GetEditor().textCursor().position() == m_awaitedPosition)
+        Q_EMIT NamesArrived(m_awaitedExplicitly);
 }
 
-void PythonAutoCompleter::DropStaleAnswers(const QTextCursor& cursor)
+void PythonAutoCompleter::DropStaleAnswers(int line)
 {
-    if (m_answersLine == cursor.blockNumber() && m_answersAge.isValid()
+    if (m_answersLine == line && m_answersAge.isValid()
         && !m_answersAge.hasExpired(ANSWER_LIFETIME))
         return;
     m_answers.clear();
-    m_answersLine = cursor.blockNumber();
+    m_answersLine = line;
     m_answersAge.start();
 }
 
 bool PythonAutoCompleter::FetchNames(const QTextCursor& cursor, bool isExplicit)
 {
     const QString& object = m_request.object;
-    if (!isExplicit && m_slowObjects.contains(object))
+    const bool asksHost = isExplicit || !m_slowObjects.contains(object);
+    if (!asksHost && !object.isEmpty())
         return false;
-    DropStaleAnswers(cursor);
+    const Source source = m_loader->Fetch(cursor.blockNumber());
+    if (!source) {
+        m_isAwaited = true;
+        m_awaitedExplicitly = isExplicit;
+        m_awaitedPosition = cursor.position();
+        return false;
+    }
+    DropStaleAnswers(cursor.blockNumber());
+    m_source = source;
     const QString key = m_request.isImport ? QLatin1String("from ") + object : object;
-    if (!m_answers.contains(key)) {
-        const bool wasQuick = Ask(key, cursor);
+    if (asksHost && !m_answers.contains(key)) {
+        const bool wasQuick = Ask(key, cursor.block().text(), isExplicit);
         if (!wasQuick)
             m_slowObjects.insert(object);
         // Nobody waits for what nobody asked for.
-        if (!wasQuick && !isExplicit)
+        if (!wasQuick && !isExplicit && !object.isEmpty())
             return false;
     }
-    ShowAnswer(m_answers.value(key), cursor);
+    m_shownObject = object;
+    m_shownNames = m_answers.value(key);
     return true;
 }
 
-/// False when it took too long.
-bool PythonAutoCompleter::Ask(const QString& key, const QTextCursor& cursor)
+/// False when it took too long, or would have.
+bool PythonAutoCompleter::Ask(const QString& key, const QString& lineText, bool isExplicit)
 {
     const QString& object = m_request.object;
     QStringList imports = PythonForcedImports::Statements();
     if (m_request.isImport)
         imports.append(QLatin1String("import ") + object);
+    const QString source = PythonCompletion::SourceFor(*m_source, lineText, object, imports,
+        isExplicit ? std::numeric_limits<int>::max() : LONGEST_SOURCE);
+    if (source.isEmpty())
+        return false;
     QElapsedTimer clock;
     clock.start();
-    const QString text = GetEditor().toPlainText();
-    const QString source = PythonCompletion::SourceFor(text, cursor.blockNumber(), imports);
-    Answer answer;
+    QStringList names;
     MayaUtil::PythonAttributesFromSource(
-        PythonCompletion::EscapedForPython(source), object, answer.names, false);
-    if (object.isEmpty())
-        answer.words = PythonCompletion::NamesIn(text, cursor.blockNumber());
-    m_answers.insert(key, answer);
+        PythonCompletion::EscapedForPython(source), object, names, false);
+    m_answers.insert(key, names);
     return !clock.hasExpired(PATIENCE);
 }
 
-PythonAutoCompleter::Names PythonAutoCompleter::NamesInSource(
-    const Answer& answer, const QTextCursor& cursor) const
+/// Those that begin with the prefix: a long text has more names than a list can show.
+void PythonAutoCompleter::AppendWords(
+    const PythonSource& source, const QSet<QString>& language, Names& names)
+{
+    const QVector<PythonSource::Name>& words = source.GetWords();
+    const QStringView prefix(m_request.prefix);
+    const auto first = std::lower_bound(words.cbegin(), words.cend(), prefix,
+        [](const PythonSource::Name& word, QStringView wanted) {
+            const bool isPrivate = word.text.startsWith(QLatin1Char('_'));
+            if (isPrivate != wanted.startsWith(QLatin1Char('_')))
+                return !isPrivate && !wanted.isEmpty();
+            return word.text.compare(wanted, Qt::CaseInsensitive) < 0;
+        });
+    // First what matches the case, which comes first in the list, too.
+    for (const bool isExact : {true, false}) {
+        int count = 0;
+        for (auto word = first; word != words.cend(); ++word) {
+            if (!word->text.startsWith(prefix, Qt::CaseInsensitive))
+                break;
+            if (word->text.startsWith(prefix) != isExact)
+                continue;
+            const QString icon = IconOf(word->kind);
+            if (icon.isEmpty() && language.contains(word->text.toString()))
+                continue;
+            if (++count > MAXIMUM_WORDS) {
+                m_isListCut = true;
+                break;
+            }
+            names.append({word->text.toString(), icon});
+        }
+    }
+}
+
+PythonAutoCompleter::Names PythonAutoCompleter::NamesInSource(const QTextCursor& cursor)
 {
     const QStringList keywords = MayaUtil::PythonKeywords();
     const QStringList builtins = MayaUtil::PythonBuiltins();
-    QHash<QString, QString> found = answer.words;
+    QSet<QString> language(keywords.cbegin(), keywords.cend());
+    language.unite(QSet<QString>(builtins.cbegin(), builtins.cend()));
+    Names found;
+    AppendWords(*m_source, language, found);
     // The words of the line itself come and go with every key.
     QString line = cursor.block().text();
     line.remove(cursor.positionInBlock() - m_request.prefix.size(), m_request.prefix.size());
-    const QHash<QString, QString> nearby = PythonCompletion::NamesIn(line, -1);
-    for (auto name = nearby.cbegin(); name != nearby.cend(); ++name)
-        found.insert(name.key(), found.value(name.key()));
-    QSet<QString> language(keywords.cbegin(), keywords.cend());
-    language.unite(QSet<QString>(builtins.cbegin(), builtins.cend()));
-    QSet<QString> own(answer.names.cbegin(), answer.names.cend());
-    for (auto name = found.cbegin(); name != found.cend(); ++name) {
-        if (!language.contains(name.key()) || !name->isEmpty())
-            own.insert(name.key());
+    AppendWords(PythonSource(line), language, found);
+
+    QHash<QString, QString> own; // with icons
+    for (const QString& name : qAsConst(m_shownNames))
+        own.insert(name, LanguageIcon());
+    for (const Name& name : qAsConst(found)) {
+        if (!own.contains(name.text) || !name.iconName.isEmpty())
+            own.insert(name.text, name.iconName.isEmpty() ? LanguageIcon() : name.iconName);
     }
-    QStringList sorted = own.values();
+    QStringList sorted = own.keys();
     std::sort(sorted.begin(), sorted.end(), IsListedBefore);
     QStringList ofLanguage = Settings::pythonIncludeKeywords ? keywords : QStringList();
     if (Settings::pythonIncludeBuiltins)
@@ -168,7 +230,7 @@ PythonAutoCompleter::Names PythonAutoCompleter::NamesInSource(
 
     Names names;
     for (const QString& name : qAsConst(sorted))
-        names.append({name, found.value(name).isEmpty() ? LanguageIcon() : found.value(name)});
+        names.append({name, own.value(name)});
     for (const QString& name : qAsConst(ofLanguage)) {
         if (!name.isEmpty() && !own.contains(name))
             names.append({name, LanguageIcon()});
@@ -189,10 +251,12 @@ PythonAutoCompleter::Names PythonAutoCompleter::AttributeNames(const QStringList
     return names;
 }
 
-void PythonAutoCompleter::ShowAnswer(const Answer& answer, const QTextCursor& cursor)
+void PythonAutoCompleter::ListNames(const QTextCursor& cursor)
 {
-    const Names names
-        = m_request.object.isEmpty() ? NamesInSource(answer, cursor) : AttributeNames(answer.names);
+    m_isListCut = false;
+    const bool isName = m_shownObject.isEmpty();
+    m_listedPrefix = isName ? m_request.prefix : QString();
+    const Names names = isName ? NamesInSource(cursor) : AttributeNames(m_shownNames);
     m_itemModel->clear();
     QList<QStandardItem*> rows;
     for (const Name& name : names)

@@ -1,55 +1,28 @@
 #include "language/PythonCompletion.h"
 
+#include "language/PythonExcerpt.h"
 #include "language/PythonLines.h"
+#include "language/PythonSource.h"
+#include "language/PythonText.h"
 
 #include <QRegularExpression>
 
 namespace {
 
-constexpr int TAB_WIDTH = 8;
+using PythonText::IndentLength;
+using PythonText::IndentWidth;
+using PythonText::IsCode;
+using PythonText::IsName;
 
-int IndentLength(const QString& line)
-{
-    int length = 0;
-    while (length < line.size() && line.at(length).isSpace())
-        ++length;
-    return length;
-}
-
-int IndentWidth(const QString& line)
-{
-    int width = 0;
-    for (const QChar character : line) {
-        if (!character.isSpace())
-            break;
-        width += character == QLatin1Char('\t') ? TAB_WIDTH - width % TAB_WIDTH : 1;
-    }
-    return width;
-}
-
-bool IsCode(const QString& line)
-{
-    const int indent = IndentLength(line);
-    return indent < line.size() && line.at(indent) != QLatin1Char('#');
-}
-
-bool IsNameCharacter(QChar character)
-{
-    return character.isLetterOrNumber() || character == QLatin1Char('_');
-}
+constexpr int SHORT_SOURCE = 8000; ///< characters; the host reads them in a few milliseconds
 
 /// Where the name that ends at `end` begins; `end` itself when none does.
 int NameStart(const QString& text, int end)
 {
     int start = end;
-    while (start > 0 && IsNameCharacter(text.at(start - 1)))
+    while (start > 0 && PythonText::IsNameCharacter(text.at(start - 1)))
         --start;
     return start;
-}
-
-bool IsName(const QString& word)
-{
-    return !word.isEmpty() && !word.at(0).isDigit();
 }
 
 /// The names and dots that end behind the dot at `dot`; empty when anything else is part of it.
@@ -119,82 +92,45 @@ void FreeBranches(QStringList& lines, int from, int indent)
     }
 }
 
-/// Nobody at another place sees the names within a function, and reading them takes the host long.
-/// Only whole functions at the top level go, the one of `line` stays.
-void EmptyFunctions(QStringList& lines, int line)
+const QRegularExpression& TryPattern()
 {
-    static const QRegularExpression FUNCTION(QStringLiteral("^(?:async\\s+)?def\\b"));
-    PythonLineReader reader;
-    int first = -1; // of the function that is read
-    int body = -1;
-    bool isInHead = false;
-    const auto emptyUpTo = [&](int end) {
-        if (first < 0 || body < 0 || (line >= first && line < end))
-            return;
-        for (int i = body; i < end; ++i)
-            lines[i].clear();
-        lines[body] = QStringLiteral(" pass");
-    };
-    for (int i = 0; i < lines.size(); ++i) {
-        const bool continues = reader.Continues(lines[i]);
-        if (continues || !IsCode(lines[i]))
-            continue;
-        if (IndentWidth(lines[i]) > 0) {
-            if (isInHead)
-                body = i;
-            isInHead = false;
-            continue;
-        }
-        emptyUpTo(i);
-        isInHead = FUNCTION.match(lines[i]).hasMatch();
-        first = isInHead ? i : -1;
-        body = -1;
-    }
-    emptyUpTo(lines.size());
+    static const QRegularExpression pattern(QStringLiteral("^(\\s*)try\\b\\s*:"));
+    return pattern;
 }
 
-/// Every name but attributes.
-void AppendWords(const QString& code, QHash<QString, QString>& names)
+bool IsHandler(const QString& line)
 {
-    for (int start = 0; start < code.size();) {
-        if (!IsNameCharacter(code.at(start))) {
-            ++start;
-            continue;
-        }
-        int end = start + 1;
-        while (end < code.size() && IsNameCharacter(code.at(end)))
-            ++end;
-        const bool isAttribute = start > 0 && code.at(start - 1) == QLatin1Char('.');
-        const QString name = code.mid(start, end - start);
-        if (!isAttribute && IsName(name) && !names.contains(name))
-            names.insert(name, QString());
-        start = end;
-    }
+    static const QRegularExpression HANDLER(QStringLiteral("^\\s*(?:except|finally)\\b"));
+    return HANDLER.match(line).hasMatch();
 }
 
-/// What a line of code binds, by the word before it or the sign behind it.
-void AppendDefinitions(const QString& code, QHash<QString, QString>& names)
+/// Whether the block whose head ends above `from`, of that indent, has a handler behind it.
+bool HasHandler(const QStringList& lines, int from, int indent)
 {
-    static const struct
-    {
-        QLatin1String sign; // searched first: most lines define nothing
-        QRegularExpression pattern;
-        QString iconName;
-    } KINDS[] = {
-        // clang-format off
-        {QLatin1String("def "),    QRegularExpression(QStringLiteral("\\bdef\\s+(\\w+)")),                                    QStringLiteral("python_method")},
-        {QLatin1String("class "),  QRegularExpression(QStringLiteral("\\bclass\\s+(\\w+)")),                                  QStringLiteral("python_class")},
-        {QLatin1String("import "), QRegularExpression(QStringLiteral("^\\s*(?:from\\b.*)?\\bimport\\b.*?\\b(\\w+)\\s*$")), QStringLiteral("python_import")},
-        {QLatin1String("="),       QRegularExpression(QStringLiteral("^\\s*(\\w+)\\s*=(?!=)")),                              QStringLiteral("python_variable")},
-        {QLatin1String("for "),    QRegularExpression(QStringLiteral("\\bfor\\s+(\\w+)\\b")),                               QStringLiteral("python_variable")},
-        // clang-format on
-    };
-    for (const auto& kind : KINDS) {
-        if (!code.contains(kind.sign))
+    for (int i = from; i < lines.size(); ++i) {
+        if (IsCode(lines[i]) && IndentWidth(lines[i]) <= indent)
+            return IndentWidth(lines[i]) == indent && IsHandler(lines[i]);
+    }
+    return false;
+}
+
+/// Nobody writes the handlers first: where the statement stands in blocks that have none yet, or
+/// is the first of them itself, there shall be plain blocks.
+void FreeTries(QStringList& lines, const StatementLines& statement)
+{
+    int indent = IndentWidth(lines[statement.first]);
+    bool isLastHandler = IsHandler(lines[statement.first]); // of the block above
+    for (int i = statement.first - 1; i >= 0 && (indent > 0 || isLastHandler); --i) {
+        const int width = IndentWidth(lines[i]);
+        if (!IsCode(lines[i]) || width > indent || (width == indent && !isLastHandler))
             continue;
-        const QRegularExpressionMatch match = kind.pattern.match(code);
-        if (match.hasMatch())
-            names.insert(match.captured(1), kind.iconName);
+        const bool isSibling = width == indent;
+        const QRegularExpressionMatch match = TryPattern().match(lines[i]);
+        const bool isBare = isSibling || !HasHandler(lines, statement.last + 1, width);
+        if (match.hasMatch() && isBare)
+            lines[i].replace(0, match.capturedLength(), match.captured(1) + QLatin1String("if 1:"));
+        indent = width;
+        isLastHandler = false;
     }
 }
 
@@ -231,7 +167,20 @@ PythonCompletion::Request PythonCompletion::RequestAt(const QString& before)
     return request;
 }
 
-QString PythonCompletion::SourceFor(const QString& text, int line, const QStringList& imports)
+QString PythonCompletion::SourceFor(const PythonSource& source, const QString& lineText,
+    const QString& object, const QStringList& imports, int limit)
+{
+    if (source.GetSize() <= SHORT_SOURCE)
+        return MarkedSource(source.GetText(lineText), source.GetLine(), imports);
+    const QStringList chain = object.split(QLatin1Char('.'), Qt::SkipEmptyParts);
+    const PythonExcerpt excerpt(source, chain, limit);
+    if (excerpt.IsTooLong())
+        return {};
+    const PythonExcerpt::Text text = excerpt.GetText(lineText);
+    return MarkedSource(text.text, text.line, imports);
+}
+
+QString PythonCompletion::MarkedSource(const QString& text, int line, const QStringList& imports)
 {
     QStringList lines = text.split(QLatin1Char('\n'));
     const StatementLines statement = StatementAt(lines, qMin(line, lines.size() - 1));
@@ -244,28 +193,13 @@ QString PythonCompletion::SourceFor(const QString& text, int line, const QString
         ++next;
     if (next == lines.size() || IndentWidth(lines[next]) <= indent)
         marker += QLatin1String(" pass");
+    FreeTries(lines, statement);
     FreeBranches(lines, statement.last + 1, indent);
     lines[statement.first] = marker;
     for (int i = statement.first + 1; i <= statement.last; ++i)
         lines[i].clear();
-    EmptyFunctions(lines, statement.first);
     lines += imports;
     return lines.join(QLatin1Char('\n'));
-}
-
-QHash<QString, QString> PythonCompletion::NamesIn(const QString& text, int line)
-{
-    QHash<QString, QString> names;
-    PythonLineReader reader;
-    int number = 0;
-    for (const QStringRef& each : text.splitRef(QLatin1Char('\n'))) {
-        reader.Continues(each);
-        if (number++ == line)
-            continue;
-        AppendWords(reader.GetCode(), names);
-        AppendDefinitions(reader.GetCode(), names);
-    }
-    return names;
 }
 
 QString PythonCompletion::EscapedForPython(QString text)

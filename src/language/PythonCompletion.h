@@ -1,7 +1,8 @@
 #pragma once
 
-#include <QHash>
 #include <QStringList>
+
+class PythonSource;
 
 /// What Python completion reads in the edited text before the host is asked. No widgets.
 namespace PythonCompletion {
@@ -19,13 +20,15 @@ struct Request
 /// attributes to offer.
 Request RequestAt(const QString& before);
 
-/// The text with the statement at `line` (from 0) replaced by a definition that marks its place,
-/// other functions at the top level without what is inside, and the imports behind.
-QString SourceFor(const QString& text, int line, const QStringList& imports);
+/// What the host is to be asked about `object`: its text, or of a long one what has to do with the
+/// object, the statement at the source's line replaced by a definition that marks its place, and
+/// the imports behind. `lineText` is what the line holds now. Empty when it is longer than `limit`
+/// characters.
+QString SourceFor(const PythonSource& source, const QString& lineText, const QString& object,
+    const QStringList& imports, int limit);
 
-/// The names that stand in the code of `text`, each with the icon of what it is defined as or an
-/// empty one. Attributes are left out, and so is `line` (from 0; -1: none).
-QHash<QString, QString> NamesIn(const QString& text, int line);
+/// The text with the statement at `line` (from 0) replaced by the definition, and the imports.
+QString MarkedSource(const QString& text, int line, const QStringList& imports);
 
 /// The text as the inside of a Python literal in double quotes.
 QString EscapedForPython(QString text);

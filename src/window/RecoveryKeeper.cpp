@@ -2,7 +2,7 @@
 
 #include "editor/CodeEditor.h"
 #include "files/RecoveryWriter.h"
-#include "window/RecoveryText.h"
+#include "language/DocumentCopy.h"
 
 #include <QEvent>
 #include <QThread>
@@ -41,7 +41,7 @@ struct RecoveryKeeper::Record
     bool isWriting = false;
     bool hasSnapshot = false;
     bool hasFailed = false;
-    std::unique_ptr<RecoveryText> text; ///< while it is being copied
+    std::unique_ptr<DocumentCopy> text; ///< while it is being copied
 };
 
 RecoveryKeeper::Delays RecoveryKeeper::ReadDelays()
@@ -203,7 +203,7 @@ void RecoveryKeeper::OnDue()
         // A slow disk is not given the next one before it is done with the last.
         if (record->text || record->isWriting || !IsPending(*record) || DueTime(*record) > now)
             continue;
-        record->text = std::make_unique<RecoveryText>(record->editor->document());
+        record->text = std::make_unique<DocumentCopy>(record->editor->document());
         m_sliceTimer.start();
     }
     StartTimer();
@@ -273,7 +273,7 @@ void RecoveryKeeper::SnapshotSoon()
 {
     for (const auto& [editor, record] : m_records) {
         if (IsPending(*record) && !record->text && !record->isWriting) {
-            record->text = std::make_unique<RecoveryText>(record->editor->document());
+            record->text = std::make_unique<DocumentCopy>(record->editor->document());
             m_sliceTimer.start();
         }
     }
@@ -282,7 +282,7 @@ void RecoveryKeeper::SnapshotSoon()
 void RecoveryKeeper::TakeAll(Record& record, RecoveryFile::Wait wait)
 {
     if (!record.text)
-        record.text = std::make_unique<RecoveryText>(record.editor->document());
+        record.text = std::make_unique<DocumentCopy>(record.editor->document());
     record.text->TakeSlice(QDeadlineTimer(QDeadlineTimer::Forever));
     Send(record, wait);
 }

@@ -14,7 +14,7 @@
 
 class CodeEditor;
 class QThread;
-class RecoveryText;
+class DocumentCopy;
 class RecoveryWriter;
 
 /// Sees to it that the unsaved text of every editor is on the disk soon after it was typed: after a

@@ -146,11 +146,6 @@ void PythonAutoCompleterTest::MarksTheCursorInTheSource_data()
                                            << "a = f(\ndef g():\n    <> pass";
     QTest::newRow("below a long string") << "'''a (\n'''\n  b|"
                                          << "'''a (\n'''\n  <> pass";
-    QTest::newRow("beside other functions")
-        << "def f(a,\n    b):\n    c\n\n    if d:\n        e\n\nclass C:\n    def g(): h\n"
-           "def i():\n    j|\ndef k(): l"
-        << "def f(a,\n    b):\n pass\n\n\n\n\nclass C:\n    def g(): h\n"
-           "def i():\n    <> pass\ndef k(): l";
     QTest::newRow("below a bracket in a comment") << "a # (\nb|"
                                                   << "a # (\n<> pass";
 }
@@ -161,8 +156,8 @@ void PythonAutoCompleterTest::MarksTheCursorInTheSource()
     QFETCH(QString, source);
     const int line = text.left(text.indexOf('|')).count('\n');
     source.replace("<>", "def __tedefloc__(__tarnwick_lctr_qnht__):");
-    QCOMPARE(
-        PythonCompletion::SourceFor(text.remove('|'), line, {"import x"}), source + "\nimport x");
+    QCOMPARE(PythonCompletion::MarkedSource(text.remove('|'), line, {"import x"}),
+        source + "\nimport x");
 }
 
 void PythonAutoCompleterTest::ListsNamesOfTheSourceThenOfTheLanguage()

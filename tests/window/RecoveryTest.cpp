@@ -6,7 +6,7 @@
 #include "support/TestMain.h"
 #include "window/FilesFixture.h"
 #include "window/RecoveryNotice.h"
-#include "window/RecoveryText.h"
+#include "language/DocumentCopy.h"
 
 #include <QCloseEvent>
 #include <QDirIterator>
@@ -53,7 +53,7 @@ QMap<QString, QString> Snapshots()
     return SnapshotsIn(RecoveryFolder());
 }
 
-QString Joined(const RecoveryText& text)
+QString Joined(const DocumentCopy& text)
 {
     QString all;
     for (const QString& piece : text.GetPieces())
@@ -472,7 +472,7 @@ void RecoveryTest::ACopyFollowsItsDocument()
     int changed = 0;
     for (int round = 0; round < 5; ++round) {
         document.setPlainText(text);
-        RecoveryText copy(&document);
+        DocumentCopy copy(&document);
         connect(&document, &QTextDocument::contentsChange, this,
             [&](int position, int removed, int added) {
                 copy.OnContentsChange(position, removed, added);

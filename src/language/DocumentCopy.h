@@ -9,11 +9,11 @@ class QTextDocument;
 /// A copy of a document's text, taken in slices between events so that no long text holds anything
 /// up, and kept true to the document while that goes on changing. Whoever owns it passes the
 /// document's changes on. Interface thread only.
-class RecoveryText
+class DocumentCopy
 {
 public:
     /// `document` outlives the copy and is not owned.
-    explicit RecoveryText(const QTextDocument* document);
+    explicit DocumentCopy(const QTextDocument* document);
 
     /// Goes on until the whole text has been copied or the time is over; true when it has.
     bool TakeSlice(const QDeadlineTimer& deadline);

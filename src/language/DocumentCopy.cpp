@@ -1,4 +1,4 @@
-#include "window/RecoveryText.h"
+#include "language/DocumentCopy.h"
 
 #include <QTextBlock>
 #include <QTextDocument>
@@ -11,11 +11,11 @@ constexpr int BLOCKS_BETWEEN_LOOKS = 16; ///< at the clock
 
 } // namespace
 
-RecoveryText::RecoveryText(const QTextDocument* document)
+DocumentCopy::DocumentCopy(const QTextDocument* document)
     : m_document(document)
 { }
 
-bool RecoveryText::TakeSlice(const QDeadlineTimer& deadline)
+bool DocumentCopy::TakeSlice(const QDeadlineTimer& deadline)
 {
     // The document counts a line end behind its last line as well.
     const int end = m_document->characterCount() - 1;
@@ -37,7 +37,7 @@ bool RecoveryText::TakeSlice(const QDeadlineTimer& deadline)
     return m_length == end;
 }
 
-void RecoveryText::OnContentsChange(int position, int removed, int added)
+void DocumentCopy::OnContentsChange(int position, int removed, int added)
 {
     if (position >= m_length)
         return;
@@ -50,7 +50,7 @@ void RecoveryText::OnContentsChange(int position, int removed, int added)
         Truncate(position);
 }
 
-void RecoveryText::Truncate(int length)
+void DocumentCopy::Truncate(int length)
 {
     while (m_length > length) {
         QString& last = m_pieces.last();
@@ -62,7 +62,7 @@ void RecoveryText::Truncate(int length)
     }
 }
 
-void RecoveryText::Replace(int position, int removed, const QString& text)
+void DocumentCopy::Replace(int position, int removed, const QString& text)
 {
     int index = 0;
     int offset = position;
@@ -81,7 +81,7 @@ void RecoveryText::Replace(int position, int removed, const QString& text)
     m_pieces[first].insert(insertAt, text);
 }
 
-QString RecoveryText::TextBetween(int start, int end) const
+QString DocumentCopy::TextBetween(int start, int end) const
 {
     QString text;
     QTextBlock block = m_document->findBlock(start);
