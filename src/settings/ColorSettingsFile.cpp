@@ -4,6 +4,7 @@
 #include "settings/IniFile.h"
 #include "settings/Settings.h"
 
+#include <QRegularExpression>
 #include <QSettings>
 
 namespace {
@@ -32,9 +33,24 @@ QColor FieldColor(const QString& field)
     return valid && argb != 0 ? QColor(argb) : QColor();
 }
 
-/// All nine, or none when the text is no rule. Nobody keeps separators out of a pattern.
+/// As rules are written. Nobody keeps separators, or parts of them, out of names and patterns: the
+/// numbers between them tell where each ends.
+QStringList WrittenRuleFields(const QString& text)
+{
+    static const QRegularExpression WRITTEN(
+        QStringLiteral(
+            "^(.*?);;;(\\d+);;;(\\d+);;;([01]);;;([01]);;;(.*);;;([01]);;;([01]);;;([01])\\z"),
+        QRegularExpression::DotMatchesEverythingOption);
+    const QRegularExpressionMatch match = WRITTEN.match(text);
+    return match.hasMatch() ? match.capturedTexts().mid(1) : QStringList();
+}
+
+/// All nine, or none when the text is no rule.
 QStringList RuleFields(const QString& text)
 {
+    const QStringList written = WrittenRuleFields(text);
+    if (!written.isEmpty())
+        return written;
     QStringList fields = text.split(RULE_SEPARATOR);
     if (fields.size() < RULE_FIELDS)
         return {};

@@ -19,6 +19,8 @@ private Q_SLOTS:
     void FormatStringIsAllOrNothing();
     void ChangedRoleIsReadBackAndHasItsDefault();
     void RulesComeInTheOrderOfTheirKeys();
+    void OddTextsOfRulesComeBack_data();
+    void OddTextsOfRulesComeBack();
     void WithoutRulesTheBuiltInOnesAreThere();
     void UnknownRolesAreHarmless();
 
@@ -99,6 +101,47 @@ void ColorSettingsTest::RulesComeInTheOrderOfTheirKeys()
     ColorSettings::WriteUserConfig();
     ColorSettings::ReadUserConfig();
     QCOMPARE(ColorSettings::outputUserDefinedSelections.size(), 1);
+}
+
+void ColorSettingsTest::OddTextsOfRulesComeBack_data()
+{
+    QTest::addColumn<QString>("text");
+    const QStringList texts = {";", ";;", ";;;", ";;;;", "a;", ";a", "a;;;b", "x;;;1;;;2;;;1", "\"",
+        "\"a\"", "'", "\\", "\\\\", "a\\", "^\\d+\\\\$", "a,b", ",", " ", " a ", "\t", "\n",
+        "a\nb\n", "\r\n", "%20", "%1", "@", "@Invalid()", "@@x", "=", "[a]", "#", "\u00e9\u4e2d",
+        "\U0001F642", "\U0001F642abc0", "\u00e9f", "0", "1", "Not Set", "\u2028", "e\u0301"};
+    for (const QString& text : texts)
+        QTest::newRow(qPrintable(
+            QString::number(texts.indexOf(text)) + ": " + text.toUtf8().toPercentEncoding()))
+            << text;
+    QTest::newRow("null character") << "a" + QString(QChar(0)) + "b";
+    QTest::newRow("long") << QString(100000, 'x');
+}
+
+/// In the name as well as in the pattern, of a new file that nobody has in a cache.
+void ColorSettingsTest::OddTextsOfRulesComeBack()
+{
+    QFETCH(QString, text);
+    ColorSettings::outputUserDefinedSelections = {{text, Qt::red, QColor(), "x", true, false, true},
+        {"n", QColor(), Qt::blue, text, false, true, false},
+        {text, Qt::red, Qt::blue, text, true, true, true}};
+    const auto rules = ColorSettings::outputUserDefinedSelections;
+    ColorSettings::WriteUserConfig();
+    // Another name is another file to the cache of what was read.
+    const QString path = ColorSettings::GetUserConfigPath();
+    QVERIFY(QFile::exists(path));
+    const QString copy = path + ".copy.ini";
+    QFile::remove(copy);
+    QVERIFY(QFile::copy(path, copy));
+    const QSettings ini(copy, QSettings::IniFormat);
+    for (int i = 0; i < rules.size(); ++i) {
+        const QString stored = ini.value("customhighlighting/" + QString::number(i)).toString();
+        const ExtraSelectionProperties read = ColorSettings::LoadExtraSelectionString(stored);
+        QCOMPARE(read.name, rules[i].name);
+        QCOMPARE(read.pattern, rules[i].pattern);
+        QCOMPARE(ColorSettings::GetExtraSelectionString(read),
+            ColorSettings::GetExtraSelectionString(rules[i]));
+    }
 }
 
 void ColorSettingsTest::WithoutRulesTheBuiltInOnesAreThere()
