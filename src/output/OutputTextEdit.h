@@ -155,7 +155,17 @@ private:
     bool AnswersUserInput(const QEvent& event) const;
 
     // Extra selections
+    struct Rule
+    {
+        QRegularExpression expression;
+        QTextCharFormat format;
+        bool wholeLine = false;
+        QString name;
+        bool isRegularExpression = false;
+        int slowUpdates = 0; ///< one after the other
+    };
     void HighlightUserDefinedSelections(int start, int end);
+    bool HighlightRule(const Rule& rule, const QStringList& lines, int start);
     void HighlightMatchedSelection(int start, int end);
     void HighlightFoundSelection(int start, int end);
     int EndOfView() const;
@@ -172,13 +182,6 @@ private:
     void PaintCurrentMatch(const QRect& area);
     void OutlineCurrentMatch(
         QPainter& painter, const QTextBlock& block, const QPointF& offset) const;
-
-    struct Rule
-    {
-        QRegularExpression expression;
-        QTextCharFormat format;
-        bool wholeLine = false;
-    };
 
     KeyBindings* m_keyBindings; ///< not owned
     LongLines m_longLines;

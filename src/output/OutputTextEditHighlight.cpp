@@ -1,10 +1,13 @@
 // What is drawn over the console's text, for the lines in view alone.
 
+#include "editor/SearchExpression.h"
 #include "output/OutputTextEdit.h"
 #include "output/SelectionPattern.h"
+#include "plugin/Logger.h"
 #include "settings/ColorSettings.h"
 #include "settings/Settings.h"
 
+#include <QElapsedTimer>
 #include <QTextBlock>
 
 namespace {
@@ -17,6 +20,11 @@ constexpr int CHARACTERS_OF_LAST_LINE = 10000;
 /// A line this long gets marks only in view and this far beside it; there may be thousands.
 constexpr int WIDE_LINE = 2000;
 constexpr int CHARACTERS_BESIDE = 100;
+
+// An expression may take as long as it likes on a line that it nearly matches. One that holds up
+// the console several times in a row is not asked any more.
+constexpr int RULE_BUDGET = 20; // ms of one update
+constexpr int MOST_SLOW_UPDATES = 5;
 
 /// The document's text from `start` up to `end`, lines parted by line feeds, without making a copy
 /// of the whole.
@@ -125,9 +133,11 @@ void OutputTextEdit::UpdateRules()
             continue;
         const QString pattern
             = rule.regularExpression ? rule.pattern : QRegularExpression::escape(rule.pattern);
-        const QRegularExpression expression(pattern);
-        if (expression.isValid())
-            m_rules.append({expression, rule.format, rule.wholeLine});
+        const QRegularExpression expression = WithMatchLimit(QRegularExpression(pattern));
+        if (expression.isValid()) {
+            m_rules.append(
+                {expression, rule.format, rule.wholeLine, rule.name, rule.regularExpression, 0});
+        }
     }
 }
 
@@ -137,22 +147,44 @@ void OutputTextEdit::HighlightUserDefinedSelections(int start, int end)
     const QStringList lines = TextBetween(*QPlainTextEdit::document(), start, end)
                                   .replace(QChar::LineSeparator, QLatin1Char('\n'))
                                   .split(QLatin1Char('\n'));
-    for (const Rule& rule : qAsConst(m_rules)) {
-        int lineStart = start;
-        for (const QString& line : lines) {
-            for (auto matches = rule.expression.globalMatch(line); matches.hasNext();) {
-                const QRegularExpressionMatch match = matches.next();
-                if (rule.wholeLine) {
-                    AppendSelection(lineStart, lineStart + line.size(), rule.format);
-                    break;
-                }
-                if (match.capturedLength() > 0)
-                    AppendSelection(lineStart + match.capturedStart(),
-                        lineStart + match.capturedEnd(), rule.format);
-            }
-            lineStart += line.size() + 1;
+    for (Rule& rule : m_rules) {
+        if (rule.slowUpdates >= MOST_SLOW_UPDATES)
+            continue;
+        rule.slowUpdates = HighlightRule(rule, lines, start) ? 0 : rule.slowUpdates + 1;
+        if (rule.slowUpdates == MOST_SLOW_UPDATES) {
+            const QString text
+                = QStringLiteral("The highlight \"%1\" takes too long and rests until "
+                                 "the highlights are changed")
+                      .arg(rule.name);
+            // It appends to the text that is being marked.
+            QMetaObject::invokeMethod(
+                this, [text] { Logger::Warning(text); }, Qt::QueuedConnection);
         }
     }
+}
+
+/// False when the rule took too long; the rest of the lines is left out then.
+bool OutputTextEdit::HighlightRule(const Rule& rule, const QStringList& lines, int start)
+{
+    QElapsedTimer time;
+    time.start();
+    int lineStart = start;
+    for (const QString& line : lines) {
+        for (auto matches = rule.expression.globalMatch(line); matches.hasNext();) {
+            const QRegularExpressionMatch match = matches.next();
+            if (rule.wholeLine) {
+                AppendSelection(lineStart, lineStart + line.size(), rule.format);
+                break;
+            }
+            if (match.capturedLength() > 0)
+                AppendSelection(lineStart + match.capturedStart(), lineStart + match.capturedEnd(),
+                    rule.format);
+        }
+        lineStart += line.size() + 1;
+        if (rule.isRegularExpression && time.hasExpired(RULE_BUDGET))
+            return false;
+    }
+    return true;
 }
 
 void OutputTextEdit::HighlightMatchedSelection(int start, int end)

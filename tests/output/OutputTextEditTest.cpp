@@ -97,6 +97,7 @@ private Q_SLOTS:
     void MarksWhatEqualsTheSelection_data();
     void MarksWhatEqualsTheSelection();
     void SkipsRulesThatAreNoExpression();
+    void EndlessRulesHoldUpNobody();
     void MarksWhatKeysScrollIntoView();
     void AnEmptyTextMovesTheCursor();
     void DrawsNothingWithHighlightingOff();
@@ -414,6 +415,22 @@ void OutputTextEditTest::MarksWhatEqualsTheSelection()
     cursor.setPosition(start + length, QTextCursor::KeepAnchor);
     output.setTextCursor(cursor);
     QTEST(Marked(output), "marked");
+}
+
+/// Tried to the end, the first line alone would take years.
+void OutputTextEditTest::EndlessRulesHoldUpNobody()
+{
+    const QString endless(60, 'a');
+    ColorSettings::outputUserDefinedSelections
+        = {{"endless", Qt::red, QColor(), "^(a+)+$", true, true, true},
+            {"honest", Qt::blue, QColor(), "!", false, false, true}};
+    OutputTextEdit output(&m_keyBindings);
+    output.resize(600, 300);
+    output.show();
+    output.AppendText(endless + "!\naaa\n");
+    QCOMPARE(Marked(output), QStringList({"aaa", "!"}));
+    output.AppendText((endless + "\n").repeated(3));
+    QCOMPARE(Marked(output).size(), 5);
 }
 
 void OutputTextEditTest::SkipsRulesThatAreNoExpression()
