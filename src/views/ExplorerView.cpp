@@ -52,7 +52,8 @@ void ExplorerView::AddSection(SubView* section, double weight)
     m_splitter->addWidget(section);
     connect(section, &SubView::ExpandedChanged, this, &ExplorerView::UpdateHeights);
     connect(section, &SubView::NaturalHeightChanged, this, &ExplorerView::UpdateHeights);
-    connect(section, &SubView::HeaderMenuRequested, this, &ExplorerView::ShowSectionMenu);
+    connect(section, &SubView::HeaderMenuRequested, this,
+        [this, section](const QPoint& point) { ShowSectionMenu(*section, point); });
     connect(section->GetHeader(), &SubViewHeader::StepRequested, this,
         [this, section](int step) { OnStep(section, step); });
 }
@@ -163,10 +164,12 @@ void ExplorerView::OnStep(const SubView* section, int step)
         shown[next]->GetHeader()->setFocus(Qt::TabFocusReason);
 }
 
-void ExplorerView::ShowSectionMenu(const QPoint& globalPoint)
+void ExplorerView::ShowSectionMenu(SubView& section, const QPoint& globalPoint)
 {
     auto* menu = new QMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
+    section.AddMenuEntries(*menu);
+    menu->addSeparator();
     const auto addCheck = [&](const QString& text, bool& option) {
         QAction* const action = menu->addAction(text);
         action->setCheckable(true);

@@ -43,7 +43,7 @@ private:
     void UpdateHandles();
     void OnSplitterMoved();
     void OnStep(const SubView* section, int step);
-    void ShowSectionMenu(const QPoint& globalPoint);
+    void ShowSectionMenu(SubView& section, const QPoint& globalPoint);
 
     GrooveSplitter* m_splitter = nullptr;
     OpenEditorsView* m_openEditors = nullptr;

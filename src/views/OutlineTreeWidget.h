@@ -11,10 +11,17 @@ public:
     using SideBarTree::SideBarTree;
 
     void ClearAll() { clear(); }
+    /// What is said instead of rows: one line, and a fainter one of what can be done about it.
+    void SetEmptyText(const QString& text, const QString& hint);
 
 Q_SIGNALS:
     void FocusOutClearSelection();
 
 protected:
     void focusOutEvent(QFocusEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    QString m_emptyText;
+    QString m_emptyHint;
 };

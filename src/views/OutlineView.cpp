@@ -13,9 +13,10 @@
 #include <QMenu>
 #include <QVBoxLayout>
 
-namespace {
+#include <algorithm>
+#include <utility>
 
-// Design pixels.
+namespace {
 
 constexpr int START_ROLE = Qt::UserRole;
 constexpr int END_ROLE = Qt::UserRole + 1;
@@ -113,6 +114,9 @@ OutlineView::OutlineView(QWidget* parent)
     m_tree->setObjectName(QStringLiteral("m_outlineTree"));
     m_tree->setAccessibleName(tr("Outline"));
     m_tree->setContextMenuPolicy(Qt::CustomContextMenu);
+    // Otherwise the first sorting would run backwards.
+    m_tree->sortByColumn(0, Qt::AscendingOrder);
+    UpdateEmptyText();
     m_icons.resize(static_cast<int>(Kind::Count));
     for (int i = 1; i < m_icons.size(); ++i)
         m_icons[i] = Theme::Icon(QString::fromLatin1(RowOf(static_cast<Kind>(i)).icon));
@@ -163,6 +167,7 @@ void OutlineView::Update()
     const QString filePath = m_parser ? m_parser->GetFilePath() : QString();
     // Most edits move things without making or removing any.
     if (filePath == m_filePath && UpdatePositions(items)) {
+        UpdateEmptyText();
         MarkCursorItem();
         return;
     }
@@ -170,6 +175,8 @@ void OutlineView::Update()
     if (filePath != m_filePath)
         m_missing.clear();
     Clear();
+    // While the tree is empty: sorting moves each row by itself.
+    m_tree->setSortingEnabled(m_sortButton->isChecked());
     m_filePath = filePath;
     const bool updates = m_tree->updatesEnabled();
     m_tree->setUpdatesEnabled(false);
@@ -179,6 +186,7 @@ void OutlineView::Update()
         UpdateMel();
     RestoreExpanded(m_filePath);
     m_tree->setUpdatesEnabled(updates);
+    UpdateEmptyText();
     MarkCursorItem();
 }
 
@@ -196,6 +204,8 @@ void OutlineView::AddItems(const QVector<ParserItem>& items)
 {
     const bool sorted = m_tree->isSortingEnabled();
     m_tree->setSortingEnabled(false);
+    // Given to the tree together, because each row that comes by itself is told to the whole view.
+    m_isFilling = true;
     QVector<QTreeWidgetItem*> parents; // by level; null where a level was jumped over
     for (const ParserItem& item : items) {
         const int level = qBound(0, item.level, items.size());
@@ -204,6 +214,10 @@ void OutlineView::AddItems(const QVector<ParserItem>& items)
         parents[level]
             = AddKind(static_cast<Kind>(item.type), item.name, item.position, EndOf(item), parent);
     }
+    m_isFilling = false;
+    m_tree->addTopLevelItems(std::exchange(m_newRows, {}));
+    for (QTreeWidgetItem* item : std::exchange(m_newHidden, {}))
+        item->setHidden(true);
     m_shown = items;
     m_tree->setSortingEnabled(sorted);
 }
@@ -214,9 +228,15 @@ bool OutlineView::UpdatePositions(const QVector<ParserItem>& items)
     if (items.size() != m_shown.size() || items.size() != m_items.size()
         || !std::equal(items.begin(), items.end(), m_shown.begin(), SameEntry))
         return false;
+    // Positions are nothing to be seen, and there may be thousands that moved.
+    const QSignalBlocker blocker(m_tree->model());
     for (int i = 0; i < items.size(); ++i) {
         const bool* const hidden = RowOf(static_cast<Kind>(items[i].type)).hidden;
-        m_items[i]->setHidden(hidden && *hidden);
+        const bool isHidden = hidden && *hidden;
+        if (m_items[i]->isHidden() != isHidden)
+            m_items[i]->setHidden(isHidden);
+        if (items[i].position == m_shown[i].position)
+            continue;
         m_items[i]->setData(0, START_ROLE, items[i].position);
         m_items[i]->setData(0, END_ROLE, EndOf(items[i]));
     }
@@ -235,9 +255,15 @@ QTreeWidgetItem* OutlineView::AddItem(const QString& name, int start, int end, c
         item->setIcon(0, icon);
     if (parent)
         parent->addChild(item);
+    else if (m_isFilling)
+        m_newRows.append(item);
     else
         m_tree->addTopLevelItem(item);
-    item->setHidden(hidden);
+    // Only what is in the tree can be hidden.
+    if (hidden && m_isFilling)
+        m_newHidden.append(item);
+    else
+        item->setHidden(hidden);
     m_items.append(item);
     return item;
 }
@@ -276,23 +302,36 @@ void OutlineView::Clear()
 
 void OutlineView::CollapseAll()
 {
-    const QSignalBlocker blocker(m_tree);
-    m_tree->collapseAll();
+    SetAllExpanded(false);
+}
+
+void OutlineView::ExpandAll()
+{
+    SetAllExpanded(true);
+}
+
+void OutlineView::SetAllExpanded(bool expanded)
+{
+    {
+        // Saved once instead of with each row.
+        const QSignalBlocker blocker(m_tree);
+        if (expanded)
+            m_tree->expandAll();
+        else
+            m_tree->collapseAll();
+    }
     m_missing.clear();
     SaveExpanded();
+    MarkCursorItem();
 }
 
 void OutlineView::ToggleSort()
 {
     SaveExpanded();
     m_sortButton->setChecked(!m_sortButton->isChecked());
-    // Otherwise the first sorting would run backwards.
-    m_tree->sortByColumn(0, Qt::AscendingOrder);
-    m_tree->setSortingEnabled(m_sortButton->isChecked());
-    if (m_tree->topLevelItemCount() > 0) {
-        m_shown.clear();
-        MarkStale();
-    }
+    // What is shown is made anew, in the new order.
+    m_shown.clear();
+    MarkStale();
 }
 
 void OutlineView::ToggleOption(bool& option)
@@ -349,16 +388,46 @@ void OutlineView::ShowFilterMenu()
     UpdateFilterButton();
     auto* menu = new QMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
+    AddFilters(*menu);
+    menu->popup(m_filterButton->mapToGlobal(QPoint(0, m_filterButton->height())));
+}
+
+void OutlineView::AddFilters(QMenu& menu)
+{
     for (const FilterRow& filter : FILTERS) {
-        QAction* const action = menu->addAction(tr(filter.text));
+        QAction* const action = menu.addAction(tr(filter.text));
         action->setCheckable(true);
         action->setChecked(*filter.option);
         bool* const option = filter.option;
         connect(action, &QAction::triggered, this, [this, option] { ToggleOption(*option); });
     }
-    menu->addSeparator();
-    menu->addAction(tr("Show All"), this, &OutlineView::ShowAllTypes);
-    menu->popup(m_filterButton->mapToGlobal(QPoint(0, m_filterButton->height())));
+    menu.addSeparator();
+    menu.addAction(tr("Show All"), this, &OutlineView::ShowAllTypes);
+}
+
+void OutlineView::AddMenuEntries(QMenu& menu)
+{
+    QAction* const sort = menu.addAction(tr("Sort by Name"), this, &OutlineView::ToggleSort);
+    sort->setCheckable(true);
+    sort->setChecked(m_sortButton->isChecked());
+    AddFilters(*menu.addMenu(tr("Filters")));
+    menu.addAction(tr("Expand All"), this, &OutlineView::ExpandAll);
+    menu.addAction(tr("Collapse All"), this, &OutlineView::CollapseAll);
+}
+
+/// Why there are no rows.
+void OutlineView::UpdateEmptyText()
+{
+    const bool isEmpty = std::none_of(m_items.cbegin(), m_items.cend(),
+        [](const QTreeWidgetItem* item) { return !item->parent() && !item->isHidden(); });
+    if (!isEmpty)
+        m_tree->SetEmptyText({}, {});
+    else if (!m_items.isEmpty())
+        m_tree->SetEmptyText(tr("Everything is hidden"), tr("Filters > Show All"));
+    else if (m_parser)
+        m_tree->SetEmptyText(tr("No declarations in this script"), {});
+    else
+        m_tree->SetEmptyText(tr("No outline"), tr("Scripts in MEL or Python have one."));
 }
 
 void OutlineView::OnSelectionChanged()
@@ -368,9 +437,11 @@ void OutlineView::OnSelectionChanged()
         Q_EMIT SelectionChanged(item->data(0, START_ROLE).toInt(), item->data(0, END_ROLE).toInt());
 }
 
-void OutlineView::SetCursorPosition(int position)
+void OutlineView::SetCursorPosition(int position, int lineStart, int lineEnd)
 {
     m_cursorPosition = position;
+    m_cursorLineStart = lineStart;
+    m_cursorLineEnd = lineEnd;
     if (!IsContentSeen()) {
         MarkStale();
         return;
@@ -382,14 +453,27 @@ void OutlineView::SetCursorPosition(int position)
         m_tree->scrollToItem(m_marked);
 }
 
-/// The last declaration that begins before the cursor, or the closest one around it that is shown.
-void OutlineView::MarkCursorItem()
+/// The last declaration that begins before the cursor; when that is on another line, the first one
+/// behind the cursor on its own: a name comes after the word that declares it.
+QTreeWidgetItem* OutlineView::FindCursorItem() const
 {
     QTreeWidgetItem* found = nullptr;
+    int foundStart = -1;
     for (QTreeWidgetItem* item : qAsConst(m_items)) {
-        if (item->data(0, START_ROLE).toInt() <= m_cursorPosition && !item->isHidden())
-            found = item;
+        const int start = item->data(0, START_ROLE).toInt();
+        const bool isFirstOnLine = start <= m_cursorLineEnd && foundStart < m_cursorLineStart;
+        if ((start > m_cursorPosition && !isFirstOnLine) || item->isHidden())
+            continue;
+        found = item;
+        foundStart = start;
     }
+    return found;
+}
+
+/// Or the closest one around it that is shown.
+void OutlineView::MarkCursorItem()
+{
+    QTreeWidgetItem* found = FindCursorItem();
     for (QTreeWidgetItem* above = found; above; above = above->parent()) {
         if (above->isHidden() || (above->parent() && !above->parent()->isExpanded()))
             found = above->parent();

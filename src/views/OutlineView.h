@@ -27,8 +27,8 @@ public:
     /// Shows what the parser has found; nothing for null. The parser is not owned and is asked
     /// again when an option changes, so it must live until another one takes its place.
     void Update(BaseParser* parser);
-    /// Marks the declaration that the cursor is in.
-    void SetCursorPosition(int position);
+    /// Marks the declaration that the cursor is in. The line is the cursor's own, up to its end.
+    void SetCursorPosition(int position, int lineStart, int lineEnd);
 
     // Items; top-level without a parent
     QTreeWidgetItem* AddItem(const QString& name, int start, int end, const QIcon& icon,
@@ -53,6 +53,7 @@ public:
 
     // Order and filters
     void CollapseAll();
+    void ExpandAll();
     void ToggleSort();
     void ToggleImportVisibility();
     void ToggleMainVisibility();
@@ -70,6 +71,8 @@ public:
     /// Drops what is stored of every other file.
     void ClearInvalidDetails(const QStringList& openFilePaths);
     void MoveStoredDetails(const QString& oldPath, const QString& newPath);
+
+    void AddMenuEntries(QMenu& menu) override;
 
 Q_SIGNALS:
     /// The user chose a declaration: its name is from start to end.
@@ -97,9 +100,13 @@ private:
     void ToggleOption(bool& option);
     void UpdateFilterButton();
     void ShowFilterMenu();
+    void AddFilters(QMenu& menu);
+    void SetAllExpanded(bool expanded);
+    void UpdateEmptyText();
     void OnSelectionChanged();
+    QTreeWidgetItem* FindCursorItem() const;
     void MarkCursorItem();
-    void ExpandStored(QTreeWidgetItem* parent, QSet<QString>& stored);
+    void ExpandStored(QTreeWidgetItem* parent, const QSet<QString>& stored, QSet<QString>& found);
 
     OutlineTreeWidget* m_tree;
     FlatButton* m_sortButton = nullptr;
@@ -107,9 +114,14 @@ private:
     BaseParser* m_parser = nullptr; ///< not owned
     QString m_filePath; ///< of what the tree shows
     QVector<QTreeWidgetItem*> m_items; ///< in the script's order
+    bool m_isFilling = false;
+    QList<QTreeWidgetItem*> m_newRows; ///< top-level ones, while filling
+    QList<QTreeWidgetItem*> m_newHidden;
     QVector<ParserItem> m_shown; ///< what they were made of
     QTreeWidgetItem* m_marked = nullptr;
     int m_cursorPosition = 0;
+    int m_cursorLineStart = 0;
+    int m_cursorLineEnd = 0;
     QVector<QIcon> m_icons; ///< by kind
     QHash<QString, int> m_scrollValues; ///< by file path
     QHash<QString, int> m_scrollMaximums;

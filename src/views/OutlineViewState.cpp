@@ -28,7 +28,7 @@ void OutlineView::SaveExpanded()
     m_scrollMaximums.insert(m_filePath, scrollBar->maximum());
     Settings::outlineExpandedHash.remove(m_filePath);
     for (const QTreeWidgetItem* item : qAsConst(m_items)) {
-        if (item->isExpanded())
+        if (item->childCount() > 0 && item->isExpanded())
             Settings::outlineExpandedHash.insert(m_filePath, NodePath(item));
     }
 }
@@ -41,9 +41,10 @@ void OutlineView::RestoreExpanded(const QString& filePath)
     {
         // The state is as it was stored, so there is nothing to save.
         const QSignalBlocker blocker(m_tree);
-        ExpandStored(m_tree->invisibleRootItem(), nodes);
+        QSet<QString> found;
+        ExpandStored(m_tree->invisibleRootItem(), nodes, found);
+        m_missing = nodes - found;
     }
-    m_missing = nodes;
     if (!m_scrollValues.contains(filePath))
         return;
     QScrollBar* const scrollBar = m_tree->verticalScrollBar();
@@ -51,16 +52,20 @@ void OutlineView::RestoreExpanded(const QString& filePath)
     scrollBar->setValue(m_scrollValues.value(filePath));
 }
 
-/// Takes what it has found out of `stored`.
-void OutlineView::ExpandStored(QTreeWidgetItem* parent, QSet<QString>& stored)
+/// Several items may have the same names above them and be one node.
+void OutlineView::ExpandStored(
+    QTreeWidgetItem* parent, const QSet<QString>& stored, QSet<QString>& found)
 {
     for (int i = 0; i < parent->childCount(); ++i) {
         QTreeWidgetItem* const item = parent->child(i);
         if (item->childCount() == 0)
             continue;
-        if (stored.remove(NodePath(item)))
+        const QString path = NodePath(item);
+        if (stored.contains(path)) {
             item->setExpanded(true);
-        ExpandStored(item, stored);
+            found.insert(path);
+        }
+        ExpandStored(item, stored, found);
     }
 }
 

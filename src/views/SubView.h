@@ -3,6 +3,7 @@
 #include <QWidget>
 
 class FlatButton;
+class QMenu;
 class SubViewHeader;
 
 /// A section of the side bar: a header that expands and collapses the content below it. The state
@@ -25,6 +26,8 @@ public:
     virtual int GetNaturalHeight() const { return 0; }
     /// Focus to the content's main widget, or to the header when collapsed.
     void FocusContent(Qt::FocusReason reason);
+    /// What the section's context menu offers before what all of them do.
+    virtual void AddMenuEntries(QMenu&) { }
 
 Q_SIGNALS:
     void ExpandedChanged();

@@ -12,6 +12,7 @@
 #include "window/TarnwickEditor.h"
 
 #include <QFileDialog>
+#include <QTextBlock>
 
 namespace {
 
@@ -112,7 +113,10 @@ void TarnwickEditor::OnParserUpdated(BaseParser* parser)
 void TarnwickEditor::UpdateOutlineCursor()
 {
     const CodeEditor* const editor = GetActiveCodeEditor();
-    m_sideBar->GetOutline()->SetCursorPosition(editor ? editor->GetCursorPosition() : 0);
+    const QTextBlock line = editor ? editor->textCursor().block() : QTextBlock();
+    const int start = qMax(0, line.position());
+    m_sideBar->GetOutline()->SetCursorPosition(
+        editor ? editor->GetCursorPosition() : 0, start, start + qMax(1, line.length()) - 1);
 }
 
 QString TarnwickEditor::ShowSaveWorkspaceDialog()

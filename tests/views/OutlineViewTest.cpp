@@ -87,6 +87,7 @@ private Q_SLOTS:
     void EditsKeepTheRows();
     void FollowsTheCursor();
     void WorksOnlyWhileSeen();
+    void SaysWhyItIsEmpty();
 
 private:
     /// The visible rows, two blanks a level; "+" behind an expanded one.
@@ -294,6 +295,10 @@ void OutlineViewTest::ExpandedNodesComeBack()
     QCOMPARE(Stored("/a.py"), (QStringList{"Zebra", "ZebraInner"}));
     Show(QVector<Item>(PYTHON) << Item{"more", Type::PythonMethod, 0, 200});
     QVERIFY(Row("Zebra")->isExpanded() && Row("Inner")->isExpanded());
+    // Of nodes with the same names each one does.
+    Show(QVector<Item>(PYTHON) + PYTHON);
+    QVERIFY(m_tree->topLevelItem(2)->isExpanded() && m_tree->topLevelItem(7)->isExpanded());
+    Show(PYTHON);
     // Collapsed again, it stays so, also below a node that is expanded later.
     Row("Inner")->setExpanded(false);
     Show(PYTHON);
@@ -394,10 +399,11 @@ void OutlineViewTest::EditsKeepTheRows()
 void OutlineViewTest::FollowsTheCursor()
 {
     Show(PYTHON);
-    const auto markedAt = [this](int position) {
-        m_view->SetCursorPosition(position);
+    const auto markedOnLine = [this](int position, int lineStart, int lineEnd) {
+        m_view->SetCursorPosition(position, lineStart, lineEnd);
         return Marked();
     };
+    const auto markedAt = [&](int position) { return markedOnLine(position, position, position); };
     QCOMPARE(markedAt(3), QString());
     QCOMPARE(markedAt(7), QString("os"));
     QCOMPARE(markedAt(105), QString("Zebra"));
@@ -405,6 +411,10 @@ void OutlineViewTest::FollowsTheCursor()
     QCOMPARE(markedAt(106), QString("Inner"));
     Row("Inner")->setExpanded(true);
     QCOMPARE(markedAt(107), QString("deep"));
+    // Before the name, on its line; but not before the second name of a line.
+    QCOMPARE(markedOnLine(116, 114, 125), QString("apple"));
+    QCOMPARE(markedOnLine(99, 76, 125), QString("Inner"));
+    QCOMPARE(markedOnLine(113, 109, 113), QString("deep"));
     QCOMPARE(markedAt(500), QString("__main__"));
     m_view->ToggleMainVisibility();
     QCOMPARE(markedAt(501), QString("apple"));
@@ -416,7 +426,7 @@ void OutlineViewTest::WorksOnlyWhileSeen()
 {
     m_explorer->hide();
     Show(PYTHON);
-    m_view->SetCursorPosition(130);
+    m_view->SetCursorPosition(130, 130, 130);
     QVERIFY(Rows().isEmpty());
     m_explorer->show();
     QCOMPARE(Rows().size(), 5);
@@ -426,6 +436,20 @@ void OutlineViewTest::WorksOnlyWhileSeen()
     QCOMPARE(m_tree->topLevelItemCount(), 5);
     m_view->SetExpanded(true);
     QCOMPARE(m_tree->topLevelItemCount(), 0);
+}
+
+void OutlineViewTest::SaysWhyItIsEmpty()
+{
+    QCOMPARE(
+        m_tree->accessibleDescription(), QString("No outline Scripts in MEL or Python have one."));
+    Show({});
+    QCOMPARE(m_tree->accessibleDescription(), QString("No declarations in this script"));
+    Show(PYTHON.mid(0, 2));
+    QCOMPARE(m_tree->accessibleDescription(), QString());
+    m_view->ToggleImportVisibility();
+    QCOMPARE(m_tree->accessibleDescription(), QString("Everything is hidden Filters > Show All"));
+    m_view->ShowAllTypes();
+    QCOMPARE(m_tree->accessibleDescription(), QString());
 }
 
 TE2_TEST(OutlineViewTest)
