@@ -122,6 +122,8 @@ void OutputHighlightingWidget::CreateCommands(QBoxLayout& tools)
             tools.addWidget(new ToolSeparator(this));
         tools.addWidget(button);
         m_buttons.last() = button;
+        // The list comes behind its tools.
+        setTabOrder(button, m_list);
     }
     tools.addStretch(1);
 }
@@ -130,18 +132,18 @@ void OutputHighlightingWidget::CreateLayout()
 {
     auto* tools = new QHBoxLayout;
     CreateCommands(*tools);
-    auto* hint = new QLabel(tr("Later rules paint over earlier ones."), this);
-    hint->setObjectName(QStringLiteral("m_hint"));
+    m_hint = new QLabel(this);
+    m_hint->setObjectName(QStringLiteral("m_hint"));
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addLayout(tools);
     layout->addWidget(m_list, 1);
-    layout->addWidget(hint);
-    FollowLook(this, [this, tools, layout, hint] {
+    layout->addWidget(m_hint);
+    FollowLook(this, [this, tools, layout] {
         tools->setSpacing(Theme::Dp(TOOL_GAP));
         layout->setSpacing(Theme::Dp(GAP));
         m_list->setMinimumSize(Theme::Dp(LIST_WIDTH), Theme::Dp(LIST_HEIGHT));
-        hint->setFont(Theme::SmallFont(font()));
+        m_hint->setFont(Theme::SmallFont(font()));
     });
 }
 
@@ -315,6 +317,9 @@ void OutputHighlightingWidget::UpdateButtons()
         default: return true;
         }
     };
+    m_hint->setText(m_rules.isEmpty()
+            ? tr("Without rules the built-in ones come back at the next start.")
+            : tr("Later rules paint over earlier ones."));
     for (int i = 0; i < m_actions.size(); ++i) {
         m_actions[i]->setEnabled(isPossible(COMMANDS[i].needs));
         if (m_buttons[i])

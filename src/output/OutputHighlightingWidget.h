@@ -8,6 +8,7 @@
 class FlatButton;
 class QAction;
 class QBoxLayout;
+class QLabel;
 class QListWidget;
 class QListWidgetItem;
 
@@ -69,6 +70,7 @@ private:
     void Remember();
 
     QListWidget* m_list = nullptr;
+    QLabel* m_hint = nullptr;
     QVector<QAction*> m_actions; ///< as in COMMANDS
     QVector<FlatButton*> m_buttons; ///< null for a command without one
     QVector<ExtraSelectionProperties> m_rules;
