@@ -2,6 +2,7 @@
 
 #include "window/chrome/Theme.h"
 
+#include <QMouseEvent>
 #include <QPainter>
 
 namespace {
@@ -27,6 +28,13 @@ void OutlineTreeWidget::SetEmptyText(const QString& text, const QString& hint)
     m_emptyHint = hint;
     setAccessibleDescription(QStringLiteral("%1 %2").arg(text, hint).trimmed());
     viewport()->update();
+}
+
+void OutlineTreeWidget::mousePressEvent(QMouseEvent* event)
+{
+    // The menu is about the whole outline; nobody wants to go anywhere.
+    if (event->button() != Qt::RightButton)
+        SideBarTree::mousePressEvent(event);
 }
 
 void OutlineTreeWidget::focusOutEvent(QFocusEvent* event)

@@ -18,6 +18,7 @@ Q_SIGNALS:
     void FocusOutClearSelection();
 
 protected:
+    void mousePressEvent(QMouseEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
