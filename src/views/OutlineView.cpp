@@ -47,12 +47,13 @@ public:
     }
 };
 
-/// Behind the last character that is selected in the script. Of "alias = module" only the alias
-/// stands where the item points.
+/// Behind the last character that is selected in the script. Of "alias = module" and "name
+/// (module)" only the first word stands where the item points.
 int EndOf(const ParserItem& item)
 {
-    const bool alias = item.type == ParserItemType::PythonImportAs;
-    const QString name = alias ? item.name.section(QLatin1Char(' '), 0, 0) : item.name;
+    const bool isFirstWord = item.type == ParserItemType::PythonImportAs
+        || item.type == ParserItemType::PythonFromImport;
+    const QString name = isFirstWord ? item.name.section(QLatin1Char(' '), 0, 0) : item.name;
     return item.position + name.size();
 }
 

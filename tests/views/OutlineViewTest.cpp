@@ -259,12 +259,15 @@ void OutlineViewTest::SelectsTheNameInTheScript_data()
     QTest::addColumn<int>("end");
     QTest::newRow("method") << "apple" << 120 << 125;
     QTest::newRow("only the alias") << "np = numpy" << 27 << 29;
+    QTest::newRow("not the module") << "sqrt (math)" << 150 << 154;
+    QTest::newRow("alias of a name of a module") << "m = mel (maya)" << 160 << 161;
 }
 
 void OutlineViewTest::SelectsTheNameInTheScript()
 {
     QFETCH(QString, name);
-    Show(PYTHON);
+    Show(QVector<Item>(PYTHON) << Item{"sqrt (math)", Type::PythonFromImport, 0, 150}
+                               << Item{"m = mel (maya)", Type::PythonFromImport, 0, 160});
     QSignalSpy selected(m_view, &OutlineView::SelectionChanged);
     QTRY_VERIFY(m_tree->viewport()->rect().contains(m_tree->visualItemRect(Row(name)).center()));
     QTest::mouseClick(m_tree->viewport(), Qt::LeftButton, Qt::NoModifier,
