@@ -55,6 +55,36 @@ bool Write(const QString& path, const QByteArray& bytes)
     return written == reason.isEmpty() && written;
 }
 
+const char* const ACCESS_LIST = "system.posix_acl_access";
+
+/// As the kernel takes it: the owner, the group and everybody else, and a second user besides.
+QByteArray MakeAccessList()
+{
+    constexpr quint32 NO_ID = 0xffffffff;
+    const struct
+    {
+        quint16 tag;
+        quint16 permissions;
+        quint32 id;
+    } ENTRIES[] = {{1, 7, NO_ID}, {2, 6, 4711}, {4, 5, NO_ID}, {16, 7, NO_ID}, {32, 1, NO_ID}};
+    QByteArray list("\2\0\0\0", 4); // the version
+    for (const auto& entry : ENTRIES)
+        list.append(reinterpret_cast<const char*>(&entry), sizeof entry);
+    return list;
+}
+
+bool SetAttribute(const QByteArray& path, const char* name, const QByteArray& value)
+{
+    return ::setxattr(path, name, value.constData(), static_cast<size_t>(value.size()), 0) == 0;
+}
+
+QByteArray Attribute(const QByteArray& path, const char* name)
+{
+    QByteArray value(256, '\0');
+    const ssize_t size = ::getxattr(path, name, value.data(), static_cast<size_t>(value.size()));
+    return value.left(static_cast<int>(size));
+}
+
 struct stat State(const QString& path)
 {
     struct stat state = {};
@@ -144,7 +174,8 @@ void SafeFileTest::KeepsWhatAFileIs()
     if (isRoot)
         QCOMPARE(::chown(path, NOBODY, NOBODY), 0);
     QCOMPARE(::chmod(path, 04751), 0);
-    const bool hasAttributes = ::setxattr(path, "user.te2", "mine", 4, 0) == 0;
+    const bool hasAttribute = SetAttribute(path, "user.te2", "mine");
+    const bool hasAccessList = SetAttribute(path, ACCESS_LIST, MakeAccessList());
     const struct stat before = State(path);
     QVERIFY(Write(path, "new"));
     const struct stat after = State(path);
@@ -152,9 +183,10 @@ void SafeFileTest::KeepsWhatAFileIs()
     QCOMPARE(after.st_mode, before.st_mode);
     QCOMPARE(after.st_uid, before.st_uid);
     QCOMPARE(after.st_gid, before.st_gid);
-    char value[4] = {};
-    if (hasAttributes)
-        QCOMPARE(::getxattr(path, "user.te2", value, 4), ssize_t(4));
+    if (hasAttribute)
+        QCOMPARE(Attribute(path, "user.te2"), QByteArray("mine"));
+    if (hasAccessList)
+        QCOMPARE(Attribute(path, ACCESS_LIST), MakeAccessList());
     // Who cannot give the file away again leaves it where it is.
     if (isRoot) {
         QCOMPARE(::chmod(path, 0666), 0);
