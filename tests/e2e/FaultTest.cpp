@@ -21,8 +21,10 @@ constexpr int LONG_FILE_LINES = 20000;
 /// hundred want a QTEST_FUNCTION_TIMEOUT of their own.
 const char* const KILLS_VARIABLE = "TE2_FAULT_KILLS";
 const char* const SEED_VARIABLE = "TE2_FAULT_SEED";
-constexpr int KILLS = 16;
-constexpr int LONGEST_RUN = 4000; // ms
+constexpr int KILLS = 12;
+constexpr int LONGEST_RUN = 2000; // ms
+/// One host of so many is killed while it still starts.
+constexpr unsigned KILLED_EARLY = 5;
 constexpr int READY_TIMEOUT = 30000; // ms
 const char* const DELAYS = "60:600"; ///< of the snapshots, in ms: people have 2 s and 15 s
 /// The limit of the delays, and what a busy machine may need to keep it.
@@ -122,6 +124,7 @@ private Q_SLOTS:
 private:
     void MakeFiles();
     void Start(QProcess& host, int seed);
+    void WaitUntilReady();
     void Kill(QProcess& host);
     bool ReadJournal();
     bool ReadLine(const QList<QByteArray>& fields);
@@ -173,6 +176,12 @@ void FaultTest::Start(QProcess& host, int seed)
     m_isReady = false;
     host.start(build + "/bin/tarnwick-host", {"-prefs", m_preferences.path()});
     QVERIFY(host.waitForStarted());
+}
+
+void FaultTest::WaitUntilReady()
+{
+    QVERIFY(QTest::qWaitFor([this] { return !ReadJournal() || m_isReady; }, READY_TIMEOUT));
+    QVERIFY2(m_failure.isEmpty(), qPrintable(m_failure));
 }
 
 void FaultTest::Kill(QProcess& host)
@@ -281,14 +290,17 @@ void FaultTest::NothingIsLost()
     for (int i = 0; i < kills; ++i) {
         QProcess host;
         Start(host, i + 1);
+        if (random() % KILLED_EARLY != 0)
+            WaitUntilReady();
         host.waitForFinished(static_cast<int>(random() % LONGEST_RUN));
-        Kill(host);
+        if (!QTest::currentTestFailed())
+            Kill(host);
         if (QTest::currentTestFailed())
             return;
     }
     QProcess host;
     Start(host, kills + 1);
-    QVERIFY(QTest::qWaitFor([this] { return !ReadJournal() || m_isReady; }, READY_TIMEOUT));
+    WaitUntilReady();
     Kill(host);
     // Nothing was ever written by halves, and nothing lies about but what this run kept.
     QDirIterator broken(m_preferences.path(), {"broken"}, QDir::Dirs, QDirIterator::Subdirectories);

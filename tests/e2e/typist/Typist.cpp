@@ -159,11 +159,11 @@ void Typist::EndLine()
     const int choice = Below(100);
     if (choice < 20)
         ChooseEditor();
-    else if (choice < 25)
+    else if (choice < 32)
         Save();
-    else if (choice < 30)
+    else if (choice < 44)
         Execute();
-    else if (choice < 33)
+    else if (choice < 48)
         CloseAndOpen();
     if (!m_editor)
         return;
@@ -184,7 +184,12 @@ void Typist::EndLine()
 void Typist::ChooseEditor()
 {
     const QList<QPlainTextEdit*> editors = Editors();
-    QPlainTextEdit* const wanted = editors.value(Below(editors.size()));
+    GoTo(editors.value(Below(editors.size())));
+}
+
+void Typist::GoTo(QPlainTextEdit* wanted)
+{
+    const QList<QPlainTextEdit*> editors = Editors();
     for (int i = 0; i < editors.size() && !wanted->isVisible(); ++i) {
         for (QPlainTextEdit* shown : editors) {
             if (!shown->isVisible())
@@ -211,7 +216,11 @@ void Typist::Save()
 
 void Typist::Execute()
 {
-    ChooseEditor();
+    // The script of the buffer tells the journal that it ran.
+    if (QPlainTextEdit* const buffer = Below(2) == 0 ? EditorOf("Python") : nullptr)
+        GoTo(buffer);
+    else
+        ChooseEditor();
     if (m_editor)
         QTest::keyClick(m_editor, Qt::Key_Return, Qt::ControlModifier);
 }

@@ -39,6 +39,7 @@ private:
     void AnswerQuestion();
     void OpenFiles();
     void ChooseEditor();
+    void GoTo(QPlainTextEdit* wanted);
     void Trigger(const QString& action);
     void Note(const QString& what);
     void NoteText(const QString& what, const QPlainTextEdit* editor);
