@@ -237,6 +237,7 @@ private:
     void LeaveSearch();
     void EnterSearch();
     bool IsSearching() const;
+    bool ShowReadOnly(const CodeEditor& editor);
     void RunSearch(const std::function<void(CodeEditor&)>& operation);
     void ShowSearchResults();
     void UpdateFindReplacePosition();

@@ -207,15 +207,30 @@ void CodeEditorGroup::FindPrevious()
     RunSearch([](CodeEditor& editor) { editor.FindPrevious(); });
 }
 
+/// Whether nothing can be replaced there, which is told.
+bool CodeEditorGroup::ShowReadOnly(const CodeEditor& editor)
+{
+    if (editor.isReadOnly())
+        m_findReplace->ShowNotice(tr("This text is read-only."));
+    return editor.isReadOnly();
+}
+
 void CodeEditorGroup::Replace(const QString& text)
 {
-    RunSearch([&text](CodeEditor& editor) { editor.Replace(text); });
+    RunSearch([this, &text](CodeEditor& editor) {
+        if (!ShowReadOnly(editor))
+            editor.Replace(text);
+    });
 }
 
 void CodeEditorGroup::ReplaceAll(const QString& text)
 {
     RunSearch([this, &text](CodeEditor& editor) {
-        editor.ReplaceAll(m_searchRegEx, text, editor.IsFindInSelectionEnabled());
+        if (ShowReadOnly(editor))
+            return;
+        const int count = editor.ReplaceAll(m_searchRegEx, text, editor.IsFindInSelectionEnabled());
+        m_findReplace->ShowNotice(
+            count == 1 ? tr("1 match replaced.") : tr("%1 matches replaced.").arg(count));
     });
 }
 

@@ -45,6 +45,7 @@ void FindReplaceWidget::Close()
     if (isHidden())
         return;
     m_history.Add(GetSearchText());
+    ShowNotice({});
     Disappear();
     Q_EMIT Closed();
 }
@@ -52,18 +53,21 @@ void FindReplaceWidget::Close()
 void FindReplaceWidget::FindNext()
 {
     m_history.Add(GetSearchText());
+    ShowNotice({});
     Q_EMIT FindNextRequested();
 }
 
 void FindReplaceWidget::FindPrevious()
 {
     m_history.Add(GetSearchText());
+    ShowNotice({});
     Q_EMIT FindPreviousRequested();
 }
 
 void FindReplaceWidget::Replace()
 {
     m_history.Add(GetSearchText());
+    ShowNotice({});
     Q_EMIT ReplaceRequested(m_replaceLineEdit->text());
 }
 
@@ -151,18 +155,36 @@ void FindReplaceWidget::AnnounceSearch(bool incremental, bool retakeRegion)
     const bool typedAsExpression = m_regularExpressionButton->isChecked();
     QRegularExpression expression = CreateSearchRegEx(GetSearchText(),
         m_matchCaseButton->isChecked(), m_matchWordButton->isChecked(), typedAsExpression);
-    m_searchLineEdit->SetFault(expression.isValid()
-            ? QString()
-            : tr("Invalid expression: %1").arg(expression.errorString()));
+    SetFault(expression.isValid() ? QString() : DescribeFault(GetSearchText()));
+    ShowNotice({});
     m_replaceLineEdit->SetPlainToolTip(typedAsExpression
-            ? tr("\\1 to \\9 insert what the groups found, \\n a line end, \\t a tab, \\\\ a "
-                 "backslash.")
+            ? tr("\\0 inserts the match, \\1 to \\9 and \\g<name> what the groups found,\n"
+                 "\\n a line end, \\t a tab, \\\\ a backslash.")
             : QString());
     if (!expression.isValid())
         expression = QRegularExpression();
     else if (typedAsExpression)
         expression = WithMatchLimit(expression);
     Q_EMIT SearchChanged(expression, IsFindInSelection(), incremental, retakeRegion);
+}
+
+void FindReplaceWidget::SetFault(const QString& fault)
+{
+    m_searchLineEdit->SetFault(fault);
+    m_fault = fault;
+    UpdateMessageLabel();
+}
+
+void FindReplaceWidget::SetMessage(const QString& message)
+{
+    m_message = message;
+    UpdateMessageLabel();
+}
+
+void FindReplaceWidget::ShowNotice(const QString& notice)
+{
+    m_notice = notice;
+    UpdateMessageLabel();
 }
 
 void FindReplaceWidget::SetResults(int current, int total)

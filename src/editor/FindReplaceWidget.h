@@ -52,6 +52,8 @@ public:
     void SetResults(int current, int total);
     /// A sentence below the fields about how the search went; empty takes it away.
     void SetMessage(const QString& message);
+    /// A sentence about what was done, until the next thing is done.
+    void ShowNotice(const QString& notice);
     /// The width of what the bar floats over, in pixels; the bar adapts its own.
     void SetParentWidth(int width);
     void UpdateKeyBindings(const KeyBindings* keyBindings);
@@ -90,7 +92,9 @@ private:
     /// The keys that the bar takes before the field that has the focus.
     bool IsFieldKey(const QKeyEvent& event) const;
     bool HandleKey(const QKeyEvent& event);
+    void SetFault(const QString& fault);
     void UpdateResultsLabel();
+    void UpdateMessageLabel();
     void UpdateReplaceRow();
     void UpdateReplaceFieldWidth();
     void UpdateSize();
@@ -110,6 +114,9 @@ private:
     FlatButton* m_replaceAllButton = nullptr;
     QLabel* m_messageLabel = nullptr;
     SearchHistory m_history;
+    QString m_fault; ///< of the expression
+    QString m_message; ///< about how the search went
+    QString m_notice; ///< about what was done
     bool m_replaceVisible = false;
     bool m_replaceEnabled;
     int m_current = 0; ///< the number shown, from 1

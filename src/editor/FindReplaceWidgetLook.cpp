@@ -131,9 +131,9 @@ void FindReplaceWidget::CreateLayout()
     layout->addLayout(rows, 1);
     QWidget* order = m_toggleReplaceButton;
     for (QWidget* next :
-        std::initializer_list<QWidget*>{m_searchLineEdit, m_matchCaseButton, m_matchWordButton,
-            m_regularExpressionButton, m_previousButton, m_nextButton, m_findInSelectionButton,
-            m_closeButton, m_replaceLineEdit, m_replaceButton, m_replaceAllButton}) {
+        std::initializer_list<QWidget*>{m_searchLineEdit, m_replaceLineEdit, m_matchCaseButton,
+            m_matchWordButton, m_regularExpressionButton, m_previousButton, m_nextButton,
+            m_findInSelectionButton, m_closeButton, m_replaceButton, m_replaceAllButton}) {
         setTabOrder(order, next);
         order = next;
     }
@@ -157,7 +157,7 @@ void FindReplaceWidget::UpdateLook()
     layout()->itemAt(0)->layout()->setContentsMargins(m_replaceEnabled
             ? QMargins(Theme::Dp(TOGGLE_LEFT), above, Theme::Dp(TOGGLE_GAP), 0)
             : QMargins());
-    SetColor(*m_messageLabel, Theme::Role::NoResults);
+    UpdateMessageLabel();
     UpdateResultsLabel();
     UpdateSize();
 }
@@ -191,13 +191,16 @@ void FindReplaceWidget::UpdateResultsLabel()
         button->setEnabled(found);
 }
 
-void FindReplaceWidget::SetMessage(const QString& message)
+void FindReplaceWidget::UpdateMessageLabel()
 {
-    if (m_messageLabel->text() == message)
+    const QString problem = m_fault.isEmpty() ? m_message : m_fault;
+    const QString text = problem.isEmpty() ? m_notice : problem;
+    SetColor(*m_messageLabel, problem.isEmpty() ? Theme::Role::Soft : Theme::Role::NoResults);
+    if (m_messageLabel->text() == text)
         return;
-    m_messageLabel->setText(message);
-    m_messageLabel->setToolTip(message);
-    m_messageLabel->setVisible(!message.isEmpty());
+    m_messageLabel->setText(text);
+    m_messageLabel->setToolTip(text);
+    m_messageLabel->setVisible(!text.isEmpty());
     UpdateSize();
 }
 

@@ -137,6 +137,7 @@ private:
     void CreateFindReplace();
     DocumentSearch& UpdateSearch();
     bool IsMatchSelected();
+    void OnSearchCounted();
     int SelectedMatchNumber() const;
     void ShowSearchResults();
     void TakeFindRegion(bool findInSelection, bool retake);
@@ -194,6 +195,8 @@ private:
     std::unique_ptr<QTextStream> m_logStream; ///< null when not writing
     FindReplaceWidget* m_findReplace = nullptr;
     DocumentSearch* m_search = nullptr;
+    int m_pendingFind = -1; ///< from where to search once all is counted; -1: nothing is sought
+    bool m_isPendingBackward = false;
     QRegularExpression m_searchRegEx; ///< without pattern when nothing is sought
     QTextCursor m_findRegion; ///< null, or selects what alone is searched
     QElapsedTimer m_repaintTimer;

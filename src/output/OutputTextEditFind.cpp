@@ -8,6 +8,14 @@
 #include <QApplication>
 #include <QTextBlock>
 
+#include <utility>
+
+namespace {
+
+constexpr int FIND_TIME = 250; // ms of looking before the count is waited for
+
+} // namespace
+
 void OutputTextEdit::CreateFindReplace()
 {
     using F = FindReplaceWidget;
@@ -27,7 +35,7 @@ void OutputTextEdit::CreateFindReplace()
     connect(m_findReplace, &F::ShowRequested, this,
         [this](bool replace) { ShowFindReplace(replace, true); });
     connect(m_findReplace, &F::Closed, this, &OutputTextEdit::OnFindReplaceClosed);
-    connect(m_search, &DocumentSearch::Counted, this, &OutputTextEdit::ShowSearchResults);
+    connect(m_search, &DocumentSearch::Counted, this, &OutputTextEdit::OnSearchCounted);
 }
 
 void OutputTextEdit::ShowFindReplace(bool /*replace*/, bool focus)
@@ -78,6 +86,7 @@ void OutputTextEdit::OnSearchChanged(
     const QRegularExpression& expression, bool /*findInSelection*/, bool incremental)
 {
     m_searchRegEx = expression;
+    m_pendingFind = -1;
     if (!IsFindReplaceVisible())
         return;
     // From the selection's start, so that typing on keeps the match that grows with it.
@@ -114,14 +123,21 @@ bool OutputTextEdit::IsMatchSelected()
 bool OutputTextEdit::Find(int from, bool backward)
 {
     const DocumentSearch& search = UpdateSearch();
-    TextSpan found = backward ? search.FindPrevious(from) : search.FindNext(from);
+    const QDeadlineTimer deadline(FIND_TIME);
+    const auto find = [&](int position) {
+        return backward ? search.FindPrevious(position, deadline)
+                        : search.FindNext(position, deadline);
+    };
+    TextSpan found = find(from);
+    // Behind the last place, so that an empty match at the very end counts as before it.
+    if (!found.IsValid() && !deadline.hasExpired())
+        found = find(backward ? QPlainTextEdit::document()->characterCount() : 0);
+    m_pendingFind = -1;
     if (!found.IsValid()) {
-        // Behind the last place, so that an empty match at the very end counts as before it.
-        const int end = QPlainTextEdit::document()->characterCount();
-        found = backward ? search.FindPrevious(end) : search.FindNext(0);
-    }
-    if (!found.IsValid())
+        m_pendingFind = deadline.hasExpired() && !search.IsFinished() ? from : -1;
+        m_isPendingBackward = backward;
         return false;
+    }
     QTextCursor cursor = textCursor();
     cursor.setPosition(found.start);
     cursor.setPosition(found.end, QTextCursor::KeepAnchor);
@@ -132,6 +148,14 @@ bool OutputTextEdit::Find(int from, bool backward)
     ScheduleExtraSelections();
     UpdateSearchResults();
     return true;
+}
+
+/// A search that took too long goes on where all is counted.
+void OutputTextEdit::OnSearchCounted()
+{
+    if (m_pendingFind >= 0 && m_search->IsFinished())
+        Find(std::exchange(m_pendingFind, -1), m_isPendingBackward);
+    ShowSearchResults();
 }
 
 void OutputTextEdit::FindNext()
@@ -169,7 +193,7 @@ void OutputTextEdit::UpdateSearchResults()
 {
     if (!IsFindReplaceVisible())
         return;
-    UpdateSearch();
+    UpdateSearch().CountSlice();
     ShowSearchResults();
 }
 

@@ -67,6 +67,7 @@ struct Group
     FindReplaceWidget& Bar() const { return *widget.GetFindReplace(); }
     ToolLineEdit* Field() const { return Bar().findChild<ToolLineEdit*>("m_searchLineEdit"); }
     QString Results() const { return Bar().findChild<QLabel*>("m_resultsLabel")->text(); }
+    QString Message() const { return Bar().findChild<QLabel*>("m_messageLabel")->text(); }
     void Toggle(const char* button) const { Bar().findChild<FlatButton*>(button)->click(); }
 
     KeyBindings keyBindings;
@@ -708,6 +709,16 @@ void CodeEditorFindTest::ReplacesFromTheBar()
     group.Toggle("m_replaceAllButton");
     QCOMPARE(group.Editor().GetText(), QString("1! 2! 3!"));
     QCOMPARE(group.Results(), QString("No Results"));
+    QCOMPARE(group.Message(), QString("2 matches replaced."));
+    // What cannot be changed says so.
+    group.Bar().SetSearchText("!");
+    QCOMPARE(group.Message(), QString());
+    group.Editor().setReadOnly(true);
+    for (const char* button : {"m_replaceButton", "m_replaceAllButton"}) {
+        group.Toggle(button);
+        QCOMPARE(group.Message(), QString("This text is read-only."));
+        QCOMPARE(group.Editor().GetText(), QString("1! 2! 3!"));
+    }
 }
 
 TE2_TEST(CodeEditorFindTest)

@@ -263,10 +263,14 @@ void FindReplaceWidgetTest::ShowsAFaultAndFindsNothing()
     QVERIFY(bar.Announced().pattern().isEmpty());
     QVERIFY(bar.search->property("invalid").toBool());
     QVERIFY(bar.search->toolTip().contains("parenthes"));
+    const auto* message = bar.widget.findChild<QLabel*>("m_messageLabel");
+    QCOMPARE(message->text(), bar.search->toolTip());
+    QVERIFY(message->isVisible());
     bar.widget.SetSearchText("()");
     QVERIFY(!bar.Announced().pattern().isEmpty());
     QVERIFY(!bar.search->property("invalid").toBool());
     QVERIFY(bar.search->toolTip().isEmpty());
+    QVERIFY(!message->isVisible());
 }
 
 void FindReplaceWidgetTest::RemembersWhatWasSought()
