@@ -5,6 +5,7 @@
 #include "editor/SearchExpression.h"
 #include "editor/TextMatches.h"
 
+#include <QScrollBar>
 #include <QTextBlock>
 
 namespace {
@@ -150,6 +151,10 @@ int CodeEditor::ReplaceAll(
     search.VisitAllMatches([&](const TextSpan& span, const QRegularExpressionMatch& match) {
         replacements.append({span, ExpandReplacement(text, match)});
     });
+    // What is in view stays there, whatever lines come and go above.
+    QTextCursor top(firstVisibleBlock());
+    top.setKeepPositionOnInsert(true);
+    const int scrolled = verticalScrollBar()->value() - top.block().firstLineNumber();
     // From the end, so that the places before stay right.
     QTextCursor cursor(document());
     cursor.beginEditBlock();
@@ -160,6 +165,7 @@ int CodeEditor::ReplaceAll(
         cursor.insertText(replacement->text);
     }
     cursor.endEditBlock();
+    verticalScrollBar()->setValue(top.block().firstLineNumber() + scrolled);
     return replacements.size();
 }
 

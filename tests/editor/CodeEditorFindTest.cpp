@@ -13,6 +13,7 @@
 #include <QLabel>
 #include <QPoint>
 #include <QRandomGenerator>
+#include <QScrollBar>
 #include <QSignalSpy>
 #include <QTextBlock>
 #include <QtTest>
@@ -99,6 +100,7 @@ private Q_SLOTS:
     void ReplacesAll_data();
     void ReplacesAll();
     void UndoesReplaceAllInOneStep();
+    void KeepsThePlaceOfReplaceAll();
     void KeepsTheRegionOfReplaceAll();
     void FollowsTyping();
     void SearchesOnFarAheadOnceCounted();
@@ -511,6 +513,24 @@ void CodeEditorFindTest::UndoesReplaceAllInOneStep()
     QVERIFY(!editor.document()->isUndoAvailable());
     editor.redo();
     QCOMPARE(editor.GetText().count("longer"), 1000);
+}
+
+void CodeEditorFindTest::KeepsThePlaceOfReplaceAll()
+{
+    CodeEditor editor({}, &m_keyBindings);
+    editor.resize(500, 200);
+    editor.SetText(QString("a b\n").repeated(1000));
+    editor.show();
+    editor.SetCursorSelection(2002, 2003);
+    editor.ensureCursorVisible();
+    const int top = editor.verticalScrollBar()->value();
+    const int height = editor.cursorRect().top();
+    QVERIFY(top > 400);
+    editor.ReplaceAll(Literal("a"), "a\na", false);
+    QCOMPARE(editor.GetSelectedText(), QString("b"));
+    QCOMPARE(editor.textCursor().blockNumber(), 1001);
+    QCOMPARE(editor.verticalScrollBar()->value(), 2 * top);
+    QVERIFY(editor.cursorRect().top() >= height);
 }
 
 void CodeEditorFindTest::KeepsTheRegionOfReplaceAll()
