@@ -145,8 +145,12 @@ int CodeEditor::ReplaceAll(
     if (isReadOnly())
         return 0;
     const bool hasRegion = findInSelection && m_findInSelectionStart >= 0;
-    DocumentSearch search(document(), nullptr);
-    search.Search(expression, hasRegion ? m_findInSelectionStart : -1, m_findInSelectionEnd);
+    const int start = hasRegion ? m_findInSelectionStart : -1;
+    DocumentSearch another(document(), nullptr);
+    const bool isCounted = m_search->IsSearching(expression, start, m_findInSelectionEnd);
+    if (!isCounted)
+        another.Search(expression, start, m_findInSelectionEnd);
+    const DocumentSearch& search = isCounted ? *m_search : another;
     QVector<Replacement> replacements;
     search.VisitAllMatches([&](const TextSpan& span, const QRegularExpressionMatch& match) {
         replacements.append({span, ExpandReplacement(text, match)});

@@ -41,9 +41,10 @@ bool DocumentSearch::IsKnownEmpty(int number) const
 
 void DocumentSearch::Begin()
 {
+    if (!IsUpToDate() || !m_search.IsSearching())
+        m_snapshot.clear();
     m_revision = m_document->revision();
     m_counts.clear();
-    m_snapshot.clear();
     m_dirtyFrom = 0;
     m_dirtyTo = 0;
     m_total = 0;
@@ -66,7 +67,7 @@ void DocumentSearch::Begin()
     }
     m_counts.fill(0, m_document->blockCount());
     std::fill(m_counts.begin() + m_dirtyFrom, m_counts.begin() + m_dirtyTo, UNKNOWN);
-    if (!m_continues)
+    if (!m_continues && m_snapshot.isNull())
         m_snapshot = m_document->toRawText();
 }
 
