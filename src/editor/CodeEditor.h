@@ -442,7 +442,9 @@ private:
         = std::pair<QVector<MarkedSpan>::const_iterator, QVector<MarkedSpan>::const_iterator>;
     /// The spans, ascending, that begin from `start` to before `end`.
     static SpanSlice SpansWithin(const QVector<MarkedSpan>& spans, int start, int end);
-    QVector<QTextLayout::FormatRange> MarkedRanges(const QTextBlock& block) const;
+    static MarkedSpan PaintedPart(const BlockDrawing& drawing, const QRect& area);
+    QVector<QTextLayout::FormatRange> MarkedRanges(
+        const QTextBlock& block, const MarkedSpan& part) const;
     QVector<BlockDrawing> GetBlockDrawings(const QRect& area) const;
     QVector<int> CountIndentGuides(const QVector<BlockDrawing>& blocks) const;
     int CountIndentGuides(const QTextBlock& block) const;

@@ -19,6 +19,7 @@
 
 namespace {
 
+constexpr int LONG_LINE = 4096; ///< characters from which on most of a line is out of view
 constexpr int MINIMUM_GUTTER = 10; // pixels
 constexpr int MANY_LINES = 2000; // whose layout takes noticeable time
 constexpr int MAXIMUM_GUTTER = 18;
@@ -210,12 +211,40 @@ CodeEditor::SpanSlice CodeEditor::SpansWithin(const QVector<MarkedSpan>& spans, 
         std::lower_bound(spans.constBegin(), spans.constEnd(), end, isBefore)};
 }
 
-QVector<QTextLayout::FormatRange> CodeEditor::MarkedRanges(const QTextBlock& block) const
+/// The part of a block that is painted: drawing costs as much for a mark out of view.
+CodeEditor::MarkedSpan CodeEditor::PaintedPart(const BlockDrawing& drawing, const QRect& area)
+{
+    const QTextBlock& block = drawing.block;
+    MarkedSpan part{block.position(), block.position() + block.length()};
+    if (block.length() < LONG_LINE)
+        return part;
+    const QTextLayout* layout = block.layout();
+    const double top = area.top() - drawing.offset.y();
+    const double bottom = area.bottom() + 1 - drawing.offset.y();
+    int first = block.length();
+    int last = 0;
+    for (int i = 0; i < layout->lineCount() && layout->lineAt(i).y() < bottom; ++i) {
+        const QTextLine line = layout->lineAt(i);
+        if (line.y() + line.height() <= top)
+            continue;
+        first = qMin(first, line.xToCursor(area.left() - drawing.offset.x()));
+        last = qMax(last, line.xToCursor(area.right() + 1 - drawing.offset.x()));
+    }
+    // Half a character may be in view at either side.
+    return {part.start + qMax(0, first - 1), qMin(part.end, part.start + last + 1)};
+}
+
+QVector<QTextLayout::FormatRange> CodeEditor::MarkedRanges(
+    const QTextBlock& block, const MarkedSpan& part) const
 {
     Ranges ranges;
     const auto append = [&](const QVector<MarkedSpan>& spans, const QTextCharFormat* format) {
-        const SpanSlice slice
-            = SpansWithin(spans, block.position(), block.position() + block.length());
+        SpanSlice slice = SpansWithin(spans, part.start, part.end);
+        const auto reachesIn = [&](const MarkedSpan& span) {
+            return span.start >= block.position() && span.end > part.start;
+        };
+        while (slice.first != spans.constBegin() && reachesIn(*(slice.first - 1)))
+            --slice.first;
         for (auto span = slice.first; format && span != slice.second; ++span) {
             QTextLayout::FormatRange range;
             range.start = span->start - block.position();
@@ -242,7 +271,7 @@ void CodeEditor::PaintBlock(QPainter& painter, const BlockDrawing& drawing,
             (range.format.boolProperty(QTextFormat::FullWidthSelection) ? ranges : above)
                 .append(range);
     }
-    ranges += MarkedRanges(block);
+    ranges += MarkedRanges(block, PaintedPart(drawing, area));
     ranges += above;
     const int column = context.cursorPosition - block.position();
     if (overwriteMode() && column >= 0 && column < block.length() - 1) {
