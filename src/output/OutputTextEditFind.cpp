@@ -78,6 +78,9 @@ void OutputTextEdit::OnFindReplaceClosed()
 {
     m_findReplace->SetFindInSelectionEnabled(false, false);
     m_findRegion = QTextCursor();
+    m_pendingFind = -1;
+    // What is put out while nobody looks is not counted.
+    m_search->Search(QRegularExpression(), -1, -1);
     setFocus(Qt::OtherFocusReason);
     ScheduleExtraSelections();
 }
