@@ -165,7 +165,7 @@ int main(int argc, char** argv)
     Register("count", 50, [](auto& state) { Count(state, "value_1", false); });
     Register("count_rare", 50, [](auto& state) { Count(state, "needle", false); });
     Register("count_expression", 200, [](auto& state) { Count(state, "val(u)e_\\d+", true); });
-    Register("count_after_edit", 5, CountAfterEdit);
+    Register("count_after_edit", 50, CountAfterEdit);
     Register("first_match", 50, FirstMatch);
     Register("replace_all", 2000, [](auto& state) { ReplaceAll(state, CodeEditorLanguage::Text); });
     Register("replace_all_python", 4000,

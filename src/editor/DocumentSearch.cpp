@@ -107,6 +107,14 @@ template <typename Visitor>
 bool DocumentSearch::VisitSpans(const QTextBlock& first, Visitor visit) const
 {
     const auto walk = [this, &first](auto visitSpan) {
+        if (!m_snapshot.isNull() && IsUpToDate()) {
+            const int position = first.position();
+            const QStringRef text = m_snapshot.midRef(position, first.length() - 1);
+            return m_search.Visit(text, [&](int start, int end) {
+                const TextSpan span{position + start, position + end};
+                return !IsInRegion(span.start, span.end) || visitSpan(span);
+            });
+        }
         const LineText line = GetLine(first);
         return m_search.Visit(QStringRef(&line.text), [&](int start, int end) {
             const TextSpan span = line.SpanOf(start, end);
