@@ -109,11 +109,15 @@ void DocumentSearchTest::CountsOnlyWhatChanged()
         });
     for (int i = 0; i < 400; ++i) {
         QTextCursor cursor(edit.document());
-        cursor.setPosition(random.bounded(edit.document()->characterCount()));
-        const int length = random.bounded(i % 10 == 0 ? 60 : 5);
-        cursor.setPosition(qMin(cursor.position() + length, edit.document()->characterCount() - 1),
-            QTextCursor::KeepAnchor);
-        cursor.insertText(texts.at(random.bounded(texts.size())));
+        cursor.beginEditBlock();
+        for (int edits = i % 11 == 0 ? 4 : 1; edits > 0; --edits) {
+            cursor.setPosition(random.bounded(edit.document()->characterCount()));
+            const int length = random.bounded(i % 10 == 0 ? 60 : 5);
+            const int last = edit.document()->characterCount() - 1;
+            cursor.setPosition(qMin(cursor.position() + length, last), QTextCursor::KeepAnchor);
+            cursor.insertText(texts.at(random.bounded(texts.size())));
+        }
+        cursor.endEditBlock();
         if (i % 7 == 0)
             edit.undo();
         if (i % 3 == 0)
