@@ -6,6 +6,8 @@
 #include "settings/Settings.h"
 #include "support/TestMain.h"
 
+#include <QRandomGenerator>
+#include <QRegularExpression>
 #include <QSet>
 #include <QTextBlock>
 #include <QtTest>
@@ -20,6 +22,7 @@ private Q_SLOTS:
     void SearchesRoundTheEnds();
     void KeepsTheMatchThatGrowsWhileTyping();
     void CountsWhatIsAppendedWhileTheBarIsOpen();
+    void CountsLinesOfAnyLengthWhileTheyCome();
     void MarksMatchesAndTheCurrentOne();
     void StartsWithTheWordUnderTheCursor_data();
     void StartsWithTheWordUnderTheCursor();
@@ -109,6 +112,28 @@ void OutputFindTest::CountsWhatIsAppendedWhileTheBarIsOpen()
     m_output->GetSearchResults(CreateSearchRegEx("ab", false, false, false), count, current);
     QCOMPARE(count, 2);
     QCOMPARE(current, -1);
+}
+
+/// Lines that are several blocks grow, and the oldest ones go.
+void OutputFindTest::CountsLinesOfAnyLengthWhileTheyCome()
+{
+    m_output->SetLineLimit(40);
+    Search("needle");
+    QRandomGenerator random(3);
+    const QStringList texts = {"a needle\n", "need", "le", "\n", "x\nneedle needle\n\n",
+        QString("needle ").repeated(4000), QString("nee").repeated(9000) + "\n"};
+    const QRegularExpression expression = CreateSearchRegEx("needle", false, false, false);
+    for (int i = 0; i < 150; ++i) {
+        m_output->AppendText(texts.at(random.bounded(texts.size())));
+        if (i % 40 == 39)
+            m_output->ClearAll();
+        if (i % 3 == 0)
+            continue;
+        int count = -1;
+        int current = -1;
+        m_output->GetSearchResults(expression, count, current);
+        QCOMPARE(count, m_output->GetText().count("needle"));
+    }
 }
 
 void OutputFindTest::MarksMatchesAndTheCurrentOne()
