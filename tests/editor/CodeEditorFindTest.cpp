@@ -1,7 +1,7 @@
 #include "editor/CodeEditor.h"
 #include "editor/CodeEditorGroup.h"
-#include "editor/DocumentSearch.h"
 #include "editor/FindReplaceWidget.h"
+#include "editor/MarkedText.h"
 #include "editor/SearchExpression.h"
 #include "editor/SearchHistory.h"
 #include "settings/KeyBindings.h"
@@ -17,35 +17,6 @@
 #include <QtTest>
 
 namespace {
-
-QRegularExpression Literal(const char* text)
-{
-    return CreateSearchRegEx(text, true, false, false);
-}
-
-QRegularExpression Typed(const char* text)
-{
-    return WithMatchLimit(CreateSearchRegEx(text, true, false, true));
-}
-
-/// The text with the selection between "[" and "]"; a bare cursor is "[]".
-QString Marked(const CodeEditor& editor)
-{
-    QString text = editor.GetText();
-    text.insert(editor.GetSelectedEndPosition(), ']');
-    return text.insert(editor.GetSelectedStartPosition(), '[');
-}
-
-/// The reverse of Marked.
-void SetMarked(CodeEditor& editor, QString marked)
-{
-    const int start = marked.indexOf('[');
-    marked.remove(start, 1);
-    const int end = marked.indexOf(']');
-    marked.remove(end, 1);
-    editor.SetText(marked);
-    editor.SetCursorSelection(start, end);
-}
 
 /// A group with one editor in a window that is shown.
 struct Group
@@ -86,8 +57,6 @@ private Q_SLOTS:
     void StaysInItsRegion_data();
     void StaysInItsRegion();
     void CarriesTheRegionAlong();
-    void CountsWhatItFinds_data();
-    void CountsWhatItFinds();
     void ReplacesOneAndGoesOn_data();
     void ReplacesOneAndGoesOn();
     void ReplacesAll_data();
@@ -243,41 +212,6 @@ void CodeEditorFindTest::CarriesTheRegionAlong()
         QCOMPARE(editor.GetFindInSelectionStart(), start);
         QCOMPARE(editor.GetFindInSelectionEnd(), end);
     }
-}
-
-void CodeEditorFindTest::CountsWhatItFinds_data()
-{
-    QTest::addColumn<QString>("marked");
-    QTest::addColumn<QString>("pattern");
-    QTest::addColumn<int>("current");
-    QTest::addColumn<int>("total");
-    QTest::newRow("none") << "[]abc"
-                          << "x" << -1 << 0;
-    QTest::newRow("empty pattern") << "[]abc"
-                                   << "" << -1 << 0;
-    QTest::newRow("cursor elsewhere") << "a[]ba"
-                                      << "a" << -1 << 2;
-    QTest::newRow("second of three") << "a\nb [a]\na"
-                                     << "a" << 2 << 3;
-    QTest::newRow("only the start counts") << "ab [a]b"
-                                           << "ab" << 2 << 2;
-    QTest::newRow("empty matches") << "a\n[]b\nc"
-                                   << "^" << 2 << 3;
-    QTest::newRow("without overlaps") << "[]aaaa"
-                                      << "aa" << 1 << 2;
-}
-
-void CodeEditorFindTest::CountsWhatItFinds()
-{
-    QFETCH(QString, marked);
-    QFETCH(QString, pattern);
-    CodeEditor editor({}, &m_keyBindings);
-    SetMarked(editor, marked);
-    int current = 0;
-    int total = 7;
-    editor.GetSearchResults(Typed(pattern.toUtf8()), current, total);
-    QTEST(current, "current");
-    QTEST(total, "total");
 }
 
 void CodeEditorFindTest::ReplacesOneAndGoesOn_data()

@@ -2,6 +2,7 @@
 
 #include "editor/CodeEditor.h"
 #include "editor/LineSearch.h"
+#include "editor/MarkedText.h"
 #include "editor/SearchExpression.h"
 #include "settings/KeyBindings.h"
 #include "support/TestMain.h"
@@ -10,20 +11,13 @@
 #include <QSignalSpy>
 #include <QtTest>
 
-namespace {
-
-QRegularExpression Typed(const char* text)
-{
-    return WithMatchLimit(CreateSearchRegEx(text, true, false, true));
-}
-
-} // namespace
-
 class DocumentSearchTest : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
+    void CountsWhatItFinds_data();
+    void CountsWhatItFinds();
     void CountsLongTextsInSlices();
     void CountsAnewWhenTheTextChanged();
     void CountsOnlyWhatChanged_data();
@@ -33,6 +27,41 @@ private Q_SLOTS:
 private:
     KeyBindings m_keyBindings;
 };
+
+void DocumentSearchTest::CountsWhatItFinds_data()
+{
+    QTest::addColumn<QString>("marked");
+    QTest::addColumn<QString>("pattern");
+    QTest::addColumn<int>("current");
+    QTest::addColumn<int>("total");
+    QTest::newRow("none") << "[]abc"
+                          << "x" << -1 << 0;
+    QTest::newRow("empty pattern") << "[]abc"
+                                   << "" << -1 << 0;
+    QTest::newRow("cursor elsewhere") << "a[]ba"
+                                      << "a" << -1 << 2;
+    QTest::newRow("second of three") << "a\nb [a]\na"
+                                     << "a" << 2 << 3;
+    QTest::newRow("only the start counts") << "ab [a]b"
+                                           << "ab" << 2 << 2;
+    QTest::newRow("empty matches") << "a\n[]b\nc"
+                                   << "^" << 2 << 3;
+    QTest::newRow("without overlaps") << "[]aaaa"
+                                      << "aa" << 1 << 2;
+}
+
+void DocumentSearchTest::CountsWhatItFinds()
+{
+    QFETCH(QString, marked);
+    QFETCH(QString, pattern);
+    CodeEditor editor({}, &m_keyBindings);
+    SetMarked(editor, marked);
+    int current = 0;
+    int total = 7;
+    editor.GetSearchResults(Typed(pattern.toUtf8()), current, total);
+    QTEST(current, "current");
+    QTEST(total, "total");
+}
 
 void DocumentSearchTest::CountsLongTextsInSlices()
 {
