@@ -170,6 +170,8 @@ void CodeEditor::FillContextMenu(QMenu& menu)
     AddMenuEntry(
         menu, tr("Save Script to Shelf"), K::SaveScriptToShelf, &CodeEditor::SaveScriptToShelf);
     menu.addSeparator();
+    AddMenuEntry(menu, tr("Insert Path..."), K::InsertPath, &CodeEditor::InsertPath);
+    menu.addSeparator();
     if (m_language == CodeEditorLanguage::Python) {
         AddPythonMenu(menu);
         menu.addSeparator();
@@ -184,6 +186,11 @@ void CodeEditor::AddPythonMenu(QMenu& menu)
 {
     using K = KeyBindings;
     QMenu& python = *menu.addMenu(QStringLiteral("Python"));
+    AddMenuEntry(
+        python, QStringLiteral("dir( )"), K::PythonSelectionDir, &CodeEditor::PythonDirSelection);
+    AddMenuEntry(python, QStringLiteral("help( )"), K::PythonSelectionHelp,
+        &CodeEditor::PythonHelpSelection);
+    python.addSeparator();
     AddMenuEntry(python, QStringLiteral("Update Module State"), K::PythonUpdateModuleState,
         &CodeEditor::PythonUpdateModuleState);
     AddMenuEntry(python, QStringLiteral("Revert Module State"), K::PythonRevertModuleState,

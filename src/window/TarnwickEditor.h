@@ -6,6 +6,7 @@
 #include "files/TextFormat.h"
 #include "settings/KeyBindings.h"
 #include "views/SideBar.h"
+#include "window/EditorActions.h"
 #include "window/chrome/ActivityBar.h"
 
 #include <QHash>
@@ -141,6 +142,9 @@ public Q_SLOTS:
     void PythonRevertModuleState();
     void UpdatePythonRevertModuleStateOnExecute();
     void OnTogglePythonRevertModuleStateOnExecuteRequested();
+    /// Of the selected name, or of the one at the cursor, with its dots.
+    void PythonDirSelection();
+    void PythonHelpSelection();
     void PrintPythonPath();
     void PrintPythonEnviron();
     /// Prints the variable that the sending action is named after.
@@ -204,6 +208,11 @@ public Q_SLOTS:
     void SelectAndFindPrevious();
     void ReplaceNext();
     void ReplaceAll();
+    void FindInFiles();
+    void ReplaceInFiles();
+    void FindInFilesNext();
+    void FindInFilesPrevious();
+    void ShowInsertPathDialog();
     void IncreaseFontSize();
     void DecreaseFontSize();
     void ResetFontSize();
@@ -233,6 +242,9 @@ public Q_SLOTS:
     // Going around; which way is told by the sending action
     void GoToEditor();
     void GoToEditorGroup();
+    void GoToFile();
+    void GoToSymbolInFile();
+    void GoToLine();
     /// To the next message behind the cursor of the active editor, and round at the end.
     void GoToNextMessage();
     /// To the message that the status bar shows.
@@ -252,6 +264,11 @@ public Q_SLOTS:
     void MelCommandReference();
     void PythonCommandReference();
     void NodeAndAttributeReference();
+    /// The host's page on what is selected in the active editor; its index when nothing is.
+    void OpenCommandReference();
+    /// Pylint's configuration in an editor; offers to make one where there is none.
+    void OpenPylintrc();
+    void ShowAboutDialog();
 
     // Keeping the views in step
     void OnActiveCodeEditorChanged();
@@ -288,6 +305,8 @@ private Q_SLOTS:
     void OnCodeEditorGroupReceivedFocus(CodeEditorGroup* group);
     void OnOverwriteModeChanged();
     void OnWriteToFileUpdated(bool active);
+    void OnShowEditMenu();
+    void OnShowViewMenu();
     void OnShowOutputVerbosityMenu();
 
 private:
@@ -298,7 +317,11 @@ private:
 
     // Construction
     void InitializeForMaya();
+    /// Makes an action of the window and stores it in `*action`.
+    void CreateAction(QAction** action, const QString& text, const QString& statusTip,
+        KeyBindings::KeySequenceType binding, bool checkable);
     void CreateActions();
+    void RenameFindInFiles(const QString& text);
     void CreateMenus();
     void CreateWidgets();
     void CreateLayout();
@@ -319,6 +342,8 @@ private:
     void RefreshCodeEditorGroups(bool focus);
     bool IsTarnwickEditorWidget(const QWidget* widget) const;
     QString ExecuteText(const CodeEditor& editor, int kind) const;
+    void CallPythonOnSelection(const QString& function);
+    QString ShowNewPylintrcDialog();
     void RestoreCodeEditors();
     void RestoreCodeEditor(const TabDetails& details);
 
@@ -480,99 +505,5 @@ private:
     bool m_bindingsEnabled = true;
     bool m_pythonModuleStateUpdated = false;
 
-    QAction* m_undoAction = nullptr;
-    QAction* m_redoAction = nullptr;
-    QAction* m_cutAction = nullptr;
-    QAction* m_copyAction = nullptr;
-    QAction* m_pasteAction = nullptr;
-    QAction* m_selectAllAction = nullptr;
-    QAction* m_increaseIndentAction = nullptr;
-    QAction* m_decreaseIndentAction = nullptr;
-    QAction* m_copyLineUpAction = nullptr;
-    QAction* m_copyLineDownAction = nullptr;
-    QAction* m_moveLineUpAction = nullptr;
-    QAction* m_moveLineDownAction = nullptr;
-    QAction* m_deleteLineAction = nullptr;
-    QAction* m_toggleCommentAction = nullptr;
-    QAction* m_toggleBlockCommentAction = nullptr;
-    QAction* m_convertTabsToSpacesAction = nullptr;
-    QAction* m_findAction = nullptr;
-    QAction* m_replaceAction = nullptr;
-    QAction* m_findNextAction = nullptr;
-    QAction* m_findPreviousAction = nullptr;
-    QAction* m_selectAndFindNextAction = nullptr;
-    QAction* m_selectAndFindPreviousAction = nullptr;
-    QAction* m_replaceNextAction = nullptr;
-    QAction* m_replaceAllAction = nullptr;
-    QAction* m_clearOutputAction = nullptr;
-    QAction* m_preferencesAction = nullptr;
-    QAction* m_renderWhitespaceAction = nullptr;
-    QAction* m_wordWrapAction = nullptr;
-    QAction* m_toggleCodeEditorAction = nullptr;
-    QAction* m_toggleOutputAction = nullptr;
-    QAction* m_toggleSideBarAction = nullptr;
-    QAction* m_toggleActivityBarAction = nullptr;
-    QAction* m_toggleStatusBarAction = nullptr;
-    QAction* m_explorerAction = nullptr;
-    QAction* m_quickHelpAction = nullptr;
-    QAction* m_toggleCodeEditorLayoutAction = nullptr;
-    QAction* m_toggleSideBarPositionAction = nullptr;
-    QAction* m_outputTopAction = nullptr;
-    QAction* m_outputBottomAction = nullptr;
-    QAction* m_outputLeftAction = nullptr;
-    QAction* m_outputRightAction = nullptr;
-    QAction* m_increaseFontSizeAction = nullptr;
-    QAction* m_decreaseFontSizeAction = nullptr;
-    QAction* m_resetFontSizeAction = nullptr;
-    QAction* m_newBufferAction = nullptr;
-    QAction* m_newMelBufferAction = nullptr;
-    QAction* m_newPythonBufferAction = nullptr;
-    QAction* m_openFileAction = nullptr;
-    QAction* m_reopenClosedFileAction = nullptr;
-    QAction* m_clearRecentFilesAction = nullptr;
-    QAction* m_saveAction = nullptr;
-    QAction* m_saveAsAction = nullptr;
-    QAction* m_saveAllAction = nullptr;
-    QAction* m_renameAction = nullptr;
-    QAction* m_revertFileAction = nullptr;
-    QAction* m_closeFileAction = nullptr;
-    QAction* m_closeAllFilesAction = nullptr;
-    QAction* m_saveStateAction = nullptr;
-    QAction* m_openWorkspaceAction = nullptr;
-    QAction* m_saveWorkspaceAsAction = nullptr;
-    QAction* m_addFolderToWorkspaceAction = nullptr;
-    QAction* m_saveScriptToShelfAction = nullptr;
-    QAction* m_sourceScriptAction = nullptr;
-    QAction* m_echoAllAction = nullptr;
-    QAction* m_normalAction = nullptr;
-    QAction* m_minimalAction = nullptr;
-    QAction* m_echoAllCommandsAction = nullptr;
-    QAction* m_lineNumbersInErrorsAction = nullptr;
-    QAction* m_showStackTraceAction = nullptr;
-    QAction* m_suppressStackWindowAction = nullptr;
-    QAction* m_writeOutputToFileAction = nullptr;
-    QAction* m_executeAction = nullptr;
-    QAction* m_nextEditorAction = nullptr;
-    QAction* m_previousEditorAction = nullptr;
-    QAction* m_nextUsedEditorAction = nullptr;
-    QAction* m_previousUsedEditorAction = nullptr;
-    QAction* m_nextEditorGroupAction = nullptr;
-    QAction* m_previousEditorGroupAction = nullptr;
-    QAction* m_executeAltAction = nullptr;
-    QAction* m_executeLineAction = nullptr;
-    QAction* m_executeAllAction = nullptr;
-    QAction* m_scriptPathAction = nullptr;
-    QAction* m_pluginPathAction = nullptr;
-    QAction* m_modulePathAction = nullptr;
-    QAction* m_shelfPathAction = nullptr;
-    QAction* m_bitmapPathAction = nullptr;
-    QAction* m_pythonPathAction = nullptr;
-    QAction* m_sysPathAction = nullptr;
-    QAction* m_environAction = nullptr;
-    QAction* m_updateModuleStateAction = nullptr;
-    QAction* m_revertModuleStateAction = nullptr;
-    QAction* m_revertModuleStateOnExecuteAction = nullptr;
-    QAction* m_melReferenceAction = nullptr;
-    QAction* m_pythonReferenceAction = nullptr;
-    QAction* m_nodeReferenceAction = nullptr;
+    EditorActions m_actions;
 };

@@ -122,7 +122,7 @@ void TarnwickEditor::ClearRecentFiles()
 void TarnwickEditor::UpdateRecentFilesMenu()
 {
     m_recentFilesMenu->clear();
-    m_recentFilesMenu->addAction(m_reopenClosedFileAction);
+    m_recentFilesMenu->addAction(m_actions.reopenClosedFile);
     m_recentFilesMenu->addSeparator();
     const int count = qMin(Settings::recentFiles.size(), Settings::numRecentFiles);
     for (int i = 0; i < count; ++i) {
@@ -135,7 +135,7 @@ void TarnwickEditor::UpdateRecentFilesMenu()
     }
     if (count > 0) {
         m_recentFilesMenu->addSeparator();
-        m_recentFilesMenu->addAction(m_clearRecentFilesAction);
+        m_recentFilesMenu->addAction(m_actions.clearRecentFiles);
     }
 }
 

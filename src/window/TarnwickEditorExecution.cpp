@@ -5,6 +5,7 @@
 #include "plugin/MayaUtil.h"
 #include "settings/Settings.h"
 #include "window/PanelGroup.h"
+#include "window/PythonName.h"
 #include "window/TarnwickEditor.h"
 
 #include <QAction>
@@ -96,13 +97,44 @@ void TarnwickEditor::PythonRevertModuleState()
 
 void TarnwickEditor::UpdatePythonRevertModuleStateOnExecute()
 {
-    Settings::pythonRevertModuleStateOnExecute = m_revertModuleStateOnExecuteAction->isChecked();
+    Settings::pythonRevertModuleStateOnExecute = m_actions.revertModuleStateOnExecute->isChecked();
 }
 
 void TarnwickEditor::OnTogglePythonRevertModuleStateOnExecuteRequested()
 {
-    m_revertModuleStateOnExecuteAction->toggle();
+    m_actions.revertModuleStateOnExecute->toggle();
     UpdatePythonRevertModuleStateOnExecute();
+}
+
+/// As a script of its own, so that the console shows what was called and what came of it.
+void TarnwickEditor::CallPythonOnSelection(const QString& function)
+{
+    const CodeEditor* const editor = GetActiveCodeEditor();
+    if (!editor)
+        return;
+    QString name = editor->GetSelectedTextForExecute().trimmed();
+    if (name.isEmpty()) {
+        name = PythonName::NameAt(
+            editor->GetCurrentLineText(), editor->textCursor().positionInBlock());
+    }
+    if (!PythonName::IsName(name)) {
+        Logger::Warning(QStringLiteral("%1( ) needs a Python name, such as os.path, that is "
+                                       "selected or at the cursor.")
+                            .arg(function));
+        return;
+    }
+    KeepUnsavedText();
+    MayaUtil::ExecutePythonScript(QStringLiteral("%1(%2)").arg(function, name));
+}
+
+void TarnwickEditor::PythonDirSelection()
+{
+    CallPythonOnSelection(QStringLiteral("dir"));
+}
+
+void TarnwickEditor::PythonHelpSelection()
+{
+    CallPythonOnSelection(QStringLiteral("help"));
 }
 
 void TarnwickEditor::PrintPythonPath()
@@ -139,44 +171,44 @@ void TarnwickEditor::ClearHistory()
 void TarnwickEditor::UpdateOutputVerbosity()
 {
     const QObject* action = sender();
-    if (action == m_echoAllAction)
+    if (action == m_actions.echoAll)
         m_outputPanel->SetEchoAllCommandsEnabled(true);
-    else if (action == m_normalAction)
+    else if (action == m_actions.normal)
         m_outputPanel->SetNormalVerbosity();
-    else if (action == m_minimalAction)
+    else if (action == m_actions.minimal)
         m_outputPanel->SetMinimalVerbosity();
 }
 
 void TarnwickEditor::OnShowOutputVerbosityMenu()
 {
-    QAction* const actions[] = {m_echoAllAction, m_normalAction, m_minimalAction};
+    QAction* const actions[] = {m_actions.echoAll, m_actions.normal, m_actions.minimal};
     for (int i = 0; i < 3; ++i)
         actions[i]->setChecked(i == m_outputPanel->GetVerbosityIndex());
 }
 
 void TarnwickEditor::OnEchoAllCommandsChanged()
 {
-    m_echoAllCommandsAction->setChecked(MayaUtil::EchoAllCommandsEnabled());
+    m_actions.echoAllCommands->setChecked(MayaUtil::EchoAllCommandsEnabled());
 }
 
 void TarnwickEditor::ToggleEchoAllCommands()
 {
-    m_outputPanel->SetEchoAllCommandsEnabled(m_echoAllCommandsAction->isChecked());
+    m_outputPanel->SetEchoAllCommandsEnabled(m_actions.echoAllCommands->isChecked());
 }
 
 void TarnwickEditor::ToggleLineNumbersInErrors()
 {
-    MayaUtil::SetLineNumbersInErrorsEnabled(m_lineNumbersInErrorsAction->isChecked());
+    MayaUtil::SetLineNumbersInErrorsEnabled(m_actions.lineNumbersInErrors->isChecked());
 }
 
 void TarnwickEditor::ToggleShowStackTrace()
 {
-    MayaUtil::SetShowStackTraceEnabled(m_showStackTraceAction->isChecked());
+    MayaUtil::SetShowStackTraceEnabled(m_actions.showStackTrace->isChecked());
 }
 
 void TarnwickEditor::ToggleSuppressStackWindow()
 {
-    MayaUtil::SetSuppressStackWindowEnabled(m_suppressStackWindowAction->isChecked());
+    MayaUtil::SetSuppressStackWindowEnabled(m_actions.suppressStackWindow->isChecked());
 }
 
 void TarnwickEditor::ToggleWriteOutputToFile()
@@ -187,7 +219,7 @@ void TarnwickEditor::ToggleWriteOutputToFile()
 
 void TarnwickEditor::OnWriteToFileUpdated(bool active)
 {
-    m_writeOutputToFileAction->setChecked(active);
+    m_actions.writeOutputToFile->setChecked(active);
 }
 
 void TarnwickEditor::UpdateOverrideScriptEditorButton()
@@ -211,4 +243,10 @@ void TarnwickEditor::PythonCommandReference()
 void TarnwickEditor::NodeAndAttributeReference()
 {
     MayaUtil::ShowHelp(QStringLiteral("DocsNodes"));
+}
+
+void TarnwickEditor::OpenCommandReference()
+{
+    if (CodeEditor* const editor = GetActiveCodeEditor())
+        editor->CommandDocumentation();
 }

@@ -84,7 +84,7 @@ void TarnwickEditor::CreateCodeEditorGroups()
     m_codeEditorSplitter->setChildrenCollapsible(false);
     for (int i = 0; i < Settings::NUM_CODE_EDITOR_GROUPS; ++i) {
         auto* const group
-            = new CodeEditorGroup(i, &m_keyBindings, m_newBufferAction, m_codeEditorSplitter);
+            = new CodeEditorGroup(i, &m_keyBindings, m_actions.newBuffer, m_codeEditorSplitter);
         m_groups.append(group);
         m_codeEditorSplitter->addWidget(group);
     }

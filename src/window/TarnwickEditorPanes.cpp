@@ -278,10 +278,10 @@ void TarnwickEditor::UpdatePaneActions()
         action->setText(text);
         action->setStatusTip(text);
     };
-    rename(m_toggleActivityBarAction,
+    rename(m_actions.toggleActivityBar,
         Settings::activityBarVisible ? tr("Hide Activity Bar") : tr("Show Activity Bar"));
-    rename(m_toggleStatusBarAction,
+    rename(m_actions.toggleStatusBar,
         Settings::statusBarVisible ? tr("Hide Status Bar") : tr("Show Status Bar"));
-    rename(m_toggleSideBarPositionAction,
+    rename(m_actions.toggleSideBarPosition,
         Settings::sideBarLeft ? tr("Move Side Bar Right") : tr("Move Side Bar Left"));
 }

@@ -20,10 +20,10 @@ int Step(const QObject* sender, const QAction* forward)
 
 void TarnwickEditor::GoToEditor()
 {
-    if (sender() == m_nextEditorAction || sender() == m_previousEditorAction)
-        GoToNeighbour(Step(sender(), m_nextEditorAction));
+    if (sender() == m_actions.nextEditor || sender() == m_actions.previousEditor)
+        GoToNeighbour(Step(sender(), m_actions.nextEditor));
     else
-        GoToUsedEditor(Step(sender(), m_nextUsedEditorAction));
+        GoToUsedEditor(Step(sender(), m_actions.nextUsedEditor));
 }
 
 /// The tab beside the current one, on to the next group at the end of a row and round at the last.
@@ -83,7 +83,7 @@ void TarnwickEditor::EndUsedEditorWalk()
 
 void TarnwickEditor::GoToEditorGroup()
 {
-    const int step = Step(sender(), m_nextEditorGroupAction);
+    const int step = Step(sender(), m_actions.nextEditorGroup);
     const int count = m_groups.size();
     int index = GetActiveCodeEditorGroupIndex();
     do

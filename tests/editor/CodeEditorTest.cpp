@@ -562,7 +562,7 @@ void CodeEditorTest::ShowsItsMenuInOrder_data()
     QTest::addColumn<int>("language");
     QTest::addColumn<QStringList>("expected");
     const QStringList common = {"Cut", "Copy", "Paste", "", "Select All", "", "Execute",
-        "Execute Line", "Execute All", "", "Save Script to Shelf", ""};
+        "Execute Line", "Execute All", "", "Save Script to Shelf", "", "Insert Path...", ""};
     QTest::newRow("mel") << int(Language::Mel)
                          << (common + QStringList({"Quick Help", "Command Reference"}));
     QTest::newRow("python")

@@ -1,0 +1,14 @@
+#pragma once
+
+class QString;
+
+/// Names of Python as they stand in scripts, with the dots between their parts. Free of widgets.
+namespace PythonName {
+
+/// Whether the text is nothing but such a name.
+bool IsName(const QString& text);
+/// The name around `column` (from 0) of the line, which may also stand directly behind it; empty
+/// when there is none.
+QString NameAt(const QString& line, int column);
+
+} // namespace PythonName
