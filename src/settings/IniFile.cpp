@@ -29,8 +29,12 @@ QString CopyPath(const QString& path)
 void IniFile::KeepWhatCannotBeRead(const QSettings& file)
 {
     file.allKeys(); // the groups are not looked into before somebody asks
-    if (file.status() != QSettings::FormatError)
-        return;
+    if (file.status() == QSettings::FormatError)
+        KeepCopy(file);
+}
+
+void IniFile::KeepCopy(const QSettings& file)
+{
     const QString copy = CopyPath(file.fileName());
     if (QFile::copy(file.fileName(), copy)) {
         Logger::Warning(QStringLiteral("%1 has lines that cannot be read. They are kept in %2")

@@ -7,9 +7,12 @@ class QString;
 namespace IniFile {
 
 /// The toolkit drops lines that it cannot read when it writes a file again. Call this when the file
-/// is first opened: one with such lines is copied beside itself with ".broken" at the end, and a
-/// number when there is an older copy, and a warning names both.
+/// is first opened: one with such lines is copied as by KeepCopy.
 void KeepWhatCannotBeRead(const QSettings& file);
+
+/// Copies the file beside itself with ".broken" at the end, and a number when there is an older
+/// copy; a warning names both.
+void KeepCopy(const QSettings& file);
 
 /// Writes the file out; a failure is logged as `message` with the path in place of "%1". False
 /// then.

@@ -137,6 +137,27 @@ QString GroupName()
     return QStringLiteral("user_bindings");
 }
 
+/// Whose a sequence is, or the beginning of it, or one that it begins: of two such the longer could
+/// never be pressed. None when nobody has it.
+int OwnerOf(const QKeySequence& sequence, const QHash<QKeySequence, int>& owners)
+{
+    for (auto it = owners.begin(); it != owners.end(); ++it) {
+        if (sequence.matches(it.key()) != QKeySequence::NoMatch
+            || it.key().matches(sequence) != QKeySequence::NoMatch)
+            return it.value();
+    }
+    return K::None;
+}
+
+bool IsKnown(const QKeySequence& sequence)
+{
+    for (int i = 0; i < sequence.count(); ++i) {
+        if ((sequence[i] & ~Qt::KeyboardModifierMask) == Qt::Key_unknown)
+            return false;
+    }
+    return true;
+}
+
 /// Stands for a key that is not in the file, which an empty list cannot.
 QString UndefinedKey()
 {
@@ -196,8 +217,14 @@ QKeySequence KeyBindings::GetShortcut(int id) const
 {
     if (id < 1 || id > m_bindings.size())
         return {};
-    const QList<QKeySequence>& sequences = SequencesInForce(m_bindings[id - 1]);
-    return sequences.isEmpty() ? QKeySequence() : sequences.first();
+    const KeyBinding& binding = m_bindings[id - 1];
+    for (const QKeySequence& sequence : SequencesInForce(binding)) {
+        // What another command has got does not lead here.
+        const int owner = OwnerOf(sequence, m_owners);
+        if (!sequence.isEmpty() && (owner == KeyBindings::None || owner == id))
+            return sequence;
+    }
+    return {};
 }
 
 QString KeyBindings::GetToolTip(int id, const QString& label) const
@@ -215,25 +242,45 @@ const QList<QKeySequence>& KeyBindings::SequencesInForce(const KeyBinding& bindi
 
 void KeyBindings::Update()
 {
-    QSet<QKeySequence> taken;
+    QHash<QKeySequence, int> owners;
+    QStringList duplicates;
+    // Widgets close with this key whatever is bound: it is nobody's from the start.
+    for (const QKeySequence& sequence : m_bindings[Escape - 1].defaultSequences)
+        owners.insert(sequence, Escape);
     for (const KeyBinding& binding : qAsConst(m_bindings)) {
-        if (!binding.action)
-            continue;
-        QList<QKeySequence> sequences = SequencesInForce(binding);
-        for (int i = sequences.size() - 1; i >= 0; --i) {
-            const QKeySequence sequence = sequences[i];
-            if (!sequence.isEmpty() && !taken.contains(sequence))
-                continue;
-            sequences.removeAt(i);
-            if (!sequence.isEmpty()) {
-                Logger::Warning(QStringLiteral("Duplicate hotkey detected: %1 (%2)")
-                                    .arg(binding.label, sequence.toString()));
-            }
-        }
-        binding.action->setShortcuts(sequences);
-        for (const QKeySequence& sequence : qAsConst(sequences))
-            taken.insert(sequence);
+        if (binding.action)
+            binding.action->setShortcuts(TakeSequences(binding, owners, duplicates));
     }
+    m_owners = owners;
+    // The bindings come and go with the focus: what is known need not be told each time.
+    for (const QString& duplicate : qAsConst(duplicates)) {
+        if (!m_duplicates.contains(duplicate))
+            Logger::Warning(duplicate);
+    }
+    m_duplicates = duplicates;
+}
+
+/// The sequences of the binding that nobody has before it, which are its own from now on.
+QList<QKeySequence> KeyBindings::TakeSequences(
+    const KeyBinding& binding, QHash<QKeySequence, int>& owners, QStringList& duplicates)
+{
+    QList<QKeySequence> sequences = SequencesInForce(binding);
+    for (int i = sequences.size() - 1; i >= 0; --i) {
+        const QKeySequence sequence = sequences[i];
+        const int owner = OwnerOf(sequence, owners);
+        const bool isTaken = owner != KeyBindings::None && owner != binding.id;
+        // The toolkit would take a sequence that is there twice for an ambiguous one.
+        if (!sequence.isEmpty() && !isTaken && sequences.indexOf(sequence) == i)
+            continue;
+        sequences.removeAt(i);
+        if (isTaken) {
+            duplicates += QStringLiteral("Duplicate hotkey detected: %1 (%2)")
+                              .arg(binding.label, sequence.toString());
+        }
+    }
+    for (const QKeySequence& sequence : qAsConst(sequences))
+        owners.insert(sequence, binding.id);
+    return sequences;
 }
 
 void KeyBindings::SetBindingsEnabled(bool enabled)
@@ -267,12 +314,18 @@ void KeyBindings::ReadUserKeyBindings()
     QSettings settings(GetUserKeyBindingsPath(), QSettings::IniFormat);
     IniFile::KeepWhatCannotBeRead(settings);
     settings.beginGroup(GroupName());
+    QStringList unknown;
     for (KeyBinding& binding : m_bindings)
-        ReadKeyBinding(settings, binding);
+        ReadKeyBinding(settings, binding, unknown);
+    if (!unknown.isEmpty()) {
+        Logger::Warning(QStringLiteral("Hotkeys that cannot be read: %1")
+                            .arg(unknown.join(QLatin1String(", "))));
+        IniFile::KeepCopy(settings);
+    }
     Update();
 }
 
-void KeyBindings::ReadKeyBinding(QSettings& settings, KeyBinding& binding)
+void KeyBindings::ReadKeyBinding(QSettings& settings, KeyBinding& binding, QStringList& unknown)
 {
     const QStringList texts
         = settings.value(binding.name, QStringList(UndefinedKey())).toStringList();
@@ -282,8 +335,13 @@ void KeyBindings::ReadKeyBinding(QSettings& settings, KeyBinding& binding)
     }
     binding.userSequences.clear();
     for (const QString& text : texts) {
-        if (!text.isEmpty())
-            binding.userSequences.append(QKeySequence(text, QKeySequence::NativeText));
+        if (text.isEmpty())
+            continue;
+        const QKeySequence sequence(text, QKeySequence::NativeText);
+        if (IsKnown(sequence))
+            binding.userSequences.append(sequence);
+        else
+            unknown += QStringLiteral("%1 (%2)").arg(binding.label, text);
     }
 }
 

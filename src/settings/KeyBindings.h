@@ -1,8 +1,10 @@
 #pragma once
 
+#include <QHash>
 #include <QKeySequence>
 #include <QList>
 #include <QString>
+#include <QStringList>
 
 class QAction;
 class QSettings;
@@ -56,13 +58,15 @@ public:
 
     /// Attaches an action; id 0 and unknown ids are ignored. Update gives it its keys.
     void SetAction(int id, QAction* action);
-    /// The first sequence in force; empty when there is none or the id is unknown.
+    /// The first sequence in force that no earlier binding has; empty when there is none or the id
+    /// is unknown.
     QKeySequence GetShortcut(int id) const;
     /// "label (shortcut)", or the label alone when nothing is bound.
     QString GetToolTip(int id, const QString& label) const;
 
     /// Gives every attached action its keys. Of two commands with the same key the one with the
-    /// lower id keeps it; the other is named in a warning.
+    /// lower id keeps it; the other is named in a warning, once, and has the key again as soon as
+    /// it is free. Escape is never anybody's.
     void Update();
     /// False takes every key away; true gives them back.
     void SetBindingsEnabled(bool enabled);
@@ -79,8 +83,13 @@ private:
         const QKeySequence& sequence, bool fixed);
     static void AppendBinding(KeyBinding& binding, const QKeySequence& sequence);
     const QList<QKeySequence>& SequencesInForce(const KeyBinding& binding) const;
-    void ReadKeyBinding(QSettings& settings, KeyBinding& binding);
+    QList<QKeySequence> TakeSequences(
+        const KeyBinding& binding, QHash<QKeySequence, int>& owners, QStringList& duplicates);
+    /// What cannot be parsed is left out and told in `unknown`.
+    void ReadKeyBinding(QSettings& settings, KeyBinding& binding, QStringList& unknown);
     void WriteKeyBinding(QSettings& settings, const KeyBinding& binding) const;
 
     QList<KeyBinding> m_bindings;
+    QHash<QKeySequence, int> m_owners; ///< the bindings that got them, by their ids
+    QStringList m_duplicates; ///< what the last update had to tell
 };
