@@ -243,6 +243,8 @@ bool TarnwickEditor::eventFilter(QObject* watched, QEvent* event)
         event->ignore();
         return true;
     }
+    if (event->type() == QEvent::ChildPolished)
+        OnMenuChildPolished(static_cast<QChildEvent*>(event)->child());
     if (!m_usedPaths.isEmpty())
         FollowUsedEditorWalk(*event);
     if (const auto* handle = qobject_cast<QSplitterHandle*>(watched))
@@ -252,6 +254,8 @@ bool TarnwickEditor::eventFilter(QObject* watched, QEvent* event)
 
 bool TarnwickEditor::event(QEvent* event)
 {
+    if (event->type() == QEvent::ChildPolished)
+        OnMenuChildPolished(static_cast<QChildEvent*>(event)->child());
     // Not accepted: the host's own help line shows the tip as well.
     if (event->type() == QEvent::StatusTip)
         m_statusBar->ShowTip(static_cast<QStatusTipEvent*>(event)->tip());

@@ -323,6 +323,7 @@ private:
     void CreateActions();
     void RenameFindInFiles(const QString& text);
     void CreateMenus();
+    void OnMenuChildPolished(QObject* child);
     void CreateWidgets();
     void CreateLayout();
     void CreateConnections();

@@ -10,6 +10,7 @@
 #include <QAction>
 #include <QMenuBar>
 #include <QSplitter>
+#include <QWindow>
 
 namespace {
 
@@ -18,6 +19,15 @@ using K = KeyBindings;
 using T = TarnwickEditor;
 
 enum class ActionKind { Plain, Checkable };
+
+/// Most commands act on what has the focus, which a click on a menu must not take from it.
+void LeaveFocusAlone(QWidget& tornOffMenu)
+{
+    if (QWindow* const window = tornOffMenu.windowHandle())
+        window->setFlag(Qt::WindowDoesNotAcceptFocus);
+    else
+        tornOffMenu.overrideWindowFlags(tornOffMenu.windowFlags() | Qt::WindowDoesNotAcceptFocus);
+}
 
 } // namespace
 
@@ -276,6 +286,7 @@ void TarnwickEditor::CreateMenus()
     m_menuBar->setObjectName(QStringLiteral("m_menuBar"));
     // In the window itself, also where the desktop would take menu bars away.
     m_menuBar->setNativeMenuBar(false);
+    m_menuBar->installEventFilter(this);
     QList<QMenu*> open;
     for (const MenuRow& row : MENUS) {
         switch (row.kind) {
@@ -283,6 +294,7 @@ void TarnwickEditor::CreateMenus()
             QMenu* const menu = open.isEmpty() ? m_menuBar->addMenu(tr(row.title))
                                                : open.last()->addMenu(tr(row.title));
             menu->setTearOffEnabled(row.onShow != &T::OnShowOutputVerbosityMenu);
+            menu->installEventFilter(this);
             if (row.onShow)
                 connect(menu, &QMenu::aboutToShow, this, row.onShow);
             if (row.menu)
@@ -316,6 +328,14 @@ void TarnwickEditor::RenameFindInFiles(const QString& text)
 {
     m_actions.findInFiles->setText(text);
     m_actions.findInFiles->setStatusTip(text);
+}
+
+/// A menu that is torn off is a window of its own, and a child of whatever has the menu: this
+/// window, the bar or another menu.
+void TarnwickEditor::OnMenuChildPolished(QObject* child)
+{
+    if (child->inherits("QTornOffMenu"))
+        LeaveFocusAlone(*static_cast<QWidget*>(child));
 }
 
 /// The check marks and panes follow the host and the settings each time the window is shown.
