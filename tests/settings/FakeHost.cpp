@@ -6,6 +6,7 @@
 QString FakeHost::prefsDirectory;
 QString FakeHost::version;
 QStringList FakeHost::errors;
+QStringList FakeHost::warnings;
 
 QString MayaUtil::GetMayaPrefsDirectory()
 {
@@ -27,6 +28,9 @@ void Logger::Error(const char* text)
     Error(QString::fromUtf8(text));
 }
 
-void Logger::Warning(const QString& /*text*/) { }
+void Logger::Warning(const QString& text)
+{
+    FakeHost::warnings += text;
+}
 
 void Logger::Info(const QString& /*text*/) { }

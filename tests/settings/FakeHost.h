@@ -9,5 +9,6 @@ namespace FakeHost {
 extern QString prefsDirectory;
 extern QString version;
 extern QStringList errors;
+extern QStringList warnings;
 
 } // namespace FakeHost

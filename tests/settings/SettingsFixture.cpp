@@ -11,6 +11,7 @@ SettingsFixture::SettingsFixture()
     FakeHost::prefsDirectory = m_preferences.path() + '/';
     FakeHost::version = "2024";
     FakeHost::errors.clear();
+    FakeHost::warnings.clear();
     Settings::ResetToDefaults();
 }
 

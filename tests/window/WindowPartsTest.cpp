@@ -1,4 +1,3 @@
-#include "settings/KeyBindings.h"
 #include "settings/Settings.h"
 #include "support/TestMain.h"
 #include "window/WindowFixture.h"
@@ -17,9 +16,6 @@ class WindowPartsTest : public QObject
 private Q_SLOTS:
     void initTestCase() { m_host = std::make_unique<WindowFixture>(); }
     void cleanupTestCase() { m_host.reset(); }
-    void FirstBindingKeepsAContestedKey();
-    void BindingsComeAndGoTogether();
-    void RemembersRemovedAndChangedKeys();
     void StyleSheetHasNoTokenLeft();
     void LengthsFollowTheScale_data();
     void LengthsFollowTheScale();
@@ -30,72 +26,6 @@ private Q_SLOTS:
 private:
     std::unique_ptr<WindowFixture> m_host;
 };
-
-void WindowPartsTest::FirstBindingKeepsAContestedKey()
-{
-    KeyBindings bindings;
-    QAction find;
-    QAction comment;
-    bindings.SetAction(KeyBindings::Find, &find);
-    bindings.SetAction(KeyBindings::ToggleComment, &comment);
-    bindings.SetAction(KeyBindings::None, &comment);
-    bindings.SetAction(89, &comment);
-    QList<KeyBinding> edited = bindings.GetKeySequences();
-    edited[KeyBindings::ToggleComment - 1].userSequences
-        = {QKeySequence("Ctrl+F"), QKeySequence("F12")};
-    m_host->TakeMessages(host::MessageType::Warning);
-    bindings.UpdateUserSequences(edited);
-    QCOMPARE(find.shortcuts(), QList<QKeySequence>{QKeySequence("Ctrl+F")});
-    QCOMPARE(comment.shortcuts(), QList<QKeySequence>{QKeySequence("F12")});
-    QCOMPARE(m_host->TakeMessages(host::MessageType::Warning),
-        QStringList("[TarnwickEditor2] Duplicate hotkey detected: Toggle Comment (Ctrl+F)"));
-}
-
-void WindowPartsTest::BindingsComeAndGoTogether()
-{
-    KeyBindings bindings;
-    QAction execute;
-    bindings.SetAction(KeyBindings::Execute, &execute);
-    bindings.Update();
-    const QList<QKeySequence> keys
-        = {QKeySequence("Ctrl+Return"), QKeySequence("Ctrl+Enter"), QKeySequence("Enter")};
-    QCOMPARE(execute.shortcuts(), keys);
-    bindings.SetBindingsEnabled(false);
-    QVERIFY(execute.shortcuts().isEmpty());
-    bindings.SetBindingsEnabled(true);
-    QCOMPARE(execute.shortcuts(), keys);
-    // The user's sequences of a fixed command do not count.
-    QList<KeyBinding> edited = bindings.GetKeySequences();
-    edited[KeyBindings::Execute - 1].userSequences = {QKeySequence("F5")};
-    bindings.UpdateUserSequences(edited);
-    QCOMPARE(execute.shortcuts(), keys);
-    QVERIFY(bindings.GetShortcut(KeyBindings::SaveAs).isEmpty());
-    QVERIFY(bindings.GetShortcut(0).isEmpty());
-}
-
-void WindowPartsTest::RemembersRemovedAndChangedKeys()
-{
-    const QString path = KeyBindings::GetUserKeyBindingsPath();
-    QFile::remove(path);
-    KeyBindings bindings;
-    QList<KeyBinding> edited = bindings.GetKeySequences();
-    edited[KeyBindings::Find - 1].userSequences.clear();
-    edited[KeyBindings::ExecuteAlt - 1].userSequences = {QKeySequence("F5"), QKeySequence("F6")};
-    bindings.UpdateUserSequences(edited);
-    bindings.WriteUserKeyBindings();
-
-    KeyBindings read;
-    read.ReadUserKeyBindings();
-    QVERIFY(read.GetShortcut(KeyBindings::Find).isEmpty());
-    QCOMPARE(read.GetKeySequences()[KeyBindings::ExecuteAlt - 1].userSequences,
-        (QList<QKeySequence>{QKeySequence("F5"), QKeySequence("F6")}));
-    QCOMPARE(read.GetShortcut(KeyBindings::Replace), QKeySequence("Ctrl+H"));
-
-    // Without its key in the file a command has its default again.
-    QSettings(path, QSettings::IniFormat).remove("user_bindings/find");
-    read.ReadUserKeyBindings();
-    QCOMPARE(read.GetShortcut(KeyBindings::Find), QKeySequence("Ctrl+F"));
-}
 
 void WindowPartsTest::StyleSheetHasNoTokenLeft()
 {
