@@ -1,5 +1,6 @@
 #include "ui/window/HostWindow.h"
 
+#include "commands/HelpRequests.h"
 #include "engine/Engine.h"
 #include "ui/model/InterfaceModel.h"
 #include "ui/window/CommandLine.h"
@@ -15,6 +16,7 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QCloseEvent>
+#include <QDesktopServices>
 #include <QFile>
 #include <QLabel>
 #include <QMenuBar>
@@ -22,6 +24,7 @@
 #include <QSaveFile>
 #include <QScreen>
 #include <QStatusBar>
+#include <QUrl>
 #include <QVBoxLayout>
 
 namespace host::ui {
@@ -149,6 +152,20 @@ void HostWindow::Build()
     // What is made next must not land in the last shelf.
     m_model.SetCurrentParent(nullptr);
     m_model.SetCurrentMenu(nullptr);
+    commands::HelpRequests::Current().changed
+        = [window = QPointer<HostWindow>(this)](const commands::HelpRequest& request) {
+              if (window)
+                  window->ShowHelpRequest(request);
+          };
+}
+
+/// There are no pages of documentation here: the help line tells what would be opened.
+void HostWindow::ShowHelpRequest(const commands::HelpRequest& request)
+{
+    const bool isAddress = request.kind == commands::HelpRequest::Kind::Address;
+    if (isAddress && QDesktopServices::openUrl(QUrl(request.target)))
+        return;
+    statusBar()->showMessage(tr("Documentation: %1").arg(request.target));
 }
 
 // The layout

@@ -13,6 +13,10 @@ namespace host {
 class Engine;
 }
 
+namespace host::commands {
+struct HelpRequest;
+}
+
 namespace host::ui {
 
 class CommandLine;
@@ -113,6 +117,7 @@ private:
     void ShowShelf(bool on);
     void ShowCommandLine(bool on);
     void ShowHelpLine(bool on);
+    void ShowHelpRequest(const commands::HelpRequest& request);
     void ShowGrid(bool on);
     void ShowAxis(bool on);
     void ResetView();
