@@ -29,6 +29,17 @@ bool IsKnown(int key)
     return key != 0 && key != Qt::Key_unknown;
 }
 
+/// Shift is a part of how some characters are typed; a shortcut that names it as well as the
+/// character is never met by a keyboard's keys. Letters are named without it.
+bool IsTypedWithShift(const QKeyEvent& event)
+{
+    const bool isCharacter = event.key() > Qt::Key_Space && event.key() < Qt::Key_Escape
+        && !QChar::isLetter(uint(event.key()));
+    const bool isOfKeyboard
+        = event.nativeScanCode() != 0 && !(event.modifiers() & Qt::KeypadModifier);
+    return isCharacter && isOfKeyboard && event.modifiers() & Qt::ShiftModifier;
+}
+
 } // namespace
 
 KeySequenceLineEdit::KeySequenceLineEdit(QWidget* parent)
@@ -53,8 +64,10 @@ void KeySequenceLineEdit::keyPressEvent(QKeyEvent* event)
     int key = event->key();
     if (!IsKnown(key) || IsModifier(key))
         return;
-    const Qt::KeyboardModifiers modifiers = event->modifiers()
+    Qt::KeyboardModifiers modifiers = event->modifiers()
         & (Qt::ShiftModifier | Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
+    if (IsTypedWithShift(*event))
+        modifiers &= ~Qt::ShiftModifier;
     // One key with two names, of which bindings bear the other.
     if (key == Qt::Key_Backtab)
         key = Qt::Key_Tab;

@@ -245,6 +245,9 @@ bool TarnwickEditor::eventFilter(QObject* watched, QEvent* event)
     }
     if (event->type() == QEvent::ChildPolished)
         OnMenuChildPolished(static_cast<QChildEvent*>(event)->child());
+    if (event->type() == QEvent::Shortcut
+        && RunAmbiguous(watched, *static_cast<QShortcutEvent*>(event)))
+        return true;
     if (!m_usedPaths.isEmpty())
         FollowUsedEditorWalk(*event);
     if (const auto* handle = qobject_cast<QSplitterHandle*>(watched))

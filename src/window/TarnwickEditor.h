@@ -29,6 +29,7 @@ class QFileInfo;
 class QHBoxLayout;
 class QMenu;
 class QMenuBar;
+class QShortcutEvent;
 class QSplitter;
 class QVariantAnimation;
 class RecoveryKeeper;
@@ -324,6 +325,7 @@ private:
     void RenameFindInFiles(const QString& text);
     void CreateMenus();
     void OnMenuChildPolished(QObject* child);
+    bool RunAmbiguous(QObject* action, const QShortcutEvent& event);
     void CreateWidgets();
     void CreateLayout();
     void CreateConnections();

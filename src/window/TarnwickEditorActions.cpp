@@ -1,5 +1,6 @@
 // Actions and menus of the editor window.
 
+#include "plugin/Logger.h"
 #include "plugin/MayaUtil.h"
 #include "settings/Settings.h"
 #include "window/PanelGroup.h"
@@ -8,6 +9,7 @@
 #include "window/chrome/StatusBar.h"
 
 #include <QAction>
+#include <QKeyEvent>
 #include <QMenuBar>
 #include <QSplitter>
 #include <QWindow>
@@ -263,6 +265,7 @@ void TarnwickEditor::CreateAction(QAction** action, const QString& text, const Q
     (*action)->setCheckable(checkable);
     m_keyBindings.SetAction(binding, *action);
     addAction(*action);
+    (*action)->installEventFilter(this);
 }
 
 void TarnwickEditor::CreateActions()
@@ -336,6 +339,19 @@ void TarnwickEditor::OnMenuChildPolished(QObject* child)
 {
     if (child->inherits("QTornOffMenu"))
         LeaveFocusAlone(*static_cast<QWidget*>(child));
+}
+
+/// A key may be another one's too: the host's, or the same key of the keyboard by another name. The
+/// toolkit asks one after the other then, and would do nothing.
+bool TarnwickEditor::RunAmbiguous(QObject* action, const QShortcutEvent& event)
+{
+    auto* const command = qobject_cast<QAction*>(action);
+    if (!command || !event.isAmbiguous())
+        return false;
+    Logger::Warning(QStringLiteral("Ambiguous hotkey: %1 (%2)")
+                        .arg(command->statusTip(), event.key().toString()));
+    command->trigger();
+    return true;
 }
 
 /// The check marks and panes follow the host and the settings each time the window is shown.

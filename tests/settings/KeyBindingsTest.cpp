@@ -29,6 +29,8 @@ private Q_SLOTS:
     void WritesEveryBindingAndLeavesTheRest();
     void CapturesKeys_data();
     void CapturesKeys();
+    void CharactersTypedWithShift_data();
+    void CharactersTypedWithShift();
     void NothingElseGetsIntoTheField();
 
 private:
@@ -276,6 +278,29 @@ void KeyBindingsTest::CapturesKeys()
         QCOMPARE(edited[0][0].toString(), text);
     QCOMPARE(triggered.size(), 0);
     QCOMPARE(next.hasFocus(), key == Qt::Key_Tab && modifiers == 0);
+}
+
+/// As a keyboard sends them, which tells the key that was pressed.
+void KeyBindingsTest::CharactersTypedWithShift_data()
+{
+    QTest::addColumn<int>("key");
+    QTest::addColumn<int>("scanCode");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("symbol") << int(Qt::Key_At) << 11 << "Ctrl+@";
+    QTest::newRow("letter") << int(Qt::Key_K) << 45 << "Ctrl+Shift+K";
+    QTest::newRow("function key") << int(Qt::Key_F2) << 68 << "Ctrl+Shift+F2";
+    QTest::newRow("not from a keyboard") << int(Qt::Key_Slash) << 0 << "Ctrl+Shift+/";
+}
+
+void KeyBindingsTest::CharactersTypedWithShift()
+{
+    QFETCH(int, key);
+    QFETCH(int, scanCode);
+    KeySequenceLineEdit field;
+    QKeyEvent press(
+        QEvent::KeyPress, key, Qt::ControlModifier | Qt::ShiftModifier, quint32(scanCode), 0, 0);
+    QApplication::sendEvent(&field, &press);
+    QTEST(field.text(), "text");
 }
 
 void KeyBindingsTest::NothingElseGetsIntoTheField()

@@ -36,6 +36,7 @@ private Q_SLOTS:
     void KeysReachTheirCommands();
     void MenusRenameTheSearch();
     void TornOffMenusLeaveTheFocus();
+    void KeysOfOthersAreNotDead();
 
 private:
     using Step = std::function<void()>;
@@ -598,6 +599,21 @@ void ActionsTest::TornOffMenusLeaveTheFocus()
         menu->hideTearOffMenu();
     }
     QCOMPARE(without.join(","), QString("Verbosity"));
+}
+
+void ActionsTest::KeysOfOthersAreNotDead()
+{
+    QAction* const ours = Actions()["Go to Line..."];
+    ours->disconnect(m_window);
+    QAction others;
+    others.setShortcut(ours->shortcut());
+    m_frame->addAction(&others);
+    const QSignalSpy triggered(ours, &QAction::triggered);
+    // Each of the two is asked in turn.
+    for (int i = 0; i < 2; ++i)
+        QTest::keyClick(Editor(), Qt::Key_G, Qt::ControlModifier);
+    QCOMPARE(triggered.size(), 1);
+    QCOMPARE(TakeLog(host::MessageType::Warning).size(), 1);
 }
 
 TE2_TEST(ActionsTest)
