@@ -24,7 +24,6 @@ private Q_SLOTS:
     void cleanup() { m_window.reset(); }
     void cleanupTestCase() { m_fixture.reset(); }
     void OpensTheBarByKeys();
-    void StandsInTheEditMenu();
     void StepsWithoutTheBar();
     void AsksForTheFieldsBeforeReplacing();
     void SeeksTheWordWhenNothingWasSought();
@@ -80,22 +79,6 @@ void FindCommandsTest::OpensTheBarByKeys()
     QVERIFY(Field("m_searchLineEdit")->hasFocus());
     QTest::keyClick(Field("m_searchLineEdit"), Qt::Key_Escape);
     QVERIFY(Editor().hasFocus());
-}
-
-void FindCommandsTest::StandsInTheEditMenu()
-{
-    const QList<QMenu*> menus = m_window->findChildren<QMenu*>();
-    const auto edit = std::find_if(menus.begin(), menus.end(),
-        [](const QMenu* menu) { return menu->title() == QLatin1String("Edit"); });
-    QVERIFY(edit != menus.end());
-    const QList<QAction*> entries = (*edit)->actions();
-    const int find = entries.indexOf(Action("Find"));
-    QVERIFY(find > entries.indexOf(Action("Select All")));
-    QCOMPARE(entries.at(find + 1), Action("Replace"));
-    // The others are reached by keys alone; two commands are called alike.
-    QVERIFY(!entries.contains(Action("Find Next")));
-    QVERIFY(Action("Replace", 1));
-    QVERIFY(!entries.contains(Action("Replace", 1)));
 }
 
 void FindCommandsTest::StepsWithoutTheBar()
