@@ -12,6 +12,7 @@
 #include <QTextBlock>
 
 #include <algorithm>
+#include <iterator>
 #include <limits>
 
 namespace {
@@ -61,6 +62,7 @@ PythonAutoCompleter::PythonAutoCompleter(QPlainTextEdit* editor)
     connect(m_loader, &PythonSourceLoader::Loaded, this, &PythonAutoCompleter::OnSourceLoaded);
     connect(m_loader, &PythonSourceLoader::Changed, this, [this] {
         m_answers.clear();
+        m_source.reset(); // as large as the text
         m_isAwaited = false;
     });
 }
@@ -84,7 +86,7 @@ void PythonAutoCompleter::Update(
     const QTextCursor& cursor, const QRect& cursorRect, bool applyIfSingle)
 {
     m_isAwaited = false;
-    const bool isSame = isVisible() && m_shownObject == m_request.object;
+    const bool isSame = isVisible() && m_source && m_shownObject == m_request.object;
     const bool isNothingTyped = m_request.prefix.isEmpty() && m_request.object.isEmpty();
     if (!isSame)
         hide();
@@ -181,8 +183,8 @@ void PythonAutoCompleter::AppendWords(
             return word.text.compare(wanted, Qt::CaseInsensitive) < 0;
         });
     // First what matches the case, which comes first in the list, too.
+    int count = 0;
     for (const bool isExact : {true, false}) {
-        int count = 0;
         for (auto word = first; word != words.cend(); ++word) {
             if (!word->text.startsWith(prefix, Qt::CaseInsensitive))
                 break;
@@ -193,7 +195,7 @@ void PythonAutoCompleter::AppendWords(
                 continue;
             if (++count > MAXIMUM_WORDS) {
                 m_isListCut = true;
-                break;
+                return;
             }
             names.append({word->text.toString(), icon});
         }
@@ -213,18 +215,25 @@ PythonAutoCompleter::Names PythonAutoCompleter::NamesInSource(const QTextCursor&
     line.remove(cursor.positionInBlock() - m_request.prefix.size(), m_request.prefix.size());
     AppendWords(PythonSource(line), language, found);
 
+    const auto matches = [this](const QString& name) {
+        return !name.isEmpty() && name.startsWith(m_request.prefix, Qt::CaseInsensitive);
+    };
     QHash<QString, QString> own; // with icons
-    for (const QString& name : qAsConst(m_shownNames))
-        own.insert(name, LanguageIcon());
+    for (const QString& name : qAsConst(m_shownNames)) {
+        if (matches(name))
+            own.insert(name, LanguageIcon());
+    }
     for (const Name& name : qAsConst(found)) {
         if (!own.contains(name.text) || !name.iconName.isEmpty())
             own.insert(name.text, name.iconName.isEmpty() ? LanguageIcon() : name.iconName);
     }
     QStringList sorted = own.keys();
     std::sort(sorted.begin(), sorted.end(), IsListedBefore);
-    QStringList ofLanguage = Settings::pythonIncludeKeywords ? keywords : QStringList();
+    QStringList ofLanguage;
+    if (Settings::pythonIncludeKeywords)
+        std::copy_if(keywords.cbegin(), keywords.cend(), std::back_inserter(ofLanguage), matches);
     if (Settings::pythonIncludeBuiltins)
-        ofLanguage += builtins;
+        std::copy_if(builtins.cbegin(), builtins.cend(), std::back_inserter(ofLanguage), matches);
     ofLanguage.removeDuplicates();
     std::sort(ofLanguage.begin(), ofLanguage.end(), IsListedBefore);
 
@@ -232,7 +241,7 @@ PythonAutoCompleter::Names PythonAutoCompleter::NamesInSource(const QTextCursor&
     for (const QString& name : qAsConst(sorted))
         names.append({name, own.value(name)});
     for (const QString& name : qAsConst(ofLanguage)) {
-        if (!name.isEmpty() && !own.contains(name))
+        if (!own.contains(name))
             names.append({name, LanguageIcon()});
     }
     std::stable_partition(

@@ -131,14 +131,12 @@ void PythonExcerpt::Resolve(int statement)
 /// Also those in strings, which annotations may be.
 void PythonExcerpt::NeedWords(int statement)
 {
-    for (int line = m_statements[statement].firstLine; line <= m_statements[statement].lastLine;
-         ++line) {
-        const QStringView text = m_source.GetLineText(line);
-        for (int start = 0; start < text.size();) {
+    for (const QString& line : LinesOf(statement)) {
+        for (int start = 0; start < line.size();) {
             int end = start;
-            while (end < text.size() && PythonText::IsNameCharacter(text[end]))
+            while (end < line.size() && PythonText::IsNameCharacter(line[end]))
                 ++end;
-            const QStringView word = text.mid(start, end - start);
+            const QStringView word = QStringView(line).mid(start, end - start);
             if (PythonText::IsName(word) && !PythonBindings::IsKeyword(word))
                 Need(m_source.FindName(word));
             start = end + 1;
@@ -185,7 +183,7 @@ void PythonExcerpt::Activate(int function)
 /// With what it stands in. A statement with branches is kept with all their heads.
 void PythonExcerpt::Keep(int statement)
 {
-    if (statement < 0 || m_isKept[statement])
+    if (statement < 0 || m_isKept[statement] || m_statements[statement].isUnfinished)
         return;
     m_isKept[statement] = true;
     for (const QString& line : LinesOf(statement))

@@ -96,10 +96,11 @@ QString PythonSource::GetText(const QString& lineText) const
     return text.replace(m_lineStarts[m_line], GetLineText(m_line).size(), lineText);
 }
 
-bool PythonSource::LineState::operator==(const LineState& other) const
+bool PythonSource::LineState::IsLike(const LineState& other) const
 {
+    const bool isBranch = kind == Statement::Kind::Branch;
     return continues == other.continues && isOpen == other.isOpen && indent == other.indent
-        && kind == other.kind;
+        && isBranch == (other.kind == Statement::Kind::Branch);
 }
 
 PythonSource::LineState PythonSource::StateOf(PythonLineReader before, QStringView line)
@@ -118,7 +119,7 @@ PythonSource::LineState PythonSource::StateOf(PythonLineReader before, QStringVi
 
 bool PythonSource::StillHolds(const QString& lineText) const
 {
-    return m_line >= 0 && StateOf(m_beforeLine, lineText) == m_lineState;
+    return m_line >= 0 && StateOf(m_beforeLine, lineText).IsLike(m_lineState);
 }
 
 void PythonSource::Read(const std::atomic<bool>* isCancelled)
@@ -150,7 +151,10 @@ void PythonSource::ReadLine(Reading& reading, int line)
         if (!trimmed.isEmpty() && !closes && indent <= m_statements.last().indent)
             reader = PythonLineReader();
     }
+    const bool wasOpen = reader.IsOpen();
     const bool continues = reader.Continues(text);
+    if (!continues && wasOpen && reading.isInStatement && !reading.hasLine)
+        m_statements.last().isUnfinished = true;
     if (!continues && (line == m_line || PythonText::IsCode(text)))
         Begin(reading, line, indent);
     else if (continues && reading.isInStatement)

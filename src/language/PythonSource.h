@@ -18,6 +18,7 @@ struct PythonStatement
     int indent = 0; ///< columns
     bool isOpenHead = false; ///< its body is on other lines
     bool isStarImport = false;
+    bool isUnfinished = false; ///< its brackets are open; it would only spoil what it stands in
     int parent = -1; ///< that it is indented below
     int owner = -1; ///< the function or class that it stands in
     int partner = -1; ///< whose branch it is
@@ -84,7 +85,7 @@ private:
         bool isOpen = false;
         int indent = 0;
         PythonStatement::Kind kind = PythonStatement::Kind::Simple;
-        bool operator==(const LineState& other) const;
+        bool IsLike(const LineState& other) const;
     };
 
     static LineState StateOf(PythonLineReader before, QStringView line);

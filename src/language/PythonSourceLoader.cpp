@@ -12,6 +12,7 @@ namespace {
 
 constexpr int SHORT_TEXT = 20000; ///< characters; read in a millisecond or two
 constexpr int SLICE = 3; // ms
+constexpr int REST_TIME = 60000; // ms
 
 } // namespace
 
@@ -30,32 +31,41 @@ PythonSourceLoader::PythonSourceLoader(const QTextDocument* document, QObject* p
 {
     m_pool.setMaxThreadCount(1);
     m_sliceTimer.setInterval(0);
+    m_restTimer.setSingleShot(true);
+    m_restTimer.setInterval(REST_TIME);
     connect(&m_sliceTimer, &QTimer::timeout, this, &PythonSourceLoader::OnSlice);
+    connect(&m_restTimer, &QTimer::timeout, this, &PythonSourceLoader::DropCopy);
     connect(document, &QTextDocument::contentsChange, this, &PythonSourceLoader::OnContentsChange);
 }
 
 PythonSourceLoader::~PythonSourceLoader()
 {
-    Drop();
+    DropSource();
     m_pool.waitForDone();
 }
 
 std::shared_ptr<const PythonSource> PythonSourceLoader::Fetch(int line)
 {
+    m_restTimer.start();
     if (line != m_line)
-        Drop();
+        DropSource();
     m_line = line;
     const QString text = m_document->findBlockByNumber(line).text();
     if (m_source && m_source->StillHolds(text))
         return m_source;
-    if (m_copy || m_job)
+    if (m_job || m_sliceTimer.isActive())
         return nullptr;
     if (m_document->characterCount() <= SHORT_TEXT) {
+        DropCopy();
         m_source = std::make_shared<PythonSource>(m_document->toPlainText(), line);
         return m_source;
     }
-    m_copy = std::make_unique<DocumentCopy>(m_document);
-    m_sliceTimer.start();
+    if (!m_copy)
+        m_copy = std::make_unique<DocumentCopy>(m_document);
+    if (m_copy->TakeSlice(QDeadlineTimer(0)))
+        StartReading();
+    else
+        m_sliceTimer.start();
     return nullptr;
 }
 
@@ -74,18 +84,23 @@ void PythonSourceLoader::OnContentsChange(int position, int removed, int added)
     m_lineCount = m_document->blockCount();
     if (isWithinLine)
         return;
-    Drop();
+    DropSource();
     Q_EMIT Changed();
 }
 
-void PythonSourceLoader::Drop()
+void PythonSourceLoader::DropSource()
 {
     m_sliceTimer.stop();
-    m_copy.reset();
     m_source.reset();
     if (m_job)
         m_job->isCancelled = true;
     m_job.reset();
+}
+
+void PythonSourceLoader::DropCopy()
+{
+    m_sliceTimer.stop();
+    m_copy.reset();
 }
 
 void PythonSourceLoader::OnSlice()
@@ -93,8 +108,12 @@ void PythonSourceLoader::OnSlice()
     if (!m_copy->TakeSlice(QDeadlineTimer(SLICE)))
         return;
     m_sliceTimer.stop();
+    StartReading();
+}
+
+void PythonSourceLoader::StartReading()
+{
     const QVector<QString> pieces = m_copy->GetPieces();
-    m_copy.reset();
     m_job = std::make_shared<Job>();
     m_pool.start([this, job = m_job, pieces, line = m_line] {
         QString text;

@@ -12,7 +12,8 @@ class QTextDocument;
 
 /// Has the text of a document read for completion without holding anything up: a short one at
 /// once, a long one is copied in slices and read on a thread. Keeps what was read until the text
-/// changes outside the line that is being written. Owned by its completer; interface thread only.
+/// changes outside the line that is being written, and the copy as long as somebody asks from time
+/// to time. Owned by its completer; interface thread only.
 class PythonSourceLoader : public QObject
 {
     Q_OBJECT
@@ -36,15 +37,18 @@ private:
 
     void OnContentsChange(int position, int removed, int added);
     void OnSlice();
+    void StartReading();
     void OnRead(const std::shared_ptr<Job>& job);
-    void Drop();
+    void DropSource();
+    void DropCopy();
 
     const QTextDocument* m_document; ///< not owned
     int m_line = -1; ///< asked for last
     int m_revision;
     int m_lineCount;
-    std::unique_ptr<DocumentCopy> m_copy; ///< while the text is being copied
-    QTimer m_sliceTimer;
+    std::unique_ptr<DocumentCopy> m_copy; ///< of a long text, kept true to it
+    QTimer m_sliceTimer; ///< runs while the text is being copied
+    QTimer m_restTimer; ///< until nobody seems to need the copy any more
     std::shared_ptr<Job> m_job; ///< while the copy is being read
     std::shared_ptr<const PythonSource> m_source;
     QThreadPool m_pool; ///< waits for its thread, whose code may be about to go

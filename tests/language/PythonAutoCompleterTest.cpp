@@ -2,6 +2,7 @@
 
 #include "language/FakeVocabulary.h"
 #include "language/PythonCompletion.h"
+#include "language/PythonExcerpt.h"
 #include "language/PythonForcedImports.h"
 #include "settings/Settings.h"
 #include "support/TestMain.h"
@@ -68,6 +69,9 @@ private Q_SLOTS:
     void KnowsWhatIsWanted();
     void MarksTheCursorInTheSource_data();
     void MarksTheCursorInTheSource();
+    void AsksWhatConcernsTheObject_data();
+    void AsksWhatConcernsTheObject();
+    void ReadsALongTextMeanwhile();
     void ListsNamesOfTheSourceThenOfTheLanguage();
     void AsksOncePerObjectAndText();
     void AsksNoMoreByItselfWhereItWasSlow();
@@ -146,6 +150,13 @@ void PythonAutoCompleterTest::MarksTheCursorInTheSource_data()
                                            << "a = f(\ndef g():\n    <> pass";
     QTest::newRow("below a long string") << "'''a (\n'''\n  b|"
                                          << "'''a (\n'''\n  <> pass";
+    QTest::newRow("within a block without handler")
+        << "try:\n    if a:\n        try:\n            b|\n        except C: d\ne"
+        << "if 1:\n    if a:\n        try:\n            <> pass\n        except C: d\ne";
+    QTest::newRow("the only handler") << "try:\n    a\nexcept B|:\n    c\nfinally: d"
+                                      << "if 1:\n    a\n<>\n    c\nif 1: d";
+    QTest::newRow("one of two handlers") << "try: a\nexcept B: c\nexcept D|:\n    e"
+                                         << "try: a\nexcept B: c\n<>\n    e";
     QTest::newRow("below a bracket in a comment") << "a # (\nb|"
                                                   << "a # (\n<> pass";
 }
@@ -158,6 +169,86 @@ void PythonAutoCompleterTest::MarksTheCursorInTheSource()
     source.replace("<>", "def __tedefloc__(__tarnwick_lctr_qnht__):");
     QCOMPARE(PythonCompletion::MarkedSource(text.remove('|'), line, {"import x"}),
         source + "\nimport x");
+}
+
+void PythonAutoCompleterTest::AsksWhatConcernsTheObject_data()
+{
+    QTest::addColumn<QString>("text"); // "|" stands for the cursor, lines that begin with "-" go
+    QTest::addColumn<QString>("object");
+    QTest::newRow("what it is made of") << "import a\n-import b\n-c = b.x(\n-  1)\nd = a.y\n"
+                                           "e: 'd' = 1\n-print(e)\n|"
+                                        << "e";
+    QTest::newRow("the last value counts") << "-a = b\na = c\na = None\n-c.a = 1\n|"
+                                           << "a";
+    QTest::newRow("names from elsewhere") << "from a import *\n-import b\n-x = 1\n|" << QString();
+    QTest::newRow("members") << "class A:\n    x = 1\n    def f(self, b):\n        c = b\n"
+                                "-        d = 1\n        self.e, g = c\n-class B: pass\n"
+                                "class C(A):\n-    'text'\n    def h(self):\n        |"
+                             << "self.e";
+    QTest::newRow("other functions")
+        << "-def f(a):\n-    b = 1\nb = 2\ndef g():\n-    x = 1\n    c = b\n    def h():\n        |"
+        << "c";
+    QTest::newRow("set in a function") << "def f():\n    global a\n    a = b\n-    d = 1\nb = 1\n|"
+                                       << "a";
+    QTest::newRow("in branches")
+        << "try:\n    import a\nexcept E:\n    a = None\n-if b:\n-    c = 1\n-else: d\n|"
+        << "a";
+    QTest::newRow("by other words") << "with b as c, d(e) as a:\n-    1\n    for a in c: 2\n"
+                                       "-print([a for x in c])\n|"
+                                    << "a";
+    QTest::newRow("a long list") << "a = [\n-  1,\n-  2,\n-  3,\n-  b,\n]\n-b = 1\n|"
+                                 << "a";
+    QTest::newRow("an open bracket above") << "-a = f(\n-c = 1\n-def g(): 1\nb = a\n|"
+                                           << "b";
+}
+
+void PythonAutoCompleterTest::AsksWhatConcernsTheObject()
+{
+    QFETCH(QString, text);
+    QFETCH(QString, object);
+    QStringList lines = text.remove('|').split('\n');
+    QStringList wanted;
+    for (QString& line : lines) {
+        if (line.startsWith('-'))
+            line.remove(0, 1);
+        else
+            wanted += line;
+    }
+    const PythonSource source(lines.join('\n'), lines.size() - 1);
+    const QStringList chain = object.split('.', Qt::SkipEmptyParts);
+    const PythonExcerpt::Text excerpt = PythonExcerpt(source, chain, 10000).GetText(lines.last());
+    QCOMPARE(excerpt.text, wanted.join('\n'));
+    QCOMPARE(excerpt.line, wanted.size() - 1);
+    QVERIFY(PythonExcerpt(source, chain, 5).IsTooLong());
+}
+
+/// Names that are not there yet come later, if they are still wanted.
+void PythonAutoCompleterTest::ReadsALongTextMeanwhile()
+{
+    FakeVocabulary::attributes[""] = QStringList("from_elsewhere");
+    FakeVocabulary::answerTime = 160;
+    QString text;
+    for (int i = 0; i < 3000; ++i)
+        text += QString("value_%1 = Value_%1 + _%1\n").arg(i);
+    Scene scene(text + "|");
+    QSignalSpy arrived(&scene.completer, &PythonAutoCompleter::NamesArrived);
+    QVERIFY(!scene.Type("Val"));
+    scene.editor.textCursor().insertText("\n");
+    QVERIFY(!scene.Type("x = Val"));
+    QVERIFY(!scene.Ask(true));
+    QTRY_COMPARE(arrived.size(), 1);
+    QCOMPARE(arrived.takeFirst(), QVariantList{true});
+    QVERIFY(scene.Ask());
+    QCOMPARE(scene.Rows().value(0), QString("Val"));
+    QCOMPARE(scene.Rows().value(1), QString("Value_0"));
+    QVERIFY(!scene.Rows().contains("_1"));
+    QVERIFY(scene.Type("ue_2999"));
+    QCOMPARE(scene.Rows(), QStringList({"Value_2999", "value_2999"}));
+    QVERIFY(FakeVocabulary::askedSources[0].size() < 200);
+    // The host was slow: names of the text are offered without it.
+    QVERIFY(scene.Type(" + _77"));
+    QCOMPARE(scene.Rows().value(0), QString("_77"));
+    QCOMPARE(FakeVocabulary::askedObjects, QStringList(""));
 }
 
 void PythonAutoCompleterTest::ListsNamesOfTheSourceThenOfTheLanguage()
