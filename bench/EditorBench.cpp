@@ -1,20 +1,25 @@
 // What the code editor costs beside a bare text widget: opening, typing, scrolling, changing tabs.
 
 #include "RatioMain.h"
+#include "app/Host.h"
 #include "editor/CodeEditor.h"
 #include "editor/CodeEditorGroup.h"
+#include "language/AutoCompleter.h"
+#include "plugin/MayaUtil.h"
 #include "settings/KeyBindings.h"
 #include "settings/Settings.h"
 
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QScrollBar>
+#include <QTemporaryDir>
 #include <QTextBlock>
 
 #include <algorithm>
 #include <benchmark/benchmark.h>
 #include <functional>
 #include <memory>
+#include <time.h>
 
 namespace {
 
@@ -24,6 +29,8 @@ constexpr int SCROLL_STEPS = 400;
 constexpr int TABS = 50;
 constexpr int LONG_TABS = 3;
 constexpr int IDLE_WAIT = 1500; // ms
+constexpr int OFFER_WAIT = 5000; // ms
+constexpr double FRAME = 16; // ms
 const QSize SIZE(1000, 800);
 
 using Editor = std::unique_ptr<QPlainTextEdit>;
@@ -118,6 +125,25 @@ private:
     std::vector<double> m_times;
 };
 
+/// A class of ten methods in every hundred lines.
+QString ClassText(int lines)
+{
+    QString text;
+    for (int i = 0; i < lines; ++i) {
+        if (i % 100 == 0)
+            text += QStringLiteral("class Class_%1(object):\n").arg(i);
+        else if (i % 10 == 1)
+            text += QStringLiteral("    def method_%1(self, name):\n").arg(i);
+        else if (i % 10 == 2)
+            text += QStringLiteral("        self.value_%1 = Class_%2(name)\n")
+                        .arg(i)
+                        .arg(i / 200 * 100);
+        else
+            text += QStringLiteral("        value_%1 = function(name, %1) * 2\n").arg(i);
+    }
+    return text;
+}
+
 void Repeat(benchmark::State& state, int count, const std::function<void(int)>& step)
 {
     Steps steps;
@@ -180,6 +206,59 @@ void TypeCode(benchmark::State& state, const MakeEditor& make)
     });
 }
 
+/// Of this thread alone: a busy machine makes no turn longer.
+double CpuTime()
+{
+    timespec now = {};
+    ::clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
+    return now.tv_sec + now.tv_nsec / 1e9;
+}
+
+/// The longest turn of the event loop while somebody types and the lists of names come, which they
+/// must at every "|".
+void OfferNames(benchmark::State& state, const QString& text, const QString& keys)
+{
+    CodeEditor editor(Properties(0, CodeEditorLanguage::Python), &Bindings());
+    ShowWith(editor, text);
+    editor.setFocus();
+    QTextCursor cursor(editor.document()->findBlockByNumber(editor.blockCount() / 20 * 10 + 5));
+    cursor.insertText(QStringLiteral("        \n"));
+    cursor.movePosition(QTextCursor::PreviousCharacter);
+    editor.setTextCursor(cursor);
+    editor.centerCursor();
+    WaitUntilIdle();
+    double longest = 0;
+    const auto turn = [&longest](const std::function<void()>& press) {
+        const double start = CpuTime();
+        press();
+        QApplication::processEvents();
+        longest = std::max(longest, CpuTime() - start);
+    };
+    const auto isOffered = [&editor] {
+        const auto* completer = editor.findChild<AutoCompleter*>();
+        return completer && completer->isVisible();
+    };
+    for (auto _ : state) {
+        for (const QChar key : keys) {
+            if (key == QLatin1Char('|')) {
+                QElapsedTimer patience;
+                for (patience.start(); !isOffered() && patience.elapsed() < OFFER_WAIT;)
+                    turn([] {});
+                if (!isOffered())
+                    state.SkipWithError("no names are offered");
+                continue;
+            }
+            turn([&] {
+                QKeyEvent press(QEvent::KeyPress,
+                    key == QLatin1Char('\n') ? int(Qt::Key_Return) : int(key.toUpper().unicode()),
+                    Qt::NoModifier, key);
+                QApplication::sendEvent(&editor, &press);
+            });
+        }
+        state.SetIterationTime(longest);
+    }
+}
+
 /// One command on all lines, each of which ends in blanks.
 void EditAllLines(benchmark::State& state, const std::function<void(CodeEditor&)>& command)
 {
@@ -234,6 +313,16 @@ void Register(const char* name, const std::function<void(benchmark::State&)>& ru
         ->Iterations(1);
 }
 
+void RegisterOffer(const char* name, const QString& text, const QString& keys)
+{
+    benchmark::RegisterBenchmark(
+        name, [text, keys](benchmark::State& state) { OfferNames(state, text, keys); })
+        ->Unit(benchmark::kMillisecond)
+        ->UseManualTime()
+        ->Iterations(1);
+    TimeGoal(name, FRAME);
+}
+
 using Run = void (*)(benchmark::State&, const MakeEditor&);
 
 void RegisterPair(const std::string& name, Run run, double goal, const MakeEditor& make = MakeOurs)
@@ -254,11 +343,19 @@ void RegisterLines(const char* name, const std::function<void(CodeEditor&)>& com
 int main(int argc, char** argv)
 {
     QApplication application(argc, argv);
+    // Python completion asks the host's interpreter.
+    const QTemporaryDir preferences;
+    host::Host host(host::RunState::Interactive, preferences.path());
+    host.Start();
+    MayaUtil::SourceApplicationScripts();
     RegisterPair("open_100k_lines", Open, 1.05);
     RegisterPair("type_in_the_middle", Type, 1.5);
     RegisterPair("scroll", Scroll, 2);
     Register("switch_tabs", SwitchTabs);
     RegisterPair("type_code_with_aids", TypeCode, 2, MakePython);
+    RegisterOffer("names_of_100k_lines", LongText(), QStringLiteral("x = val|ue_7(fu|nc\n"));
+    RegisterOffer("names_of_10k_lines_of_classes", ClassText(10000),
+        QStringLiteral("x = val|ue_7(Cl|ass_1, self.|val|ue_)\n"));
     RegisterLines("comment_100k_lines", &CodeEditor::ToggleComment);
     RegisterLines("indent_100k_lines", [](CodeEditor& editor) { editor.IncreaseIndent(false); });
     RegisterLines(
