@@ -26,6 +26,25 @@ void CodeEditor::keyPressEvent(QKeyEvent* event)
     UpdateCompleterAfterKey(*event);
 }
 
+/// A character that a dead key or an input method made is like one that has a key of its own.
+void CodeEditor::inputMethodEvent(QInputMethodEvent* event)
+{
+    const QString text = event->commitString();
+    const bool isTyped = text.size() == 1 && text.at(0).isPrint()
+        && event->preeditString().isEmpty() && event->replacementLength() == 0 && !isReadOnly();
+    if (!isTyped) {
+        // What is being composed is no word yet, and several words may come at once.
+        HideAutoCompleter();
+        QPlainTextEdit::inputMethodEvent(event);
+        return;
+    }
+    QInputMethodEvent composed(QString(), event->attributes());
+    QPlainTextEdit::inputMethodEvent(&composed);
+    QKeyEvent key(QEvent::KeyPress, Qt::Key_unknown, Qt::NoModifier, text);
+    keyPressEvent(&key);
+    event->accept();
+}
+
 /// The keypad's Enter executes: sent again as Ctrl+Enter, it is ignored here and taken by the
 /// window.
 bool CodeEditor::HandleKeypadEnter(QKeyEvent* event)

@@ -6,6 +6,7 @@
 
 #include <QListView>
 #include <QSignalSpy>
+#include <QTextBlock>
 #include <QtTest>
 
 Q_DECLARE_METATYPE(CodeEditorLanguage)
@@ -46,6 +47,7 @@ private Q_SLOTS:
     void ObeysTheOptions_data();
     void ObeysTheOptions();
     void WaitsForTheKeysThatWerePressed();
+    void TakesComposedCharactersForKeys();
     void ReplacesTheTypedPartInOneStep();
     void ClosesWithoutTheFocus();
     void TellsQuickHelpOfARestingSelection();
@@ -155,6 +157,34 @@ void CodeEditorCompletionTest::WaitsForTheKeysThatWerePressed()
     QCoreApplication::processEvents();
     QVERIFY(!IsShown());
     QCOMPARE(editor.GetText(), QString("g\n"));
+}
+
+/// Of dead keys and input methods.
+void CodeEditorCompletionTest::TakesComposedCharactersForKeys()
+{
+    CodeEditor& editor = Open(Language::Mel);
+    const auto compose = [&editor](const QString& preedit, const QString& text) {
+        QInputMethodEvent event(preedit, {});
+        event.setCommitString(text);
+        QApplication::sendEvent(&editor, &event);
+        QCoreApplication::processEvents();
+        return editor.textCursor().block().layout()->preeditAreaText();
+    };
+    QCOMPARE(compose("'", ""), QString("'"));
+    QCOMPARE(editor.GetText(), QString());
+    QCOMPARE(compose("", "\""), QString());
+    QCOMPARE(editor.GetText(), QString("\"\""));
+    compose("", "\"");
+    compose("", "(");
+    QCOMPARE(editor.GetText(), QString("\"\"()"));
+    compose("", "g");
+    QVERIFY(IsShown());
+    QCOMPARE(compose("l", ""), QString("l"));
+    QVERIFY(!IsShown());
+    compose("", "lo (");
+    QCOMPARE(editor.GetText(), QString("\"\"(glo ()"));
+    compose("", ")");
+    QCOMPARE(editor.GetText(), QString("\"\"(glo ()"));
 }
 
 void CodeEditorCompletionTest::ReplacesTheTypedPartInOneStep()
