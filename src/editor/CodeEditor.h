@@ -30,6 +30,7 @@ class QMenu;
 class QTextCharFormat;
 class QTimer;
 struct EditingOptions;
+struct SearchResult;
 struct TextSpan;
 
 /// The editor of one script: text with line numbers, the rules of what is handed to the host when
@@ -188,6 +189,20 @@ public:
     const DocumentSearch& CountSearchResults();
     const DocumentSearch& GetSearch() const { return *m_search; }
     void SelectWordUnderCursor();
+
+    // Hits of the search in files
+    /// Selects and shows the match at the position, or the one nearest to it; without any goes to
+    /// the position and answers false.
+    bool FindGlobal(int position);
+    /// Replaces the match at the position; false when there is none.
+    bool FindAndReplaceGlobal(int position);
+    /// Replaces the listed hits as one step to undo. False, and nothing is done, when one of them
+    /// does not stand in the text any more.
+    bool FindAndReplaceAllGlobal(const QVector<SearchResult>& hits, const QString& text);
+    /// Marks the hits of the search in files, while its page is in view, where nothing else is
+    /// sought.
+    void UpdateGlobalSearch();
+
     /// What to search for: the selection, else the word under the cursor, which gets selected.
     /// Empty when that is more than one line.
     QString TakeSearchText();
@@ -503,6 +518,7 @@ private:
     int m_currentMatchStart = 0; ///< of the found text that is selected
     int m_currentMatchEnd = -1; ///< before the start when none is
     DocumentSearch* m_search;
+    DocumentSearch* m_globalSearch = nullptr; ///< of the search in files, while its hits are marked
     PendingFind m_pendingFind;
     QRegularExpression m_searchRegEx; ///< without pattern while nothing is searched
     bool m_findInSelection = false;

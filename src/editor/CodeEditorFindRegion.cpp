@@ -9,6 +9,7 @@ void CodeEditor::SetSearchRegEx(const QRegularExpression& expression)
     m_searchRegEx = expression;
     m_pendingFind = {};
     UpdateSearch();
+    OnSearchHitsChanged();
     ScheduleExtraSelections();
 }
 
@@ -19,7 +20,8 @@ void CodeEditor::OnSearchHitsChanged()
 
 QVector<int> CodeEditor::GetSearchHitLines() const
 {
-    return m_search->GetHitBlocks();
+    const bool isGlobal = m_searchRegEx.pattern().isEmpty() && m_globalSearch;
+    return (isGlobal ? m_globalSearch : m_search)->GetHitBlocks();
 }
 
 void CodeEditor::SetSelectedSearchRegion()

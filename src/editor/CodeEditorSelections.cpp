@@ -154,9 +154,10 @@ bool CodeEditor::IsCurrentMatchSelected() const
 
 QVector<CodeEditor::MarkedSpan> CodeEditor::FindSearchedText()
 {
-    if (m_searchRegEx.pattern().isEmpty())
+    const bool isSearching = !m_searchRegEx.pattern().isEmpty();
+    if (!isSearching && !m_globalSearch)
         return {};
-    const DocumentSearch& search = UpdateSearch();
+    const DocumentSearch& search = isSearching ? UpdateSearch() : *m_globalSearch;
     QVector<MarkedSpan> spans;
     for (const QTextBlock& block : GetNearbyBlocks()) {
         for (const TextSpan& match : search.GetMatchesIn(block))

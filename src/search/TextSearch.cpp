@@ -172,16 +172,24 @@ bool TextSearch::KeepGoing()
     return !m_isStopped;
 }
 
+/// Long texts are searched as files are. False where that would not find the same.
+bool TextSearch::SearchTextAsBytes(const QString& text)
+{
+    if (m_needles.finders.empty() || text.contains(QLatin1Char('\r')) || !text.isValidUtf16())
+        return false;
+    const QByteArray encoded = text.toUtf8();
+    const Bytes bytes{
+        encoded.begin(), encoded.end(), Utf8Bytes::IsAscii(encoded.begin(), encoded.end())};
+    const Needles& needles = bytes.isAscii ? m_asciiNeedles : m_needles;
+    SearchCandidates(bytes, needles.finders.front().Find(bytes.begin, bytes.end));
+    return true;
+}
+
 QVector<SearchResult> TextSearch::SearchText(const QString& text)
 {
     m_isStopped = m_hasGivenUp = false;
-    if (!m_isSearching)
-        return {};
-    // What no line of the text has the text does not have.
-    for (const QString& literal : m_ignoresCase ? QStringList() : m_literals.texts) {
-        if (!text.contains(literal))
-            return {};
-    }
+    if (!m_isSearching || SearchTextAsBytes(text))
+        return TakeHits();
     for (int start = 0; start <= text.size() && KeepGoing();) {
         const int found = text.indexOf(QLatin1Char('\n'), start);
         const int end = found < 0 ? text.size() : found;

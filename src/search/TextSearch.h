@@ -43,8 +43,8 @@ private:
     struct Bytes;
 
     void MakeNeedles();
+    bool SearchTextAsBytes(const QString& text);
     Needles NeedlesOf(const QStringList& texts) const;
-    bool CanSkip(const char* begin, const char* end) const;
     QVector<SearchResult> SearchPlainly(const char* begin, const char* end);
     void SearchEveryLine(const Bytes& bytes);
     void SearchCandidates(Bytes bytes, const char* candidate);

@@ -5,6 +5,7 @@
 #include <QList>
 #include <QMultiHash>
 #include <QRect>
+#include <QRegExp>
 #include <QRegularExpression>
 #include <QString>
 #include <QStringList>
@@ -224,11 +225,12 @@ public:
     inline static QStringList workspaceFolders;
     inline static bool searchViewActive = false;
     inline static QRegularExpression globalSearchRegEx;
+    inline static bool globalSearchUsesExpression = false; ///< it was typed as one
     inline static QString globalSearchReplaceText;
     inline static QStringList globalSearchIncludePaths;
-    inline static QStringList globalSearchIncludePatterns;
+    inline static QList<QRegExp> globalSearchIncludePatterns;
     inline static QStringList globalSearchExcludePaths;
-    inline static QStringList globalSearchExcludePatterns;
+    inline static QList<QRegExp> globalSearchExcludePatterns;
     inline static QStringList pythonParsedForcedImports;
     inline static QString pylintPythonPath;
     inline static bool insertPathForwardSlashes = true;

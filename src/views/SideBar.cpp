@@ -5,10 +5,12 @@
 #include "views/OpenEditorsView.h"
 #include "views/OutlineView.h"
 #include "views/QuickHelpView.h"
+#include "views/SearchView.h"
 #include "views/WorkspaceView.h"
 #include "window/chrome/LookFollower.h"
 #include "window/chrome/Theme.h"
 
+#include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QMenu>
@@ -22,6 +24,7 @@ namespace {
 // Design pixels.
 constexpr int TITLE_HEIGHT = 34;
 constexpr int TITLE_MARGIN = 14;
+constexpr int TOOLS_MARGIN = 6;
 
 /// What the Tab key stops at inside `page`, in its order.
 QWidgetList TabStops(const QWidget* page)
@@ -48,6 +51,7 @@ SideBar::SideBar(QWidget* parent)
     , m_title(new QLabel(this))
     , m_stack(new QStackedWidget(this))
     , m_explorer(new ExplorerView(this))
+    , m_search(new SearchView(this))
 {
     setAttribute(Qt::WA_StyledBackground);
     m_title->setObjectName(QStringLiteral("m_title"));
@@ -55,7 +59,10 @@ SideBar::SideBar(QWidget* parent)
     m_stack->setObjectName(QStringLiteral("m_stack"));
     m_stack->addWidget(m_explorer);
     m_explorer->setObjectName(QStringLiteral("m_explorer"));
+    CreateSearch();
     CreateLayout();
+    // What another window left behind.
+    Settings::searchViewActive = false;
     connect(m_title, &QWidget::customContextMenuRequested, this, &SideBar::ShowTitleMenu);
     connect(GetOutline(), &OutlineView::EditorRequested, this, &SideBar::FocusEditorRequested);
     connect(m_explorer, &ExplorerView::HideRequested, this, &SideBar::HideRequested);
@@ -63,21 +70,26 @@ SideBar::SideBar(QWidget* parent)
 
 void SideBar::CreateLayout()
 {
-    auto* groove = new QWidget(this);
-    groove->setAutoFillBackground(true);
+    m_groove = new QWidget(this);
+    m_groove->setAutoFillBackground(true);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
-    layout->addWidget(m_title);
-    layout->addWidget(groove);
+    auto* titleRow = new QHBoxLayout;
+    titleRow->setSpacing(0);
+    titleRow->addWidget(m_title, 1);
+    titleRow->addWidget(m_search->GetTitleTools());
+    layout->addLayout(titleRow);
+    layout->addWidget(m_groove);
     layout->addWidget(m_stack, 1);
-    FollowLook(this, [this, groove] {
-        groove->setFixedHeight(Theme::Hairline());
-        QPalette palette = groove->palette();
+    FollowLook(this, [this, titleRow] {
+        m_groove->setFixedHeight(Theme::Hairline());
+        QPalette palette = m_groove->palette();
         palette.setColor(QPalette::Window, Theme::Color(Theme::Role::Groove));
-        groove->setPalette(palette);
+        m_groove->setPalette(palette);
         m_title->setFixedHeight(Theme::Dp(TITLE_HEIGHT));
         m_title->setContentsMargins(Theme::Dp(TITLE_MARGIN), 0, 0, 0);
+        titleRow->setContentsMargins(0, 0, Theme::Dp(TOOLS_MARGIN), 0);
         UpdateTitle();
     });
 }
@@ -86,6 +98,7 @@ const SideBar::PageRow* SideBar::RowOf(Page page)
 {
     static const PageRow ROWS[] = {
         {Page::Explorer, QT_TR_NOOP("EXPLORER")},
+        {Page::Search, QT_TR_NOOP("SEARCH")},
         {Page::QuickHelp, QT_TR_NOOP("QUICK HELP")},
     };
     const auto* const found = std::find_if(
@@ -103,9 +116,23 @@ void SideBar::ShowPage(Page page)
     if (page == m_page || !HasPage(page))
         return;
     m_page = page;
-    m_stack->setCurrentWidget(page == Page::QuickHelp ? CreateQuickHelp() : m_explorer);
+    m_stack->setCurrentWidget(page == Page::QuickHelp ? CreateQuickHelp()
+            : page == Page::Search                    ? static_cast<QWidget*>(m_search)
+                                                      : m_explorer);
+    m_search->GetTitleTools()->setVisible(page == Page::Search);
+    // There the fields begin right below the title.
+    m_groove->setVisible(page != Page::Search);
+    Settings::searchViewActive = page == Page::Search;
     UpdateTitle();
     Q_EMIT PageChanged();
+}
+
+void SideBar::CreateSearch()
+{
+    m_search->setObjectName(QStringLiteral("m_search"));
+    m_stack->addWidget(m_search);
+    m_search->GetTitleTools()->hide();
+    connect(m_search, &SearchView::HideRequested, this, &SideBar::HideRequested);
 }
 
 /// The one there is, if there is one.
@@ -133,6 +160,8 @@ void SideBar::FocusPage(Qt::FocusReason reason)
 {
     if (m_page == Page::QuickHelp)
         m_quickHelp->FocusSearch(reason);
+    else if (m_page == Page::Search)
+        m_search->FocusSearch(reason);
     else
         GetWorkspace()->FocusContent(reason);
 }

@@ -7,6 +7,7 @@ class BaseParser;
 class OpenEditorsView;
 class OutlineView;
 class QuickHelpView;
+class SearchView;
 class QLabel;
 class QStackedWidget;
 class WorkspaceView;
@@ -33,6 +34,7 @@ public:
     OpenEditorsView* GetOpenEditors() const;
     WorkspaceView* GetWorkspace() const;
     OutlineView* GetOutline() const;
+    SearchView* GetSearch() const { return m_search; }
 
     // The outline
     void UpdateOutline(BaseParser* parser);
@@ -70,13 +72,16 @@ private:
 
     static const PageRow* RowOf(Page page);
     void CreateLayout();
+    void CreateSearch();
     QWidget* CreateQuickHelp();
     void UpdateTitle();
     void ShowTitleMenu(const QPoint& point);
 
     QLabel* m_title = nullptr;
+    QWidget* m_groove = nullptr; ///< below the title
     QStackedWidget* m_stack = nullptr;
     ExplorerView* m_explorer = nullptr;
+    SearchView* m_search;
     QuickHelpView* m_quickHelp = nullptr; ///< made when first shown
     Page m_page = Page::Explorer;
 };

@@ -11,6 +11,7 @@
 #include "output/OutputTextEdit.h"
 #include "plugin/MayaUtil.h"
 #include "settings/Settings.h"
+#include "views/SearchView.h"
 #include "views/SideBar.h"
 #include "window/PanelGroup.h"
 #include "window/RecoveryKeeper.h"
@@ -49,6 +50,7 @@ TarnwickEditor::TarnwickEditor(QWidget* parent)
     for (CodeEditorGroup* group : qAsConst(m_groups))
         group->UpdateKeyBindings();
     m_outputPanel->UpdateKeyBindings();
+    m_sideBar->GetSearch()->UpdateKeyBindings(&m_keyBindings);
     UpdateActivityToolTips();
     m_outputPanel->OutputAppendText(MayaUtil::GetExistingHistory());
     if (m_mainWindow)
@@ -121,6 +123,7 @@ void TarnwickEditor::CreateConnections()
     connect(m_statusBar, &StatusBar::HideRequested, this, &T::ToggleStatusBar);
     connect(m_sideBar, &SideBar::PageChanged, this, &T::UpdateActivityBar);
     ConnectSideBar();
+    ConnectSearch();
     // Automatic: at once from this thread, queued from any other.
     connect(this, &T::AppendToOutputRequested, this, &T::AppendToOutput);
     connect(qApp, &QApplication::focusChanged, this, &T::OnApplicationFocusChanged);

@@ -3,6 +3,7 @@
 #include "editor/CodeEditorProperties.h"
 #include "editor/TabDropZone.h"
 #include "files/DiskContents.h"
+#include "files/FileStamp.h"
 #include "files/TextFormat.h"
 #include "settings/KeyBindings.h"
 #include "views/SideBar.h"
@@ -11,6 +12,7 @@
 
 #include <QHash>
 #include <QList>
+#include <QSet>
 #include <QVector>
 #include <QWidget>
 
@@ -19,6 +21,7 @@
 #include <vector>
 
 class BaseParser;
+class BusyLoop;
 class CodeEditor;
 class CodeEditorGroup;
 class GrooveSplitter;
@@ -35,6 +38,7 @@ class QVariantAnimation;
 class RecoveryKeeper;
 class RecoveryLeftovers;
 class RecoveryNotice;
+class SearchRun;
 class SessionLock;
 class StatusBar;
 class TarnwickStyle;
@@ -43,6 +47,8 @@ struct FormatQuestion;
 struct GroupPlan;
 struct RecoverySnapshot;
 struct SaveBatch;
+struct SearchFilter;
+struct SearchResult;
 struct TabDetails;
 
 /// The editor window, placed in the host's workspace control: owns the code editor groups, the
@@ -256,6 +262,16 @@ public Q_SLOTS:
     void SaveWorkspaceAs();
     void AddFolderToWorkspace();
 
+    // Search in files
+    /// Searches the folders and files to include, or else the open buffers and the workspace.
+    /// Paints meanwhile and ends when Escape is pressed.
+    void Search(const QString& text, const QStringList& include, const QStringList& exclude,
+        bool matchCase, bool matchWord, bool useRegularExpression);
+    /// Whether the patterns of the last search let a file in, by its absolute path.
+    bool IncludePathInSearch(const QString& path) const;
+    /// Brings the results of an open editor's path up to date. An empty label means its own.
+    void UpdateSearch(const QString& filePath, const QString& label);
+
     // Quick help
     void ShowQuickHelp();
     void OnQuickHelpChanged(const QString& text, bool isRequested);
@@ -292,6 +308,11 @@ protected:
     bool event(QEvent* event) override;
 
 private Q_SLOTS:
+    void ReplaceSearchHits(const QVector<SearchResult>& hits, const QString& text);
+    void ReplaceSearchHit(const SearchResult& hit);
+    void ShowSearchHit(const SearchResult& hit, bool focus);
+    void UpdateSearchOfEditors();
+    void UpdateSearchMarks();
     void OnNewTabRequested();
     void OnMiniToolbarDisplayModified();
     void OnFileChanged(const QString& path);
@@ -331,6 +352,7 @@ private:
     void CreateConnections();
     void ConnectGroup(CodeEditorGroup* group);
     void ConnectSideBar();
+    void ConnectSearch();
     void UpdateOpenEditorsSelection();
     void ShowInSideBar(const QString& path);
     void UpdateOutlineCursor();
@@ -349,6 +371,16 @@ private:
     QString ShowNewPylintrcDialog();
     void RestoreCodeEditors();
     void RestoreCodeEditor(const TabDetails& details);
+
+    // Search in files
+    class SearchOwner;
+    void RunSearch(const SearchFilter& filter);
+    void SearchEverything(SearchRun& run, const SearchFilter& filter);
+    void TakeSearchText();
+    CodeEditor* OpenSearchHit(const SearchResult& hit);
+    QString ReplaceInPath(
+        const QString& path, const QVector<SearchResult>& hits, const QString& text);
+    void UpdateSearchAfterReplacing(const QString& path);
 
     // Several hosts on one preferences folder
     bool IsGuest() const;
@@ -478,6 +510,9 @@ private:
     KeyBindings m_keyBindings;
     DiskContents m_diskContents; ///< of the open files
     QHash<QString, TextFormat> m_fileFormats; ///< how the open files stand on the disk
+    QHash<QString, FileStamp> m_searchStamps; ///< of the files with results, as they were searched
+    QSet<QString> m_changedWhileSearching; ///< paths whose results are due
+    BusyLoop* m_busyLoop = nullptr; ///< while files are searched or replaced in; not owned
     SaveBatch* m_saveBatch = nullptr; ///< while several files are saved; not owned
     std::unique_ptr<SessionLock> m_session;
     std::unique_ptr<GuestTabs> m_guestTabs; ///< of a guest

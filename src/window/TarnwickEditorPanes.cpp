@@ -117,6 +117,7 @@ void TarnwickEditor::SetSideBarVisible(bool visible, bool animated)
     else
         FinishSideBarSlide();
     UpdateActivityBar();
+    UpdateSearchMarks();
     if (focusGoes)
         FocusShownPane();
 }
@@ -195,10 +196,12 @@ void TarnwickEditor::OnActivityPressed(ActivityBar::Item item)
     for (const PageRow& row : PAGES) {
         if (row.item != item)
             continue;
-        if (m_activityBar->IsCurrent(item))
+        if (m_activityBar->IsCurrent(item)) {
             SetSideBarVisible(false, true);
-        else
-            ShowSideBarPage(row.page);
+            continue;
+        }
+        ShowSideBarPage(row.page);
+        m_sideBar->FocusPage(Qt::MouseFocusReason);
     }
     if (item == ActivityBar::Item::Preferences)
         ShowPreferencesDialog();

@@ -191,23 +191,3 @@ void TarnwickEditor::InsertFlag(const QString& longName)
     editor->setTextCursor(cursor);
     editor->setFocus(Qt::OtherFocusReason);
 }
-
-void TarnwickEditor::FindInFiles()
-{
-    ShowSideBarPage(SideBar::Page::Search);
-}
-
-void TarnwickEditor::ReplaceInFiles()
-{
-    ShowSideBarPage(SideBar::Page::Search);
-}
-
-void TarnwickEditor::FindInFilesNext()
-{
-    ShowSideBarPage(SideBar::Page::Search);
-}
-
-void TarnwickEditor::FindInFilesPrevious()
-{
-    ShowSideBarPage(SideBar::Page::Search);
-}
