@@ -17,10 +17,10 @@ QRegularExpression GlobalSearchRegEx()
                                                 : Settings::globalSearchRegEx;
 }
 
-/// From the end, so that the places before stay right.
-void Apply(QTextDocument* document, const QVector<TextEdit>& edits)
+/// From the end, so that the places before stay right. Undoing takes the view to where the cursor
+/// was.
+void Apply(QTextCursor cursor, const QVector<TextEdit>& edits)
 {
-    QTextCursor cursor(document);
     cursor.beginEditBlock();
     for (auto edit = edits.crbegin(); edit != edits.crend(); ++edit) {
         cursor.setPosition(edit->start);
@@ -58,7 +58,7 @@ bool CodeEditor::FindAndReplaceGlobal(int position)
     if (span.start != position || !match.hasMatch())
         return false;
     const QString text = ExpandReplacement(Settings::globalSearchReplaceText, match);
-    Apply(document(), {{span.start, span.end - span.start, text}});
+    Apply(textCursor(), {{span.start, span.end - span.start, text}});
     ShowMatch({position, position + text.size()});
     return true;
 }
@@ -68,7 +68,7 @@ bool CodeEditor::FindAndReplaceAllGlobal(const QVector<SearchResult>& hits, cons
     const std::optional<QVector<TextEdit>> edits
         = PlanReplacement(GetText(), hits, GlobalSearchRegEx(), text);
     if (edits)
-        Apply(document(), *edits);
+        Apply(textCursor(), *edits);
     return edits.has_value();
 }
 

@@ -95,7 +95,7 @@ void SearchView::CreateConnections()
     connect(m_detailsButton, &QAbstractButton::clicked, this, &S::SetFiltersVisible);
     connect(m_searchField, &QLineEdit::textChanged, this, &S::OnSearchTextChanged);
     connect(m_replaceField, &QLineEdit::textChanged, this, &S::UpdateReplaceText);
-    connect(m_results, &SearchResultsView::CountChanged, this, &S::UpdateResultsState);
+    connect(m_results, &SearchResultsView::CountChanged, this, [this] { ShowNote(QString()); });
     connect(m_results, &SearchResultsView::HitChosen, this, &S::HitChosen);
     connect(m_results, &SearchResultsView::FileChosen, this, &S::FileChosen);
     connect(m_results, &SearchResultsView::ReplaceRequested, this, &S::ReplaceRequested);
