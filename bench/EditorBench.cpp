@@ -25,6 +25,7 @@ namespace {
 
 constexpr int LINES = 100000;
 constexpr int KEYS = 400;
+constexpr int LINE_LENGTH = 1500;
 constexpr int SCROLL_STEPS = 400;
 constexpr int TABS = 50;
 constexpr int LONG_TABS = 3;
@@ -206,6 +207,24 @@ void TypeCode(benchmark::State& state, const MakeEditor& make)
     });
 }
 
+/// One line that gets longer than any view.
+void TypeLongLine(benchmark::State& state, const MakeEditor& make)
+{
+    static const QString CODE = QStringLiteral("value_1(name[2], 'x') + other * 3.5 - ");
+    const Editor editor = make();
+    ShowWith(*editor, LongText().left(20000));
+    editor->setTextCursor(QTextCursor(editor->document()->findBlockByNumber(200)));
+    editor->textCursor().insertText(QStringLiteral("\n"));
+    editor->moveCursor(QTextCursor::PreviousBlock);
+    WaitUntilIdle();
+    Repeat(state, LINE_LENGTH, [&editor](int i) {
+        const QChar character = CODE.at(i % CODE.size());
+        QKeyEvent press(QEvent::KeyPress, int(character.toUpper().unicode()), Qt::NoModifier,
+            QString(character));
+        QApplication::sendEvent(editor.get(), &press);
+    });
+}
+
 /// Of this thread alone: a busy machine makes no turn longer.
 double CpuTime()
 {
@@ -350,6 +369,7 @@ int main(int argc, char** argv)
     MayaUtil::SourceApplicationScripts();
     RegisterPair("open_100k_lines", Open, 1.05);
     RegisterPair("type_in_the_middle", Type, 1.5);
+    RegisterPair("type_a_long_line", TypeLongLine, 2, MakePython);
     RegisterPair("scroll", Scroll, 2);
     Register("switch_tabs", SwitchTabs);
     RegisterPair("type_code_with_aids", TypeCode, 2, MakePython);

@@ -93,6 +93,7 @@ void CodeEditor::CreateConnections()
     connect(this, &QPlainTextEdit::updateRequest, this, &CodeEditor::OnUpdateRequest);
     connect(
         this, &QPlainTextEdit::cursorPositionChanged, this, &CodeEditor::ScheduleExtraSelections);
+    connect(this, &QPlainTextEdit::cursorPositionChanged, this, &CodeEditor::KeepCursorLineShaped);
     connect(this, &QPlainTextEdit::selectionChanged, this, &CodeEditor::ScheduleExtraSelections);
     connect(
         verticalScrollBar(), &QScrollBar::valueChanged, this, &CodeEditor::ScheduleExtraSelections);

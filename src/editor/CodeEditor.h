@@ -346,6 +346,7 @@ private Q_SLOTS:
     void OnUpdateRequest(const QRect& area, int scrolled);
     void UpdateLineNumbers(int scrolled);
     void ScheduleExtraSelections();
+    void KeepCursorLineShaped();
     void UpdateExtraSelections();
 
 private:
@@ -512,6 +513,7 @@ private:
     std::shared_ptr<QFileSystemWatcher> m_fileWatcher; ///< of all editors; made for the first file
     QTimer* m_textChangeTimer;
     OverlayWidget* m_dropOverlay;
+    QTextBlock m_shapedLine; ///< where the cursor is
     QVector<MarkedSpan> m_occurrences;
     QVector<MarkedSpan> m_foundText;
     int m_lastCursorLine = 0; ///< when the marks were made last; from 1

@@ -183,6 +183,18 @@ QVector<CodeEditor::BlockDrawing> CodeEditor::GetBlockDrawings(const QRect& area
     return drawings;
 }
 
+/// The line that is being written would be shaped anew for every look at it: a long one is felt.
+void CodeEditor::KeepCursorLineShaped()
+{
+    const QTextBlock line = textCursor().block();
+    if (line == m_shapedLine)
+        return;
+    if (m_shapedLine.isValid())
+        m_shapedLine.layout()->setCacheEnabled(false);
+    line.layout()->setCacheEnabled(true);
+    m_shapedLine = line;
+}
+
 void CodeEditor::paintEvent(QPaintEvent* event)
 {
     QPainter painter(viewport());
