@@ -311,9 +311,6 @@ void TarnwickEditor::CreateMenus()
         }
     }
     UpdateRecentFilesMenu();
-    for (QAction* const action : {m_actions.findInFiles, m_actions.replaceInFiles,
-             m_actions.findInFilesNext, m_actions.findInFilesPrevious})
-        action->setVisible(SideBar::HasPage(SideBar::Page::Search));
 }
 
 void TarnwickEditor::OnShowEditMenu()
