@@ -72,13 +72,14 @@ std::shared_ptr<const PythonSource> PythonSourceLoader::Fetch(int line)
 /// What is typed into the line that was asked for changes nothing.
 void PythonSourceLoader::OnContentsChange(int position, int removed, int added)
 {
-    // Colours change, too.
-    if (m_document->revision() == m_revision)
-        return;
-    m_revision = m_document->revision();
     if (m_copy)
         m_copy->OnContentsChange(position, removed, added);
-    const bool isWithinLine = m_document->blockCount() == m_lineCount
+    const bool hasSameLines = m_document->blockCount() == m_lineCount;
+    // Colours change, too.
+    if (hasSameLines && m_document->revision() == m_revision)
+        return;
+    m_revision = m_document->revision();
+    const bool isWithinLine = hasSameLines
         && m_document->findBlock(position).blockNumber() == m_line
         && m_document->findBlock(position + added).blockNumber() == m_line;
     m_lineCount = m_document->blockCount();
