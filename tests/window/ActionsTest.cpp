@@ -15,9 +15,7 @@
 #include <QClipboard>
 #include <QInputDialog>
 #include <QLineEdit>
-#include <QMenu>
 #include <QSplitter>
-#include <QWindow>
 #include <QtTest>
 
 /// Triggers every command of the window once, after which something must have come of it.
@@ -32,11 +30,6 @@ private Q_SLOTS:
     void DoesWhatItSays_data();
     void DoesWhatItSays();
     void EveryCommandHasARow();
-    void KeysReachTheirCommands_data();
-    void KeysReachTheirCommands();
-    void MenusRenameTheSearch();
-    void TornOffMenusLeaveTheFocus();
-    void KeysOfOthersAreNotDead();
 
 private:
     using Step = std::function<void()>;
@@ -524,94 +517,6 @@ void ActionsTest::EveryCommandHasARow()
         rows += row.text;
     rows.sort();
     QCOMPARE(rows, QStringList(Actions().keys()));
-}
-
-void ActionsTest::KeysReachTheirCommands_data()
-{
-    QTest::addColumn<QString>("pane");
-    QTest::addColumn<QStringList>("own"); // keys that the pane has a use of its own for
-    const QStringList editing = {"Undo", "Redo", "Cut", "Copy", "Paste", "Select All"};
-    QTest::newRow("editor") << "editor" << editing;
-    QTest::newRow("console") << "m_output" << editing;
-    QTest::newRow("find field") << "m_searchLineEdit" << editing + QStringList("Execute");
-    QTest::newRow("outline") << "m_outlineTree" << QStringList({"Copy", "Execute"});
-    QTest::newRow("open editors") << "m_openEditorsTree" << QStringList({"Copy", "Execute"});
-}
-
-void ActionsTest::KeysReachTheirCommands()
-{
-    QFETCH(QString, pane);
-    QFETCH(QStringList, own);
-    m_window->Find();
-    QWidget* const widget = pane == "editor" ? Editor() : m_window->findChild<QWidget*>(pane);
-    QVERIFY(widget);
-    QStringList deaf;
-    for (QAction* action : m_window->actions()) {
-        action->disconnect(m_window); // only the key counts here
-        for (const QKeySequence& sequence : action->shortcuts()) {
-            widget->setFocus();
-            const QSignalSpy spy(action, &QAction::triggered);
-            const int key = sequence[0];
-            QTest::keyClick(widget, Qt::Key(key & ~Qt::KeyboardModifierMask),
-                Qt::KeyboardModifiers(key & Qt::KeyboardModifierMask));
-            if (spy.count() != 1 && !own.contains(action->text()))
-                deaf += action->text() + ' ' + sequence.toString();
-        }
-    }
-    QCOMPARE(deaf.join(", "), QString());
-}
-
-void ActionsTest::MenusRenameTheSearch()
-{
-    const auto open = [this](const QString& title) {
-        for (QMenu* menu : m_window->findChildren<QMenu*>()) {
-            if (menu->title() == title)
-                Q_EMIT menu->aboutToShow();
-        }
-    };
-    QAction* const action = Actions()["Find in Files"];
-    for (const char* text : {"Search", "Find in Files"}) {
-        open(text == QString("Search") ? "View" : "Edit");
-        QCOMPARE(action->text(), QString(text));
-        QCOMPARE(action->statusTip(), QString(text));
-    }
-}
-
-void ActionsTest::TornOffMenusLeaveTheFocus()
-{
-    QStringList without;
-    for (QMenu* menu : m_window->findChildren<QMenu*>()) {
-        if (!menu->isTearOffEnabled()) {
-            if (!menu->title().isEmpty()) // those of others have none
-                without += menu->title();
-            continue;
-        }
-        menu->showTearOffMenu(QPoint());
-        const QMenu* torn = nullptr;
-        for (const QMenu* child : m_window->findChildren<QMenu*>()) {
-            if (child->isVisible() && child->inherits("QTornOffMenu"))
-                torn = child;
-        }
-        QVERIFY2(torn, qPrintable(menu->title()));
-        QVERIFY(torn->windowHandle()->flags() & Qt::WindowDoesNotAcceptFocus);
-        menu->hideTearOffMenu();
-    }
-    QCOMPARE(without.join(","), QString("Verbosity"));
-}
-
-void ActionsTest::KeysOfOthersAreNotDead()
-{
-    QAction* const ours = Actions()["Go to Line..."];
-    ours->disconnect(m_window);
-    QAction others;
-    others.setShortcut(ours->shortcut());
-    m_frame->addAction(&others);
-    const QSignalSpy triggered(ours, &QAction::triggered);
-    // Each of the two is asked in turn.
-    for (int i = 0; i < 2; ++i)
-        QTest::keyClick(Editor(), Qt::Key_G, Qt::ControlModifier);
-    QCOMPARE(triggered.size(), 1);
-    QCOMPARE(TakeLog(host::MessageType::Warning).size(), 1);
 }
 
 TE2_TEST(ActionsTest)
