@@ -25,6 +25,8 @@ class ActionsTest : public QObject, private FilesFixture
 
 private Q_SLOTS:
     void initTestCase();
+    /// The host goes later than what the listener writes to.
+    void cleanupTestCase() { m_host->GetEngine().output.Remove(m_listener); }
     void init();
     void cleanup() { QVERIFY(Finish()); }
     void DoesWhatItSays_data();
@@ -81,6 +83,7 @@ private:
     QVector<Row> m_rows;
     mutable QStringList m_titles; ///< of the dialogs that came up
     QString m_printed;
+    int m_listener = 0;
 };
 
 namespace {
@@ -98,7 +101,7 @@ QString Number(int value)
 
 void ActionsTest::initTestCase()
 {
-    m_host->GetEngine().output.AddListener(
+    m_listener = m_host->GetEngine().output.AddListener(
         [this](const host::Message& message) { m_printed += message.text + '\n'; });
     AddFileRows();
     AddEditRows();
