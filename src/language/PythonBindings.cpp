@@ -132,7 +132,7 @@ private:
     bool m_isBehindAs = false;
 };
 
-/// -1 for a character that begins no sign of several characters.
+/// Null for a character that begins no sign of several characters.
 QChar LongSign(QChar first, QChar second)
 {
     if (second != ASSIGNMENT)
