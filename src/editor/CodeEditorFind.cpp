@@ -115,13 +115,12 @@ void CodeEditor::FindWhileTyping()
 void CodeEditor::OnSearchCounted()
 {
     const PendingFind pending = m_pendingFind;
-    if (pending.position >= 0 && m_search->IsFinished()) {
-        m_pendingFind = {};
-        const bool isStillThere = pending.selectionStart == GetSelectedStartPosition()
-            && pending.selectionEnd == GetSelectedEndPosition();
-        if (isStillThere)
-            Find(pending.position, pending.backward);
-    }
+    const bool isStillThere = pending.selectionStart == GetSelectedStartPosition()
+        && pending.selectionEnd == GetSelectedEndPosition();
+    m_pendingFind = {};
+    // Without time it looks where counting has come by now.
+    if (pending.position >= 0 && isStillThere)
+        FindWithin(m_search->IsFinished() ? FIND_TIME : 0, pending.position, pending.backward);
     Q_EMIT SearchResultsChanged();
 }
 
