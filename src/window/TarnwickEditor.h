@@ -380,7 +380,7 @@ private:
     CodeEditor* OpenSearchHit(const SearchResult& hit);
     QString ReplaceInPath(
         const QString& path, const QVector<SearchResult>& hits, const QString& text);
-    void UpdateSearchAfterReplacing(const QString& path);
+    void UpdateSearchResults(const QString& path);
 
     // Several hosts on one preferences folder
     bool IsGuest() const;

@@ -52,6 +52,7 @@ bool TarnwickEditor::CloseCodeEditor(CodeEditorGroup* group, int index, bool ask
     m_diskContents.Remove(properties.filePath);
     m_fileFormats.remove(properties.filePath);
     owner->DeleteCodeEditor(owner->GetCodeEditorIndex(properties.filePath));
+    UpdateSearchResults(properties.filePath);
     ActivateGroupWithEditors();
     RefreshCodeEditorGroups(false);
     return true;

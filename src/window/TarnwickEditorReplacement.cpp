@@ -70,15 +70,15 @@ QString TarnwickEditor::ReplaceInPath(
 }
 
 /// The results of the path, as it is now.
-void TarnwickEditor::UpdateSearchAfterReplacing(const QString& path)
+void TarnwickEditor::UpdateSearchResults(const QString& path)
 {
+    SearchView* const view = m_sideBar->GetSearch();
     if (CodeEditorExists(path)) {
-        m_changedWhileSearching.insert(path);
-        return;
+        UpdateSearch(path, QString());
+    } else if (view->HasResults(path)) {
+        m_searchStamps.insert(path, FileStamp::Of(path));
+        view->UpdateResults(path, FindMatchingInFile(path, Settings::globalSearchRegEx));
     }
-    m_searchStamps.insert(path, FileStamp::Of(path));
-    m_sideBar->GetSearch()->UpdateResults(
-        path, FindMatchingInFile(path, Settings::globalSearchRegEx));
 }
 
 void TarnwickEditor::ReplaceSearchHits(const QVector<SearchResult>& hits, const QString& text)
@@ -103,7 +103,7 @@ void TarnwickEditor::ReplaceSearchHits(const QVector<SearchResult>& hits, const 
         if (reason.isEmpty()) {
             progress.hits += own.size();
             ++progress.files;
-            UpdateSearchAfterReplacing(path);
+            UpdateSearchResults(path);
         } else {
             Logger::Warning(tr("Nothing was replaced in %1: %2").arg(path, reason));
             progress.left.append(tr("'%1', %2").arg(first->fileName, reason));

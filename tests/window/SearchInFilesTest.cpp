@@ -1,4 +1,5 @@
 #include "editor/CodeEditor.h"
+#include "editor/CodeEditorGroup.h"
 #include "settings/Settings.h"
 #include "support/TestMain.h"
 #include "views/SearchResultsModel.h"
@@ -28,6 +29,7 @@ private Q_SLOTS:
     void KeepsToWhatIsIncluded();
     void FollowsEditsAndKeepsItsPlace();
     void CatchesUpWithWhatItDidNotSee();
+    void KnowsWhatIsLeftOfClosedEditors();
     void GoesThroughTheHitsByKeys();
     void FindsAHitThatMoved();
     void ReplacesEverywhere();
@@ -162,6 +164,20 @@ void SearchInFilesTest::CatchesUpWithWhatItDidNotSee()
     editor->SetText("another needle");
     m_window->FindInFiles();
     QCOMPARE(Listed(), QStringList{"a.py: another needle"});
+}
+
+void SearchInFilesTest::KnowsWhatIsLeftOfClosedEditors()
+{
+    OpenFile("a.py", "needle\n")->SetText("needle, never saved");
+    OpenFile("b.py", "needle\n")->SetText("needle, saved");
+    m_window->Save();
+    NewBuffer("needle");
+    Search("needle");
+    for (const QString& path : m_window->GetCodeEditorPaths())
+        m_window->CloseCodeEditor(Group(), Group()->GetCodeEditorIndex(path), false);
+    QCOMPARE(Listed().mid(0, 2), (QStringList{"a.py: needle", "b.py: needle, saved"}));
+    ReplaceAll("thread");
+    QCOMPARE(Content(Path("a.py")) + Content(Path("b.py")), QByteArray("thread\nthread, saved"));
 }
 
 void SearchInFilesTest::GoesThroughTheHitsByKeys()
