@@ -276,6 +276,11 @@ void SearchResultsView::contextMenuEvent(QContextMenuEvent* event)
             menu->addAction(tr("Open"), this, [this] { Choose(currentIndex(), true); });
         else
             menu->addAction(tr("Open"), this, [this, path] { Q_EMIT FileChosen(path); });
+        if (isHit && m_replaceActive)
+            menu->addAction(tr("Replace"), this, [this] {
+                const SearchResult hit = m_model->GetHit(currentIndex());
+                Q_EMIT ReplaceHitRequested(hit);
+            });
         menu->addSeparator();
         menu->addAction(
             isHit ? tr("Copy Line") : tr("Copy"), this, &SearchResultsView::CopyCurrent);
