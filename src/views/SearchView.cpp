@@ -7,6 +7,7 @@
 #include "views/EmptySearchPage.h"
 #include "views/SearchResultsModel.h"
 #include "views/SearchResultsView.h"
+#include "window/chrome/ElidedLabel.h"
 #include "window/chrome/FlatButton.h"
 #include "window/chrome/ToolLineEdit.h"
 
@@ -332,13 +333,17 @@ void SearchView::UpdateResultsState()
     QString status = Counted(hits, tr("result"), tr("results"))
         + tr(" in %1").arg(CountedFiles(model->GetFileCount()));
     if (m_isSearching)
-        status = tr("%1 searched, Esc stops: %2").arg(CountedFiles(m_outcome.files), status);
+        status
+            = tr("Esc stops: %1 of %2")
+                  .arg(Counted(hits, tr("result"), tr("results")), CountedFiles(m_outcome.files));
+    else if (m_outcome.hasTooMany)
+        status = tr("Stopped, too many: %1").arg(status);
     else if (m_outcome.isCancelled)
         status = tr("Cancelled: %1").arg(status);
     else if (!hasSearched)
         status.clear();
-    m_status->setText(m_note.isEmpty() ? status : m_note);
-    m_status->setToolTip(m_status->text());
+    m_status->SetText(m_note.isEmpty() ? status : m_note);
+    m_status->setToolTip(m_status->GetText());
 
     QStringList messages;
     if (!m_searchField->GetFault().isEmpty())
@@ -370,6 +375,8 @@ void SearchView::UpdateEmptyPage()
     }
     QString hint
         = tr("Nothing matches \"%1\" in %2.").arg(m_searched.text, CountedFiles(m_outcome.files));
+    if (m_outcome.isCancelled)
+        hint += QLatin1Char('\n') + tr("The search was cancelled.");
     if (!m_outcome.hasFolders)
         hint += QLatin1Char('\n') + tr("The workspace has no folder to search.");
     m_emptyPage->SetTexts(tr("No results"), hint);

@@ -7,6 +7,7 @@
 #include <QVector>
 #include <QWidget>
 
+class ElidedLabel;
 class EmptySearchPage;
 class FlatButton;
 class KeyBindings;
@@ -20,6 +21,7 @@ struct SearchOutcome
 {
     int files = 0; ///< that were searched
     bool isCancelled = false;
+    bool hasTooMany = false; ///< it ended because there were too many hits
     bool hasFolders = true; ///< there was more to search than the buffers
     QStringList unreadableFolders;
     QStringList givenUpFiles; ///< in which matching took too many steps
@@ -146,7 +148,7 @@ private:
     ToolLineEdit* m_replaceField = nullptr;
     ToolLineEdit* m_includeField = nullptr;
     ToolLineEdit* m_excludeField = nullptr;
-    QLabel* m_status = nullptr;
+    ElidedLabel* m_status = nullptr;
     QLabel* m_message = nullptr;
     SearchResultsView* m_results = nullptr;
     EmptySearchPage* m_emptyPage = nullptr;

@@ -4,6 +4,7 @@
 #include "views/EmptySearchPage.h"
 #include "views/SearchResultsView.h"
 #include "views/SearchView.h"
+#include "window/chrome/ElidedLabel.h"
 #include "window/chrome/FlatButton.h"
 #include "window/chrome/LookFollower.h"
 #include "window/chrome/Theme.h"
@@ -26,11 +27,11 @@ constexpr int STATUS_GAP = 4; ///< above and below
 constexpr int TOP = 0;
 constexpr int BOTTOM = 8;
 
-void SetColor(QLabel* label, Theme::Role role)
+void SetColor(QWidget* widget, Theme::Role role)
 {
-    QPalette palette = label->palette();
+    QPalette palette = widget->palette();
     palette.setColor(QPalette::WindowText, Theme::Color(role));
-    label->setPalette(palette);
+    widget->setPalette(palette);
 }
 
 QLabel* QuietLabel(const QString& name, const QString& accessibleName, QWidget* parent)
@@ -110,8 +111,8 @@ void SearchView::CreateWidgets()
     m_toggleReplaceButton->SetExtent(TOGGLE_EXTENT);
     for (FlatButton* tool : {m_matchCaseButton, m_matchWordButton, m_regularExpressionButton})
         m_searchField->AddTool(tool);
-    m_status = QuietLabel(QStringLiteral("m_searchStatus"), tr("Results"), this);
-    m_status->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    m_status = new ElidedLabel(this);
+    m_status->setObjectName(QStringLiteral("m_searchStatus"));
     m_message = QuietLabel(QStringLiteral("m_searchMessage"), tr("Message"), this);
     m_message->setWordWrap(true);
     m_message->setMinimumWidth(1);
@@ -190,7 +191,7 @@ void SearchView::UpdateLook()
 {
     for (const FieldRow& row : FIELDS)
         (this->*row.field)->setFixedHeight(Theme::Dp(FIELD_HEIGHT));
-    for (QLabel* label : {m_status, m_message})
+    for (QWidget* label : std::initializer_list<QWidget*>{m_status, m_message})
         label->setFont(Theme::SmallFont(font()));
     SetColor(m_status, Theme::Role::Faint);
     SetColor(m_message, Theme::Role::NoResults);

@@ -21,6 +21,8 @@ namespace {
 constexpr int PROGRESS_INTERVAL = 200; // ms
 /// More would hide everything else in the output.
 constexpr int MOST_LOGGED = 20;
+/// Nobody looks through so many, and the host needs its memory for other things.
+constexpr int MOST_HITS = 1000000;
 
 SearchFilter StoredFilter()
 {
@@ -50,10 +52,12 @@ public:
     }
 
     void Follow(const SearchRun* run) { m_run = run; }
+    bool HasTooMany() const { return m_hits > MOST_HITS; }
 
     void OnHits(
         const QString& folder, const QString& relative, const QVector<SearchResult>& hits) override
     {
+        m_hits += hits.size();
         const QString path = hits.first().filePath;
         m_window->m_searchStamps.insert(path, FileStamp::Of(path));
         m_window->m_sideBar->GetSearch()->AppendResults(folder, relative, hits);
@@ -65,7 +69,7 @@ public:
             m_window->m_sideBar->GetSearch()->ShowProgress(m_run->GetFileCount());
             m_clock.start();
         }
-        return m_loop.Turn();
+        return m_loop.Turn() && !HasTooMany();
     }
 
     QString GetOpenText(const QString& path) override
@@ -79,6 +83,7 @@ private:
     BusyLoop& m_loop;
     const SearchRun* m_run = nullptr;
     QElapsedTimer m_clock;
+    int m_hits = 0;
 };
 
 void TarnwickEditor::ConnectSearch()
@@ -161,6 +166,7 @@ void TarnwickEditor::RunSearch(const SearchFilter& filter)
     SearchOutcome outcome;
     outcome.files = run.GetFileCount();
     outcome.isCancelled = run.IsCancelled();
+    outcome.hasTooMany = owner.HasTooMany();
     outcome.hasFolders = !filter.includePaths.isEmpty() || !Settings::workspaceFolders.isEmpty();
     outcome.unreadableFolders = run.GetUnreadableFolders();
     outcome.givenUpFiles = run.GetGivenUpFiles();

@@ -7,6 +7,7 @@
 #include "views/SearchView.h"
 #include "views/SideBar.h"
 #include "window/FilesFixture.h"
+#include "window/chrome/ElidedLabel.h"
 #include "window/chrome/ToolLineEdit.h"
 
 #include <QAbstractButton>
@@ -52,7 +53,7 @@ private:
     }
     void Search(const QString& text);
     void Toggle(const char* button);
-    QString Status() const { return Part<QLabel>("m_searchStatus")->text(); }
+    QString Status() const { return Part<ElidedLabel>("m_searchStatus")->GetText(); }
     /// "name: line" of every hit; names alone of files.
     QStringList Listed() const;
     void ReplaceAll(const QString& text, const QString& answer = "Replace All");
