@@ -257,7 +257,11 @@ void TextSearch::SearchEveryLine(const Bytes& bytes)
     for (int start = 0; start < text.size() && KeepGoing();) {
         const int found = text.indexOf(QLatin1Char('\n'), start);
         const int end = found < 0 ? text.size() : found;
-        MatchLine(text.mid(start, end - start), start);
+        // Most lines have no match, which is told faster without a copy of them.
+        const QRegularExpressionMatch match = m_expression.match(text.midRef(start, end - start), 0,
+            QRegularExpression::NormalMatch, QRegularExpression::DontCheckSubjectStringMatchOption);
+        if (match.hasMatch() || !match.isValid())
+            MatchLine(text.mid(start, end - start), start);
         start = end + 1;
     }
 }
