@@ -400,6 +400,7 @@ private:
     void HighlightVisibleLines();
 
     // Keys, each step tells whether it took the key
+    bool HandleMenuKey(QKeyEvent* event);
     bool HandleKeypadEnter(QKeyEvent* event);
     bool HandleReturn(QKeyEvent* event);
     bool HandleNavigationKey(QKeyEvent* event);

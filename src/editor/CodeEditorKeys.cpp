@@ -18,7 +18,7 @@ void CodeEditor::keyPressEvent(QKeyEvent* event)
     if (QToolTip::isVisible())
         QToolTip::hideText();
     UpdateCompleterBeforeKey(*event);
-    const bool handled = HandleKeypadEnter(event) || HandleReturn(event)
+    const bool handled = HandleMenuKey(event) || HandleKeypadEnter(event) || HandleReturn(event)
         || HandleNavigationKey(event) || HandlePairKey(event) || HandleCompletionKey(event)
         || HandleClipboardKey(event) || HandleBackspace(event);
     if (!handled)
@@ -43,6 +43,22 @@ void CodeEditor::inputMethodEvent(QInputMethodEvent* event)
     QKeyEvent key(QEvent::KeyPress, Qt::Key_unknown, Qt::NoModifier, text);
     keyPressEvent(&key);
     event->accept();
+}
+
+/// A letter with Alt belongs to menus, and must not replace what is selected. Where Alt makes
+/// characters it does not come alone, but on macOS.
+bool CodeEditor::HandleMenuKey(QKeyEvent* event)
+{
+#ifdef Q_OS_MACOS
+    constexpr Qt::KeyboardModifiers MENUS = Qt::MetaModifier;
+#else
+    constexpr Qt::KeyboardModifiers MENUS = Qt::AltModifier | Qt::MetaModifier;
+#endif
+    const bool isTyped = !event->text().isEmpty() && event->text().at(0).isPrint();
+    if (!isTyped || !(event->modifiers() & MENUS) || event->modifiers() & Qt::ControlModifier)
+        return false;
+    event->ignore();
+    return true;
 }
 
 /// The keypad's Enter executes: sent again as Ctrl+Enter, it is ignored here and taken by the

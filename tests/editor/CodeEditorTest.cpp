@@ -309,6 +309,8 @@ void CodeEditorTest::PressesKeys_data()
                                  << "a|b";
     QTest::newRow("ctrl+space writes nothing")
         << "a|" << int(Qt::Key_Space) << int(Qt::ControlModifier) << "a|";
+    QTest::newRow("alt and a letter leave the selection alone")
+        << "a<b|c" << int(Qt::Key_F) << int(Qt::AltModifier) << "a<b|c";
     QTest::newRow("cut and copy keys")
         << "a<b|c" << int(Qt::Key_X) << int(Qt::ControlModifier) << "a|c";
     QTest::newRow("tab") << "a|b" << int(Qt::Key_Tab) << none << "a    |b";
