@@ -9,6 +9,7 @@
 #include <QPlainTextEdit>
 #include <QRegularExpression>
 #include <QTextBlock>
+#include <QTextCursor>
 #include <QTextLayout>
 
 #include <functional>
@@ -514,7 +515,8 @@ private:
     std::shared_ptr<QFileSystemWatcher> m_fileWatcher; ///< of all editors; made for the first file
     QTimer* m_textChangeTimer;
     OverlayWidget* m_dropOverlay;
-    QTextBlock m_shapedLine; ///< where the cursor is
+    /// In the line where the cursor is. A block would not tell when its line is gone.
+    QTextCursor m_shapedLine;
     QVector<MarkedSpan> m_occurrences;
     QVector<MarkedSpan> m_foundText;
     int m_lastCursorLine = 0; ///< when the marks were made last; from 1

@@ -187,12 +187,13 @@ QVector<CodeEditor::BlockDrawing> CodeEditor::GetBlockDrawings(const QRect& area
 void CodeEditor::KeepCursorLineShaped()
 {
     const QTextBlock line = textCursor().block();
-    if (line == m_shapedLine)
+    if (line.layout()->cacheEnabled())
         return;
-    if (m_shapedLine.isValid())
-        m_shapedLine.layout()->setCacheEnabled(false);
+    if (m_shapedLine.isNull())
+        m_shapedLine = QTextCursor(document());
+    m_shapedLine.block().layout()->setCacheEnabled(false);
     line.layout()->setCacheEnabled(true);
-    m_shapedLine = line;
+    m_shapedLine.setPosition(line.position());
 }
 
 void CodeEditor::paintEvent(QPaintEvent* event)

@@ -69,7 +69,7 @@ bool Decode(const QByteArray& bytes, Contents& contents)
 bool IsTorn(const QByteArray& content, const Contents& contents)
 {
     const auto& [target, before, after] = contents;
-    const auto [smallest, largest] = std::minmax(before.size(), after.size());
+    const auto [smallest, largest] = std::minmax({before.size(), after.size()});
     if (content == before || content == after || content.size() < smallest
         || content.size() > largest)
         return false;
