@@ -114,10 +114,13 @@ class Steps
 public:
     void Add(const QElapsedTimer& clock) { m_times.push_back(clock.nsecsElapsed() / 1e6); }
 
+    /// The median is what counts where the clock is not the benchmark's own.
     void Report(benchmark::State& state)
     {
         std::sort(m_times.begin(), m_times.end());
-        state.counters["median_ms"] = m_times[m_times.size() / 2];
+        const double median = m_times[m_times.size() / 2];
+        state.SetIterationTime(median / 1e3);
+        state.counters["median_ms"] = median;
         state.counters["p99_ms"] = m_times[m_times.size() * 99 / 100];
         state.counters["longest_ms"] = m_times.back();
     }
@@ -156,8 +159,8 @@ void Repeat(benchmark::State& state, int count, const std::function<void(int)>& 
             Settle();
             steps.Add(clock);
         }
+        steps.Report(state);
     }
-    steps.Report(state);
 }
 
 void Open(benchmark::State& state, const MakeEditor& make)
@@ -328,21 +331,15 @@ void SwitchTabs(benchmark::State& state)
     Repeat(state, TABS * 2, [&group](int i) { group.SetCurrentIndex((i * 17) % TABS); });
 }
 
-void Register(const char* name, const std::function<void(benchmark::State&)>& run)
+benchmark::internal::Benchmark* Register(
+    const char* name, const std::function<void(benchmark::State&)>& run)
 {
-    benchmark::RegisterBenchmark(name, run)
-        ->Unit(benchmark::kMillisecond)
-        ->UseRealTime()
-        ->Iterations(1);
+    return benchmark::RegisterBenchmark(name, run)->Unit(benchmark::kMillisecond)->Iterations(1);
 }
 
 void RegisterOffer(const char* name, const QString& text, const QString& keys)
 {
-    benchmark::RegisterBenchmark(
-        name, [text, keys](benchmark::State& state) { OfferNames(state, text, keys); })
-        ->Unit(benchmark::kMillisecond)
-        ->UseManualTime()
-        ->Iterations(1);
+    Register(name, [text, keys](auto& state) { OfferNames(state, text, keys); })->UseManualTime();
     TimeGoal(name, FRAME);
 }
 
@@ -350,14 +347,26 @@ using Run = void (*)(benchmark::State&, const MakeEditor&);
 
 void RegisterPair(const std::string& name, Run run, double goal, const MakeEditor& make = MakeOurs)
 {
-    Register(name.c_str(), [run, make](auto& state) { run(state, make); });
-    Register((name + "/floor").c_str(), [run](auto& state) { run(state, MakeBare); });
+    Register(name.c_str(), [run, make](auto& state) { run(state, make); })->UseRealTime();
+    Register((name + "/floor").c_str(), [run](auto& state) {
+        run(state, MakeBare);
+    })->UseRealTime();
+    RatioGoal(name.c_str(), goal);
+}
+
+/// By the median of the presses: the rare long ones are a goal of their own.
+void RegisterKeys(const std::string& name, Run run, double goal, const MakeEditor& make = MakeOurs)
+{
+    Register(name.c_str(), [run, make](auto& state) { run(state, make); })->UseManualTime();
+    Register((name + "/floor").c_str(), [run](auto& state) {
+        run(state, MakeBare);
+    })->UseManualTime();
     RatioGoal(name.c_str(), goal);
 }
 
 void RegisterLines(const char* name, const std::function<void(CodeEditor&)>& command)
 {
-    Register(name, [command](auto& state) { EditAllLines(state, command); });
+    Register(name, [command](auto& state) { EditAllLines(state, command); })->UseRealTime();
     TimeGoal(name, 500);
 }
 
@@ -372,11 +381,11 @@ int main(int argc, char** argv)
     host.Start();
     MayaUtil::SourceApplicationScripts();
     RegisterPair("open_100k_lines", Open, 1.05);
-    RegisterPair("type_in_the_middle", Type, 1.5);
-    RegisterPair("type_a_long_line", TypeLongLine, 2, MakePython);
+    RegisterKeys("type_in_the_middle", Type, 1.5);
+    RegisterKeys("type_a_long_line", TypeLongLine, 2, MakePython);
     RegisterPair("scroll", Scroll, 2);
-    Register("switch_tabs", SwitchTabs);
-    RegisterPair("type_code_with_aids", TypeCode, 2, MakePython);
+    Register("switch_tabs", SwitchTabs)->UseManualTime();
+    RegisterKeys("type_code_with_aids", TypeCode, 2, MakePython);
     RegisterOffer("names_of_100k_lines", LongText(), QStringLiteral("x = val|ue_7(fu|nc\n"));
     RegisterOffer("names_of_10k_lines_of_classes", ClassText(10000),
         QStringLiteral("x = val|ue_7(Cl|ass_1, self.|val|ue_)\n"));

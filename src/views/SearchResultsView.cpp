@@ -4,6 +4,7 @@
 
 #include "settings/Settings.h"
 #include "views/FocusReason.h"
+#include "views/PlainToolTip.h"
 #include "views/SearchResultsModel.h"
 #include "views/SideBarTree.h"
 #include "window/chrome/LookFollower.h"
@@ -15,7 +16,6 @@
 #include <QHelpEvent>
 #include <QMenu>
 #include <QStyledItemDelegate>
-#include <QToolTip>
 
 namespace {
 
@@ -198,15 +198,9 @@ bool SearchResultsView::event(QEvent* event)
 bool SearchResultsView::viewportEvent(QEvent* event)
 {
     if (event->type() == QEvent::ToolTip) {
-        const auto* help = static_cast<QHelpEvent*>(event);
-        const QModelIndex index = indexAt(help->pos());
-        const QString text = ToolTipOf(index);
-        // Lines come from files, so they are never read as rich text.
-        QToolTip::showText(help->globalPos(),
-            text.isEmpty()
-                ? text
-                : QStringLiteral("<p style=\"white-space:pre\">%1</p>").arg(text.toHtmlEscaped()),
-            viewport(), visualRect(index));
+        const auto& help = static_cast<const QHelpEvent&>(*event);
+        const QModelIndex index = indexAt(help.pos());
+        ShowPlainToolTip(*this, index, help.globalPos(), ToolTipOf(index));
         return true;
     }
     if (event->type() == QEvent::HoverMove)

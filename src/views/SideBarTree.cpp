@@ -1,6 +1,7 @@
 #include "views/SideBarTree.h"
 
 #include "views/FocusReason.h"
+#include "views/PlainToolTip.h"
 #include "window/chrome/LookFollower.h"
 #include "window/chrome/Theme.h"
 
@@ -10,7 +11,6 @@
 #include <QHelpEvent>
 #include <QPainter>
 #include <QStyledItemDelegate>
-#include <QToolTip>
 
 namespace {
 
@@ -267,15 +267,9 @@ bool SideBarTree::event(QEvent* event)
 bool SideBarTree::viewportEvent(QEvent* event)
 {
     if (event->type() == QEvent::ToolTip) {
-        const auto* help = static_cast<QHelpEvent*>(event);
-        const QModelIndex index = indexAt(help->pos());
-        const QString text = ToolTipOf(index);
-        // Names come from files, so they are never read as rich text.
-        QToolTip::showText(help->globalPos(),
-            text.isEmpty()
-                ? text
-                : QStringLiteral("<p style=\"white-space:pre\">%1</p>").arg(text.toHtmlEscaped()),
-            viewport(), visualRect(index));
+        const auto& help = static_cast<const QHelpEvent&>(*event);
+        const QModelIndex index = indexAt(help.pos());
+        ShowPlainToolTip(*this, index, help.globalPos(), ToolTipOf(index));
         return true;
     }
     // The cross under the pointer looks different.

@@ -85,6 +85,19 @@ QByteArray Attribute(const QByteArray& path, const char* name)
     return value.left(static_cast<int>(size));
 }
 
+/// Saves one text after the other, and is killed after so many microseconds.
+void SaveUntilKilled(const QString& path, const QByteArray (&texts)[2], unsigned life)
+{
+    const pid_t child = Start([&] {
+        for (int i = 0;; ++i)
+            Write(path, texts[i % 2]);
+        return true;
+    });
+    ::usleep(life);
+    ::kill(child, SIGKILL);
+    ::waitpid(child, nullptr, 0);
+}
+
 struct stat State(const QString& path)
 {
     struct stat state = {};
@@ -302,14 +315,7 @@ void SafeFileTest::AKilledProcessLeavesOldOrNew()
     MakeFile(".b.te2-save-x", "");
     int leftovers = 0;
     for (int round = 0; round < ROUNDS; ++round) {
-        const pid_t child = Start([&] {
-            for (int i = 0;; ++i)
-                Write(Path("a"), texts[i % 2]);
-            return true;
-        });
-        ::usleep(random() % LONGEST_LIFE);
-        ::kill(child, SIGKILL);
-        ::waitpid(child, nullptr, 0);
+        SaveUntilKilled(Path("a"), texts, random() % LONGEST_LIFE);
         const QByteArray content = Content("a");
         QVERIFY(content == texts[0] || content == texts[1]);
         leftovers = qMax(leftovers, Names().size() - 2);
@@ -330,14 +336,7 @@ void SafeFileTest::ASaveInPlaceIsFinishedAfterAKill()
     MakeFile("a", texts[0]);
     QCOMPARE(::link(Path("a").toUtf8(), Path("second name").toUtf8()), 0);
     for (int round = 0; round < ROUNDS; ++round) {
-        const pid_t child = Start([&] {
-            for (int i = 0;; ++i)
-                Write(Path("a"), texts[i % 2]);
-            return true;
-        });
-        ::usleep(random() % LONGEST_LIFE);
-        ::kill(child, SIGKILL);
-        ::waitpid(child, nullptr, 0);
+        SaveUntilKilled(Path("a"), texts, random() % LONGEST_LIFE);
         const QByteArray torn = Content("a");
         // Seldom torn: the kernel finishes most of what it has begun.
         const bool isMended = !InterruptedSave::FinishAll().isEmpty();

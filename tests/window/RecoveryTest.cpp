@@ -1,12 +1,12 @@
 #include "editor/CodeEditor.h"
 #include "editor/CodeEditorGroup.h"
 #include "files/RecoveryFile.h"
+#include "language/DocumentCopy.h"
 #include "plugin/MayaUtil.h"
 #include "settings/Settings.h"
 #include "support/TestMain.h"
 #include "window/FilesFixture.h"
 #include "window/RecoveryNotice.h"
-#include "language/DocumentCopy.h"
 
 #include <QCloseEvent>
 #include <QDirIterator>
