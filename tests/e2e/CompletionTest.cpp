@@ -42,40 +42,17 @@ void CompletionTest::initTestCase()
 
 void CompletionTest::OffersWhatTheHostKnows_data()
 {
-    QTest::addColumn<QString>("label");
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("typed");
-    QTest::addColumn<QString>("name");
+    Columns<QString, QString, QString, QString>("label", "text", "typed", "name");
     const QString type = QStringLiteral("class Shot(object):\n    LIMIT = 3\n"
                                         "    def cut(self):\n        self.frames = []\n        ");
-    QTest::newRow("MEL commands") << "MEL"
-                                  << "print 1;\n"
-                                  << "optionV"
-                                  << "optionVar";
-    QTest::newRow("flags") << "MEL"
-                           << "optionVar "
-                           << "-intV"
-                           << "-intValue";
-    QTest::newRow("attributes of a module") << "Python"
-                                            << "import os\n"
-                                            << "os.pa"
-                                            << "path";
-    QTest::newRow("the host's commands") << "Python"
-                                         << "import maya.cmds as cmds\n"
-                                         << "cmds.optionV"
-                                         << "optionVar";
-    QTest::newRow("what to import") << "Python"
-                                    << "x = 1\n"
-                                    << "from os import get"
-                                    << "getcwd";
-    QTest::newRow("the object") << "Python" << type << "self.fr"
-                                << "frames";
-    QTest::newRow("the object's class") << "Python" << type << "self.LI"
-                                        << "LIMIT";
-    QTest::newRow("names of the source") << "Python"
-                                         << "tangents = 1\n"
-                                         << "tan"
-                                         << "tangents";
+    Row("MEL commands", "MEL", "print 1;\n", "optionV", "optionVar");
+    Row("flags", "MEL", "optionVar ", "-intV", "-intValue");
+    Row("attributes of a module", "Python", "import os\n", "os.pa", "path");
+    Row("the host's commands", "Python", "import maya.cmds as cmds\n", "cmds.optionV", "optionVar");
+    Row("what to import", "Python", "x = 1\n", "from os import get", "getcwd");
+    Row("the object", "Python", type, "self.fr", "frames");
+    Row("the object's class", "Python", type, "self.LI", "LIMIT");
+    Row("names of the source", "Python", "tangents = 1\n", "tan", "tangents");
 }
 
 void CompletionTest::OffersWhatTheHostKnows()

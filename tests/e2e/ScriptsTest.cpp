@@ -36,35 +36,27 @@ void ScriptsTest::initTestCase()
 
 void ScriptsTest::RunsAndShows_data()
 {
-    QTest::addColumn<QString>("label");
-    QTest::addColumn<QString>("script");
-    QTest::addColumn<QStringList>("lines");
+    Columns<QString, QString, QStringList>("label", "script", "lines");
 
-    QTest::newRow("MEL of 300 lines")
-        << "MEL" << Script("shot_report.mel")
-        << QStringList{"// Warning: Skipped: broken line without commas //", "SHOT REPORT", "attic",
-               "  shots 9, frames 669, least 34, most 118, mean 74.33333333",
-               "  sh0080   118  Ana   layout    |#########.|", "  animation  12",
-               "cross -3 0 1, dot 2", "growth 5.0625", "grid 30 6",
-               "version 012, next char_hero_v013", "upper Hero, camel Left Upper Arm",
-               "a missing file is an error, and the report goes on",
-               "written 27, warnings 1, file left 0", "# Result: 2044 #"};
-    QTest::newRow("Python with threads, json and a child process")
-        << "Python" << Script("publish_check.py")
-        << QStringList{"checked crate", "checked lamp", "checked rope",
-               "child python 3.11, same as here: True", "crate    121", "lamp     842",
-               "rope      64", "total 1027"};
-    QTest::newRow("Python that raises")
-        << "Python" << Script("raises.py")
-        << QStringList{"before the error",
-               "# Error: ZeroDivisionError: file <maya console> line 6: division by zero #"};
-    QTest::newRow("MEL that raises")
-        << "MEL"
-        << "print \"first\\n\";\nfred 1;\nprint \"never\\n\";"
-        << QStringList{"first", "# Error: line 2: Cannot find procedure \"fred\". #"};
-    QTest::newRow("a result of each language")
-        << "Python"
-        << "2 ** 10" << QStringList{"2 ** 10", "# Result: 1024 #"};
+    Row("MEL of 300 lines", "MEL", Script("shot_report.mel"),
+        QStringList{"// Warning: Skipped: broken line without commas //", "SHOT REPORT", "attic",
+            "  shots 9, frames 669, least 34, most 118, mean 74.33333333",
+            "  sh0080   118  Ana   layout    |#########.|", "  animation  12",
+            "cross -3 0 1, dot 2", "growth 5.0625", "grid 30 6", "version 012, next char_hero_v013",
+            "upper Hero, camel Left Upper Arm",
+            "a missing file is an error, and the report goes on",
+            "written 27, warnings 1, file left 0", "# Result: 2044 #"});
+    Row("Python with threads, json and a child process", "Python", Script("publish_check.py"),
+        QStringList{"checked crate", "checked lamp", "checked rope",
+            "child python 3.11, same as here: True", "crate    121", "lamp     842", "rope      64",
+            "total 1027"});
+    Row("Python that raises", "Python", Script("raises.py"),
+        QStringList{"before the error",
+            "# Error: ZeroDivisionError: file <maya console> line 6: division by zero #"});
+    Row("MEL that raises", "MEL", "print \"first\\n\";\nfred 1;\nprint \"never\\n\";",
+        QStringList{"first", "# Error: line 2: Cannot find procedure \"fred\". #"});
+    Row("a result of each language", "Python", "2 ** 10",
+        QStringList{"2 ** 10", "# Result: 1024 #"});
 }
 
 void ScriptsTest::RunsAndShows()

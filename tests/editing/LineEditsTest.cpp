@@ -53,18 +53,14 @@ const QHash<QString, Command>& Commands()
 void Row(const char* name, const char* options, const char* command, const char* before,
     const char* after)
 {
-    QTest::newRow(name) << QString(options) << QString(command) << QString(before)
-                        << QString(after);
+    Row(name, QString(options), QString(command), QString(before), QString(after));
 }
 
 } // namespace
 
 void LineEditsTest::EditsLines_data()
 {
-    QTest::addColumn<QString>("options");
-    QTest::addColumn<QString>("command");
-    QTest::addColumn<QString>("before");
-    QTest::addColumn<QString>("after");
+    Columns<QString, QString, QString, QString>("options", "command", "before", "after");
     // clang-format off
     Row("step at the cursor", "size=3", "indent", "a|b", "a   |b");
     Row("step in place of a selection", "tabs", "indent", "a<b|", "a\t|");
@@ -130,22 +126,14 @@ void LineEditsTest::EditsLines()
 
 void LineEditsTest::AddsNoStepWithoutAnEdit_data()
 {
-    QTest::addColumn<QString>("command");
-    QTest::addColumn<QString>("marked");
-    QTest::newRow("first line up") << "up"
-                                   << "a|\nb";
-    QTest::newRow("last line down") << "down"
-                                    << "<a\nb|";
-    QTest::newRow("an empty last line") << "delete"
-                                        << "a\n|";
-    QTest::newRow("no indent") << "dedent"
-                               << "a|";
-    QTest::newRow("ended") << "end"
-                           << "a\n|";
-    QTest::newRow("empty") << "trim+end"
-                           << "|";
-    QTest::newRow("trimmed") << "trim+end"
-                             << "a\n|";
+    Columns<QString, QString>("command", "marked");
+    Row("first line up", "up", "a|\nb");
+    Row("last line down", "down", "<a\nb|");
+    Row("an empty last line", "delete", "a\n|");
+    Row("no indent", "dedent", "a|");
+    Row("ended", "end", "a\n|");
+    Row("empty", "trim+end", "|");
+    Row("trimmed", "trim+end", "a\n|");
 }
 
 void LineEditsTest::AddsNoStepWithoutAnEdit()

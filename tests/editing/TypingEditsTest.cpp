@@ -25,17 +25,14 @@ namespace {
 
 void AddColumns()
 {
-    QTest::addColumn<QString>("options");
-    QTest::addColumn<QString>("before");
-    QTest::addColumn<QString>("key");
-    QTest::addColumn<QString>("after");
+    Columns<QString, QString, QString, QString>("options", "before", "key", "after");
 }
 
 void Row(
     const char* name, const char* options, const char* before, const char* key, const char* after)
 {
-    QTest::newRow(name) << QString::fromUtf8(options) << QString::fromUtf8(before)
-                        << QString::fromUtf8(key) << QString::fromUtf8(after);
+    Row(name, QString::fromUtf8(options), QString::fromUtf8(before), QString::fromUtf8(key),
+        QString::fromUtf8(after));
 }
 
 /// True unless it was a Backspace that is left to the text widget.

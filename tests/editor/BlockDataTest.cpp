@@ -31,34 +31,20 @@ private Q_SLOTS:
 
 void BlockDataTest::FindsTheLastUnbalancedBrace_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<int>("column");
-    QTest::addColumn<QString>("open"); // bracket and column, empty for none
-    QTest::addColumn<QString>("close");
-    QTest::newRow("nothing") << "a b" << 2 << ""
-                             << "";
-    QTest::newRow("one opener") << "f(a" << 2 << "(1"
-                                << "";
-    QTest::newRow("closed again, but a closer is one") << "f(a)" << 3 << ""
-                                                       << ")3";
-    QTest::newRow("behind the column") << "a (" << 1 << ""
-                                       << "";
-    QTest::newRow("at the column") << "a (" << 2 << "(2"
-                                   << "";
-    QTest::newRow("outer of two") << "f(g(a)" << 5 << "(1"
-                                  << ")5";
-    QTest::newRow("inner of two") << "f(g(a" << 4 << "(3"
-                                  << "";
-    QTest::newRow("later kind wins") << "({[" << 2 << "[2"
-                                     << "";
-    QTest::newRow("a closer of an earlier kind hides the next opener") << ")[" << 1 << ""
-                                                                       << ")0";
-    QTest::newRow("closer") << "a)" << 1 << ""
-                            << ")1";
-    QTest::newRow("closer after a pair") << "(a))" << 3 << ""
-                                         << ")3";
-    QTest::newRow("an opener of an earlier kind hides the next closer") << "(]" << 1 << "(0"
-                                                                        << "";
+    // "open": bracket and column, empty for none
+    Columns<QString, int, QString, QString>("text", "column", "open", "close");
+    Row("nothing", "a b", 2, "", "");
+    Row("one opener", "f(a", 2, "(1", "");
+    Row("closed again, but a closer is one", "f(a)", 3, "", ")3");
+    Row("behind the column", "a (", 1, "", "");
+    Row("at the column", "a (", 2, "(2", "");
+    Row("outer of two", "f(g(a)", 5, "(1", ")5");
+    Row("inner of two", "f(g(a", 4, "(3", "");
+    Row("later kind wins", "({[", 2, "[2", "");
+    Row("a closer of an earlier kind hides the next opener", ")[", 1, "", ")0");
+    Row("closer", "a)", 1, "", ")1");
+    Row("closer after a pair", "(a))", 3, "", ")3");
+    Row("an opener of an earlier kind hides the next closer", "(]", 1, "(0", "");
 }
 
 void BlockDataTest::FindsTheLastUnbalancedBrace()

@@ -88,28 +88,26 @@ void CodeEditorCompletionTest::cleanup()
 
 void CodeEditorCompletionTest::OpensWhereNamesAreTyped_data()
 {
-    QTest::addColumn<Language>("language");
-    QTest::addColumn<QString>("keys");
-    QTest::addColumn<bool>("isShown");
-    QTest::newRow("letters") << Language::Mel << "glo" << true;
-    QTest::newRow("a name with a digit") << Language::Mel << "glo1" << false;
-    QTest::newRow("a blank") << Language::Mel << "g " << false;
-    QTest::newRow("a bracket") << Language::Mel << "g(" << false;
-    QTest::newRow("taken back") << Language::Mel << "glob>" << true;
-    QTest::newRow("all taken back") << Language::Mel << "g>" << false;
-    QTest::newRow("left") << Language::Mel << "glo<" << false;
-    QTest::newRow("a variable") << Language::Mel << "$glo" << false;
-    QTest::newRow("a flag of nothing known") << Language::Mel << "a -q" << false;
-    QTest::newRow("within a string") << Language::Mel << "\"glo" << false;
-    QTest::newRow("within a string, asked for") << Language::Mel << "\"s^" << true;
-    QTest::newRow("within a comment") << Language::Mel << "// glo" << false;
-    QTest::newRow("in a text") << Language::Text << "glo glo^" << false;
-    QTest::newRow("words of the source") << Language::Python << "one = on" << true;
-    QTest::newRow("Python within a string") << Language::Python << "one = 'on^" << false;
-    QTest::newRow("Python behind a comment sign") << Language::Python << "one = 1 # on^" << false;
-    QTest::newRow("behind a string") << Language::Python << "one = 'a'+on" << true;
-    QTest::newRow("attributes of nothing known") << Language::Python << "one = on." << false;
-    QTest::newRow("on an empty line, asked for") << Language::Python << "one = two\n^" << true;
+    Columns<Language, QString, bool>("language", "keys", "isShown");
+    Row("letters", Language::Mel, "glo", true);
+    Row("a name with a digit", Language::Mel, "glo1", false);
+    Row("a blank", Language::Mel, "g ", false);
+    Row("a bracket", Language::Mel, "g(", false);
+    Row("taken back", Language::Mel, "glob>", true);
+    Row("all taken back", Language::Mel, "g>", false);
+    Row("left", Language::Mel, "glo<", false);
+    Row("a variable", Language::Mel, "$glo", false);
+    Row("a flag of nothing known", Language::Mel, "a -q", false);
+    Row("within a string", Language::Mel, "\"glo", false);
+    Row("within a string, asked for", Language::Mel, "\"s^", true);
+    Row("within a comment", Language::Mel, "// glo", false);
+    Row("in a text", Language::Text, "glo glo^", false);
+    Row("words of the source", Language::Python, "one = on", true);
+    Row("Python within a string", Language::Python, "one = 'on^", false);
+    Row("Python behind a comment sign", Language::Python, "one = 1 # on^", false);
+    Row("behind a string", Language::Python, "one = 'a'+on", true);
+    Row("attributes of nothing known", Language::Python, "one = on.", false);
+    Row("on an empty line, asked for", Language::Python, "one = two\n^", true);
 }
 
 void CodeEditorCompletionTest::OpensWhereNamesAreTyped()
@@ -122,14 +120,11 @@ void CodeEditorCompletionTest::OpensWhereNamesAreTyped()
 
 void CodeEditorCompletionTest::ObeysTheOptions_data()
 {
-    QTest::addColumn<bool>("letters");
-    QTest::addColumn<bool>("user");
-    QTest::addColumn<QString>("keys");
-    QTest::addColumn<bool>("isShown");
-    QTest::newRow("no letters") << false << true << "glo" << false;
-    QTest::newRow("no letters, asked for") << false << true << "s^" << false;
-    QTest::newRow("no asking") << true << false << "s" << true;
-    QTest::newRow("no asking, asked for") << true << false << "s < ^" << false;
+    Columns<bool, bool, QString, bool>("letters", "user", "keys", "isShown");
+    Row("no letters", false, true, "glo", false);
+    Row("no letters, asked for", false, true, "s^", false);
+    Row("no asking", true, false, "s", true);
+    Row("no asking, asked for", true, false, "s < ^", false);
 }
 
 void CodeEditorCompletionTest::ObeysTheOptions()

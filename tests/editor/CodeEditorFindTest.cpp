@@ -82,40 +82,22 @@ private:
 
 void CodeEditorFindTest::GoesRoundTheText_data()
 {
-    QTest::addColumn<QString>("before");
-    QTest::addColumn<QString>("pattern");
-    QTest::addColumn<bool>("backward");
-    QTest::addColumn<QString>("after");
-    QTest::newRow("the next one") << "[]ab ab"
-                                  << "ab" << false << "[ab] ab";
-    QTest::newRow("over the selected one") << "[ab] ab"
-                                           << "ab" << false << "ab [ab]";
-    QTest::newRow("from the last to the first") << "ab [ab]"
-                                                << "ab" << false << "[ab] ab";
-    QTest::newRow("from the first to the last") << "[ab] ab\nab"
-                                                << "ab" << true << "ab ab\n[ab]";
-    QTest::newRow("the one before the cursor") << "ab[] ab"
-                                               << "ab" << true << "[ab] ab";
-    QTest::newRow("the match that a selection grows to") << "[a]b ab"
-                                                         << "ab" << false << "[ab] ab";
-    QTest::newRow("the match that ends where the selection ends") << "ab a[b]"
-                                                                  << "ab" << true << "ab [ab]";
-    QTest::newRow("only what the count counts") << "a[aa]a"
-                                                << "aa" << false << "aa[aa]";
-    QTest::newRow("the only one again") << "x [ab]"
-                                        << "ab" << false << "x [ab]";
-    QTest::newRow("nowhere") << "x[]y"
-                             << "ab" << false << "x[]y";
-    QTest::newRow("an empty match steps on") << "[]a\nb\nc"
-                                             << "^" << false << "a\n[]b\nc";
-    QTest::newRow("an empty match steps back") << "a\nb\n[]c"
-                                               << "^" << true << "a\n[]b\nc";
-    QTest::newRow("an empty match at the very end") << "[]a\nb"
-                                                    << "$" << true << "a\nb[]";
-    QTest::newRow("lines are searched one by one") << "[]a\nb"
-                                                   << "a\\sb" << false << "[]a\nb";
-    QTest::newRow("what stands before a match counts") << "[b] ab"
-                                                       << "(?<=a)b" << false << "b a[b]";
+    Columns<QString, QString, bool, QString>("before", "pattern", "backward", "after");
+    Row("the next one", "[]ab ab", "ab", false, "[ab] ab");
+    Row("over the selected one", "[ab] ab", "ab", false, "ab [ab]");
+    Row("from the last to the first", "ab [ab]", "ab", false, "[ab] ab");
+    Row("from the first to the last", "[ab] ab\nab", "ab", true, "ab ab\n[ab]");
+    Row("the one before the cursor", "ab[] ab", "ab", true, "[ab] ab");
+    Row("the match that a selection grows to", "[a]b ab", "ab", false, "[ab] ab");
+    Row("the match that ends where the selection ends", "ab a[b]", "ab", true, "ab [ab]");
+    Row("only what the count counts", "a[aa]a", "aa", false, "aa[aa]");
+    Row("the only one again", "x [ab]", "ab", false, "x [ab]");
+    Row("nowhere", "x[]y", "ab", false, "x[]y");
+    Row("an empty match steps on", "[]a\nb\nc", "^", false, "a\n[]b\nc");
+    Row("an empty match steps back", "a\nb\n[]c", "^", true, "a\n[]b\nc");
+    Row("an empty match at the very end", "[]a\nb", "$", true, "a\nb[]");
+    Row("lines are searched one by one", "[]a\nb", "a\\sb", false, "[]a\nb");
+    Row("what stands before a match counts", "[b] ab", "(?<=a)b", false, "b a[b]");
 }
 
 void CodeEditorFindTest::GoesRoundTheText()
@@ -147,16 +129,15 @@ void CodeEditorFindTest::FindsNothingWithoutAPattern()
 
 void CodeEditorFindTest::StaysInItsRegion_data()
 {
-    QTest::addColumn<bool>("backward");
-    QTest::addColumn<int>("cursor");
-    QTest::addColumn<QVector<int>>("starts"); // of the matches found one after the other
+    // "starts": of the matches found one after the other
+    Columns<bool, int, QVector<int>>("backward", "cursor", "starts");
     using Starts = QVector<int>;
     // "ab ab ab ab" with the middle two and the blanks around them as the region.
-    QTest::newRow("forwards from before") << false << 0 << Starts{3, 6, 3};
-    QTest::newRow("forwards from behind") << false << 11 << Starts{3, 6};
-    QTest::newRow("backwards from before") << true << 0 << Starts{6, 3, 6};
-    QTest::newRow("backwards from behind") << true << 11 << Starts{6, 3};
-    QTest::newRow("from inside") << false << 4 << Starts{6, 3};
+    Row("forwards from before", false, 0, Starts{3, 6, 3});
+    Row("forwards from behind", false, 11, Starts{3, 6});
+    Row("backwards from before", true, 0, Starts{6, 3, 6});
+    Row("backwards from behind", true, 11, Starts{6, 3});
+    Row("from inside", false, 4, Starts{6, 3});
 }
 
 void CodeEditorFindTest::StaysInItsRegion()
@@ -216,46 +197,16 @@ void CodeEditorFindTest::CarriesTheRegionAlong()
 
 void CodeEditorFindTest::ReplacesOneAndGoesOn_data()
 {
-    QTest::addColumn<QString>("before");
-    QTest::addColumn<QString>("pattern");
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("after");
-    QTest::newRow("first only goes there") << "[]ab ab"
-                                           << "ab"
-                                           << "x"
-                                           << "[ab] ab";
-    QTest::newRow("replaces and goes on") << "[ab] ab"
-                                          << "ab"
-                                          << "x"
-                                          << "x [ab]";
-    QTest::newRow("the last wraps") << "ab [ab]"
-                                    << "ab"
-                                    << "x"
-                                    << "[ab] x";
-    QTest::newRow("the only one") << "[ab]"
-                                  << "ab"
-                                  << "x"
-                                  << "x[]";
-    QTest::newRow("not into what was put in") << "[ab] ab"
-                                              << "ab"
-                                              << "abab"
-                                              << "abab [ab]";
-    QTest::newRow("groups") << "[f(1)] f(2)"
-                            << "f\\((\\d)\\)"
-                            << "g[\\1]"
-                            << "g[1] [f(2)]";
-    QTest::newRow("in its surroundings") << "a[b] ab"
-                                         << "(?<=a)b"
-                                         << "x"
-                                         << "ax a[b]";
-    QTest::newRow("empty matches step on") << "[]a\nb"
-                                           << "^"
-                                           << "# "
-                                           << "# a\n[]b";
-    QTest::newRow("at the ends of lines") << "a[]\nb"
-                                          << "$"
-                                          << ";"
-                                          << "a;\nb[]";
+    Columns<QString, QString, QString, QString>("before", "pattern", "text", "after");
+    Row("first only goes there", "[]ab ab", "ab", "x", "[ab] ab");
+    Row("replaces and goes on", "[ab] ab", "ab", "x", "x [ab]");
+    Row("the last wraps", "ab [ab]", "ab", "x", "[ab] x");
+    Row("the only one", "[ab]", "ab", "x", "x[]");
+    Row("not into what was put in", "[ab] ab", "ab", "abab", "abab [ab]");
+    Row("groups", "[f(1)] f(2)", "f\\((\\d)\\)", "g[\\1]", "g[1] [f(2)]");
+    Row("in its surroundings", "a[b] ab", "(?<=a)b", "x", "ax a[b]");
+    Row("empty matches step on", "[]a\nb", "^", "# ", "# a\n[]b");
+    Row("at the ends of lines", "a[]\nb", "$", ";", "a;\nb[]");
 }
 
 void CodeEditorFindTest::ReplacesOneAndGoesOn()
@@ -274,28 +225,16 @@ void CodeEditorFindTest::ReplacesOneAndGoesOn()
 
 void CodeEditorFindTest::ReplacesAll_data()
 {
-    QTest::addColumn<QString>("before");
-    QTest::addColumn<QRegularExpression>("expression");
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("after");
-    QTest::addColumn<int>("count");
-    QTest::newRow("plain") << "ab\nab" << Literal("ab") << "\\1"
-                           << "\\1\n\\1" << 2;
-    QTest::newRow("growing") << "aaa" << Literal("a") << "aa"
-                             << "aaaaaa" << 3;
-    QTest::newRow("with nothing") << "abab" << Literal("b") << ""
-                                  << "aa" << 2;
-    QTest::newRow("groups") << "a=1\nb=2" << Typed("(\\w)=(\\d)") << "\\2=\\1"
-                            << "1=a\n2=b" << 2;
-    QTest::newRow("line ends") << "a, b, c" << Typed(", ") << ",\\n"
-                               << "a,\nb,\nc" << 2;
-    QTest::newRow("empty matches") << "a\n\nb" << Typed("^") << "# "
-                                   << "# a\n# \n# b" << 3;
-    QTest::newRow("case as typed")
-        << "Ab aB" << CreateSearchRegEx("ab", false, false, false) << "xY"
-        << "xY xY" << 2;
-    QTest::newRow("nothing found") << "ab" << Literal("x") << "y"
-                                   << "ab" << 0;
+    Columns<QString, QRegularExpression, QString, QString, int>(
+        "before", "expression", "text", "after", "count");
+    Row("plain", "ab\nab", Literal("ab"), "\\1", "\\1\n\\1", 2);
+    Row("growing", "aaa", Literal("a"), "aa", "aaaaaa", 3);
+    Row("with nothing", "abab", Literal("b"), "", "aa", 2);
+    Row("groups", "a=1\nb=2", Typed("(\\w)=(\\d)"), "\\2=\\1", "1=a\n2=b", 2);
+    Row("line ends", "a, b, c", Typed(", "), ",\\n", "a,\nb,\nc", 2);
+    Row("empty matches", "a\n\nb", Typed("^"), "# ", "# a\n# \n# b", 3);
+    Row("case as typed", "Ab aB", CreateSearchRegEx("ab", false, false, false), "xY", "xY xY", 2);
+    Row("nothing found", "ab", Literal("x"), "y", "ab", 0);
 }
 
 void CodeEditorFindTest::ReplacesAll()
@@ -389,21 +328,11 @@ void CodeEditorFindTest::SearchesOnFarAheadOnceCounted()
 
 void CodeEditorFindTest::SeeksWhatIsSelected_data()
 {
-    QTest::addColumn<QString>("marked");
-    QTest::addColumn<QString>("sought");
-    QTest::addColumn<QString>("after");
-    QTest::newRow("selection") << "a [b c] d"
-                               << "b c"
-                               << "a [b c] d";
-    QTest::newRow("word under the cursor") << "one tw[]o"
-                                           << "two"
-                                           << "one [two]";
-    QTest::newRow("several lines are no text to seek") << "[a\nb]"
-                                                       << "old"
-                                                       << "[a\nb]";
-    QTest::newRow("nothing there") << "a  []  b"
-                                   << "old"
-                                   << "a  []  b";
+    Columns<QString, QString, QString>("marked", "sought", "after");
+    Row("selection", "a [b c] d", "b c", "a [b c] d");
+    Row("word under the cursor", "one tw[]o", "two", "one [two]");
+    Row("several lines are no text to seek", "[a\nb]", "old", "[a\nb]");
+    Row("nothing there", "a  []  b", "old", "a  []  b");
 }
 
 void CodeEditorFindTest::SeeksWhatIsSelected()

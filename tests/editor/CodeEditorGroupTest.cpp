@@ -294,21 +294,15 @@ QStringList CodeEditorGroupTest::OpenMenu(QObject* target, const QPoint& point)
 
 void CodeEditorGroupTest::OffersWhatFitsTheTab_data()
 {
-    QTest::addColumn<int>("tabs");
-    QTest::addColumn<int>("index");
-    QTest::addColumn<CodeEditorType>("type");
-    QTest::addColumn<QString>("entries");
-    QTest::newRow("the only buffer")
-        << 1 << 0 << CodeEditorType::Buffer << "Close,-,Rename,-,Copy Path,Reveal in Folder";
-    QTest::newRow("the only file")
-        << 1 << 0 << CodeEditorType::File
-        << "Close,-,Rename,-,Copy Path,Reveal in Folder,Reveal in Side Bar";
-    QTest::newRow("a buffer before others")
-        << 2 << 0 << CodeEditorType::Buffer
-        << "Close,Close Other Tabs,Close Tabs to the Right,-,Rename,-,Copy Path,Reveal in Folder";
-    QTest::newRow("the last file")
-        << 2 << 1 << CodeEditorType::File
-        << "Close,Close Other Tabs,-,Rename,-,Copy Path,Reveal in Folder,Reveal in Side Bar";
+    Columns<int, int, CodeEditorType, QString>("tabs", "index", "type", "entries");
+    Row("the only buffer", 1, 0, CodeEditorType::Buffer,
+        "Close,-,Rename,-,Copy Path,Reveal in Folder");
+    Row("the only file", 1, 0, CodeEditorType::File,
+        "Close,-,Rename,-,Copy Path,Reveal in Folder,Reveal in Side Bar");
+    Row("a buffer before others", 2, 0, CodeEditorType::Buffer,
+        "Close,Close Other Tabs,Close Tabs to the Right,-,Rename,-,Copy Path,Reveal in Folder");
+    Row("the last file", 2, 1, CodeEditorType::File,
+        "Close,Close Other Tabs,-,Rename,-,Copy Path,Reveal in Folder,Reveal in Side Bar");
 }
 
 void CodeEditorGroupTest::OffersWhatFitsTheTab()
@@ -429,25 +423,23 @@ bool CodeEditorGroupTest::Drop(const QMimeData& payload, const QPoint& position)
 
 void CodeEditorGroupTest::TakesDrops_data()
 {
-    QTest::addColumn<QByteArray>("tab"); // else files
-    QTest::addColumn<QPoint>("point");
-    QTest::addColumn<bool>("edges");
-    QTest::addColumn<QString>("asked");
+    // "tab": else files
+    Columns<QByteArray, QPoint, bool, QString>("tab", "point", "edges", "asked");
     const QByteArray tab("\x01\x02", 2);
     const QByteArray files;
     const QPoint middle(300, 200);
     const QPoint left(5, 200);
     const QPoint right(595, 200);
-    QTest::newRow("tab, middle") << tab << middle << true << "move 1 2 1 0";
-    QTest::newRow("tab, left") << tab << left << true << "move 1 2 1 1";
-    QTest::newRow("tab, right") << tab << right << true << "move 1 2 1 2";
-    QTest::newRow("tab, left, no splitting") << tab << left << false << "move 1 2 1 0";
-    QTest::newRow("tab, mini tool bar") << tab << QPoint(595, 5) << true << "";
-    QTest::newRow("files, middle") << files << middle << true << "open 1 2 /1 open 1 2 /2";
-    QTest::newRow("files, right") << files << right << true << "open all 1 2 /1 /2";
-    QTest::newRow("a tab that is not there") << QByteArray("\x01\x03", 2) << middle << true << "";
-    QTest::newRow("a group that is not there") << QByteArray("\xfe\x00", 2) << middle << true << "";
-    QTest::newRow("one byte") << QByteArray("\x01", 1) << middle << true << "";
+    Row("tab, middle", tab, middle, true, "move 1 2 1 0");
+    Row("tab, left", tab, left, true, "move 1 2 1 1");
+    Row("tab, right", tab, right, true, "move 1 2 1 2");
+    Row("tab, left, no splitting", tab, left, false, "move 1 2 1 0");
+    Row("tab, mini tool bar", tab, QPoint(595, 5), true, "");
+    Row("files, middle", files, middle, true, "open 1 2 /1 open 1 2 /2");
+    Row("files, right", files, right, true, "open all 1 2 /1 /2");
+    Row("a tab that is not there", QByteArray("\x01\x03", 2), middle, true, "");
+    Row("a group that is not there", QByteArray("\xfe\x00", 2), middle, true, "");
+    Row("one byte", QByteArray("\x01", 1), middle, true, "");
 }
 
 void CodeEditorGroupTest::TakesDrops()

@@ -64,21 +64,17 @@ private Q_SLOTS:
 
 void CodeEditorMarksTest::LocatesMessages_data()
 {
-    QTest::addColumn<int>("start");
-    QTest::addColumn<int>("end");
-    QTest::addColumn<int>("line");
-    QTest::addColumn<int>("column");
-    QTest::addColumn<QString>("marked");
-    QTest::newRow("a span") << 1 << 4 << -1 << -1 << "a[b c]d\n  e_1+";
-    QTest::newRow("behind the text") << 90 << 95 << -1 << -1 << "ab cd\n  e_1+[]";
-    QTest::newRow("over the end") << 10 << 95 << -1 << -1 << "ab cd\n  e_[1+]";
-    QTest::newRow("ends before it starts") << 4 << 2 << -1 << -1 << "ab c[]d\n  e_1+";
-    QTest::newRow("a word by its column") << -1 << -1 << 0 << 3 << "ab [cd]\n  e_1+";
-    QTest::newRow("within a word") << -1 << -1 << 1 << 3 << "ab cd\n  e[_1]+";
-    QTest::newRow("no word, so the rest of the line") << -1 << -1 << 0 << 2 << "ab[ cd]\n  e_1+";
-    QTest::newRow("behind the line") << -1 << -1 << 0 << 40 << "ab cd[]\n  e_1+";
-    QTest::newRow("no column") << -1 << -1 << 1 << -1 << "ab cd\n[  e_1+]";
-    QTest::newRow("a line behind the last") << -1 << -1 << 9 << 2 << "ab cd\n  [e_1]+";
+    Columns<int, int, int, int, QString>("start", "end", "line", "column", "marked");
+    Row("a span", 1, 4, -1, -1, "a[b c]d\n  e_1+");
+    Row("behind the text", 90, 95, -1, -1, "ab cd\n  e_1+[]");
+    Row("over the end", 10, 95, -1, -1, "ab cd\n  e_[1+]");
+    Row("ends before it starts", 4, 2, -1, -1, "ab c[]d\n  e_1+");
+    Row("a word by its column", -1, -1, 0, 3, "ab [cd]\n  e_1+");
+    Row("within a word", -1, -1, 1, 3, "ab cd\n  e[_1]+");
+    Row("no word, so the rest of the line", -1, -1, 0, 2, "ab[ cd]\n  e_1+");
+    Row("behind the line", -1, -1, 0, 40, "ab cd[]\n  e_1+");
+    Row("no column", -1, -1, 1, -1, "ab cd\n[  e_1+]");
+    Row("a line behind the last", -1, -1, 9, 2, "ab cd\n  [e_1]+");
 }
 
 void CodeEditorMarksTest::LocatesMessages()
@@ -98,49 +94,26 @@ void CodeEditorMarksTest::LocatesMessages()
 
 void CodeEditorMarksTest::FollowsEdits_data()
 {
-    QTest::addColumn<QString>("before");
-    QTest::addColumn<int>("from");
-    QTest::addColumn<int>("to");
-    QTest::addColumn<QString>("inserted");
-    QTest::addColumn<QString>("after");
-    QTest::newRow("typed before") << "a [bcd] e" << 0 << 0 << "xy"
-                                  << "xya [bcd] e";
-    QTest::newRow("typed right before") << "a [bcd] e" << 2 << 2 << "x"
-                                        << "a x[bcd] e";
-    QTest::newRow("typed inside") << "a [bcd] e" << 3 << 3 << "x"
-                                  << "a [bxcd] e";
-    QTest::newRow("typed right behind") << "a [bcd] e" << 5 << 5 << "x"
-                                        << "a [bcd]x e";
-    QTest::newRow("typed behind") << "a [bcd] e" << 7 << 7 << "x"
-                                  << "a [bcd] ex";
-    QTest::newRow("removed before") << "a [bcd] e" << 0 << 2 << ""
-                                    << "[bcd] e";
-    QTest::newRow("its first character removed") << "a [bcd] e" << 2 << 3 << ""
-                                                 << "a [cd] e";
-    QTest::newRow("removed inside") << "a [bcd] e" << 3 << 4 << ""
-                                    << "a [bd] e";
-    QTest::newRow("replaced inside") << "a [bcd] e" << 3 << 4 << "xyz"
-                                     << "a [bxyzd] e";
-    QTest::newRow("its last character removed") << "a [bcd] e" << 4 << 5 << ""
-                                                << "a [bc] e";
-    QTest::newRow("removed behind") << "a [bcd] e" << 5 << 7 << ""
-                                    << "a [bcd]";
-    QTest::newRow("removed over its start") << "a [bcd] e" << 1 << 3 << ""
-                                            << "acd e";
-    QTest::newRow("removed over its end") << "a [bcd] e" << 4 << 6 << ""
-                                          << "a bce";
-    QTest::newRow("removed whole") << "a [bcd] e" << 2 << 5 << ""
-                                   << "a  e";
-    QTest::newRow("replaced whole") << "a [bcd] e" << 2 << 5 << "xyz"
-                                    << "a xyz e";
-    QTest::newRow("all text replaced") << "a [bcd] e" << 0 << 7 << "a bcd e"
-                                       << "a bcd e";
-    QTest::newRow("an empty span moves") << "ab[]" << 1 << 1 << "x"
-                                         << "axb[]";
-    QTest::newRow("typed at an empty span") << "ab[]" << 2 << 2 << "x"
-                                            << "abx[]";
-    QTest::newRow("an empty span in removed text") << "a[]b" << 0 << 2 << ""
-                                                   << "";
+    Columns<QString, int, int, QString, QString>("before", "from", "to", "inserted", "after");
+    Row("typed before", "a [bcd] e", 0, 0, "xy", "xya [bcd] e");
+    Row("typed right before", "a [bcd] e", 2, 2, "x", "a x[bcd] e");
+    Row("typed inside", "a [bcd] e", 3, 3, "x", "a [bxcd] e");
+    Row("typed right behind", "a [bcd] e", 5, 5, "x", "a [bcd]x e");
+    Row("typed behind", "a [bcd] e", 7, 7, "x", "a [bcd] ex");
+    Row("removed before", "a [bcd] e", 0, 2, "", "[bcd] e");
+    Row("its first character removed", "a [bcd] e", 2, 3, "", "a [cd] e");
+    Row("removed inside", "a [bcd] e", 3, 4, "", "a [bd] e");
+    Row("replaced inside", "a [bcd] e", 3, 4, "xyz", "a [bxyzd] e");
+    Row("its last character removed", "a [bcd] e", 4, 5, "", "a [bc] e");
+    Row("removed behind", "a [bcd] e", 5, 7, "", "a [bcd]");
+    Row("removed over its start", "a [bcd] e", 1, 3, "", "acd e");
+    Row("removed over its end", "a [bcd] e", 4, 6, "", "a bce");
+    Row("removed whole", "a [bcd] e", 2, 5, "", "a  e");
+    Row("replaced whole", "a [bcd] e", 2, 5, "xyz", "a xyz e");
+    Row("all text replaced", "a [bcd] e", 0, 7, "a bcd e", "a bcd e");
+    Row("an empty span moves", "ab[]", 1, 1, "x", "axb[]");
+    Row("typed at an empty span", "ab[]", 2, 2, "x", "abx[]");
+    Row("an empty span in removed text", "a[]b", 0, 2, "", "");
 }
 
 void CodeEditorMarksTest::FollowsEdits()

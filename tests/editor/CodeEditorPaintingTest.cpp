@@ -194,14 +194,13 @@ void CodeEditorPaintingTest::NothingOfMessagesIsShownWhenSwitchedOff()
 
 void CodeEditorPaintingTest::GuidesRunThroughLinesWithoutCode_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QVector<int>>("counts");
-    QTest::newRow("by steps") << "a\n b\n    c\n     d\n\te" << QVector<int>({0, 1, 1, 2, 1});
-    QTest::newRow("blank lines take the next count")
-        << "    a\n\n  \n        b\n\nc" << QVector<int>({1, 2, 2, 2, 0, 0});
-    QTest::newRow("blank lines at the end have none") << "    a\n\n" << QVector<int>({1, 0, 0});
-    QTest::newRow("no guide runs through a comment further left")
-        << "# x\n    # y\n        a" << QVector<int>({0, 1, 2});
+    Columns<QString, QVector<int>>("text", "counts");
+    Row("by steps", "a\n b\n    c\n     d\n\te", QVector<int>({0, 1, 1, 2, 1}));
+    Row("blank lines take the next count", "    a\n\n  \n        b\n\nc",
+        QVector<int>({1, 2, 2, 2, 0, 0}));
+    Row("blank lines at the end have none", "    a\n\n", QVector<int>({1, 0, 0}));
+    Row("no guide runs through a comment further left", "# x\n    # y\n        a",
+        QVector<int>({0, 1, 2}));
 }
 
 void CodeEditorPaintingTest::GuidesRunThroughLinesWithoutCode()
@@ -311,16 +310,13 @@ void CodeEditorPaintingTest::ToolTipsTellTheMessages()
 
 void CodeEditorPaintingTest::MarksOccurrencesOfTheSelection_data()
 {
-    QTest::addColumn<int>("start");
-    QTest::addColumn<int>("end");
-    QTest::addColumn<bool>("wordsOnly");
-    QTest::addColumn<QStringList>("marked");
-    QTest::newRow("everywhere") << 0 << 2 << false << QStringList({"0:ab", "3:ab", "14:ab"});
-    QTest::newRow("whole words") << 0 << 2 << true << QStringList({"0:ab", "14:ab"});
-    QTest::newRow("no whole word") << 3 << 5 << true << QStringList();
-    QTest::newRow("blank") << 2 << 3 << false << QStringList();
-    QTest::newRow("over lines") << 8 << 12 << false << QStringList();
-    QTest::newRow("nothing selected") << 1 << 1 << false << QStringList();
+    Columns<int, int, bool, QStringList>("start", "end", "wordsOnly", "marked");
+    Row("everywhere", 0, 2, false, QStringList({"0:ab", "3:ab", "14:ab"}));
+    Row("whole words", 0, 2, true, QStringList({"0:ab", "14:ab"}));
+    Row("no whole word", 3, 5, true, QStringList());
+    Row("blank", 2, 3, false, QStringList());
+    Row("over lines", 8, 12, false, QStringList());
+    Row("nothing selected", 1, 1, false, QStringList());
 }
 
 void CodeEditorPaintingTest::MarksOccurrencesOfTheSelection()
@@ -377,18 +373,14 @@ void CodeEditorPaintingTest::MarksFoundTextAndTheCurrentMatch()
 
 void CodeEditorPaintingTest::FindRegionFollowsEdits_data()
 {
-    QTest::addColumn<int>("from");
-    QTest::addColumn<int>("to");
-    QTest::addColumn<QString>("inserted");
-    QTest::addColumn<int>("start");
-    QTest::addColumn<int>("end");
-    QTest::newRow("before") << 0 << 1 << "xyz" << 6 << 10;
-    QTest::newRow("at its start") << 4 << 5 << "xyz" << 4 << 10;
-    QTest::newRow("inside") << 5 << 6 << "" << 4 << 7;
-    QTest::newRow("at its end") << 7 << 8 << "xyz" << 4 << 10;
-    QTest::newRow("behind") << 9 << 10 << "xyz" << 4 << 8;
-    QTest::newRow("over its start") << 2 << 6 << "" << 2 << 4;
-    QTest::newRow("over its end") << 6 << 10 << "" << 4 << 6;
+    Columns<int, int, QString, int, int>("from", "to", "inserted", "start", "end");
+    Row("before", 0, 1, "xyz", 6, 10);
+    Row("at its start", 4, 5, "xyz", 4, 10);
+    Row("inside", 5, 6, "", 4, 7);
+    Row("at its end", 7, 8, "xyz", 4, 10);
+    Row("behind", 9, 10, "xyz", 4, 8);
+    Row("over its start", 2, 6, "", 2, 4);
+    Row("over its end", 6, 10, "", 4, 6);
 }
 
 void CodeEditorPaintingTest::FindRegionFollowsEdits()
@@ -411,18 +403,15 @@ void CodeEditorPaintingTest::FindRegionFollowsEdits()
 
 void CodeEditorPaintingTest::MarksMatchingBraces_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<int>("position");
-    QTest::addColumn<QStringList>("marked");
-    QTest::newRow("behind an opening one") << "f(a(b))" << 2 << QStringList({"1:(", "6:)"});
-    QTest::newRow("before an opening one") << "f(a(b))" << 1 << QStringList({"1:(", "6:)"});
-    QTest::newRow("behind a closing one") << "f(a(b))" << 6 << QStringList({"5:)", "3:("});
-    QTest::newRow("the one before the cursor first")
-        << "a[0](b)" << 4 << QStringList({"3:]", "1:["});
-    QTest::newRow("by kind") << "{(}" << 1 << QStringList({"0:{", "2:}"});
-    QTest::newRow("over lines") << "[\n[]\n(\n]" << 7 << QStringList({"7:]", "0:["});
-    QTest::newRow("without a partner") << "f((a)" << 1 << QStringList();
-    QTest::newRow("none here") << "f(a)" << 0 << QStringList();
+    Columns<QString, int, QStringList>("text", "position", "marked");
+    Row("behind an opening one", "f(a(b))", 2, QStringList({"1:(", "6:)"}));
+    Row("before an opening one", "f(a(b))", 1, QStringList({"1:(", "6:)"}));
+    Row("behind a closing one", "f(a(b))", 6, QStringList({"5:)", "3:("}));
+    Row("the one before the cursor first", "a[0](b)", 4, QStringList({"3:]", "1:["}));
+    Row("by kind", "{(}", 1, QStringList({"0:{", "2:}"}));
+    Row("over lines", "[\n[]\n(\n]", 7, QStringList({"7:]", "0:["}));
+    Row("without a partner", "f((a)", 1, QStringList());
+    Row("none here", "f(a)", 0, QStringList());
 }
 
 void CodeEditorPaintingTest::MarksMatchingBraces()
@@ -493,13 +482,11 @@ void CodeEditorPaintingTest::ShowsTheDropOverlay()
 
 void CodeEditorPaintingTest::ShowsAllLinesThatAnEditChanged_data()
 {
-    QTest::addColumn<int>("start");
-    QTest::addColumn<int>("end");
-    QTest::addColumn<QString>("text");
-    QTest::newRow("typed at the end of a line") << 2 << 2 << "x";
-    QTest::newRow("a line end moved into the line before") << 1 << 4 << "x\n";
-    QTest::newRow("lines joined") << 2 << 3 << "";
-    QTest::newRow("a string that the lines below become part of") << 0 << 1 << "'''";
+    Columns<int, int, QString>("start", "end", "text");
+    Row("typed at the end of a line", 2, 2, "x");
+    Row("a line end moved into the line before", 1, 4, "x\n");
+    Row("lines joined", 2, 3, "");
+    Row("a string that the lines below become part of", 0, 1, "'''");
 }
 
 void CodeEditorPaintingTest::ShowsAllLinesThatAnEditChanged()
@@ -528,9 +515,9 @@ void CodeEditorPaintingTest::ShowsAllLinesThatAnEditChanged()
 
 void CodeEditorPaintingTest::OverwritingShowsABlock_data()
 {
-    QTest::addColumn<int>("position");
-    QTest::newRow("on a character") << 0;
-    QTest::newRow("at the line's end") << 2;
+    Columns<int>("position");
+    Row("on a character", 0);
+    Row("at the line's end", 2);
 }
 
 void CodeEditorPaintingTest::OverwritingShowsABlock()

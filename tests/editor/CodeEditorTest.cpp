@@ -99,21 +99,11 @@ void CodeEditorTest::cleanup()
 
 void CodeEditorTest::ExecutesWhatIsSelectedWithLineFeeds_data()
 {
-    QTest::addColumn<QString>("marked");
-    QTest::addColumn<QString>("selected");
-    QTest::addColumn<QString>("line");
-    QTest::newRow("nothing selected") << "  a = 1  |\nb"
-                                      << ""
-                                      << "a = 1";
-    QTest::newRow("three lines") << "x\n<  a\n\tb\n c |\n"
-                                 << "  a\n\tb\n c "
-                                 << "c";
-    QTest::newRow("backwards, blanks kept") << "|\t a <b"
-                                            << "\t a "
-                                            << "a b";
-    QTest::newRow("a blank line") << "a\n \t |\nb"
-                                  << ""
-                                  << "";
+    Columns<QString, QString, QString>("marked", "selected", "line");
+    Row("nothing selected", "  a = 1  |\nb", "", "a = 1");
+    Row("three lines", "x\n<  a\n\tb\n c |\n", "  a\n\tb\n c ", "c");
+    Row("backwards, blanks kept", "|\t a <b", "\t a ", "a b");
+    Row("a blank line", "a\n \t |\nb", "", "");
 }
 
 void CodeEditorTest::ExecutesWhatIsSelectedWithLineFeeds()
@@ -127,16 +117,13 @@ void CodeEditorTest::ExecutesWhatIsSelectedWithLineFeeds()
 
 void CodeEditorTest::CountsColumnsWithTabsExpanded_data()
 {
-    QTest::addColumn<QString>("marked");
-    QTest::addColumn<int>("line");
-    QTest::addColumn<int>("column");
-    QTest::addColumn<int>("length");
-    QTest::newRow("empty document") << "|" << 1 << 1 << 0;
-    QTest::newRow("behind a tab and a letter") << "\ta|b" << 1 << 6 << 0;
-    QTest::newRow("tab after one letter") << "a\t|" << 1 << 5 << 0;
-    QTest::newRow("tab on a stop takes a whole one") << "abcd\t|" << 1 << 9 << 0;
-    QTest::newRow("a selection over a line end") << "ab<c\nde|" << 2 << 3 << 4;
-    QTest::newRow("selected backwards") << "a|bc<" << 1 << 2 << 2;
+    Columns<QString, int, int, int>("marked", "line", "column", "length");
+    Row("empty document", "|", 1, 1, 0);
+    Row("behind a tab and a letter", "\ta|b", 1, 6, 0);
+    Row("tab after one letter", "a\t|", 1, 5, 0);
+    Row("tab on a stop takes a whole one", "abcd\t|", 1, 9, 0);
+    Row("a selection over a line end", "ab<c\nde|", 2, 3, 4);
+    Row("selected backwards", "a|bc<", 1, 2, 2);
 }
 
 void CodeEditorTest::CountsColumnsWithTabsExpanded()
@@ -155,13 +142,12 @@ void CodeEditorTest::CountsColumnsWithTabsExpanded()
 
 void CodeEditorTest::GoesOnlyToLinesThatExist_data()
 {
-    QTest::addColumn<int>("line");
-    QTest::addColumn<QString>("expected");
-    QTest::newRow("before the first") << 0 << "a\nb|b\nc";
-    QTest::newRow("far before") << -7 << "a\nb|b\nc";
-    QTest::newRow("first") << 1 << "|a\nbb\nc";
-    QTest::newRow("last") << 3 << "a\nbb\n|c";
-    QTest::newRow("behind the last") << 4 << "a\nb|b\nc";
+    Columns<int, QString>("line", "expected");
+    Row("before the first", 0, "a\nb|b\nc");
+    Row("far before", -7, "a\nb|b\nc");
+    Row("first", 1, "|a\nbb\nc");
+    Row("last", 3, "a\nbb\n|c");
+    Row("behind the last", 4, "a\nb|b\nc");
 }
 
 void CodeEditorTest::GoesOnlyToLinesThatExist()
@@ -200,16 +186,11 @@ void CodeEditorTest::GivesAnEmptyTextThatIsNotNull()
 
 void CodeEditorTest::QuotesItsTextForPython_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("expected");
-    QTest::newRow("blanks at the very end go") << "a = 1 \t"
-                                               << "a = 1\\n";
-    QTest::newRow("blanks at other line ends stay") << "a \nb"
-                                                    << "a \\nb\\n";
-    QTest::newRow("blanks before a last line end go") << "a \n"
-                                                      << "a\\n\\n";
-    QTest::newRow("backslashes before quotes") << "print(\"\\n\")"
-                                               << "print(\\\"\\\\n\\\")\\n";
+    Columns<QString, QString>("text", "expected");
+    Row("blanks at the very end go", "a = 1 \t", "a = 1\\n");
+    Row("blanks at other line ends stay", "a \nb", "a \\nb\\n");
+    Row("blanks before a last line end go", "a \n", "a\\n\\n");
+    Row("backslashes before quotes", "print(\"\\n\")", "print(\\\"\\\\n\\\")\\n");
 }
 
 void CodeEditorTest::QuotesItsTextForPython()
@@ -222,14 +203,10 @@ void CodeEditorTest::QuotesItsTextForPython()
 
 void CodeEditorTest::InsertsAtTheFarEndOfTheSelection_data()
 {
-    QTest::addColumn<QString>("marked");
-    QTest::addColumn<QString>("expected");
-    QTest::newRow("no selection") << "a|b"
-                                  << "aX|b";
-    QTest::newRow("forwards") << "a<b|c"
-                              << "abX|c";
-    QTest::newRow("backwards") << "a|b<c"
-                               << "abX|c";
+    Columns<QString, QString>("marked", "expected");
+    Row("no selection", "a|b", "aX|b");
+    Row("forwards", "a<b|c", "abX|c");
+    Row("backwards", "a|b<c", "abX|c");
 }
 
 void CodeEditorTest::InsertsAtTheFarEndOfTheSelection()
@@ -294,31 +271,24 @@ void CodeEditorTest::AsksTheOptionsOfItsLanguage()
 
 void CodeEditorTest::PressesKeys_data()
 {
-    QTest::addColumn<QString>("marked");
-    QTest::addColumn<int>("key");
-    QTest::addColumn<int>("modifiers");
-    QTest::addColumn<QString>("expected");
+    Columns<QString, int, int, QString>("marked", "key", "modifiers", "expected");
     const int none = Qt::NoModifier;
     const int shift = Qt::ShiftModifier;
     const int keypad = Qt::KeypadModifier;
-    QTest::newRow("return") << "a|b" << int(Qt::Key_Return) << none << "a\n|b";
-    QTest::newRow("shift+return") << "a|b" << int(Qt::Key_Return) << shift << "a\n|b";
-    QTest::newRow("shift+keypad enter is a key without modifiers, so it executes")
-        << "a|b" << int(Qt::Key_Enter) << (shift | keypad) << "a|b";
-    QTest::newRow("ctrl+return") << "a|b" << int(Qt::Key_Return) << int(Qt::ControlModifier)
-                                 << "a|b";
-    QTest::newRow("ctrl+space writes nothing")
-        << "a|" << int(Qt::Key_Space) << int(Qt::ControlModifier) << "a|";
-    QTest::newRow("alt and a letter leave the selection alone")
-        << "a<b|c" << int(Qt::Key_F) << int(Qt::AltModifier) << "a<b|c";
-    QTest::newRow("cut and copy keys")
-        << "a<b|c" << int(Qt::Key_X) << int(Qt::ControlModifier) << "a|c";
-    QTest::newRow("tab") << "a|b" << int(Qt::Key_Tab) << none << "a    |b";
-    QTest::newRow("backtab") << "      a|" << int(Qt::Key_Backtab) << shift << "  a|";
-    QTest::newRow("home to the first word") << "    ab|" << int(Qt::Key_Home) << none << "    |ab";
-    QTest::newRow("shift+home") << "  ab|" << int(Qt::Key_Home) << shift << "  |ab<";
-    QTest::newRow("ctrl+home") << "a\nb|" << int(Qt::Key_Home) << int(Qt::ControlModifier)
-                               << "|a\nb";
+    Row("return", "a|b", int(Qt::Key_Return), none, "a\n|b");
+    Row("shift+return", "a|b", int(Qt::Key_Return), shift, "a\n|b");
+    Row("shift+keypad enter is a key without modifiers, so it executes", "a|b", int(Qt::Key_Enter),
+        (shift | keypad), "a|b");
+    Row("ctrl+return", "a|b", int(Qt::Key_Return), int(Qt::ControlModifier), "a|b");
+    Row("ctrl+space writes nothing", "a|", int(Qt::Key_Space), int(Qt::ControlModifier), "a|");
+    Row("alt and a letter leave the selection alone", "a<b|c", int(Qt::Key_F), int(Qt::AltModifier),
+        "a<b|c");
+    Row("cut and copy keys", "a<b|c", int(Qt::Key_X), int(Qt::ControlModifier), "a|c");
+    Row("tab", "a|b", int(Qt::Key_Tab), none, "a    |b");
+    Row("backtab", "      a|", int(Qt::Key_Backtab), shift, "  a|");
+    Row("home to the first word", "    ab|", int(Qt::Key_Home), none, "    |ab");
+    Row("shift+home", "  ab|", int(Qt::Key_Home), shift, "  |ab<");
+    Row("ctrl+home", "a\nb|", int(Qt::Key_Home), int(Qt::ControlModifier), "|a\nb");
 }
 
 void CodeEditorTest::PressesKeys()
@@ -411,13 +381,10 @@ void CodeEditorTest::KeepsMessagesWithTheirLines()
 
 void CodeEditorTest::LeavesExecuteKeysToTheWindow_data()
 {
-    QTest::addColumn<int>("key");
-    QTest::addColumn<int>("modifiers");
-    QTest::newRow("keypad enter") << int(Qt::Key_Enter) << int(Qt::KeypadModifier);
-    QTest::newRow("ctrl+keypad enter")
-        << int(Qt::Key_Enter) << int(Qt::ControlModifier | Qt::KeypadModifier);
-    QTest::newRow("shift+keypad enter")
-        << int(Qt::Key_Enter) << int(Qt::ShiftModifier | Qt::KeypadModifier);
+    Columns<int, int>("key", "modifiers");
+    Row("keypad enter", int(Qt::Key_Enter), int(Qt::KeypadModifier));
+    Row("ctrl+keypad enter", int(Qt::Key_Enter), int(Qt::ControlModifier | Qt::KeypadModifier));
+    Row("shift+keypad enter", int(Qt::Key_Enter), int(Qt::ShiftModifier | Qt::KeypadModifier));
 }
 
 void CodeEditorTest::LeavesExecuteKeysToTheWindow()
@@ -467,20 +434,16 @@ void CodeEditorTest::KnowsItsQuotes()
 
 void CodeEditorTest::ClicksInTheMarginSelectLines_data()
 {
-    QTest::addColumn<QString>("marked");
-    QTest::addColumn<int>("pressed");
-    QTest::addColumn<int>("released");
-    QTest::addColumn<int>("modifiers");
-    QTest::addColumn<QString>("expected");
+    Columns<QString, int, int, int, QString>(
+        "marked", "pressed", "released", "modifiers", "expected");
     const int none = Qt::NoModifier;
     const int shift = Qt::ShiftModifier;
-    QTest::newRow("a line with its end") << "|a\nb\nc" << 2 << 2 << none << "a\n<b\n|c";
-    QTest::newRow("the last line") << "|a\nb\nc" << 3 << 3 << none << "a\nb\n<c|";
-    QTest::newRow("dragged down") << "a\nb\nc|" << 1 << 2 << none << "<a\nb\n|c";
-    QTest::newRow("dragged up") << "a\nb\nc|" << 2 << 1 << none << "|a\nb\n<c";
-    QTest::newRow("with shift from the cursor") << "a\nb|\nc" << 3 << 3 << shift << "a\n<b\nc|";
-    QTest::newRow("with shift from lines selected upwards")
-        << "|a\nb\n<c\nd" << 3 << 3 << shift << "a\n<b\nc\n|d";
+    Row("a line with its end", "|a\nb\nc", 2, 2, none, "a\n<b\n|c");
+    Row("the last line", "|a\nb\nc", 3, 3, none, "a\nb\n<c|");
+    Row("dragged down", "a\nb\nc|", 1, 2, none, "<a\nb\n|c");
+    Row("dragged up", "a\nb\nc|", 2, 1, none, "|a\nb\n<c");
+    Row("with shift from the cursor", "a\nb|\nc", 3, 3, shift, "a\n<b\nc|");
+    Row("with shift from lines selected upwards", "|a\nb\n<c\nd", 3, 3, shift, "a\n<b\nc\n|d");
 }
 
 void CodeEditorTest::ClicksInTheMarginSelectLines()
@@ -561,15 +524,12 @@ void CodeEditorTest::HighlightingMovesNoMessages()
 
 void CodeEditorTest::ShowsItsMenuInOrder_data()
 {
-    QTest::addColumn<int>("language");
-    QTest::addColumn<QStringList>("expected");
+    Columns<int, QStringList>("language", "expected");
     const QStringList common = {"Cut", "Copy", "Paste", "", "Select All", "", "Execute",
         "Execute Line", "Execute All", "", "Save Script to Shelf", "", "Insert Path...", ""};
-    QTest::newRow("mel") << int(Language::Mel)
-                         << (common + QStringList({"Quick Help", "Command Reference"}));
-    QTest::newRow("python")
-        << int(Language::Python)
-        << (common + QStringList({"Python", "", "Quick Help", "Command Reference"}));
+    Row("mel", int(Language::Mel), (common + QStringList({"Quick Help", "Command Reference"})));
+    Row("python", int(Language::Python),
+        (common + QStringList({"Python", "", "Quick Help", "Command Reference"})));
 }
 
 void CodeEditorTest::ShowsItsMenuInOrder()

@@ -182,16 +182,14 @@ void CustomTabBarTest::ADoubleClickOpensOnlyWhereNoTabIs()
 
 void CustomTabBarTest::GoesByKeys_data()
 {
-    QTest::addColumn<int>("from");
-    QTest::addColumn<int>("key");
-    QTest::addColumn<int>("to");
-    QTest::newRow("right") << 1 << int(Qt::Key_Right) << 2;
-    QTest::newRow("left") << 1 << int(Qt::Key_Left) << 0;
-    QTest::newRow("right of the last") << 3 << int(Qt::Key_Right) << 3;
-    QTest::newRow("left of the first") << 0 << int(Qt::Key_Left) << 0;
-    QTest::newRow("end") << 0 << int(Qt::Key_End) << 3;
-    QTest::newRow("home") << 3 << int(Qt::Key_Home) << 0;
-    QTest::newRow("rename stays") << 2 << int(Qt::Key_F2) << 2;
+    Columns<int, int, int>("from", "key", "to");
+    Row("right", 1, int(Qt::Key_Right), 2);
+    Row("left", 1, int(Qt::Key_Left), 0);
+    Row("right of the last", 3, int(Qt::Key_Right), 3);
+    Row("left of the first", 0, int(Qt::Key_Left), 0);
+    Row("end", 0, int(Qt::Key_End), 3);
+    Row("home", 3, int(Qt::Key_Home), 0);
+    Row("rename stays", 2, int(Qt::Key_F2), 2);
 }
 
 void CustomTabBarTest::GoesByKeys()
@@ -237,21 +235,18 @@ void CustomTabBarTest::ShowsTheCurrentTabWhole()
 
 void CustomTabBarTest::DropsTabs_data()
 {
-    QTest::addColumn<int>("group");
-    QTest::addColumn<int>("index");
-    QTest::addColumn<int>("before");
-    QTest::addColumn<bool>("locked");
-    QTest::addColumn<int>("target"); // -1: no request
-    QTest::newRow("to the right") << 1 << 0 << 3 << false << 2;
-    QTest::newRow("to the end") << 1 << 0 << 4 << false << 3;
-    QTest::newRow("to the left") << 1 << 3 << 1 << false << 1;
-    QTest::newRow("onto itself") << 1 << 1 << 1 << false << -1;
-    QTest::newRow("behind itself") << 1 << 1 << 2 << false << -1;
-    QTest::newRow("from the other bar") << 2 << 0 << 2 << false << 2;
-    QTest::newRow("locked places") << 1 << 0 << 3 << true << -1;
-    QTest::newRow("locked, from the other bar") << 2 << 0 << 4 << true << 4;
-    QTest::newRow("a tab that is not there") << 1 << 4 << 0 << false << -1;
-    QTest::newRow("a bar that is not there") << 7 << 0 << 0 << false << -1;
+    // "target": -1: no request
+    Columns<int, int, int, bool, int>("group", "index", "before", "locked", "target");
+    Row("to the right", 1, 0, 3, false, 2);
+    Row("to the end", 1, 0, 4, false, 3);
+    Row("to the left", 1, 3, 1, false, 1);
+    Row("onto itself", 1, 1, 1, false, -1);
+    Row("behind itself", 1, 1, 2, false, -1);
+    Row("from the other bar", 2, 0, 2, false, 2);
+    Row("locked places", 1, 0, 3, true, -1);
+    Row("locked, from the other bar", 2, 0, 4, true, 4);
+    Row("a tab that is not there", 1, 4, 0, false, -1);
+    Row("a bar that is not there", 7, 0, 0, false, -1);
 }
 
 void CustomTabBarTest::DropsTabs()

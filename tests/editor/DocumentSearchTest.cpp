@@ -30,24 +30,14 @@ private:
 
 void DocumentSearchTest::CountsWhatItFinds_data()
 {
-    QTest::addColumn<QString>("marked");
-    QTest::addColumn<QString>("pattern");
-    QTest::addColumn<int>("current");
-    QTest::addColumn<int>("total");
-    QTest::newRow("none") << "[]abc"
-                          << "x" << -1 << 0;
-    QTest::newRow("empty pattern") << "[]abc"
-                                   << "" << -1 << 0;
-    QTest::newRow("cursor elsewhere") << "a[]ba"
-                                      << "a" << -1 << 2;
-    QTest::newRow("second of three") << "a\nb [a]\na"
-                                     << "a" << 2 << 3;
-    QTest::newRow("only the start counts") << "ab [a]b"
-                                           << "ab" << 2 << 2;
-    QTest::newRow("empty matches") << "a\n[]b\nc"
-                                   << "^" << 2 << 3;
-    QTest::newRow("without overlaps") << "[]aaaa"
-                                      << "aa" << 1 << 2;
+    Columns<QString, QString, int, int>("marked", "pattern", "current", "total");
+    Row("none", "[]abc", "x", -1, 0);
+    Row("empty pattern", "[]abc", "", -1, 0);
+    Row("cursor elsewhere", "a[]ba", "a", -1, 2);
+    Row("second of three", "a\nb [a]\na", "a", 2, 3);
+    Row("only the start counts", "ab [a]b", "ab", 2, 2);
+    Row("empty matches", "a\n[]b\nc", "^", 2, 3);
+    Row("without overlaps", "[]aaaa", "aa", 1, 2);
 }
 
 void DocumentSearchTest::CountsWhatItFinds()
@@ -109,11 +99,10 @@ void DocumentSearchTest::CountsAnewWhenTheTextChanged()
 
 void DocumentSearchTest::CountsOnlyWhatChanged_data()
 {
-    QTest::addColumn<QString>("pattern");
-    QTest::addColumn<bool>("inRegion");
-    QTest::newRow("plain text") << "ab" << false;
-    QTest::newRow("expression") << "a.|^" << false;
-    QTest::newRow("in a region") << "ab" << true;
+    Columns<QString, bool>("pattern", "inRegion");
+    Row("plain text", "ab", false);
+    Row("expression", "a.|^", false);
+    Row("in a region", "ab", true);
 }
 
 /// After any edit everything is as a search that begins anew finds it.

@@ -21,41 +21,27 @@ private Q_SLOTS:
 
 void DropZonesTest::FindsTheZone_data()
 {
-    QTest::addColumn<QPoint>("point");
-    QTest::addColumn<bool>("vertical");
-    QTest::addColumn<bool>("edges");
-    QTest::addColumn<TabDropZone>("zone");
-    QTest::addColumn<QRect>("overlay");
+    Columns<QPoint, bool, bool, TabDropZone, QRect>(
+        "point", "vertical", "edges", "zone", "overlay");
     const QRect whole(0, 0, 203, 101);
     const QRect left(0, 0, 101, 101);
     const QRect right(101, 0, 102, 101);
     const QRect top(0, 0, 203, 50);
     const QRect bottom(0, 50, 203, 51);
     // 15 % of 203 are 30.45, 85 % 172.55; of 101 they are 15.15 and 85.85.
-    QTest::newRow("left end") << QPoint(0, 50) << false << true << TabDropZone::Before << left;
-    QTest::newRow("last of the left")
-        << QPoint(30, 50) << false << true << TabDropZone::Before << left;
-    QTest::newRow("first of the middle")
-        << QPoint(31, 50) << false << true << TabDropZone::Center << whole;
-    QTest::newRow("last of the middle")
-        << QPoint(171, 50) << false << true << TabDropZone::Center << whole;
-    QTest::newRow("first of the right")
-        << QPoint(172, 50) << false << true << TabDropZone::After << right;
-    QTest::newRow("top of groups side by side")
-        << QPoint(100, 0) << false << true << TabDropZone::Center << whole;
-    QTest::newRow("last of the top")
-        << QPoint(100, 15) << true << true << TabDropZone::Before << top;
-    QTest::newRow("below the top")
-        << QPoint(100, 16) << true << true << TabDropZone::Center << whole;
-    QTest::newRow("first of the bottom")
-        << QPoint(100, 85) << true << true << TabDropZone::After << bottom;
-    QTest::newRow("left end of stacked groups")
-        << QPoint(0, 50) << true << true << TabDropZone::Center << whole;
-    QTest::newRow("edge without splitting")
-        << QPoint(0, 50) << false << false << TabDropZone::Center << whole;
-    QTest::newRow("above") << QPoint(0, -1) << false << true << TabDropZone::NoZone << QRect();
-    QTest::newRow("right of it") << QPoint(203, 50) << false << true << TabDropZone::NoZone
-                                 << QRect();
+    Row("left end", QPoint(0, 50), false, true, TabDropZone::Before, left);
+    Row("last of the left", QPoint(30, 50), false, true, TabDropZone::Before, left);
+    Row("first of the middle", QPoint(31, 50), false, true, TabDropZone::Center, whole);
+    Row("last of the middle", QPoint(171, 50), false, true, TabDropZone::Center, whole);
+    Row("first of the right", QPoint(172, 50), false, true, TabDropZone::After, right);
+    Row("top of groups side by side", QPoint(100, 0), false, true, TabDropZone::Center, whole);
+    Row("last of the top", QPoint(100, 15), true, true, TabDropZone::Before, top);
+    Row("below the top", QPoint(100, 16), true, true, TabDropZone::Center, whole);
+    Row("first of the bottom", QPoint(100, 85), true, true, TabDropZone::After, bottom);
+    Row("left end of stacked groups", QPoint(0, 50), true, true, TabDropZone::Center, whole);
+    Row("edge without splitting", QPoint(0, 50), false, false, TabDropZone::Center, whole);
+    Row("above", QPoint(0, -1), false, true, TabDropZone::NoZone, QRect());
+    Row("right of it", QPoint(203, 50), false, true, TabDropZone::NoZone, QRect());
 }
 
 void DropZonesTest::FindsTheZone()
@@ -71,15 +57,13 @@ void DropZonesTest::FindsTheZone()
 
 void DropZonesTest::ReadsThePayload_data()
 {
-    QTest::addColumn<QString>("type");
-    QTest::addColumn<QByteArray>("bytes");
-    QTest::addColumn<bool>("isTab");
+    Columns<QString, QByteArray, bool>("type", "bytes", "isTab");
     const QString type = "quenholt-te2/move-code-editor";
-    QTest::newRow("group and place") << type << QByteArray("\x02\xf0", 2) << true;
-    QTest::newRow("nothing") << type << QByteArray("") << false;
-    QTest::newRow("one byte") << type << QByteArray("\x02", 1) << false;
-    QTest::newRow("three bytes") << type << QByteArray("\x02\xf0\x00", 3) << false;
-    QTest::newRow("another type") << "text/plain" << QByteArray("\x02\xf0", 2) << false;
+    Row("group and place", type, QByteArray("\x02\xf0", 2), true);
+    Row("nothing", type, QByteArray(""), false);
+    Row("one byte", type, QByteArray("\x02", 1), false);
+    Row("three bytes", type, QByteArray("\x02\xf0\x00", 3), false);
+    Row("another type", "text/plain", QByteArray("\x02\xf0", 2), false);
 }
 
 void DropZonesTest::ReadsThePayload()

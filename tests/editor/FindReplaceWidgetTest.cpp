@@ -137,24 +137,18 @@ void FindReplaceWidgetTest::RetakesTheRegionOnlyWhenSwitchedOn()
 
 void FindReplaceWidgetTest::TurnsKeysIntoRequests_data()
 {
-    QTest::addColumn<bool>("inReplaceField");
-    QTest::addColumn<int>("key");
-    QTest::addColumn<int>("modifiers");
-    QTest::addColumn<QString>("requested");
+    Columns<bool, int, int, QString>("inReplaceField", "key", "modifiers", "requested");
     const int shift = int(Qt::ShiftModifier);
     const int keypad = int(Qt::KeypadModifier);
-    QTest::newRow("Return") << false << int(Qt::Key_Return) << 0 << "next";
-    QTest::newRow("Shift+Return") << false << int(Qt::Key_Return) << shift << "previous";
-    QTest::newRow("keypad") << false << int(Qt::Key_Enter) << keypad << "next";
-    QTest::newRow("keypad with shift")
-        << false << int(Qt::Key_Enter) << (shift | keypad) << "previous";
-    QTest::newRow("Escape") << false << int(Qt::Key_Escape) << 0 << "closed";
-    QTest::newRow("in the replace field") << true << int(Qt::Key_Return) << 0 << "next";
-    QTest::newRow("back from the replace field")
-        << true << int(Qt::Key_Return) << shift << "previous";
-    QTest::newRow("Escape in the replace field") << true << int(Qt::Key_Escape) << 0 << "closed";
-    QTest::newRow("Ctrl+Return is the window's")
-        << false << int(Qt::Key_Return) << int(Qt::ControlModifier) << "";
+    Row("Return", false, int(Qt::Key_Return), 0, "next");
+    Row("Shift+Return", false, int(Qt::Key_Return), shift, "previous");
+    Row("keypad", false, int(Qt::Key_Enter), keypad, "next");
+    Row("keypad with shift", false, int(Qt::Key_Enter), (shift | keypad), "previous");
+    Row("Escape", false, int(Qt::Key_Escape), 0, "closed");
+    Row("in the replace field", true, int(Qt::Key_Return), 0, "next");
+    Row("back from the replace field", true, int(Qt::Key_Return), shift, "previous");
+    Row("Escape in the replace field", true, int(Qt::Key_Escape), 0, "closed");
+    Row("Ctrl+Return is the window's", false, int(Qt::Key_Return), int(Qt::ControlModifier), "");
 }
 
 void FindReplaceWidgetTest::TurnsKeysIntoRequests()
@@ -191,15 +185,12 @@ void FindReplaceWidgetTest::KeepsItsKeysFromShortcuts()
 
 void FindReplaceWidgetTest::HasTheSizesOfItsForms_data()
 {
-    QTest::addColumn<bool>("replaceAvailable");
-    QTest::addColumn<bool>("replaceVisible");
-    QTest::addColumn<int>("parentWidth");
-    QTest::addColumn<QSize>("size");
-    QTest::newRow("replacing") << true << true << 900 << QSize(452, 71);
-    QTest::newRow("collapsed") << true << false << 900 << QSize(400, 40);
-    QTest::newRow("finding only") << false << true << 900 << QSize(380, 40);
-    QTest::newRow("over little room") << true << true << 400 << QSize(360, 71);
-    QTest::newRow("over hardly any room") << true << false << 100 << QSize(60, 40);
+    Columns<bool, bool, int, QSize>("replaceAvailable", "replaceVisible", "parentWidth", "size");
+    Row("replacing", true, true, 900, QSize(452, 71));
+    Row("collapsed", true, false, 900, QSize(400, 40));
+    Row("finding only", false, true, 900, QSize(380, 40));
+    Row("over little room", true, true, 400, QSize(360, 71));
+    Row("over hardly any room", true, false, 100, QSize(60, 40));
 }
 
 void FindReplaceWidgetTest::HasTheSizesOfItsForms()
@@ -230,16 +221,16 @@ void FindReplaceWidgetTest::KeepsItsRightEdge()
 
 void FindReplaceWidgetTest::ShowsTheCount_data()
 {
-    QTest::addColumn<QVector<QPoint>>("counts"); // current, total
-    QTest::addColumn<QString>("shown");
+    // "counts": current, total
+    Columns<QVector<QPoint>, QString>("counts", "shown");
     using Counts = QVector<QPoint>;
-    QTest::newRow("none") << Counts{{-1, 0}} << "No Results";
-    QTest::newRow("first") << Counts{{1, 3}} << "1 of 3";
-    QTest::newRow("unknown at first") << Counts{{-1, 3}} << "1 of 3";
-    QTest::newRow("unknown keeps the last") << Counts{{2, 3}, {-1, 4}} << "2 of 4";
-    QTest::newRow("the last kept is clamped") << Counts{{5, 5}, {-1, 2}} << "2 of 2";
-    QTest::newRow("too large") << Counts{{9, 2}} << "2 of 2";
-    QTest::newRow("none again") << Counts{{2, 3}, {-1, 0}} << "No Results";
+    Row("none", Counts{{-1, 0}}, "No Results");
+    Row("first", Counts{{1, 3}}, "1 of 3");
+    Row("unknown at first", Counts{{-1, 3}}, "1 of 3");
+    Row("unknown keeps the last", Counts{{2, 3}, {-1, 4}}, "2 of 4");
+    Row("the last kept is clamped", Counts{{5, 5}, {-1, 2}}, "2 of 2");
+    Row("too large", Counts{{9, 2}}, "2 of 2");
+    Row("none again", Counts{{2, 3}, {-1, 0}}, "No Results");
 }
 
 void FindReplaceWidgetTest::ShowsTheCount()

@@ -33,26 +33,18 @@ private Q_SLOTS:
 
 void PylintMessagesTest::FilesEveryLine_data()
 {
-    QTest::addColumn<QString>("line");
-    QTest::addColumn<QString>("errors");
-    QTest::addColumn<QString>("warnings");
-    QTest::addColumn<QString>("infos");
+    Columns<QString, QString, QString, QString>("line", "errors", "warnings", "infos");
     const QString none;
-    QTest::newRow("error") << "E:3:4:[E1]: no x "
-                           << "2,4 [E1] no x" << none << none;
-    QTest::newRow("fatal") << "F:1:0:[F1]:stop"
-                           << "0,0 [F1] stop" << none << none;
-    QTest::newRow("warning") << "W:3:4:[W1]:x" << none << "2,4 [W1] x" << none;
-    QTest::newRow("convention") << "C:3:4:[C1]:x" << none << none << "2,4 [C1] x";
-    QTest::newRow("refactoring") << "R:3:4:[R1]:x" << none << none << "2,4 [R1] x";
-    QTest::newRow("empty parts do not count") << "E::3:4:[E1]::x"
-                                              << "2,4 [E1] x" << none << none;
-    QTest::newRow("placeholders in the message") << "E:3:4:[%2]:%1"
-                                                 << "2,4 [%2] %1" << none << none;
+    Row("error", "E:3:4:[E1]: no x ", "2,4 [E1] no x", none, none);
+    Row("fatal", "F:1:0:[F1]:stop", "0,0 [F1] stop", none, none);
+    Row("warning", "W:3:4:[W1]:x", none, "2,4 [W1] x", none);
+    Row("convention", "C:3:4:[C1]:x", none, none, "2,4 [C1] x");
+    Row("refactoring", "R:3:4:[R1]:x", none, none, "2,4 [R1] x");
+    Row("empty parts do not count", "E::3:4:[E1]::x", "2,4 [E1] x", none, none);
+    Row("placeholders in the message", "E:3:4:[%2]:%1", "2,4 [%2] %1", none, none);
     for (const char* line : {"I:3:4:[I1]:x", "e:3:4:[E1]:x", "E:three:4:[E1]:x", "E:3:-:[E1]:x",
              "E:3:4:[E1]", "E:3:4:[E1]:a: b", "\n", "", "************* Module x"})
-        QTest::newRow(qPrintable(QString("left out: \"%1\"").arg(line)))
-            << QString(line) << none << none << none;
+        Row(qPrintable(QString("left out: \"%1\"").arg(line)), QString(line), none, none, none);
 }
 
 void PylintMessagesTest::FilesEveryLine()

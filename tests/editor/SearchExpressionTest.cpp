@@ -30,27 +30,20 @@ private Q_SLOTS:
 
 void SearchExpressionTest::FindsWhatTheTogglesSay_data()
 {
-    QTest::addColumn<QString>("typed");
-    QTest::addColumn<bool>("matchCase");
-    QTest::addColumn<bool>("matchWord");
-    QTest::addColumn<bool>("useExpression");
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QStringList>("found");
+    Columns<QString, bool, bool, bool, QString, QStringList>(
+        "typed", "matchCase", "matchWord", "useExpression", "text", "found");
     using L = QStringList;
-    QTest::newRow("any case") << "Sel" << false << false << false << "sel SEL" << L{"sel", "SEL"};
-    QTest::newRow("same case") << "Sel" << true << false << false << "sel Sel" << L{"Sel"};
-    QTest::newRow("signs as they stand")
-        << "a.b(*" << true << false << false << "axb(* a.b(*" << L{"a.b(*"};
-    QTest::newRow("whole words") << "ls" << true << true << false << "else ls_ ls" << L{"ls"};
-    QTest::newRow("letters of any script end no word")
-        << "gr" << true << true << false << QString::fromUtf8("größe gr") << L{"gr"};
-    QTest::newRow("any case of any script") << QString::fromUtf8("Ä") << false << false << false
-                                            << QString::fromUtf8("ä") << L{QString::fromUtf8("ä")};
-    QTest::newRow("expression") << "[ab]+\\d" << false << false << true << "aB1 c2" << L{"aB1"};
-    QTest::newRow("expression as a word")
-        << "a.c" << true << true << true << "abcd abc" << L{"abc"};
-    QTest::newRow("backslashes as they stand")
-        << "\\d" << false << false << false << "1 \\d" << L{"\\d"};
+    Row("any case", "Sel", false, false, false, "sel SEL", L{"sel", "SEL"});
+    Row("same case", "Sel", true, false, false, "sel Sel", L{"Sel"});
+    Row("signs as they stand", "a.b(*", true, false, false, "axb(* a.b(*", L{"a.b(*"});
+    Row("whole words", "ls", true, true, false, "else ls_ ls", L{"ls"});
+    Row("letters of any script end no word", "gr", true, true, false, QString::fromUtf8("größe gr"),
+        L{"gr"});
+    Row("any case of any script", QString::fromUtf8("Ä"), false, false, false,
+        QString::fromUtf8("ä"), L{QString::fromUtf8("ä")});
+    Row("expression", "[ab]+\\d", false, false, true, "aB1 c2", L{"aB1"});
+    Row("expression as a word", "a.c", true, true, true, "abcd abc", L{"abc"});
+    Row("backslashes as they stand", "\\d", false, false, false, "1 \\d", L{"\\d"});
 }
 
 void SearchExpressionTest::FindsWhatTheTogglesSay()
@@ -78,25 +71,17 @@ void SearchExpressionTest::FindsWhatTheTogglesSay()
 
 void SearchExpressionTest::SeeksInLinesAsExpressionsDo_data()
 {
-    QTest::addColumn<QString>("pattern");
-    QTest::addColumn<QString>("line");
+    Columns<QString, QString>("pattern", "line");
     // Behind a letter outside the first plane no word begins.
     const QString letter = QString::fromUcs4(U"\U00010400", 1);
-    QTest::newRow("empty matches") << "x*"
-                                   << "xxaxb";
-    QTest::newRow("only empty matches") << "^|$"
-                                        << "ab";
-    QTest::newRow("what is seen before") << "(?<=a)b|a"
-                                         << "abab";
-    QTest::newRow("kept out") << "a\\Kb"
-                              << "abab";
-    QTest::newRow("words of signs") << "\\b\\(\\b"
-                                    << "a(b (b a( (";
-    QTest::newRow("words") << "\\bab\\b"
-                           << "ab abab _ab ab" + letter + " " + letter + "ab ab";
-    QTest::newRow("an escape at the end") << "\\ba\\\\b"
-                                          << "a\\b a\\ b";
-    QTest::newRow("case of signs") << "k" << QString::fromUtf8("kK\u212a");
+    Row("empty matches", "x*", "xxaxb");
+    Row("only empty matches", "^|$", "ab");
+    Row("what is seen before", "(?<=a)b|a", "abab");
+    Row("kept out", "a\\Kb", "abab");
+    Row("words of signs", "\\b\\(\\b", "a(b (b a( (");
+    Row("words", "\\bab\\b", "ab abab _ab ab" + letter + " " + letter + "ab ab");
+    Row("an escape at the end", "\\ba\\\\b", "a\\b a\\ b");
+    Row("case of signs", "k", QString::fromUtf8("kK\u212a"));
 }
 
 void SearchExpressionTest::SeeksInLinesAsExpressionsDo()
@@ -173,31 +158,18 @@ void SearchExpressionTest::LimitsNothingHonest()
 
 void SearchExpressionTest::ExpandsReplacements_data()
 {
-    QTest::addColumn<QString>("typed");
-    QTest::addColumn<bool>("useExpression");
-    QTest::addColumn<QString>("replacement");
-    QTest::addColumn<QString>("expanded");
-    QTest::newRow("groups") << "(\\w+)-(\\w+)" << true << "\\2-\\1"
-                            << "right-left";
-    QTest::newRow("no such group") << "(\\w+)-right" << true << "\\2\\1"
-                                   << "\\2left";
-    QTest::newRow("a group that took no part") << "(x)?(left)" << true << "<\\1\\2>"
-                                               << "<left>";
-    QTest::newRow("the match and named groups")
-        << "(?<first>l)eft" << true << "<\\0\\g<first>\\g<0>>"
-        << "<leftlleft>";
-    QTest::newRow("no such name") << "(l)eft" << true << "\\g<x>\\g<>\\g<9>\\g"
-                                  << "\\g<x>\\g<>\\g<9>\\g";
-    QTest::newRow("line end and tab") << "left" << true << "a\\n\\tb"
-                                      << "a\n\tb";
-    QTest::newRow("a backslash") << "(l)eft" << true << "\\\\1\\\\n"
-                                 << "\\1\\n";
-    QTest::newRow("other escapes stay") << "left" << true << "\\d\\"
-                                        << "\\d\\";
-    QTest::newRow("a dollar is a dollar") << "(left)" << true << "$1"
-                                          << "$1";
-    QTest::newRow("plain search") << "left" << false << "\\1\\n\\\\"
-                                  << "\\1\\n\\\\";
+    Columns<QString, bool, QString, QString>("typed", "useExpression", "replacement", "expanded");
+    Row("groups", "(\\w+)-(\\w+)", true, "\\2-\\1", "right-left");
+    Row("no such group", "(\\w+)-right", true, "\\2\\1", "\\2left");
+    Row("a group that took no part", "(x)?(left)", true, "<\\1\\2>", "<left>");
+    Row("the match and named groups", "(?<first>l)eft", true, "<\\0\\g<first>\\g<0>>",
+        "<leftlleft>");
+    Row("no such name", "(l)eft", true, "\\g<x>\\g<>\\g<9>\\g", "\\g<x>\\g<>\\g<9>\\g");
+    Row("line end and tab", "left", true, "a\\n\\tb", "a\n\tb");
+    Row("a backslash", "(l)eft", true, "\\\\1\\\\n", "\\1\\n");
+    Row("other escapes stay", "left", true, "\\d\\", "\\d\\");
+    Row("a dollar is a dollar", "(left)", true, "$1", "$1");
+    Row("plain search", "left", false, "\\1\\n\\\\", "\\1\\n\\\\");
 }
 
 void SearchExpressionTest::ExpandsReplacements()

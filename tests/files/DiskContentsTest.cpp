@@ -71,34 +71,30 @@ private Q_SLOTS:
 
 void DiskContentsTest::TellsEachChangeOnce_data()
 {
-    QTest::addColumn<Act>("act");
-    QTest::addColumn<Change>("change");
-    QTest::addColumn<Act>("then");
-    QTest::addColumn<Change>("thenChange");
+    Columns<Act, Change, Act, Change>("act", "change", "then", "thenChange");
     const Act nothing = [](const QString&) {};
     const Act restore = [](const QString& path) {
         QFile::remove(path);
         QDir().rmdir(path);
         Write(path, "text");
     };
-    QTest::newRow("nothing") << nothing << Change::None << nothing << Change::None;
-    QTest::newRow("same size, at once") << Act([](const QString& path) { Write(path, "TEXT"); })
-                                        << Change::Content << restore << Change::Content;
-    QTest::newRow("same size and time")
-        << Act(ReplaceUnnoticed) << Change::Content << nothing << Change::None;
-    QTest::newRow("touched") << Act(
-        [](const QString& path) { SetTime(path, QDateTime::currentDateTime().addSecs(100)); })
-                             << Change::None << restore << Change::None;
-    QTest::newRow("deleted") << Act([](const QString& path) { QFile::remove(path); })
-                             << Change::Gone << restore << Change::Content;
-    QTest::newRow("a folder now") << Act([](const QString& path) {
+    Row("nothing", nothing, Change::None, nothing, Change::None);
+    Row("same size, at once", Act([](const QString& path) { Write(path, "TEXT"); }),
+        Change::Content, restore, Change::Content);
+    Row("same size and time", Act(ReplaceUnnoticed), Change::Content, nothing, Change::None);
+    Row("touched",
+        Act([](const QString& path) { SetTime(path, QDateTime::currentDateTime().addSecs(100)); }),
+        Change::None, restore, Change::None);
+    Row("deleted", Act([](const QString& path) { QFile::remove(path); }), Change::Gone, restore,
+        Change::Content);
+    Row("a folder now", Act([](const QString& path) {
         QFile::remove(path);
         QDir().mkdir(path);
-    }) << Change::Gone << restore << Change::Content;
-    QTest::newRow("unreadable") << Act(MakeUnreadable) << Change::Unreadable << restore
-                                << Change::None;
-    QTest::newRow("empty") << Act([](const QString& path) { Write(path, ""); }) << Change::Content
-                           << nothing << Change::None;
+    }),
+        Change::Gone, restore, Change::Content);
+    Row("unreadable", Act(MakeUnreadable), Change::Unreadable, restore, Change::None);
+    Row("empty", Act([](const QString& path) { Write(path, ""); }), Change::Content, nothing,
+        Change::None);
 }
 
 void DiskContentsTest::TellsEachChangeOnce()

@@ -20,11 +20,11 @@ private Q_SLOTS:
 
 void FileTextTest::TextComesBack_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::newRow("empty") << "";
-    QTest::newRow("no line end") << "a";
-    QTest::newRow("blanks and line ends") << " a\t\n\n b \n";
-    QTest::newRow("beyond the basic plane") << QString::fromUtf8("\xf0\x9f\x8c\x8a \xc3\xa9");
+    Columns<QString>("text");
+    Row("empty", "");
+    Row("no line end", "a");
+    Row("blanks and line ends", " a\t\n\n b \n");
+    Row("beyond the basic plane", QString::fromUtf8("\xf0\x9f\x8c\x8a \xc3\xa9"));
 }
 
 void FileTextTest::TextComesBack()

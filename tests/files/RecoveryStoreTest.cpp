@@ -94,21 +94,16 @@ void RecoveryStoreTest::Leave(const QString& text)
 
 void RecoveryStoreTest::SnapshotsComeBack_data()
 {
-    QTest::addColumn<QString>("path");
-    QTest::addColumn<QString>("text");
-    QTest::newRow("empty") << "/a.py"
-                           << "";
-    QTest::newRow("line ends of all kinds") << "/a.py"
-                                            << "a\nb\r\nc\n\n";
-    QTest::newRow("no ASCII") << QString::fromUtf8("/\u00e9/\u6f22.py")
-                              << QString::fromUtf8("\u6f22 \U0001f30a");
-    QTest::newRow("null characters") << "/a.py" << QString::fromUtf8(QByteArray("a\0b", 3));
-    QTest::newRow("half a surrogate pair") << "/a.py" << QString(QChar(0xd83c)) + "x";
-    QTest::newRow("a byte-order mark") << "/a.py" << QString(QChar(0xfeff)) + "x";
-    QTest::newRow("blanks that do not break") << "/a.py" << QString(QChar(0xa0));
-    QTest::newRow("hostile name") << "/../\"};\n\t\\%1 <b>.py"
-                                  << "x";
-    QTest::newRow("long") << "/a.py" << QString("0123456789\n").repeated(100000);
+    Columns<QString, QString>("path", "text");
+    Row("empty", "/a.py", "");
+    Row("line ends of all kinds", "/a.py", "a\nb\r\nc\n\n");
+    Row("no ASCII", QString::fromUtf8("/\u00e9/\u6f22.py"), QString::fromUtf8("\u6f22 \U0001f30a"));
+    Row("null characters", "/a.py", QString::fromUtf8(QByteArray("a\0b", 3)));
+    Row("half a surrogate pair", "/a.py", QString(QChar(0xd83c)) + "x");
+    Row("a byte-order mark", "/a.py", QString(QChar(0xfeff)) + "x");
+    Row("blanks that do not break", "/a.py", QString(QChar(0xa0)));
+    Row("hostile name", "/../\"};\n\t\\%1 <b>.py", "x");
+    Row("long", "/a.py", QString("0123456789\n").repeated(100000));
 }
 
 void RecoveryStoreTest::SnapshotsComeBack()
@@ -140,22 +135,22 @@ void RecoveryStoreTest::WhatIsNoSnapshotIsToldFromOne_data()
         return "TarnwickEditor2-recovery 1 " + QByteArray::number(json.size()) + " 0 " + sum + '\n'
             + json;
     };
-    QTest::addColumn<QByteArray>("bytes");
-    QTest::newRow("nothing") << QByteArray();
-    QTest::newRow("something else") << QByteArray("[main]\ntabs=1\n");
-    QTest::newRow("no line at all") << QByteArray(5000, 'x');
-    QTest::newRow("one byte more") << good + 'x';
-    QTest::newRow("one byte changed") << QByteArray(good).replace("text\n", "texT\n");
-    QTest::newRow("another version") << QByteArray(good).replace("recovery 1 ", "recovery 2 ");
-    QTest::newRow("negative length") << QByteArray("TarnwickEditor2-recovery 1 -5 5 00\n");
-    QTest::newRow("lengths beyond every number")
-        << QByteArray("TarnwickEditor2-recovery 1 99999999999 99999999999 00\nx");
-    QTest::newRow("lengths that make up too much")
-        << QByteArray("TarnwickEditor2-recovery 1 2147483647 2147483647 00\nx");
-    QTest::newRow("header that is no JSON") << reframed("{");
-    QTest::newRow("no path") << reframed("{\"type\":0,\"language\":0}");
-    QTest::newRow("unknown type") << reframed("{\"path\":\"/a\",\"type\":2,\"language\":0}");
-    QTest::newRow("types of JSON") << reframed("{\"path\":[1],\"type\":\"0\",\"language\":{}}");
+    Columns<QByteArray>("bytes");
+    Row("nothing", QByteArray());
+    Row("something else", QByteArray("[main]\ntabs=1\n"));
+    Row("no line at all", QByteArray(5000, 'x'));
+    Row("one byte more", good + 'x');
+    Row("one byte changed", QByteArray(good).replace("text\n", "texT\n"));
+    Row("another version", QByteArray(good).replace("recovery 1 ", "recovery 2 "));
+    Row("negative length", QByteArray("TarnwickEditor2-recovery 1 -5 5 00\n"));
+    Row("lengths beyond every number",
+        QByteArray("TarnwickEditor2-recovery 1 99999999999 99999999999 00\nx"));
+    Row("lengths that make up too much",
+        QByteArray("TarnwickEditor2-recovery 1 2147483647 2147483647 00\nx"));
+    Row("header that is no JSON", reframed("{"));
+    Row("no path", reframed("{\"type\":0,\"language\":0}"));
+    Row("unknown type", reframed("{\"path\":\"/a\",\"type\":2,\"language\":0}"));
+    Row("types of JSON", reframed("{\"path\":[1],\"type\":\"0\",\"language\":{}}"));
 }
 
 void RecoveryStoreTest::WhatIsNoSnapshotIsToldFromOne()
@@ -195,9 +190,9 @@ void RecoveryStoreTest::OnlyTheDeadLeaveSomething()
 /// After a restart of the machine, or in a container, the next process has the number of the last.
 void RecoveryStoreTest::ADeadProcessIsFoundWhateverItsNumber_data()
 {
-    QTest::addColumn<bool>("knowsNumber");
-    QTest::newRow("the same number") << true;
-    QTest::newRow("died while it took the lock") << false;
+    Columns<bool>("knowsNumber");
+    Row("the same number", true);
+    Row("died while it took the lock", false);
 }
 
 void RecoveryStoreTest::ADeadProcessIsFoundWhateverItsNumber()
@@ -241,11 +236,10 @@ void RecoveryStoreTest::NothingStaysBehind()
 
 void RecoveryStoreTest::WhatWasSavedIsNothingToRestore_data()
 {
-    QTest::addColumn<QByteArray>("content");
-    QTest::addColumn<bool>("offered");
-    QTest::newRow("died before the file was written") << QByteArray("old") << true;
-    QTest::newRow("died before the snapshot was removed") << QByteArray("saved") << false;
-    QTest::newRow("written by somebody else since") << QByteArray("theirs") << true;
+    Columns<QByteArray, bool>("content", "offered");
+    Row("died before the file was written", QByteArray("old"), true);
+    Row("died before the snapshot was removed", QByteArray("saved"), false);
+    Row("written by somebody else since", QByteArray("theirs"), true);
 }
 
 /// The last moments of a process that saves its text, which went on since the last snapshot.

@@ -156,13 +156,12 @@ void SafeFileTest::init()
 
 void SafeFileTest::WritesNewAndOldFiles_data()
 {
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QByteArray>("bytes");
-    QTest::newRow("empty") << "a" << QByteArray();
-    QTest::newRow("any byte") << "a" << QByteArray("\0\r\n\xff", 4);
-    QTest::newRow("large") << "a" << QByteArray(3000000, 'x');
-    QTest::newRow("longest name") << QString(255, 'a') << QByteArray("x");
-    QTest::newRow("no plain name") << QString::fromUtf8(" \xc3\xa9 %1 *") << QByteArray("x");
+    Columns<QString, QByteArray>("name", "bytes");
+    Row("empty", "a", QByteArray());
+    Row("any byte", "a", QByteArray("\0\r\n\xff", 4));
+    Row("large", "a", QByteArray(3000000, 'x'));
+    Row("longest name", QString(255, 'a'), QByteArray("x"));
+    Row("no plain name", QString::fromUtf8(" \xc3\xa9 %1 *"), QByteArray("x"));
 }
 
 void SafeFileTest::WritesNewAndOldFiles()
@@ -214,18 +213,13 @@ void SafeFileTest::KeepsWhatAFileIs()
 
 void SafeFileTest::KeepsLinks_data()
 {
-    QTest::addColumn<QString>("target"); // of a symbolic link; empty: a hard link
-    QTest::addColumn<QString>("file");
-    QTest::newRow("hard link") << ""
-                               << "a";
-    QTest::newRow("symbolic link") << "a"
-                                   << "a";
-    QTest::newRow("over another one") << "second"
-                                      << "a";
-    QTest::newRow("out of a linked folder") << "linked/../a"
-                                            << "inner/a";
-    QTest::newRow("to nothing yet") << "new"
-                                    << "new";
+    // "target": of a symbolic link; empty: a hard link
+    Columns<QString, QString>("target", "file");
+    Row("hard link", "", "a");
+    Row("symbolic link", "a", "a");
+    Row("over another one", "second", "a");
+    Row("out of a linked folder", "linked/../a", "inner/a");
+    Row("to nothing yet", "new", "new");
 }
 
 void SafeFileTest::KeepsLinks()
@@ -265,14 +259,12 @@ void SafeFileTest::WritesInPlaceWhereTheFolderIsClosed()
 
 void SafeFileTest::AFailureLeavesTheOldFile_data()
 {
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<int>("permissions");
-    QTest::addColumn<int>("size");
-    QTest::newRow("disk full") << "a" << 0666 << BYTES_AT_MOST + 1;
-    QTest::newRow("disk full in place") << "second name" << 0666 << BYTES_AT_MOST + 1;
-    QTest::newRow("read-only") << "a" << 0444 << 3;
-    QTest::newRow("vanished folder") << "gone/a" << 0666 << 3;
-    QTest::newRow("folder") << "folder" << 0666 << 3;
+    Columns<QString, int, int>("name", "permissions", "size");
+    Row("disk full", "a", 0666, BYTES_AT_MOST + 1);
+    Row("disk full in place", "second name", 0666, BYTES_AT_MOST + 1);
+    Row("read-only", "a", 0444, 3);
+    Row("vanished folder", "gone/a", 0666, 3);
+    Row("folder", "folder", 0666, 3);
 }
 
 void SafeFileTest::AFailureLeavesTheOldFile()
@@ -352,15 +344,12 @@ void SafeFileTest::ASaveInPlaceIsFinishedAfterAKill()
 
 void SafeFileTest::OnlyTornFilesAreMended_data()
 {
-    QTest::addColumn<QByteArray>("found");
-    QTest::addColumn<QByteArray>("expected");
-    QTest::newRow("the start is new") << QByteArray("new contold") << QByteArray("new content!");
-    QTest::newRow("put back half way")
-        << QByteArray("old contentld") << QByteArray("old contentld");
-    QTest::newRow("longer than both")
-        << QByteArray("new content! and") << QByteArray("new content! and");
-    QTest::newRow("shorter than both") << QByteArray("new") << QByteArray("new");
-    QTest::newRow("somebody else's") << QByteArray("something") << QByteArray("something");
+    Columns<QByteArray, QByteArray>("found", "expected");
+    Row("the start is new", QByteArray("new contold"), QByteArray("new content!"));
+    Row("put back half way", QByteArray("old contentld"), QByteArray("old contentld"));
+    Row("longer than both", QByteArray("new content! and"), QByteArray("new content! and"));
+    Row("shorter than both", QByteArray("new"), QByteArray("new"));
+    Row("somebody else's", QByteArray("something"), QByteArray("something"));
 }
 
 void SafeFileTest::OnlyTornFilesAreMended()

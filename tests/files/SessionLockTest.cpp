@@ -84,9 +84,9 @@ void SessionLockTest::EndOther(bool killed)
 
 void SessionLockTest::TheFirstProcessOwns_data()
 {
-    QTest::addColumn<bool>("killed");
-    QTest::newRow("until it ends") << false;
-    QTest::newRow("until it is killed") << true;
+    Columns<bool>("killed");
+    Row("until it ends", false);
+    Row("until it is killed", true);
 }
 
 void SessionLockTest::TheFirstProcessOwns()
@@ -108,19 +108,16 @@ void SessionLockTest::TheFirstProcessOwns()
 
 void SessionLockTest::TakesOverLocks_data()
 {
-    QTest::addColumn<QByteArray>("content");
-    QTest::addColumn<bool>("isOwner");
+    Columns<QByteArray, bool>("content", "isOwner");
     const QByteArray application = QCoreApplication::applicationName().toUtf8();
     const QByteArray machine = QSysInfo::machineHostName().toUtf8();
     const QByteArray ours = application + '\n' + machine + '\n' + QSysInfo::machineUniqueId() + '\n'
         + QSysInfo::bootUniqueId() + '\n';
     const QByteArray process = QByteArray::number(QCoreApplication::applicationPid());
-    QTest::newRow("number in use again") << process + '\n' + ours << true;
-    QTest::newRow("no such process") << "99999999\n" + ours << true;
-    QTest::newRow("another machine")
-        << process + '\n' + application + "\nelsewhere\n0123456789\nabc\n"
-        << false;
-    QTest::newRow("never finished") << QByteArray() << true;
+    Row("number in use again", process + '\n' + ours, true);
+    Row("no such process", "99999999\n" + ours, true);
+    Row("another machine", process + '\n' + application + "\nelsewhere\n0123456789\nabc\n", false);
+    Row("never finished", QByteArray(), true);
 }
 
 void SessionLockTest::TakesOverLocks()

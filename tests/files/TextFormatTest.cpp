@@ -38,12 +38,11 @@ private Q_SLOTS:
 
 void TextFormatTest::SaysHowATextStands_data()
 {
-    QTest::addColumn<QByteArray>("bytes");
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("description"); // encoding|line ends
+    // "description": encoding|line ends
+    Columns<QByteArray, QString, QString>("bytes", "text", "description");
     const auto row
         = [](const char* name, const QByteArray& bytes, const char* text, const char* description) {
-              QTest::newRow(name) << bytes << QString::fromUtf8(text) << QString(description);
+              Row(name, bytes, QString::fromUtf8(text), QString(description));
           };
     const QByteArray latin = "# coding: latin-1\nx = '\xe9'\n";
     // clang-format off
@@ -87,10 +86,10 @@ void TextFormatTest::SaysHowATextStands()
 
 void TextFormatTest::AnyBytesComeBack_data()
 {
-    QTest::addColumn<QByteArray>("codec");
+    Columns<QByteArray>("codec");
     for (const char* codec : {"UTF-8", "ISO-8859-1", "windows-1252", "Shift_JIS", "EUC-JP",
              "ISO-2022-JP", "GB18030", "Big5", "US-ASCII"})
-        QTest::newRow(codec) << QByteArray(codec);
+        Row(codec, QByteArray(codec));
 }
 
 /// What is harmful is put together by chance, always the same.
@@ -116,24 +115,16 @@ void TextFormatTest::AnyBytesComeBack()
 
 void TextFormatTest::MixedLineEndsStayWithTheirLines_data()
 {
-    QTest::addColumn<QString>("text"); // what "a\r\nb\nc\rd\r\ne" was made to
-    QTest::addColumn<QString>("saved");
-    QTest::newRow("a changed line") << "a\nB\nc\nd\ne"
-                                    << "a\r\nB\nc\rd\r\ne";
-    QTest::newRow("two changed lines") << "A\nb\nC\nd\ne"
-                                       << "A\r\nb\nC\rd\r\ne";
-    QTest::newRow("a new line") << "a\nb\nx\nc\nd\ne"
-                                << "a\r\nb\nx\nc\rd\r\ne";
-    QTest::newRow("new lines in front") << "x\ny\na\nb\nc\nd\ne"
-                                        << "x\r\ny\r\na\r\nb\nc\rd\r\ne";
-    QTest::newRow("a line less") << "a\nc\nd\ne"
-                                 << "a\r\nc\rd\r\ne";
-    QTest::newRow("far apart") << "x\na\nb\nc\ne\ny\n"
-                               << "x\r\na\r\nb\nc\re\ry\r";
-    QTest::newRow("nothing") << ""
-                             << "";
-    QTest::newRow("something else") << "1\n2\n3\n4\n5\n6\n7"
-                                    << "1\r\n2\n3\r4\r\n5\r\n6\r\n7";
+    // "text": what "a\r\nb\nc\rd\r\ne" was made to
+    Columns<QString, QString>("text", "saved");
+    Row("a changed line", "a\nB\nc\nd\ne", "a\r\nB\nc\rd\r\ne");
+    Row("two changed lines", "A\nb\nC\nd\ne", "A\r\nb\nC\rd\r\ne");
+    Row("a new line", "a\nb\nx\nc\nd\ne", "a\r\nb\nx\nc\rd\r\ne");
+    Row("new lines in front", "x\ny\na\nb\nc\nd\ne", "x\r\ny\r\na\r\nb\nc\rd\r\ne");
+    Row("a line less", "a\nc\nd\ne", "a\r\nc\rd\r\ne");
+    Row("far apart", "x\na\nb\nc\ne\ny\n", "x\r\na\r\nb\nc\re\ry\r");
+    Row("nothing", "", "");
+    Row("something else", "1\n2\n3\n4\n5\n6\n7", "1\r\n2\n3\r4\r\n5\r\n6\r\n7");
 }
 
 void TextFormatTest::MixedLineEndsStayWithTheirLines()
@@ -146,19 +137,17 @@ void TextFormatTest::MixedLineEndsStayWithTheirLines()
 
 void TextFormatTest::FollowsWhatATextDeclares_data()
 {
-    QTest::addColumn<QByteArray>("bytes");
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QByteArray>("saved");
+    Columns<QByteArray, QString, QByteArray>("bytes", "text", "saved");
     const QString latin = QString::fromUtf8("# coding: latin-1\n\xc3\xa9");
     const QString plain = QString::fromUtf8("\xc3\xa9");
-    QTest::newRow("comes") << QByteArray("x") << latin << QByteArray("# coding: latin-1\n\xe9");
-    QTest::newRow("goes") << QByteArray("# coding: latin-1\n\xe9") << plain << QByteArray("\xe9");
-    QTest::newRow("changes") << QByteArray("# coding: latin-1\n\xe9") << "# coding: utf-8\n" + plain
-                             << QByteArray("# coding: utf-8\n\xc3\xa9");
-    QTest::newRow("stays in vain") << QByteArray("# coding: latin-1\n\xc3\xa9") << latin + plain
-                                   << QByteArray("# coding: latin-1\n\xc3\xa9\xc3\xa9");
-    QTest::newRow("below a mark") << QByteArray("\xef\xbb\xbf") << latin
-                                  << QByteArray("\xef\xbb\xbf# coding: latin-1\n\xc3\xa9");
+    Row("comes", QByteArray("x"), latin, QByteArray("# coding: latin-1\n\xe9"));
+    Row("goes", QByteArray("# coding: latin-1\n\xe9"), plain, QByteArray("\xe9"));
+    Row("changes", QByteArray("# coding: latin-1\n\xe9"), "# coding: utf-8\n" + plain,
+        QByteArray("# coding: utf-8\n\xc3\xa9"));
+    Row("stays in vain", QByteArray("# coding: latin-1\n\xc3\xa9"), latin + plain,
+        QByteArray("# coding: latin-1\n\xc3\xa9\xc3\xa9"));
+    Row("below a mark", QByteArray("\xef\xbb\xbf"), latin,
+        QByteArray("\xef\xbb\xbf# coding: latin-1\n\xc3\xa9"));
 }
 
 void TextFormatTest::FollowsWhatATextDeclares()
@@ -192,15 +181,16 @@ void TextFormatTest::KnowsWhatACodecHolds()
 
 void TextFormatTest::LooksBinary_data()
 {
-    QTest::addColumn<QByteArray>("bytes");
-    QTest::addColumn<bool>("binary");
-    QTest::newRow("text") << QByteArray("a\xff") << false;
-    QTest::newRow("nothing") << QByteArray() << false;
-    QTest::newRow("zero") << QByteArray("a\0b", 3) << true;
-    QTest::newRow("16 bits") << QByteArray("\xff\xfe"
-                                           "a\0",
-        4) << false;
-    QTest::newRow("mark and zero") << QByteArray("\xef\xbb\xbf\0", 4) << true;
+    Columns<QByteArray, bool>("bytes", "binary");
+    Row("text", QByteArray("a\xff"), false);
+    Row("nothing", QByteArray(), false);
+    Row("zero", QByteArray("a\0b", 3), true);
+    Row("16 bits",
+        QByteArray("\xff\xfe"
+                   "a\0",
+            4),
+        false);
+    Row("mark and zero", QByteArray("\xef\xbb\xbf\0", 4), true);
 }
 
 void TextFormatTest::LooksBinary()

@@ -73,24 +73,19 @@ private Q_SLOTS:
 
 void AutoCompleterTest::KnowsWhatCanBeCompleted_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("prefix");
-    QTest::newRow("a word") << "pol|"
-                            << "pol";
-    QTest::newRow("its first part") << "po|ly"
-                                    << "po";
-    QTest::newRow("before a bracket") << "(pol|)"
-                                      << "pol";
-    QTest::newRow("behind a dot") << "pCube1.tr|"
-                                  << "tr";
-    QTest::newRow("a dot") << "pCube1.|)" << QString();
-    QTest::newRow("nothing") << "|" << QString();
-    QTest::newRow("between words") << "ls | pol" << QString();
-    QTest::newRow("a flag") << "unknown -q|" << QString();
-    QTest::newRow("a flag before a bracket") << "(unknown -q|)" << QString();
-    QTest::newRow("a variable") << "print $nam|" << QString();
-    QTest::newRow("a variable before a sign") << "$nam|;" << QString();
-    QTest::newRow("letters of other alphabets") << QStringLiteral("\u00e4po|") << QString();
+    Columns<QString, QString>("text", "prefix");
+    Row("a word", "pol|", "pol");
+    Row("its first part", "po|ly", "po");
+    Row("before a bracket", "(pol|)", "pol");
+    Row("behind a dot", "pCube1.tr|", "tr");
+    Row("a dot", "pCube1.|)", QString());
+    Row("nothing", "|", QString());
+    Row("between words", "ls | pol", QString());
+    Row("a flag", "unknown -q|", QString());
+    Row("a flag before a bracket", "(unknown -q|)", QString());
+    Row("a variable", "print $nam|", QString());
+    Row("a variable before a sign", "$nam|;", QString());
+    Row("letters of other alphabets", QStringLiteral("\u00e4po|"), QString());
 }
 
 void AutoCompleterTest::KnowsWhatCanBeCompleted()
@@ -125,14 +120,11 @@ void AutoCompleterTest::SelectsTheFirstRowOfTheSameCase()
 
 void AutoCompleterTest::TakesTheOnlyNameOnRequest_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<bool>("isExplicit");
-    QTest::addColumn<bool>("isShown");
-    QTest::addColumn<QString>("accepted");
-    QTest::newRow("the only one, asked for") << "polyC|" << true << false << "polyCube";
-    QTest::newRow("the only one, unasked") << "polyC|" << false << true << QString();
-    QTest::newRow("several, asked for") << "pol|" << true << true << QString();
-    QTest::newRow("none, asked for") << "nothing|" << true << false << QString();
+    Columns<QString, bool, bool, QString>("text", "isExplicit", "isShown", "accepted");
+    Row("the only one, asked for", "polyC|", true, false, "polyCube");
+    Row("the only one, unasked", "polyC|", false, true, QString());
+    Row("several, asked for", "pol|", true, true, QString());
+    Row("none, asked for", "nothing|", true, false, QString());
 }
 
 void AutoCompleterTest::TakesTheOnlyNameOnRequest()
@@ -149,17 +141,13 @@ void AutoCompleterTest::TakesTheOnlyNameOnRequest()
 
 void AutoCompleterTest::TakesItsKeysOnTheWayToTheEditor_data()
 {
-    QTest::addColumn<QList<int>>("keys");
-    QTest::addColumn<QString>("accepted");
-    QTest::addColumn<bool>("isShown");
-    QTest::newRow("tab") << QList<int>{Qt::Key_Tab} << "polyCube" << false;
-    QTest::newRow("down, return") << QList<int>{Qt::Key_Down, Qt::Key_Return} << "polyEvaluateAll"
-                                  << false;
-    QTest::newRow("down, up, enter")
-        << QList<int>{Qt::Key_Down, Qt::Key_Up, Qt::Key_Enter} << "polyCube" << false;
-    QTest::newRow("escape") << QList<int>{Qt::Key_Escape} << QString() << false;
-    QTest::newRow("swallowed") << QList<int>{Qt::Key_PageDown, Qt::Key_PageUp, Qt::Key_Backtab}
-                               << QString() << true;
+    Columns<QList<int>, QString, bool>("keys", "accepted", "isShown");
+    Row("tab", QList<int>{Qt::Key_Tab}, "polyCube", false);
+    Row("down, return", QList<int>{Qt::Key_Down, Qt::Key_Return}, "polyEvaluateAll", false);
+    Row("down, up, enter", QList<int>{Qt::Key_Down, Qt::Key_Up, Qt::Key_Enter}, "polyCube", false);
+    Row("escape", QList<int>{Qt::Key_Escape}, QString(), false);
+    Row("swallowed", QList<int>{Qt::Key_PageDown, Qt::Key_PageUp, Qt::Key_Backtab}, QString(),
+        true);
 }
 
 void AutoCompleterTest::TakesItsKeysOnTheWayToTheEditor()
@@ -198,11 +186,11 @@ void AutoCompleterTest::LeavesALineEndBehindACompleteWord()
 
 void AutoCompleterTest::GoesWithTheEditor_data()
 {
-    QTest::addColumn<int>("event");
-    QTest::newRow("focus") << int(QEvent::FocusOut);
-    QTest::newRow("hide") << int(QEvent::Hide);
-    QTest::newRow("click") << int(QEvent::MouseButtonPress);
-    QTest::newRow("window moved") << int(QEvent::Move);
+    Columns<int>("event");
+    Row("focus", int(QEvent::FocusOut));
+    Row("hide", int(QEvent::Hide));
+    Row("click", int(QEvent::MouseButtonPress));
+    Row("window moved", int(QEvent::Move));
 }
 
 void AutoCompleterTest::GoesWithTheEditor()
@@ -237,36 +225,23 @@ void AutoCompleterTest::StaysOnTheScreen()
 
 void AutoCompleterTest::FindsTheCommandOfAStatement_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("command");
-    QTest::newRow("at the start") << "ls "
-                                  << "ls";
-    QTest::newRow("behind arguments") << "ls -l \"a;b\" pCube1 "
-                                      << "ls";
-    QTest::newRow("on a later line") << "polyCube -w 1\n    "
-                                     << "polyCube";
-    QTest::newRow("second statement") << "print 1; ls "
-                                      << "ls";
-    QTest::newRow("back-quoted") << "string $all[] = `ls "
-                                 << "ls";
-    QTest::newRow("behind a back-quote") << "print `ls -l` "
-                                         << "print";
-    QTest::newRow("in a condition") << "if (`polyCube "
-                                    << "polyCube";
-    QTest::newRow("behind a condition") << "if ($a > (1)) ls "
-                                        << "ls";
-    QTest::newRow("else") << "} else ls "
-                          << "ls";
-    QTest::newRow("case") << "case 1: ls "
-                          << "ls";
-    QTest::newRow("a namespace") << "select ns:pCube1 "
-                                 << "select";
-    QTest::newRow("within a bracket") << "ls (1 " << QString();
-    QTest::newRow("a variable") << "$a " << QString();
-    QTest::newRow("an open string") << "ls \"a " << QString();
-    QTest::newRow("a comment") << "ls // " << QString();
-    QTest::newRow("behind a comment") << "/* a */ ls "
-                                      << "ls";
+    Columns<QString, QString>("text", "command");
+    Row("at the start", "ls ", "ls");
+    Row("behind arguments", "ls -l \"a;b\" pCube1 ", "ls");
+    Row("on a later line", "polyCube -w 1\n    ", "polyCube");
+    Row("second statement", "print 1; ls ", "ls");
+    Row("back-quoted", "string $all[] = `ls ", "ls");
+    Row("behind a back-quote", "print `ls -l` ", "print");
+    Row("in a condition", "if (`polyCube ", "polyCube");
+    Row("behind a condition", "if ($a > (1)) ls ", "ls");
+    Row("else", "} else ls ", "ls");
+    Row("case", "case 1: ls ", "ls");
+    Row("a namespace", "select ns:pCube1 ", "select");
+    Row("within a bracket", "ls (1 ", QString());
+    Row("a variable", "$a ", QString());
+    Row("an open string", "ls \"a ", QString());
+    Row("a comment", "ls // ", QString());
+    Row("behind a comment", "/* a */ ls ", "ls");
 }
 
 void AutoCompleterTest::FindsTheCommandOfAStatement()

@@ -144,11 +144,10 @@ void HighlighterTest::init()
 
 void HighlighterTest::Lines_data()
 {
-    QTest::addColumn<int>("language");
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("line"); // the last line's roles, a letter each, "." for none
+    // "line": the last line's roles, a letter each, "." for none
+    Columns<int, QString, QString>("language", "text", "line");
     const auto row = [](Language language, const char* name, const char* text, const char* line) {
-        QTest::newRow(name) << int(language) << QString(text) << QString(line);
+        Row(name, int(language), QString(text), QString(line));
     };
     // K keyword, B builtin, M host command, s string, d docstring, n number, C class, m method,
     // c comment, @ decorator, S self, v variable
@@ -193,9 +192,9 @@ void HighlighterTest::Lines()
 
 void HighlighterTest::AgreesWithThePlainRules_data()
 {
-    QTest::addColumn<int>("language");
-    QTest::newRow("Python") << int(NaiveHighlighting::Python);
-    QTest::newRow("MEL") << int(NaiveHighlighting::Mel);
+    Columns<int>("language");
+    Row("Python", int(NaiveHighlighting::Python));
+    Row("MEL", int(NaiveHighlighting::Mel));
 }
 
 void HighlighterTest::AgreesWithThePlainRules()
@@ -386,15 +385,13 @@ void HighlighterTest::ColoursVisibleWhitespace()
 
 void HighlighterTest::BlockData_data()
 {
-    QTest::addColumn<int>("language");
-    QTest::addColumn<QString>("text"); // the last line counts
-    QTest::addColumn<QString>("ignored"); // one "x" for each such column, the line's end included
-    QTest::addColumn<QString>("braces");
-    QTest::addColumn<QVector<int>>("numbers"); // indent, smart indent, non-comment length, empty
+    // "text": the last line counts; "ignored": one "x" for each such column, the line's end
+    // included; "numbers": indent, smart indent, non-comment length, empty
+    Columns<int, QString, QString, QString, QVector<int>>(
+        "language", "text", "ignored", "braces", "numbers");
     const auto row = [](Language language, const char* name, const char* text, const char* ignored,
                          const char* braces, const QVector<int>& numbers) {
-        QTest::newRow(name) << int(language) << QString(text) << QString(ignored) << QString(braces)
-                            << numbers;
+        Row(name, int(language), QString(text), QString(ignored), QString(braces), numbers);
     };
     const Language p = NaiveHighlighting::Python;
     row(p, "nothing", "", ".", "", {0, 0, 0, 1});

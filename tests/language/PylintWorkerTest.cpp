@@ -78,16 +78,14 @@ void PylintWorkerTest::HandsOnWhatItPrints()
 
 void PylintWorkerTest::PassesTheOptions_data()
 {
-    QTest::addColumn<bool>("reduced");
-    QTest::addColumn<QString>("configuration");
-    QTest::addColumn<QStringList>("options");
+    Columns<bool, QString, QStringList>("reduced", "configuration", "options");
     const QStringList checkers{"--disable=W,R,C,E1111",
         "--enable=import-error,unreachable,duplicate-key,unnecessary-semicolon,"
         "global-variable-not-assigned,unused-variable,binary-op-exception,bad-format-string,"
         "anomalous-backslash-in-string,bad-open-mode"};
-    QTest::newRow("reduced, no rc file") << true << "/a/rc" << checkers;
-    QTest::newRow("rc file") << false << "/a b/rc" << QStringList{"--rcfile=/a b/rc"};
-    QTest::newRow("plain") << false << "" << QStringList{};
+    Row("reduced, no rc file", true, "/a/rc", checkers);
+    Row("rc file", false, "/a b/rc", QStringList{"--rcfile=/a b/rc"});
+    Row("plain", false, "", QStringList{});
 }
 
 void PylintWorkerTest::PassesTheOptions()
@@ -139,12 +137,11 @@ void PylintWorkerTest::OnlyTheNewestRequestAnswers()
 
 void PylintWorkerTest::TellsFailures_data()
 {
-    QTest::addColumn<QByteArray>("body");
-    QTest::addColumn<bool>("fails");
-    QTest::newRow("killed") << QByteArray("kill -9 $$") << true;
-    QTest::newRow("usage error") << QByteArray("echo usage; exit 32") << true;
-    QTest::newRow("no pylint in that Python") << QByteArray("echo no >&2; exit 1") << true;
-    QTest::newRow("messages found") << QByteArray("echo found; exit 2") << false;
+    Columns<QByteArray, bool>("body", "fails");
+    Row("killed", QByteArray("kill -9 $$"), true);
+    Row("usage error", QByteArray("echo usage; exit 32"), true);
+    Row("no pylint in that Python", QByteArray("echo no >&2; exit 1"), true);
+    Row("messages found", QByteArray("echo found; exit 2"), false);
 }
 
 void PylintWorkerTest::TellsFailures()
@@ -227,20 +224,15 @@ void PylintWorkerTest::ShutdownStopsProcessAndThread()
 
 void PylintWorkerTest::UnderstandsPylintItself_data()
 {
-    QTest::addColumn<bool>("reduced");
-    QTest::addColumn<QByteArray>("configuration");
-    QTest::addColumn<QString>("source");
-    QTest::addColumn<QString>("found");
+    Columns<bool, QByteArray, QString, QString>("reduced", "configuration", "source", "found");
     const QString faults(
         "import no_such_module\n\ndef f(n):\n    return n\n    print(n)\nx = none_such\n");
-    QTest::newRow("reduced") << true << QByteArray() << faults << "0 E0401,5 E0602|4 W0101|";
-    QTest::newRow("rc file") << false << QByteArray("[MESSAGES CONTROL]\ndisable=C,E0602\n")
-                             << faults << "0 E0401|4 W0101,0 W0611|";
+    Row("reduced", true, QByteArray(), faults, "0 E0401,5 E0602|4 W0101|");
+    Row("rc file", false, QByteArray("[MESSAGES CONTROL]\ndisable=C,E0602\n"), faults,
+        "0 E0401|4 W0101,0 W0611|");
     // Whatever is said with a colon is left out.
-    QTest::newRow("does not compile") << true << QByteArray() << "def f(:\n"
-                                      << "||";
-    QTest::newRow("nothing to find") << true << QByteArray() << "x = 1\n"
-                                     << "||";
+    Row("does not compile", true, QByteArray(), "def f(:\n", "||");
+    Row("nothing to find", true, QByteArray(), "x = 1\n", "||");
 }
 
 /// The line, from 0, and the id of each message.

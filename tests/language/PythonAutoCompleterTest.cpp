@@ -91,35 +91,28 @@ void PythonAutoCompleterTest::cleanup()
 
 void PythonAutoCompleterTest::KnowsWhatIsWanted_data()
 {
-    QTest::addColumn<QString>("before");
-    QTest::addColumn<QString>("wanted"); // object and prefix, or nothing
-    QTest::newRow("a name") << "x = na"
-                            << ".na";
-    QTest::newRow("behind a dot") << "os."
-                                  << "os.";
-    QTest::newRow("a chain") << "f(os.path.jo"
-                             << "os.path.jo";
-    QTest::newRow("behind a string") << "'a'.jo" << QString();
-    QTest::newRow("behind a call") << "f().na" << QString();
-    QTest::newRow("further behind a call") << "f().a.na" << QString();
-    QTest::newRow("behind an index") << "a[0].na" << QString();
-    QTest::newRow("a number") << "x = 12" << QString();
-    QTest::newRow("a decimal number") << "x = 1." << QString();
-    QTest::newRow("dots") << "x[..." << QString();
-    QTest::newRow("a function's name") << "    async def na" << QString();
-    QTest::newRow("a class's name") << "class " << QString();
-    QTest::newRow("a class's base") << "class A(na"
-                                    << ".na";
-    QTest::newRow("an import") << "import o" << QString();
-    QTest::newRow("a module to import from") << "from os.p" << QString();
-    QTest::newRow("what to import") << "from os.path import jo"
-                                    << "os.path.jo";
-    QTest::newRow("another thing to import") << "from os import (path, ge"
-                                             << "os.ge";
-    QTest::newRow("what an import is called") << "from os import path as p" << QString();
-    QTest::newRow("a relative import") << "from .os import p" << QString();
-    QTest::newRow("a name like a statement") << "importer.na"
-                                             << "importer.na";
+    // "wanted": object and prefix, or nothing
+    Columns<QString, QString>("before", "wanted");
+    Row("a name", "x = na", ".na");
+    Row("behind a dot", "os.", "os.");
+    Row("a chain", "f(os.path.jo", "os.path.jo");
+    Row("behind a string", "'a'.jo", QString());
+    Row("behind a call", "f().na", QString());
+    Row("further behind a call", "f().a.na", QString());
+    Row("behind an index", "a[0].na", QString());
+    Row("a number", "x = 12", QString());
+    Row("a decimal number", "x = 1.", QString());
+    Row("dots", "x[...", QString());
+    Row("a function's name", "    async def na", QString());
+    Row("a class's name", "class ", QString());
+    Row("a class's base", "class A(na", ".na");
+    Row("an import", "import o", QString());
+    Row("a module to import from", "from os.p", QString());
+    Row("what to import", "from os.path import jo", "os.path.jo");
+    Row("another thing to import", "from os import (path, ge", "os.ge");
+    Row("what an import is called", "from os import path as p", QString());
+    Row("a relative import", "from .os import p", QString());
+    Row("a name like a statement", "importer.na", "importer.na");
 }
 
 void PythonAutoCompleterTest::KnowsWhatIsWanted()
@@ -132,33 +125,26 @@ void PythonAutoCompleterTest::KnowsWhatIsWanted()
 
 void PythonAutoCompleterTest::MarksTheCursorInTheSource_data()
 {
-    QTest::addColumn<QString>("text"); // "|" stands for the cursor
-    QTest::addColumn<QString>("source"); // "<>" stands for the definition
-    QTest::newRow("alone") << "a = 1\nos.|"
-                           << "a = 1\n<> pass";
-    QTest::newRow("in a method") << "class A:\n    def f(self):\n\tself.|\n\nb"
-                                 << "class A:\n    def f(self):\n\t<> pass\n\nb";
-    QTest::newRow("head of a block") << "if os.|:\n    # x\n    b\n"
-                                     << "<>\n    # x\n    b\n";
-    QTest::newRow("with branches") << "if a|:\n    b\nelif c:\n    d\nelse:\n    e\nelse: f"
-                                   << "<>\n    b\nif 1:\n    d\nif 1:\n    e\nif 1: f";
-    QTest::newRow("within brackets") << "a = f(1,\n  os.|,\n  2\n)\nb"
-                                     << "<> pass\n\n\n\nb";
-    QTest::newRow("an open bracket") << "a = f(os.|\nb = 2\ndef g(): pass"
-                                     << "<> pass\nb = 2\ndef g(): pass";
-    QTest::newRow("below an open bracket") << "a = f(\ndef g():\n    os.|"
-                                           << "a = f(\ndef g():\n    <> pass";
-    QTest::newRow("below a long string") << "'''a (\n'''\n  b|"
-                                         << "'''a (\n'''\n  <> pass";
-    QTest::newRow("within a block without handler")
-        << "try:\n    if a:\n        try:\n            b|\n        except C: d\ne"
-        << "if 1:\n    if a:\n        try:\n            <> pass\n        except C: d\ne";
-    QTest::newRow("the only handler") << "try:\n    a\nexcept B|:\n    c\nfinally: d"
-                                      << "if 1:\n    a\n<>\n    c\nif 1: d";
-    QTest::newRow("one of two handlers") << "try: a\nexcept B: c\nexcept D|:\n    e"
-                                         << "try: a\nexcept B: c\n<>\n    e";
-    QTest::newRow("below a bracket in a comment") << "a # (\nb|"
-                                                  << "a # (\n<> pass";
+    // "text": "|" stands for the cursor; "source": "<>" stands for the definition
+    Columns<QString, QString>("text", "source");
+    Row("alone", "a = 1\nos.|", "a = 1\n<> pass");
+    Row("in a method", "class A:\n    def f(self):\n\tself.|\n\nb",
+        "class A:\n    def f(self):\n\t<> pass\n\nb");
+    Row("head of a block", "if os.|:\n    # x\n    b\n", "<>\n    # x\n    b\n");
+    Row("with branches", "if a|:\n    b\nelif c:\n    d\nelse:\n    e\nelse: f",
+        "<>\n    b\nif 1:\n    d\nif 1:\n    e\nif 1: f");
+    Row("within brackets", "a = f(1,\n  os.|,\n  2\n)\nb", "<> pass\n\n\n\nb");
+    Row("an open bracket", "a = f(os.|\nb = 2\ndef g(): pass", "<> pass\nb = 2\ndef g(): pass");
+    Row("below an open bracket", "a = f(\ndef g():\n    os.|", "a = f(\ndef g():\n    <> pass");
+    Row("below a long string", "'''a (\n'''\n  b|", "'''a (\n'''\n  <> pass");
+    Row("within a block without handler",
+        "try:\n    if a:\n        try:\n            b|\n        except C: d\ne",
+        "if 1:\n    if a:\n        try:\n            <> pass\n        except C: d\ne");
+    Row("the only handler", "try:\n    a\nexcept B|:\n    c\nfinally: d",
+        "if 1:\n    a\n<>\n    c\nif 1: d");
+    Row("one of two handlers", "try: a\nexcept B: c\nexcept D|:\n    e",
+        "try: a\nexcept B: c\n<>\n    e");
+    Row("below a bracket in a comment", "a # (\nb|", "a # (\n<> pass");
 }
 
 void PythonAutoCompleterTest::MarksTheCursorInTheSource()
@@ -173,33 +159,31 @@ void PythonAutoCompleterTest::MarksTheCursorInTheSource()
 
 void PythonAutoCompleterTest::AsksWhatConcernsTheObject_data()
 {
-    QTest::addColumn<QString>("text"); // "|" stands for the cursor, lines that begin with "-" go
-    QTest::addColumn<QString>("object");
-    QTest::newRow("what it is made of") << "import a\n-import b\n-c = b.x(\n-  1)\nd = a.y\n"
-                                           "e: 'd' = 1\n-print(e)\n|"
-                                        << "e";
-    QTest::newRow("the last value counts") << "-a = b\na = c\na = None\n-c.a = 1\n|"
-                                           << "a";
-    QTest::newRow("names from elsewhere") << "from a import *\n-import b\n-x = 1\n|" << QString();
-    QTest::newRow("members") << "class A:\n    x = 1\n    def f(self, b):\n        c = b\n"
-                                "-        d = 1\n        self.e, g = c\n-class B: pass\n"
-                                "class C(A):\n-    'text'\n    def h(self):\n        |"
-                             << "self.e";
-    QTest::newRow("other functions")
-        << "-def f(a):\n-    b = 1\nb = 2\ndef g():\n-    x = 1\n    c = b\n    def h():\n        |"
-        << "c";
-    QTest::newRow("set in a function") << "def f():\n    global a\n    a = b\n-    d = 1\nb = 1\n|"
-                                       << "a";
-    QTest::newRow("in branches")
-        << "try:\n    import a\nexcept E:\n    a = None\n-if b:\n-    c = 1\n-else: d\n|"
-        << "a";
-    QTest::newRow("by other words") << "with b as c, d(e) as a:\n-    1\n    for a in c: 2\n"
-                                       "-print([a for x in c])\n|"
-                                    << "a";
-    QTest::newRow("a long list") << "a = [\n-  1,\n-  2,\n-  3,\n-  b,\n]\n-b = 1\n|"
-                                 << "a";
-    QTest::newRow("an open bracket above") << "-a = f(\n-c = 1\n-def g(): 1\nb = a\n|"
-                                           << "b";
+    // "text": "|" stands for the cursor, lines that begin with "-" go
+    Columns<QString, QString>("text", "object");
+    Row("what it is made of",
+        "import a\n-import b\n-c = b.x(\n-  1)\nd = a.y\n"
+        "e: 'd' = 1\n-print(e)\n|",
+        "e");
+    Row("the last value counts", "-a = b\na = c\na = None\n-c.a = 1\n|", "a");
+    Row("names from elsewhere", "from a import *\n-import b\n-x = 1\n|", QString());
+    Row("members",
+        "class A:\n    x = 1\n    def f(self, b):\n        c = b\n"
+        "-        d = 1\n        self.e, g = c\n-class B: pass\n"
+        "class C(A):\n-    'text'\n    def h(self):\n        |",
+        "self.e");
+    Row("other functions",
+        "-def f(a):\n-    b = 1\nb = 2\ndef g():\n-    x = 1\n    c = b\n    def h():\n        |",
+        "c");
+    Row("set in a function", "def f():\n    global a\n    a = b\n-    d = 1\nb = 1\n|", "a");
+    Row("in branches",
+        "try:\n    import a\nexcept E:\n    a = None\n-if b:\n-    c = 1\n-else: d\n|", "a");
+    Row("by other words",
+        "with b as c, d(e) as a:\n-    1\n    for a in c: 2\n"
+        "-print([a for x in c])\n|",
+        "a");
+    Row("a long list", "a = [\n-  1,\n-  2,\n-  3,\n-  b,\n]\n-b = 1\n|", "a");
+    Row("an open bracket above", "-a = f(\n-c = 1\n-def g(): 1\nb = a\n|", "b");
 }
 
 void PythonAutoCompleterTest::AsksWhatConcernsTheObject()
@@ -320,19 +304,14 @@ void PythonAutoCompleterTest::TakesTheOnlyNameOnRequest()
 
 void PythonAutoCompleterTest::ReadsForcedImports_data()
 {
-    QTest::addColumn<QString>("option");
-    QTest::addColumn<QStringList>("statements");
-    QTest::addColumn<QStringList>("rejected");
-    QTest::newRow("nothing") << " , \n" << QStringList() << QStringList();
-    QTest::newRow("modules") << "maya.cmds as cmds, os.path\nre"
-                             << QStringList{"import maya.cmds as cmds", "import os.path",
-                                    "import re"}
-                             << QStringList();
-    QTest::newRow("statements") << "from a import b, c as d\nimport e"
-                                << QStringList{"from a import b, c as d", "import e"}
-                                << QStringList();
-    QTest::newRow("no imports") << "a; b, c\"d\", import e\\f, 1+1" << QStringList()
-                                << QStringList{"a; b", "c\"d\"", "import e\\f", "1+1"};
+    Columns<QString, QStringList, QStringList>("option", "statements", "rejected");
+    Row("nothing", " , \n", QStringList(), QStringList());
+    Row("modules", "maya.cmds as cmds, os.path\nre",
+        QStringList{"import maya.cmds as cmds", "import os.path", "import re"}, QStringList());
+    Row("statements", "from a import b, c as d\nimport e",
+        QStringList{"from a import b, c as d", "import e"}, QStringList());
+    Row("no imports", "a; b, c\"d\", import e\\f, 1+1", QStringList(),
+        QStringList{"a; b", "c\"d\"", "import e\\f", "1+1"});
 }
 
 void PythonAutoCompleterTest::ReadsForcedImports()

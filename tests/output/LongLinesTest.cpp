@@ -72,7 +72,7 @@ private Q_SLOTS:
 
 void LongLinesTest::ReadsAsIfNothingWereCut_data()
 {
-    QTest::addColumn<uint>("seed");
+    Columns<uint>("seed");
     for (uint seed = 1; seed <= 20; ++seed)
         QTest::addRow("seed %u", seed) << seed;
 }
@@ -102,13 +102,13 @@ void LongLinesTest::ReadsAsIfNothingWereCut()
 
 void LongLinesTest::FindsAsIfNothingWereCut_data()
 {
-    QTest::addColumn<QString>("pattern");
-    QTest::newRow("within words") << "ab";
-    QTest::newRow("plain text with a blank") << "b\\ a";
-    QTest::newRow("over a break") << "b{9,12}";
-    QTest::newRow("whole lines") << "^.*$";
-    QTest::newRow("empty") << "(?=a)";
-    QTest::newRow("long") << "(ab ){7}";
+    Columns<QString>("pattern");
+    Row("within words", "ab");
+    Row("plain text with a blank", "b\\ a");
+    Row("over a break", "b{9,12}");
+    Row("whole lines", "^.*$");
+    Row("empty", "(?=a)");
+    Row("long", "(ab ){7}");
 }
 
 void LongLinesTest::FindsAsIfNothingWereCut()

@@ -167,12 +167,10 @@ void OutputFindTest::MarksMatchesAndTheCurrentOne()
 
 void OutputFindTest::StartsWithTheWordUnderTheCursor_data()
 {
-    QTest::addColumn<int>("anchor");
-    QTest::addColumn<int>("position");
-    QTest::addColumn<QString>("text");
-    QTest::newRow("word") << 1 << 1 << "first";
-    QTest::newRow("selection") << 2 << 5 << "rst";
-    QTest::newRow("two lines keep what was there") << 2 << 9 << "before";
+    Columns<int, int, QString>("anchor", "position", "text");
+    Row("word", 1, 1, "first");
+    Row("selection", 2, 5, "rst");
+    Row("two lines keep what was there", 2, 9, "before");
 }
 
 void OutputFindTest::StartsWithTheWordUnderTheCursor()

@@ -87,9 +87,9 @@ void OutputLogTest::BeginsAnewInTheSameFile()
 
 void OutputLogTest::RefusesWhatIsNoFile_data()
 {
-    QTest::addColumn<QString>("name");
-    QTest::newRow("in a folder that is missing") << "missing/out.log";
-    QTest::newRow("a folder") << "";
+    Columns<QString>("name");
+    Row("in a folder that is missing", "missing/out.log");
+    Row("a folder", "");
 }
 
 void OutputLogTest::RefusesWhatIsNoFile()

@@ -150,16 +150,15 @@ void OutputTextEditTest::KeepsTextUntilItIsShown()
 
 void OutputTextEditTest::JoinedTextEqualsTextInsertedPieceByPiece_data()
 {
-    QTest::addColumn<QStringList>("pieces");
-    QTest::addColumn<int>("limit");
-    QTest::newRow("lines") << QStringList{"a line of output\n"} << 100;
-    QTest::newRow("no limit") << QStringList{"x\n"} << 0;
-    QTest::newRow("pieces of lines") << QStringList{"a", "b\nc", "\n\nd", ""} << 50;
-    QTest::newRow("breaks cut in two") << QStringList{"a\r", "\nb\r\n", "c\r", "d"} << 33;
-    QTest::newRow("every break") << QStringList{QString("a\u2029b\u2028c\r\n"), "d\n\r"} << 40;
-    QTest::newRow("more lines in a piece than are kept")
-        << QStringList{QString("1\n2\n3\n4\n5\n6\n7\n8"), "9"} << 5;
-    QTest::newRow("one line") << QStringList{"a\nb", "c\n"} << 1;
+    Columns<QStringList, int>("pieces", "limit");
+    Row("lines", QStringList{"a line of output\n"}, 100);
+    Row("no limit", QStringList{"x\n"}, 0);
+    Row("pieces of lines", QStringList{"a", "b\nc", "\n\nd", ""}, 50);
+    Row("breaks cut in two", QStringList{"a\r", "\nb\r\n", "c\r", "d"}, 33);
+    Row("every break", QStringList{QString("a\u2029b\u2028c\r\n"), "d\n\r"}, 40);
+    Row("more lines in a piece than are kept", QStringList{QString("1\n2\n3\n4\n5\n6\n7\n8"), "9"},
+        5);
+    Row("one line", QStringList{"a\nb", "c\n"}, 1);
 }
 
 void OutputTextEditTest::JoinedTextEqualsTextInsertedPieceByPiece()
@@ -188,7 +187,7 @@ void OutputTextEditTest::JoinedTextEqualsTextInsertedPieceByPiece()
 
 void OutputTextEditTest::AnySequenceEqualsItsLiteralSteps_data()
 {
-    QTest::addColumn<uint>("seed");
+    Columns<uint>("seed");
     for (uint seed = 1; seed <= 20; ++seed)
         QTest::addRow("seed %u", seed) << seed;
 }
@@ -255,18 +254,16 @@ void OutputTextEditTest::AnySequenceEqualsItsLiteralSteps()
 
 void OutputTextEditTest::FindsTheLastLines_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<int>("lines");
-    QTest::addColumn<QString>("tail");
-    QTest::newRow("empty") << "" << 1 << "";
-    QTest::newRow("fewer than asked for") << "a\nb" << 3 << "a\nb";
-    QTest::newRow("as many") << "a\nb" << 2 << "a\nb";
-    QTest::newRow("the last") << "a\nb\nc" << 1 << "c";
-    QTest::newRow("the empty one at the end counts") << "a\nb\n" << 2 << "b\n";
-    QTest::newRow("carriage return and line feed are one") << "a\r\nb\r\nc" << 2 << "b\r\nc";
-    QTest::newRow("the other way round they are two") << "a\n\rb" << 2 << "\rb";
-    QTest::newRow("paragraph separator") << QString("a\u2029b") << 1 << "b";
-    QTest::newRow("line separator is none") << QString("a\u2028b") << 1 << QString("a\u2028b");
+    Columns<QString, int, QString>("text", "lines", "tail");
+    Row("empty", "", 1, "");
+    Row("fewer than asked for", "a\nb", 3, "a\nb");
+    Row("as many", "a\nb", 2, "a\nb");
+    Row("the last", "a\nb\nc", 1, "c");
+    Row("the empty one at the end counts", "a\nb\n", 2, "b\n");
+    Row("carriage return and line feed are one", "a\r\nb\r\nc", 2, "b\r\nc");
+    Row("the other way round they are two", "a\n\rb", 2, "\rb");
+    Row("paragraph separator", "a\u2029b", 1, "b");
+    Row("line separator is none", "a\u2028b", 1, "a\u2028b");
 }
 
 void OutputTextEditTest::FindsTheLastLines()
@@ -341,15 +338,13 @@ void OutputTextEditTest::ViewFollowsTheOutput()
 
 void OutputTextEditTest::StopsZoomingAtTheBounds_data()
 {
-    QTest::addColumn<int>("zoom");
-    QTest::addColumn<int>("size");
-    QTest::addColumn<int>("stored");
-    QTest::newRow("none") << 0 << 9 << 0;
-    QTest::newRow("bigger") << 3 << 12 << 3;
-    QTest::newRow("at the upper bound") << 15 << 24 << 15;
-    QTest::newRow("over it") << 16 << 24 << 15;
-    QTest::newRow("at the lower bound") << -3 << 6 << -3;
-    QTest::newRow("below it") << -4 << 6 << -3;
+    Columns<int, int, int>("zoom", "size", "stored");
+    Row("none", 0, 9, 0);
+    Row("bigger", 3, 12, 3);
+    Row("at the upper bound", 15, 24, 15);
+    Row("over it", 16, 24, 15);
+    Row("at the lower bound", -3, 6, -3);
+    Row("below it", -4, 6, -3);
 }
 
 void OutputTextEditTest::StopsZoomingAtTheBounds()
@@ -383,21 +378,17 @@ void OutputTextEditTest::MarksLinesByRules()
 
 void OutputTextEditTest::MarksWhatEqualsTheSelection_data()
 {
-    QTest::addColumn<bool>("wordsOnly");
-    QTest::addColumn<int>("start");
-    QTest::addColumn<int>("length");
-    QTest::addColumn<QStringList>("marked");
+    Columns<bool, int, int, QStringList>("wordsOnly", "start", "length", "marked");
     // "red fox redder red-fox $red\nred fox"
-    QTest::newRow("any text") << false << 0 << 3 << QStringList{"red", "red", "red", "red", "red"};
-    QTest::newRow("whole words") << true << 0 << 3 << QStringList{"red", "red", "red", "red"};
-    QTest::newRow("with a dollar sign") << true << 23 << 4 << QStringList{"$red"};
-    QTest::newRow("two words") << false << 0 << 7 << QStringList{"red fox", "red fox"};
-    QTest::newRow("two words are no word") << true << 0 << 7 << QStringList();
-    QTest::newRow("hyphen") << true << 15 << 7 << QStringList{"red-fox"};
-    QTest::newRow("two lines") << false << 24 << 7 << QStringList();
-    QTest::newRow("part of a dollar word")
-        << true << 24 << 3 << QStringList{"red", "red", "red", "red"};
-    QTest::newRow("a blank") << false << 3 << 1 << QStringList();
+    Row("any text", false, 0, 3, QStringList{"red", "red", "red", "red", "red"});
+    Row("whole words", true, 0, 3, QStringList{"red", "red", "red", "red"});
+    Row("with a dollar sign", true, 23, 4, QStringList{"$red"});
+    Row("two words", false, 0, 7, QStringList{"red fox", "red fox"});
+    Row("two words are no word", true, 0, 7, QStringList());
+    Row("hyphen", true, 15, 7, QStringList{"red-fox"});
+    Row("two lines", false, 24, 7, QStringList());
+    Row("part of a dollar word", true, 24, 3, QStringList{"red", "red", "red", "red"});
+    Row("a blank", false, 3, 1, QStringList());
 }
 
 void OutputTextEditTest::MarksWhatEqualsTheSelection()
@@ -494,30 +485,19 @@ void OutputTextEditTest::DrawsNothingWithHighlightingOff()
 
 void OutputTextEditTest::DoubleClickTakesTheDollarSign_data()
 {
-    QTest::addColumn<QString>("text"); // "<" and ">" around what the toolkit selects
-    QTest::addColumn<QString>("selected");
-    QTest::newRow("a name behind its sign") << "$<name> = 1"
-                                            << "$name";
-    QTest::newRow("without a sign") << "<name>"
-                                    << "name";
-    QTest::newRow("B is no word character here") << "B$<name>"
-                                                 << "$name";
-    QTest::newRow("A is one") << "A$<name>"
-                              << "name";
-    QTest::newRow("Z is one") << "Z$<name>"
-                              << "name";
-    QTest::newRow("so is a small letter") << "b$<name>"
-                                          << "name";
-    QTest::newRow("not a word") << "$<a b>"
-                                << "a b";
-    QTest::newRow("the sign itself") << "($<$>)"
-                                     << "$";
-    QTest::newRow("the sign of a name") << "(<$>name_1)"
-                                        << "$name_1";
-    QTest::newRow("the sign after a word") << "a<$>name"
-                                           << "$";
-    QTest::newRow("at the very end") << "x <$>"
-                                     << "$";
+    // "text": "<" and ">" around what the toolkit selects
+    Columns<QString, QString>("text", "selected");
+    Row("a name behind its sign", "$<name> = 1", "$name");
+    Row("without a sign", "<name>", "name");
+    Row("B is no word character here", "B$<name>", "$name");
+    Row("A is one", "A$<name>", "name");
+    Row("Z is one", "Z$<name>", "name");
+    Row("so is a small letter", "b$<name>", "name");
+    Row("not a word", "$<a b>", "a b");
+    Row("the sign itself", "($<$>)", "$");
+    Row("the sign of a name", "(<$>name_1)", "$name_1");
+    Row("the sign after a word", "a<$>name", "$");
+    Row("at the very end", "x <$>", "$");
 }
 
 void OutputTextEditTest::DoubleClickTakesTheDollarSign()

@@ -84,18 +84,13 @@ void CommandTest::ClearOutputWithoutWindowClearsTheHistory()
 
 void CommandTest::OpenFile_data()
 {
-    QTest::addColumn<bool>("withWindow");
-    QTest::addColumn<QString>("path");
-    QTest::addColumn<QString>("error"); // none: success
-    QTest::newRow("empty path") << false << ""
-                                << "";
-    QTest::newRow("missing") << true << "/te2 nowhere/a.mel"
-                             << "File not found: /te2 nowhere/a.mel";
-    QTest::newRow("directory") << true << "/tmp"
-                               << "Invalid file path: /tmp";
-    QTest::newRow("without a window")
-        << false << OWN_FILE << "Tarnwick Editor 2 GUI has not been initialized.";
-    QTest::newRow("file") << true << OWN_FILE << "";
+    // "error": none: success
+    Columns<bool, QString, QString>("withWindow", "path", "error");
+    Row("empty path", false, "", "");
+    Row("missing", true, "/te2 nowhere/a.mel", "File not found: /te2 nowhere/a.mel");
+    Row("directory", true, "/tmp", "Invalid file path: /tmp");
+    Row("without a window", false, OWN_FILE, "Tarnwick Editor 2 GUI has not been initialized.");
+    Row("file", true, OWN_FILE, "");
 }
 
 void CommandTest::OpenFile()

@@ -64,11 +64,11 @@ void MayaUtilTest::init()
 
 void MayaUtilTest::ResultOfAnotherTypeFailsAndChangesNothing_data()
 {
-    QTest::addColumn<QString>("command");
-    QTest::newRow("string") << "eval(\"return \\\"5\\\"\")";
-    QTest::newRow("nothing") << "print(\"\")";
-    QTest::newRow("array") << "stringToStringArray(\"1 2\", \" \")";
-    QTest::newRow("error") << "error \"no\"";
+    Columns<QString>("command");
+    Row("string", "eval(\"return \\\"5\\\"\")");
+    Row("nothing", "print(\"\")");
+    Row("array", "stringToStringArray(\"1 2\", \" \")");
+    Row("error", "error \"no\"");
 }
 
 void MayaUtilTest::ResultOfAnotherTypeFailsAndChangesNothing()
@@ -109,17 +109,10 @@ void MayaUtilTest::ResultsArrive()
 
 void MayaUtilTest::LoneVariable_data()
 {
-    QTest::addColumn<bool>("onIdle");
-    QTest::addColumn<QString>("script");
-    QTest::addColumn<QString>("printed");
-    QTest::addColumn<QStringList>("echo");
-    QTest::newRow("on idle: printed, not echoed") << true << "$teLone"
-                                                  << "3\n"
-                                                  << QStringList();
-    QTest::newRow("at once: run as it is") << false << "$teLone"
-                                           << "" << QStringList{"$teLone;\n"};
-    QTest::newRow("with a semicolon: run as it is") << true << "$teLone;"
-                                                    << "" << QStringList{"$teLone;\n"};
+    Columns<bool, QString, QString, QStringList>("onIdle", "script", "printed", "echo");
+    Row("on idle: printed, not echoed", true, "$teLone", "3\n", QStringList());
+    Row("at once: run as it is", false, "$teLone", "", QStringList{"$teLone;\n"});
+    Row("with a semicolon: run as it is", true, "$teLone;", "", QStringList{"$teLone;\n"});
 }
 
 void MayaUtilTest::LoneVariable()
@@ -173,11 +166,10 @@ void MayaUtilTest::StatementIsTried()
 
 void MayaUtilTest::Switches_data()
 {
-    QTest::addColumn<int>("which");
-    QTest::addColumn<QString>("query");
-    QTest::newRow("echo") << 0 << "commandEcho -q -state";
-    QTest::newRow("line numbers") << 1 << "commandEcho -q -lineNumbers";
-    QTest::newRow("stack trace") << 2 << "stackTrace -q -state";
+    Columns<int, QString>("which", "query");
+    Row("echo", 0, "commandEcho -q -state");
+    Row("line numbers", 1, "commandEcho -q -lineNumbers");
+    Row("stack trace", 2, "stackTrace -q -state");
 }
 
 void MayaUtilTest::Switches()

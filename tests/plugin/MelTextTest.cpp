@@ -24,25 +24,16 @@ private Q_SLOTS:
 
 void MelTextTest::ScriptForTheShelf_data()
 {
-    QTest::addColumn<QString>("script");
-    QTest::addColumn<QString>("literal");
-    QTest::newRow("plain") << "ls"
-                           << "ls";
-    QTest::newRow("quote") << R"(print "a")"
-                           << R"(print \"a\")";
-    QTest::newRow("backslash") << R"(a\b)"
-                               << R"(a\\b)";
-    QTest::newRow("escaped quote") << R"(\")"
-                                   << R"(\\\")";
-    QTest::newRow("two lines") << "a\nb"
-                               << R"(a\nb)";
-    QTest::newRow("written line feed stays written") << R"(a\nb)"
-                                                     << R"(a\\nb)";
-    QTest::newRow("selection of two lines") << QString("a%1b").arg(QChar(0x2029)) << R"(a\nb)";
-    QTest::newRow("all of them") << "\"\\\n"
-                                 << R"(\"\\\n)";
-    QTest::newRow("percent sign") << "%1 %2"
-                                  << "%1 %2";
+    Columns<QString, QString>("script", "literal");
+    Row("plain", "ls", "ls");
+    Row("quote", R"(print "a")", R"(print \"a\")");
+    Row("backslash", R"(a\b)", R"(a\\b)");
+    Row("escaped quote", R"(\")", R"(\\\")");
+    Row("two lines", "a\nb", R"(a\nb)");
+    Row("written line feed stays written", R"(a\nb)", R"(a\\nb)");
+    Row("selection of two lines", QString("a%1b").arg(QChar(0x2029)), R"(a\nb)");
+    Row("all of them", "\"\\\n", R"(\"\\\n)");
+    Row("percent sign", "%1 %2", "%1 %2");
 }
 
 void MelTextTest::ScriptForTheShelf()
@@ -56,19 +47,18 @@ void MelTextTest::ScriptForTheShelf()
 
 void MelTextTest::Variable_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<bool>("isVariable");
-    QTest::newRow("name") << "$gMainWindow_2" << true;
-    QTest::newRow("digits only") << "$1" << true;
-    QTest::newRow("semicolon") << "$a;" << false;
-    QTest::newRow("blank inside") << "$a b" << false;
-    QTest::newRow("blank behind") << "$a " << false;
-    QTest::newRow("line feed behind") << "$a\n" << false;
-    QTest::newRow("two lines") << "$a\n$b" << false;
-    QTest::newRow("dollar sign alone") << "$" << false;
-    QTest::newRow("no dollar sign") << "a" << false;
-    QTest::newRow("element") << "$a[0]" << false;
-    QTest::newRow("letter beyond ASCII") << QString::fromUtf8("$\xc3\xa4") << false;
+    Columns<QString, bool>("text", "isVariable");
+    Row("name", "$gMainWindow_2", true);
+    Row("digits only", "$1", true);
+    Row("semicolon", "$a;", false);
+    Row("blank inside", "$a b", false);
+    Row("blank behind", "$a ", false);
+    Row("line feed behind", "$a\n", false);
+    Row("two lines", "$a\n$b", false);
+    Row("dollar sign alone", "$", false);
+    Row("no dollar sign", "a", false);
+    Row("element", "$a[0]", false);
+    Row("letter beyond ASCII", QString::fromUtf8("$\xc3\xa4"), false);
 }
 
 void MelTextTest::Variable()
@@ -85,17 +75,16 @@ void MelTextTest::GeometryTakesTheTopFirst()
 
 void MelTextTest::FlagsOfHelp_data()
 {
-    QTest::addColumn<QString>("help");
-    QTest::addColumn<QStringList>("flags");
-    QTest::newRow("flags with and without arguments")
-        << "\nSynopsis: ls [flags] [String...]\nFlags:\n  -e -edit\n -ap -allPaths  on|off Int\n"
-        << QStringList{"-e", "-edit", "", "-ap", "-allPaths", "on|off"};
-    QTest::newRow("other line ends and tabs") << "Synopsis\r\nFlags:\r\n\t-q\t-query\r\n"
-                                              << QStringList{"-q", "-query", ""};
-    QTest::newRow("no flags") << "Synopsis: undo\nNo Flags\n" << QStringList();
-    QTest::newRow("nothing before the list") << "Flags:\n -q -query\n" << QStringList();
-    QTest::newRow("two lists") << "a\nFlags:\n -q\nFlags:\n -e\n" << QStringList();
-    QTest::newRow("no help") << "" << QStringList();
+    Columns<QString, QStringList>("help", "flags");
+    Row("flags with and without arguments",
+        "\nSynopsis: ls [flags] [String...]\nFlags:\n  -e -edit\n -ap -allPaths  on|off Int\n",
+        QStringList{"-e", "-edit", "", "-ap", "-allPaths", "on|off"});
+    Row("other line ends and tabs", "Synopsis\r\nFlags:\r\n\t-q\t-query\r\n",
+        QStringList{"-q", "-query", ""});
+    Row("no flags", "Synopsis: undo\nNo Flags\n", QStringList());
+    Row("nothing before the list", "Flags:\n -q -query\n", QStringList());
+    Row("two lists", "a\nFlags:\n -q\nFlags:\n -e\n", QStringList());
+    Row("no help", "", QStringList());
 }
 
 void MelTextTest::FlagsOfHelp()
@@ -106,18 +95,12 @@ void MelTextTest::FlagsOfHelp()
 
 void MelTextTest::StandardLibraryIsLeftOut_data()
 {
-    QTest::addColumn<QString>("path");
-    QTest::addColumn<QString>("kept");
-    QTest::newRow("in the middle") << "/a:/usr/lib/python3.10:/b"
-                                   << "/a:/b:";
-    QTest::newRow("any case, below") << "/usr/Lib/Python3/site-packages:/a"
-                                     << "/a:";
-    QTest::newRow("empty entries") << ":/a::"
-                                   << "/a:";
-    QTest::newRow("another lib") << "/a/lib/tools"
-                                 << "/a/lib/tools:";
-    QTest::newRow("nothing left") << "/usr/lib/python3.zip"
-                                  << "";
+    Columns<QString, QString>("path", "kept");
+    Row("in the middle", "/a:/usr/lib/python3.10:/b", "/a:/b:");
+    Row("any case, below", "/usr/Lib/Python3/site-packages:/a", "/a:");
+    Row("empty entries", ":/a::", "/a:");
+    Row("another lib", "/a/lib/tools", "/a/lib/tools:");
+    Row("nothing left", "/usr/lib/python3.zip", "");
 }
 
 void MelTextTest::StandardLibraryIsLeftOut()
@@ -143,33 +126,21 @@ Q_DECLARE_METATYPE(Type)
 
 void OutputFramingTest::Frame_data()
 {
-    QTest::addColumn<QString>("before"); // echoed first
-    QTest::addColumn<Type>("type");
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("shown");
+    // "before": echoed first
+    Columns<QString, Type, QString, QString>("before", "type", "text", "shown");
     const QString mel = "ls;\n";
     const QString python = "import os\n";
-    QTest::newRow("result of MEL") << mel << Type::kResult << "a"
-                                   << "// Result: a //\n";
-    QTest::newRow("result of Python") << python << Type::kResult << "a"
-                                      << "# Result: a #\n";
-    QTest::newRow("warning") << python << Type::kWarning << "w"
-                             << "# Warning: w #\n";
-    QTest::newRow("error") << mel << Type::kError << "e"
-                           << "// Error: e //\n";
-    QTest::newRow("info") << mel << Type::kInfo << "i"
-                          << "// i //\n";
-    QTest::newRow("percent signs stay") << mel << Type::kInfo << "100%1 %2"
-                                        << "// 100%1 %2 //\n";
-    QTest::newRow("echo") << python << Type::kHistory << "ls;\n"
-                          << "ls;\n";
-    QTest::newRow("print") << mel << Type::kDisplay << "text"
-                           << "text";
-    QTest::newRow("kind of a later host") << mel << Type(7) << "text"
-                                          << "text";
-    QTest::newRow("stack trace") << mel << Type::kStackTrace << "trace" << QString();
-    QTest::newRow("print without line end makes it Python") << "ls;" << Type::kResult << "a"
-                                                            << "# Result: a #\n";
+    Row("result of MEL", mel, Type::kResult, "a", "// Result: a //\n");
+    Row("result of Python", python, Type::kResult, "a", "# Result: a #\n");
+    Row("warning", python, Type::kWarning, "w", "# Warning: w #\n");
+    Row("error", mel, Type::kError, "e", "// Error: e //\n");
+    Row("info", mel, Type::kInfo, "i", "// i //\n");
+    Row("percent signs stay", mel, Type::kInfo, "100%1 %2", "// 100%1 %2 //\n");
+    Row("echo", python, Type::kHistory, "ls;\n", "ls;\n");
+    Row("print", mel, Type::kDisplay, "text", "text");
+    Row("kind of a later host", mel, Type(7), "text", "text");
+    Row("stack trace", mel, Type::kStackTrace, "trace", QString());
+    Row("print without line end makes it Python", "ls;", Type::kResult, "a", "# Result: a #\n");
 }
 
 void OutputFramingTest::Frame()

@@ -106,10 +106,9 @@ void VocabularyTest::NamesKeepTheirPlaceInTheHostsList()
 
 void VocabularyTest::FailedListIsAskedForAgain_data()
 {
-    QTest::addColumn<bool>("keywords");
-    QTest::addColumn<QStringList>("expected");
-    QTest::newRow("keywords") << true << QStringList{"True", "False", "None", "lambda"};
-    QTest::newRow("builtins") << false << QStringList{"len", "ValueError", "__import__"};
+    Columns<bool, QStringList>("keywords", "expected");
+    Row("keywords", true, QStringList{"True", "False", "None", "lambda"});
+    Row("builtins", false, QStringList{"len", "ValueError", "__import__"});
 }
 
 void VocabularyTest::FailedListIsAskedForAgain()
@@ -138,10 +137,10 @@ void VocabularyTest::FlagsAreTheCommandsOwn()
 
 void VocabularyTest::FlagsOfCommandsOnly_data()
 {
-    QTest::addColumn<QString>("name");
-    QTest::newRow("procedure") << "qhGetMelInfo";
-    QTest::newRow("unknown") << "teNobody";
-    QTest::newRow("nothing, as the rejected names in the list") << "";
+    Columns<QString>("name");
+    Row("procedure", "qhGetMelInfo");
+    Row("unknown", "teNobody");
+    Row("nothing, as the rejected names in the list", "");
 }
 
 void VocabularyTest::FlagsOfCommandsOnly()
@@ -157,13 +156,11 @@ void VocabularyTest::FlagsOfCommandsOnly()
 
 void VocabularyTest::DocumentationIsOpened_data()
 {
-    QTest::addColumn<QString>("command");
-    QTest::addColumn<bool>("python");
-    QTest::addColumn<QString>("page");
-    QTest::newRow("MEL index") << "" << false << "Commands/index.html";
-    QTest::newRow("Python index") << "" << true << "CommandsPython/index.html";
-    QTest::newRow("MEL") << "workspaceControl" << false << "Commands/workspaceControl.html";
-    QTest::newRow("Python") << "workspaceControl" << true << "CommandsPython/workspaceControl.html";
+    Columns<QString, bool, QString>("command", "python", "page");
+    Row("MEL index", "", false, "Commands/index.html");
+    Row("Python index", "", true, "CommandsPython/index.html");
+    Row("MEL", "workspaceControl", false, "Commands/workspaceControl.html");
+    Row("Python", "workspaceControl", true, "CommandsPython/workspaceControl.html");
 }
 
 void VocabularyTest::DocumentationIsOpened()
@@ -187,21 +184,19 @@ void VocabularyTest::DocumentationOfUnknownCommandIsRefused()
 
 void VocabularyTest::AttributesFollowTheSource_data()
 {
-    QTest::addColumn<QString>("source");
-    QTest::addColumn<QString>("object");
-    QTest::addColumn<QStringList>("expected");
-    QTest::newRow("unfinished last line") << "import colorsys\nx = 1\ncolorsys."
-                                          << "" << QStringList{"colorsys", "x"};
-    QTest::newRow("quotes, backslashes and places of other strings")
-        << "a = \"\\n\\\"\" # '''\nb = '\\\\'\nc = \"\"\"%1 %2\n%3\"\"\""
-        << "" << QStringList{"a", "b", "c"};
-    QTest::newRow("beyond Latin") << QString::fromUtf8("\xc3\xa4 = '\xf0\x9f\x98\x80'\nb = 1") << ""
-                                  << QStringList{"b", QString::fromUtf8("\xc3\xa4")};
-    QTest::newRow("marked class") << "class A:\n  def a(self):\n    "
-                                     "def __tedefloc__(__tarnwick_lctr_qnht__): pass"
-                                  << "self" << QStringList{"a"};
-    QTest::newRow("unknown") << "x = 1"
-                             << "nobody" << QStringList();
+    Columns<QString, QString, QStringList>("source", "object", "expected");
+    Row("unfinished last line", "import colorsys\nx = 1\ncolorsys.", "",
+        QStringList{"colorsys", "x"});
+    Row("quotes, backslashes and places of other strings",
+        "a = \"\\n\\\"\" # '''\nb = '\\\\'\nc = \"\"\"%1 %2\n%3\"\"\"", "",
+        QStringList{"a", "b", "c"});
+    Row("beyond Latin", QString::fromUtf8("\xc3\xa4 = '\xf0\x9f\x98\x80'\nb = 1"), "",
+        QStringList{"b", QString::fromUtf8("\xc3\xa4")});
+    Row("marked class",
+        "class A:\n  def a(self):\n    "
+        "def __tedefloc__(__tarnwick_lctr_qnht__): pass",
+        "self", QStringList{"a"});
+    Row("unknown", "x = 1", "nobody", QStringList());
 }
 
 void VocabularyTest::AttributesFollowTheSource()
@@ -255,10 +250,9 @@ void VocabularyTest::EscapedSourceArrivesAsItIs()
 
 void VocabularyTest::SyntaxErrorHasItsLine_data()
 {
-    QTest::addColumn<QString>("source");
-    QTest::addColumn<QStringList>("expected");
-    QTest::newRow("none") << "x = 1" << QStringList();
-    QTest::newRow("bracket") << "x = 1\n)" << QStringList{"unmatched ')'", "2"};
+    Columns<QString, QStringList>("source", "expected");
+    Row("none", "x = 1", QStringList());
+    Row("bracket", "x = 1\n)", QStringList{"unmatched ')'", "2"});
 }
 
 void VocabularyTest::SyntaxErrorHasItsLine()

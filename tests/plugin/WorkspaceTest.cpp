@@ -94,14 +94,13 @@ void WorkspaceTest::ExistingControlIsNotMadeAgain()
 
 void WorkspaceTest::Geometry_data()
 {
-    QTest::addColumn<QRect>("geometry");
-    QTest::addColumn<bool>("applied");
-    QTest::newRow("valid") << QRect(120, 90, 640, 480) << true;
-    QTest::newRow("right of left") << QRect(QPoint(300, 90), QPoint(200, 400)) << false;
-    QTest::newRow("a corner to hold on to") << QRect(-540, -430, 640, 480) << true;
-    QTest::newRow("less than that") << QRect(-541, -430, 640, 480) << false;
-    QTest::newRow("on no screen") << QRect(20000, 90, 640, 480) << false;
-    QTest::newRow("none stored") << QRect() << false;
+    Columns<QRect, bool>("geometry", "applied");
+    Row("valid", QRect(120, 90, 640, 480), true);
+    Row("right of left", QRect(QPoint(300, 90), QPoint(200, 400)), false);
+    Row("a corner to hold on to", QRect(-540, -430, 640, 480), true);
+    Row("less than that", QRect(-541, -430, 640, 480), false);
+    Row("on no screen", QRect(20000, 90, 640, 480), false);
+    Row("none stored", QRect(), false);
 }
 
 void WorkspaceTest::Geometry()

@@ -144,19 +144,16 @@ void SearchRunTest::NamesFoldersItCannotRead()
 
 void SearchRunTest::KeepsToTheFilter_data()
 {
-    QTest::addColumn<QStringList>("include");
-    QTest::addColumn<QStringList>("exclude");
-    QTest::addColumn<QStringList>("found");
+    Columns<QStringList, QStringList, QStringList>("include", "exclude", "found");
     using L = QStringList;
-    QTest::newRow("all") << L{} << L{} << L{"x.MEL", "x.py", "sub/x.py", "sub2/x.py"};
-    QTest::newRow("ending") << L{"*.py"} << L{} << L{"x.py", "sub/x.py", "sub2/x.py"};
-    QTest::newRow("any case") << L{"*.mel"} << L{} << L{"x.MEL"};
-    QTest::newRow("the whole path") << L{"x.py"} << L{} << L{};
-    QTest::newRow("set") << L{"*/x.[pm][ey]*"} << L{}
-                         << L{"x.MEL", "x.py", "sub/x.py", "sub2/x.py"};
-    QTest::newRow("both") << L{"*.py"} << L{"*sub*"} << L{"x.py"};
-    QTest::newRow("excluded folder") << L{} << L{"%1/sub"} << L{"x.MEL", "x.py", "sub2/x.py"};
-    QTest::newRow("excluded file") << L{} << L{"%1/x.py"} << L{"x.MEL", "sub/x.py", "sub2/x.py"};
+    Row("all", L{}, L{}, L{"x.MEL", "x.py", "sub/x.py", "sub2/x.py"});
+    Row("ending", L{"*.py"}, L{}, L{"x.py", "sub/x.py", "sub2/x.py"});
+    Row("any case", L{"*.mel"}, L{}, L{"x.MEL"});
+    Row("the whole path", L{"x.py"}, L{}, L{});
+    Row("set", L{"*/x.[pm][ey]*"}, L{}, L{"x.MEL", "x.py", "sub/x.py", "sub2/x.py"});
+    Row("both", L{"*.py"}, L{"*sub*"}, L{"x.py"});
+    Row("excluded folder", L{}, L{"%1/sub"}, L{"x.MEL", "x.py", "sub2/x.py"});
+    Row("excluded file", L{}, L{"%1/x.py"}, L{"x.MEL", "sub/x.py", "sub2/x.py"});
 }
 
 void SearchRunTest::KeepsToTheFilter()

@@ -69,21 +69,19 @@ private Q_SLOTS:
 
 void TextSearchTest::FindsWhatReadingLineByLineFinds_data()
 {
-    QTest::addColumn<QString>("typed");
-    QTest::addColumn<bool>("isExpression");
+    Columns<QString, bool>("typed", "isExpression");
     const char* const TEXTS[]
         = {"find", "Class", "ask", "k", "s", "sk", "f", "text that", ".", "(", "_", "\xc3\xa9",
             "find\xc3\xa9", "\xef\xbf\xbd", "f\xef\xbb\xbf", "\xc5\xbf", "\n", "d\nf", "\r"};
     for (const char* text : TEXTS)
-        QTest::newRow(text) << QString::fromUtf8(text) << false;
+        Row(text, QString::fromUtf8(text), false);
     const char* const EXPRESSIONS[] = {"find|ask", "fi(nd)?", "f\\w+d", "^find", "find$", "^$", "^",
         "$", "x*", "(?<=f)in", "in(?!d)", "\\bfind", "ask\\b", "find\\s+\\w", "[fF]ind", "k?s+",
         "a{0}sk", "fi{1,2}nd", "(?i)FIND", "\\x66ind", "\\Qfind\\E", "\\sin\\s*d", "^\\s*$",
         "ask.*find", "(f)(ind)\\1", "find\\Kd", "\xc3\xa9+", "\\W", "(?#find)ask", "[[:alpha:]]sk",
         "[]f]ind", "\\."};
     for (const char* text : EXPRESSIONS)
-        QTest::newRow(qPrintable("expression " + QString::fromUtf8(text)))
-            << QString::fromUtf8(text) << true;
+        Row(qPrintable("expression " + QString::fromUtf8(text)), QString::fromUtf8(text), true);
 }
 
 void TextSearchTest::FindsWhatReadingLineByLineFinds()
@@ -127,14 +125,13 @@ void TextSearchTest::ReadsOneFileAfterTheOther()
 
 void TextSearchTest::MarksTheHitInItsLine_data()
 {
-    QTest::addColumn<QString>("typed");
-    QTest::addColumn<QByteArray>("bytes");
-    QTest::addColumn<QStringList>("marked"); // as they stand in the line
+    // "marked": as they stand in the line
+    Columns<QString, QByteArray, QStringList>("typed", "bytes", "marked");
     using L = QStringList;
-    QTest::newRow("plain") << "ab" << QByteArray("\t ab  ab \n") << L{"ab", "ab"};
-    QTest::newRow("expression") << "a." << QByteArray("\t \xc3\xa9 ab ac\n") << L{"ab", "ac"};
-    QTest::newRow("blanks before") << "\\s+ab" << QByteArray("  ab\n") << L{"ab"};
-    QTest::newRow("blanks behind") << "ab\\s+" << QByteArray("  ab  \n") << L{"ab"};
+    Row("plain", "ab", QByteArray("\t ab  ab \n"), L{"ab", "ab"});
+    Row("expression", "a.", QByteArray("\t \xc3\xa9 ab ac\n"), L{"ab", "ac"});
+    Row("blanks before", "\\s+ab", QByteArray("  ab\n"), L{"ab"});
+    Row("blanks behind", "ab\\s+", QByteArray("  ab  \n"), L{"ab"});
 }
 
 void TextSearchTest::MarksTheHitInItsLine()
@@ -169,24 +166,23 @@ void TextSearchTest::ReadsFilesOnly()
 
 void TextSearchTest::NeedsWhatAPatternCannotDoWithout_data()
 {
-    QTest::addColumn<QString>("pattern");
-    QTest::addColumn<QStringList>("texts");
+    Columns<QString, QStringList>("pattern", "texts");
     using L = QStringList;
-    QTest::newRow("text") << "abc" << L{"abc"};
-    QTest::newRow("escaped") << "a\\.b\\(" << L{"a.b("};
-    QTest::newRow("one of several") << "abc|d" << L{};
-    QTest::newRow("one of several in a group") << "x(a|b)yz" << L{"x", "yz"};
-    QTest::newRow("optional") << "abc?d" << L{"ab", "d"};
-    QTest::newRow("repeated") << "abc+d" << L{"abc", "d"};
-    QTest::newRow("counted") << "abc{2,3}d" << L{"ab", "d"};
-    QTest::newRow("no count") << "{,3}d" << L{"d"};
-    QTest::newRow("classes") << "def\\s+_\\w+\\(self" << L{"def", "_", "(self"};
-    QTest::newRow("set") << "a[b\\]c]d" << L{"a", "d"};
-    QTest::newRow("brackets in a set") << "(?:[)]|x)y" << L{"y"};
-    QTest::newRow("numbered character") << "a\\x62" << L{};
-    QTest::newRow("options") << "a(?i)b" << L{};
-    QTest::newRow("not ahead") << "a(?!bc)d" << L{"a", "d"};
-    QTest::newRow("accepted early") << "a(*ACCEPT)b" << L{};
+    Row("text", "abc", L{"abc"});
+    Row("escaped", "a\\.b\\(", L{"a.b("});
+    Row("one of several", "abc|d", L{});
+    Row("one of several in a group", "x(a|b)yz", L{"x", "yz"});
+    Row("optional", "abc?d", L{"ab", "d"});
+    Row("repeated", "abc+d", L{"abc", "d"});
+    Row("counted", "abc{2,3}d", L{"ab", "d"});
+    Row("no count", "{,3}d", L{"d"});
+    Row("classes", "def\\s+_\\w+\\(self", L{"def", "_", "(self"});
+    Row("set", "a[b\\]c]d", L{"a", "d"});
+    Row("brackets in a set", "(?:[)]|x)y", L{"y"});
+    Row("numbered character", "a\\x62", L{});
+    Row("options", "a(?i)b", L{});
+    Row("not ahead", "a(?!bc)d", L{"a", "d"});
+    Row("accepted early", "a(*ACCEPT)b", L{});
 }
 
 void TextSearchTest::NeedsWhatAPatternCannotDoWithout()

@@ -90,28 +90,29 @@ void SettingsFileTest::WhatWasWrittenIsReadBack()
 
 void SettingsFileTest::BrokenValuesAreIgnoredOneByOne_data()
 {
-    QTest::addColumn<QByteArray>("line");
-    QTest::newRow("word for a bool") << QByteArray("[main]\noutputTopLeft=maybe");
-    QTest::newRow("empty bool") << QByteArray("[main]\noutputTopLeft=");
-    QTest::newRow("list for a bool") << QByteArray("[main]\noutputTopLeft=true, false");
-    QTest::newRow("word for a number") << QByteArray("[preferences]\ntabsSizeMel=four");
-    QTest::newRow("fraction") << QByteArray("[preferences]\ntabsSizeMel=4.5");
-    QTest::newRow("number too large") << QByteArray("[preferences]\ntabsSizeMel=99999999999");
-    QTest::newRow("text for a rectangle") << QByteArray("[main]\nwindowGeometry=1 2 3 4");
-    QTest::newRow("half a rectangle") << QByteArray("[main]\nwindowGeometry=@Rect(1 2)");
-    QTest::newRow("point for a rectangle") << QByteArray("[main]\nwindowGeometry=@Point(1 2)");
-    QTest::newRow("text for bytes") << QByteArray("[main]\nsideBarState=abc");
-    QTest::newRow("size of a font") << QByteArray("[preferences]\ncodeEditorFontSize=0");
-    QTest::newRow("empty font") << QByteArray("[preferences]\ncodeEditorFontFamily=");
-    QTest::newRow("bytes for a text") << QByteArray("[preferences]\npylintPath=@ByteArray(x)");
-    QTest::newRow("rectangle for a list") << QByteArray("[main]\nrecentFiles=@Rect(1 2 3 4)");
-    QTest::newRow("broken variant") << QByteArray("[main]\nsideBarState=@Variant(\\0\\0\\0\\x7f)");
-    QTest::newRow("short outline") << QByteArray("[outline]\noutlineState=@ByteArray(\\0\\0)");
-    QTest::newRow("outline that lies about its size")
-        << QByteArray("[outline]\noutlineState=@ByteArray(\\xff\\xff\\xff\\xf0\\0\\0)");
-    QTest::newRow("outline cut off") << QByteArray(
-        "[outline]\noutlineState=@ByteArray(\\0\\0\\0\\x1\\0\\0\\0\\x4\\0\\x61\\0\\x62)");
-    QTest::newRow("unknown key") << QByteArray("[main]\nnobody=1");
+    Columns<QByteArray>("line");
+    Row("word for a bool", QByteArray("[main]\noutputTopLeft=maybe"));
+    Row("empty bool", QByteArray("[main]\noutputTopLeft="));
+    Row("list for a bool", QByteArray("[main]\noutputTopLeft=true, false"));
+    Row("word for a number", QByteArray("[preferences]\ntabsSizeMel=four"));
+    Row("fraction", QByteArray("[preferences]\ntabsSizeMel=4.5"));
+    Row("number too large", QByteArray("[preferences]\ntabsSizeMel=99999999999"));
+    Row("text for a rectangle", QByteArray("[main]\nwindowGeometry=1 2 3 4"));
+    Row("half a rectangle", QByteArray("[main]\nwindowGeometry=@Rect(1 2)"));
+    Row("point for a rectangle", QByteArray("[main]\nwindowGeometry=@Point(1 2)"));
+    Row("text for bytes", QByteArray("[main]\nsideBarState=abc"));
+    Row("size of a font", QByteArray("[preferences]\ncodeEditorFontSize=0"));
+    Row("empty font", QByteArray("[preferences]\ncodeEditorFontFamily="));
+    Row("bytes for a text", QByteArray("[preferences]\npylintPath=@ByteArray(x)"));
+    Row("rectangle for a list", QByteArray("[main]\nrecentFiles=@Rect(1 2 3 4)"));
+    Row("broken variant", QByteArray("[main]\nsideBarState=@Variant(\\0\\0\\0\\x7f)"));
+    Row("short outline", QByteArray("[outline]\noutlineState=@ByteArray(\\0\\0)"));
+    Row("outline that lies about its size",
+        QByteArray("[outline]\noutlineState=@ByteArray(\\xff\\xff\\xff\\xf0\\0\\0)"));
+    Row("outline cut off",
+        QByteArray(
+            "[outline]\noutlineState=@ByteArray(\\0\\0\\0\\x1\\0\\0\\0\\x4\\0\\x61\\0\\x62)"));
+    Row("unknown key", QByteArray("[main]\nnobody=1"));
 }
 
 void SettingsFileTest::BrokenValuesAreIgnoredOneByOne()
@@ -177,17 +178,12 @@ void SettingsFileTest::BrokenFileGivesWhatCanBeRead()
 
 void SettingsFileTest::HiddenPanels_data()
 {
-    QTest::addColumn<bool>("always");
-    QTest::addColumn<bool>("editor");
-    QTest::addColumn<bool>("output");
-    QTest::addColumn<bool>("editorThen");
-    QTest::addColumn<bool>("outputThen");
-    QTest::addColumn<bool>("stateKept");
-    QTest::newRow("both hidden: the editor comes back")
-        << false << false << false << true << false << true;
-    QTest::newRow("one hidden stays hidden") << false << true << false << true << false << true;
-    QTest::newRow("always both, one hidden") << true << true << false << true << true << false;
-    QTest::newRow("always both, nothing hidden") << true << true << true << true << true << true;
+    Columns<bool, bool, bool, bool, bool, bool>(
+        "always", "editor", "output", "editorThen", "outputThen", "stateKept");
+    Row("both hidden: the editor comes back", false, false, false, true, false, true);
+    Row("one hidden stays hidden", false, true, false, true, false, true);
+    Row("always both, one hidden", true, true, false, true, true, false);
+    Row("always both, nothing hidden", true, true, true, true, true, true);
 }
 
 void SettingsFileTest::HiddenPanels()
@@ -207,16 +203,14 @@ void SettingsFileTest::HiddenPanels()
 
 void SettingsFileTest::RevertingStartsOff_data()
 {
-    QTest::addColumn<QByteArray>("ini");
-    QTest::addColumn<bool>("reverts");
-    QTest::newRow("stored on, default rule")
-        << QByteArray("pythonRevertModuleStateOnExecute=true") << false;
-    QTest::newRow("stored on, rule off")
-        << QByteArray("pythonRevertModuleStateOnExecute=true\n"
-                      "pythonDisableRevertModuleStateOnExecuteOnStartup=false")
-        << true;
-    QTest::newRow("rule off, nothing stored")
-        << QByteArray("pythonDisableRevertModuleStateOnExecuteOnStartup=false") << false;
+    Columns<QByteArray, bool>("ini", "reverts");
+    Row("stored on, default rule", QByteArray("pythonRevertModuleStateOnExecute=true"), false);
+    Row("stored on, rule off",
+        QByteArray("pythonRevertModuleStateOnExecute=true\n"
+                   "pythonDisableRevertModuleStateOnExecuteOnStartup=false"),
+        true);
+    Row("rule off, nothing stored",
+        QByteArray("pythonDisableRevertModuleStateOnExecuteOnStartup=false"), false);
 }
 
 void SettingsFileTest::RevertingStartsOff()
@@ -229,14 +223,11 @@ void SettingsFileTest::RevertingStartsOff()
 
 void SettingsFileTest::IdleExecution_data()
 {
-    QTest::addColumn<QString>("version");
-    QTest::addColumn<QByteArray>("ini");
-    QTest::addColumn<bool>("onIdle");
-    QTest::addColumn<QString>("written");
-    QTest::newRow("2018 without a file") << "2018 Update 6" << QByteArray() << true << "true";
-    QTest::newRow("2019, switched off")
-        << "2019" << QByteArray("[preferences]\nexecuteScriptOnIdle=false\n") << false << "false";
-    QTest::newRow("2024 never writes it") << "2024" << QByteArray() << false << QString();
+    Columns<QString, QByteArray, bool, QString>("version", "ini", "onIdle", "written");
+    Row("2018 without a file", "2018 Update 6", QByteArray(), true, "true");
+    Row("2019, switched off", "2019", QByteArray("[preferences]\nexecuteScriptOnIdle=false\n"),
+        false, "false");
+    Row("2024 never writes it", "2024", QByteArray(), false, QString());
 }
 
 void SettingsFileTest::IdleExecution()

@@ -62,20 +62,15 @@ void SettingsStateTest::DirectoryThatCannotBeMadeIsToldAndGivenAllTheSame()
 
 void SettingsStateTest::WorkspacePath_data()
 {
-    QTest::addColumn<QString>("path"); // "%1" stands for the workspaces folder
-    QTest::addColumn<QString>("stored");
-    QTest::newRow("in our folder") << "%1/mine.te2-workspace"
-                                   << "mine.te2-workspace";
-    QTest::newRow("below our folder") << "%1/sub/mine.te2-workspace"
-                                      << "sub/mine.te2-workspace";
-    QTest::newRow("elsewhere") << "/somewhere/mine.te2-workspace"
-                               << "/somewhere/mine.te2-workspace";
-    QTest::newRow("in a folder that begins alike") << "%1other/mine.te2-workspace"
-                                                   << "%1other/mine.te2-workspace";
-    QTest::newRow("percent signs") << "%1/100%2.te2-workspace"
-                                   << "100%2.te2-workspace";
-    QTest::newRow("none") << ""
-                          << "";
+    // "path": "%1" stands for the workspaces folder
+    Columns<QString, QString>("path", "stored");
+    Row("in our folder", "%1/mine.te2-workspace", "mine.te2-workspace");
+    Row("below our folder", "%1/sub/mine.te2-workspace", "sub/mine.te2-workspace");
+    Row("elsewhere", "/somewhere/mine.te2-workspace", "/somewhere/mine.te2-workspace");
+    Row("in a folder that begins alike", "%1other/mine.te2-workspace",
+        "%1other/mine.te2-workspace");
+    Row("percent signs", "%1/100%2.te2-workspace", "100%2.te2-workspace");
+    Row("none", "", "");
 }
 
 void SettingsStateTest::WorkspacePath()
@@ -163,13 +158,12 @@ void SettingsStateTest::AnotherOwnersFileGetsRecentFilesAlone()
 
 void SettingsStateTest::RecentFileCount_data()
 {
-    QTest::addColumn<int>("count");
-    QTest::addColumn<int>("length");
-    QTest::newRow("none") << 0 << 0;
-    QTest::newRow("some") << 3 << 3;
-    QTest::newRow("most") << 10 << 10;
-    QTest::newRow("too many") << 11 << 8;
-    QTest::newRow("negative") << -1 << 8;
+    Columns<int, int>("count", "length");
+    Row("none", 0, 0);
+    Row("some", 3, 3);
+    Row("most", 10, 10);
+    Row("too many", 11, 8);
+    Row("negative", -1, 8);
 }
 
 void SettingsStateTest::RecentFileCount()

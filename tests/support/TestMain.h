@@ -1,5 +1,7 @@
 #pragma once
 
+#include "support/Rows.h"
+
 #include <QObject>
 
 #include <functional>

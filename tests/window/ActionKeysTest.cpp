@@ -44,14 +44,14 @@ QAction* ActionKeysTest::Action(const QString& text) const
 
 void ActionKeysTest::KeysReachTheirCommands_data()
 {
-    QTest::addColumn<QString>("pane");
-    QTest::addColumn<QStringList>("own"); // keys that the pane has a use of its own for
+    // "own": keys that the pane has a use of its own for
+    Columns<QString, QStringList>("pane", "own");
     const QStringList editing = {"Undo", "Redo", "Cut", "Copy", "Paste", "Select All"};
-    QTest::newRow("editor") << "editor" << editing;
-    QTest::newRow("console") << "m_output" << editing;
-    QTest::newRow("find field") << "m_searchLineEdit" << editing + QStringList("Execute");
-    QTest::newRow("outline") << "m_outlineTree" << QStringList({"Copy", "Execute"});
-    QTest::newRow("open editors") << "m_openEditorsTree" << QStringList({"Copy", "Execute"});
+    Row("editor", "editor", editing);
+    Row("console", "m_output", editing);
+    Row("find field", "m_searchLineEdit", editing + QStringList("Execute"));
+    Row("outline", "m_outlineTree", QStringList({"Copy", "Execute"}));
+    Row("open editors", "m_openEditorsTree", QStringList({"Copy", "Execute"}));
 }
 
 void ActionKeysTest::KeysReachTheirCommands()

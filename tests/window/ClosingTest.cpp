@@ -40,14 +40,12 @@ private Q_SLOTS:
 
 void ClosingTest::ClosesABuffer_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<bool>("wantsQuestion");
-    QTest::addColumn<QString>("button"); // empty: nobody asks
-    QTest::addColumn<bool>("closed");
-    QTest::newRow("empty") << "" << true << "" << true;
-    QTest::newRow("yes") << "x" << true << "Yes" << true;
-    QTest::newRow("no") << "x" << true << "No" << false;
-    QTest::newRow("questions are switched off") << "x" << false << "" << true;
+    // "button": empty: nobody asks
+    Columns<QString, bool, QString, bool>("text", "wantsQuestion", "button", "closed");
+    Row("empty", "", true, "", true);
+    Row("yes", "x", true, "Yes", true);
+    Row("no", "x", true, "No", false);
+    Row("questions are switched off", "x", false, "", true);
 }
 
 void ClosingTest::ClosesABuffer()
@@ -77,17 +75,15 @@ void ClosingTest::ClosesABuffer()
 
 void ClosingTest::ClosesAFile_data()
 {
-    QTest::addColumn<bool>("modified");
-    QTest::addColumn<QString>("button"); // empty: nobody asks
-    QTest::addColumn<bool>("writable");
-    QTest::addColumn<bool>("closed");
-    QTest::addColumn<QByteArray>("content");
+    // "button": empty: nobody asks
+    Columns<bool, QString, bool, bool, QByteArray>(
+        "modified", "button", "writable", "closed", "content");
     const QByteArray old = "text\n";
-    QTest::newRow("as it was") << false << "" << true << true << old;
-    QTest::newRow("save") << true << "Yes" << true << true << QByteArray("new text\n");
-    QTest::newRow("do not save") << true << "No" << true << true << old;
-    QTest::newRow("cancel") << true << "Cancel" << true << false << old;
-    QTest::newRow("cannot be saved") << true << "Yes" << false << false << QByteArray("no file");
+    Row("as it was", false, "", true, true, old);
+    Row("save", true, "Yes", true, true, QByteArray("new text\n"));
+    Row("do not save", true, "No", true, true, old);
+    Row("cancel", true, "Cancel", true, false, old);
+    Row("cannot be saved", true, "Yes", false, false, QByteArray("no file"));
 }
 
 void ClosingTest::ClosesAFile()
@@ -202,19 +198,16 @@ void ClosingTest::RemembersClosedFiles()
 
 void ClosingTest::AsksBeforeTheHostQuits_data()
 {
-    QTest::addColumn<bool>("savesOnExit");
-    QTest::addColumn<bool>("wantsQuestion");
-    QTest::addColumn<bool>("modified");
-    QTest::addColumn<QString>("button"); // empty: nobody asks
-    QTest::addColumn<bool>("writable");
-    QTest::addColumn<bool>("quits");
-    QTest::newRow("yes") << false << true << true << "Yes" << true << true;
-    QTest::newRow("no") << false << true << true << "No" << true << true;
-    QTest::newRow("cancel") << false << true << true << "Cancel" << true << false;
-    QTest::newRow("cannot be saved") << false << true << true << "Yes" << false << false;
-    QTest::newRow("nothing modified") << false << true << false << "" << true << true;
-    QTest::newRow("saved anyway") << true << true << true << "" << true << true;
-    QTest::newRow("not wanted") << false << false << true << "" << true << true;
+    // "button": empty: nobody asks
+    Columns<bool, bool, bool, QString, bool, bool>(
+        "savesOnExit", "wantsQuestion", "modified", "button", "writable", "quits");
+    Row("yes", false, true, true, "Yes", true, true);
+    Row("no", false, true, true, "No", true, true);
+    Row("cancel", false, true, true, "Cancel", true, false);
+    Row("cannot be saved", false, true, true, "Yes", false, false);
+    Row("nothing modified", false, true, false, "", true, true);
+    Row("saved anyway", true, true, true, "", true, true);
+    Row("not wanted", false, false, true, "", true, true);
 }
 
 void ClosingTest::AsksBeforeTheHostQuits()

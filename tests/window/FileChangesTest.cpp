@@ -32,18 +32,12 @@ private Q_SLOTS:
 
 void FileChangesTest::FollowsOtherPrograms_data()
 {
-    QTest::addColumn<bool>("modified");
-    QTest::addColumn<bool>("checks");
-    QTest::addColumn<QString>("button"); // empty: nobody asks
-    QTest::addColumn<QString>("text");
-    QTest::newRow("unmodified") << false << true << ""
-                                << "theirs";
-    QTest::newRow("yes") << true << true << "Yes"
-                         << "theirs";
-    QTest::newRow("no") << true << true << "No"
-                        << "ours text\n";
-    QTest::newRow("switched off") << false << false << ""
-                                  << "text\n";
+    // "button": empty: nobody asks
+    Columns<bool, bool, QString, QString>("modified", "checks", "button", "text");
+    Row("unmodified", false, true, "", "theirs");
+    Row("yes", true, true, "Yes", "theirs");
+    Row("no", true, true, "No", "ours text\n");
+    Row("switched off", false, false, "", "text\n");
 }
 
 void FileChangesTest::FollowsOtherPrograms()
@@ -151,13 +145,12 @@ void FileChangesTest::FollowsReplacedFiles()
 
 void FileChangesTest::AFileThatComesBack_data()
 {
-    QTest::addColumn<QByteArray>("content");
-    QTest::addColumn<QString>("button"); // empty: nobody asks
-    QTest::addColumn<bool>("modified");
-    QTest::newRow("as it was") << QByteArray("text\n") << "" << false;
-    QTest::newRow("with other line ends") << QByteArray("text\r\n") << "" << false;
-    QTest::newRow("another") << QByteArray("theirs") << "No" << true;
-    QTest::newRow("another, wanted") << QByteArray("theirs") << "Yes" << false;
+    // "button": empty: nobody asks
+    Columns<QByteArray, QString, bool>("content", "button", "modified");
+    Row("as it was", QByteArray("text\n"), "", false);
+    Row("with other line ends", QByteArray("text\r\n"), "", false);
+    Row("another", QByteArray("theirs"), "No", true);
+    Row("another, wanted", QByteArray("theirs"), "Yes", false);
 }
 
 void FileChangesTest::AFileThatComesBack()
@@ -233,13 +226,11 @@ void FileChangesTest::AFolderInItsPlace()
 
 void FileChangesTest::Reverts_data()
 {
-    QTest::addColumn<QString>("button");
-    QTest::addColumn<bool>("readable");
-    QTest::addColumn<QString>("text");
-    QTest::newRow("yes") << "Yes" << true << "text\n";
-    QTest::newRow("no") << "No" << true << "new text\n";
-    QTest::newRow("nothing to read") << "Yes" << false << "new text\n";
-    QTest::newRow("empty by now") << "Yes" << true << "";
+    Columns<QString, bool, QString>("button", "readable", "text");
+    Row("yes", "Yes", true, "text\n");
+    Row("no", "No", true, "new text\n");
+    Row("nothing to read", "Yes", false, "new text\n");
+    Row("empty by now", "Yes", true, "");
 }
 
 void FileChangesTest::Reverts()

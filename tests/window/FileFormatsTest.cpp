@@ -59,15 +59,13 @@ private:
 
 void FileFormatsTest::NothingIsLostUnasked_data()
 {
-    QTest::addColumn<QByteArray>("bytes");
-    QTest::addColumn<QString>("typed");
-    QTest::addColumn<QString>("answer"); // empty: nobody asks
-    QTest::addColumn<QByteArray>("saved"); // %: where the typed text stands
-    QTest::addColumn<QString>("said"); // in the question
+    // "answer": empty: nobody asks; "saved": %: where the typed text stands; "said": in the
+    // question
+    Columns<QByteArray, QString, QString, QByteArray, QString>(
+        "bytes", "typed", "answer", "saved", "said");
     const auto row = [](const char* name, const QByteArray& bytes, const QString& typed,
-                         const QString& answer, const QByteArray& saved, const QString& said) {
-        QTest::newRow(name) << bytes << typed << answer << saved << said;
-    };
+                         const QString& answer, const QByteArray& saved,
+                         const QString& said) { Row(name, bytes, typed, answer, saved, said); };
     const QByteArray declared = "# coding: latin-1\n";
     const QString euro(QChar(0x20ac));
     // clang-format off
@@ -127,14 +125,11 @@ void FileFormatsTest::AsksOnceForAFile()
 
 void FileFormatsTest::AsksOnceForAllFiles_data()
 {
-    QTest::addColumn<QString>("answer");
-    QTest::addColumn<bool>("forAll");
-    QTest::addColumn<int>("questions");
-    QTest::addColumn<QByteArray>("saved");
-    QTest::newRow("keep all") << "Keep" << true << 1 << QByteArray("xa\r\n");
-    QTest::newRow("convert all") << "Write as UTF-8" << true << 1 << QByteArray("xa\n");
-    QTest::newRow("each") << "Keep" << false << 3 << QByteArray("xa\r\n");
-    QTest::newRow("cancel") << "Cancel" << false << 1 << QByteArray("a\r\n");
+    Columns<QString, bool, int, QByteArray>("answer", "forAll", "questions", "saved");
+    Row("keep all", "Keep", true, 1, QByteArray("xa\r\n"));
+    Row("convert all", "Write as UTF-8", true, 1, QByteArray("xa\n"));
+    Row("each", "Keep", false, 3, QByteArray("xa\r\n"));
+    Row("cancel", "Cancel", false, 1, QByteArray("a\r\n"));
 }
 
 void FileFormatsTest::AsksOnceForAllFiles()
@@ -217,15 +212,12 @@ void FileFormatsTest::TheStatusBarFollowsTheEditor()
 
 void FileFormatsTest::AsksBeforeOpeningWhatIsNoText_data()
 {
-    QTest::addColumn<QByteArray>("bytes");
-    QTest::addColumn<QString>("answer");
-    QTest::addColumn<QString>("said");
+    Columns<QByteArray, QString, QString>("bytes", "answer", "said");
     const QByteArray binary("a\0\r\n\xff", 5);
     const QString doubt = "'a.py' (5 bytes) does not look like a text.";
-    QTest::newRow("no") << binary << "No" << doubt;
-    QTest::newRow("yes") << binary << "Yes" << doubt;
-    QTest::newRow("large") << QByteArray(64 * 1024 * 1024 + 1, 'a') << "No"
-                           << "'a.py' has 64.00 MiB.";
+    Row("no", binary, "No", doubt);
+    Row("yes", binary, "Yes", doubt);
+    Row("large", QByteArray(64 * 1024 * 1024 + 1, 'a'), "No", "'a.py' has 64.00 MiB.");
 }
 
 void FileFormatsTest::AsksBeforeOpeningWhatIsNoText()

@@ -37,18 +37,12 @@ private Q_SLOTS:
 
 void FileOperationsTest::NewAsksForTheLanguage_data()
 {
-    QTest::addColumn<QString>("button");
-    QTest::addColumn<QString>("label");
-    QTest::addColumn<int>("language");
-    QTest::addColumn<QString>("name"); // of the backing file
-    QTest::newRow("mel") << "MEL"
-                         << "MEL" << int(Language::Mel) << "melBuffer_\\w{6}\\.mel";
-    QTest::newRow("python") << "Python"
-                            << "Python" << int(Language::Python) << "pythonBuffer_\\w{6}\\.py";
-    QTest::newRow("none") << "None"
-                          << "Text" << int(Language::Text) << "textBuffer_\\w{6}\\.txt";
-    QTest::newRow("cancel") << "Cancel"
-                            << "" << 0 << "";
+    // "name": of the backing file
+    Columns<QString, QString, int, QString>("button", "label", "language", "name");
+    Row("mel", "MEL", "MEL", int(Language::Mel), "melBuffer_\\w{6}\\.mel");
+    Row("python", "Python", "Python", int(Language::Python), "pythonBuffer_\\w{6}\\.py");
+    Row("none", "None", "Text", int(Language::Text), "textBuffer_\\w{6}\\.txt");
+    Row("cancel", "Cancel", "", 0, "");
 }
 
 void FileOperationsTest::NewAsksForTheLanguage()
@@ -81,17 +75,12 @@ void FileOperationsTest::NewAsksForTheLanguage()
 
 void FileOperationsTest::OpensAFile_data()
 {
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("asked"); // in the folder
-    QTest::addColumn<int>("language");
-    QTest::newRow("mel") << "a.mel"
-                         << "a.mel" << int(Language::Mel);
-    QTest::newRow("python") << "a b.PY"
-                            << "a b.PY" << int(Language::Python);
-    QTest::newRow("text") << "a.pyi"
-                          << "a.pyi" << int(Language::Text);
-    QTest::newRow("path with steps back") << "a.py"
-                                          << "./x/../a.py" << int(Language::Python);
+    // "asked": in the folder
+    Columns<QString, QString, int>("name", "asked", "language");
+    Row("mel", "a.mel", "a.mel", int(Language::Mel));
+    Row("python", "a b.PY", "a b.PY", int(Language::Python));
+    Row("text", "a.pyi", "a.pyi", int(Language::Text));
+    Row("path with steps back", "a.py", "./x/../a.py", int(Language::Python));
 }
 
 void FileOperationsTest::OpensAFile()
@@ -140,41 +129,21 @@ void FileOperationsTest::OpensThroughTheDialog()
 
 void FileOperationsTest::SavesABufferAs_data()
 {
-    QTest::addColumn<QString>("filter");
-    QTest::addColumn<QString>("typed");
-    QTest::addColumn<QString>("saved"); // empty: not at all
-    QTest::addColumn<QString>("answer"); // about a file that is there
-    QTest::addColumn<int>("language");
+    // "saved": empty: not at all; "answer": about a file that is there
+    Columns<QString, QString, QString, QString, int>(
+        "filter", "typed", "saved", "answer", "language");
     const int mel = int(Language::Mel);
     const int python = int(Language::Python);
     const QString melFilter = "MEL (*.mel)";
     const QString pythonFilter = "Python (*.py *.pyw *.pyi)";
-    QTest::newRow("another suffix") << melFilter << "script.txt"
-                                    << "script.txt.mel"
-                                    << "" << mel;
-    QTest::newRow("upper case") << melFilter << "script.MEL"
-                                << "script.MEL"
-                                << "" << mel;
-    QTest::newRow("none") << pythonFilter << "script"
-                          << "script.py"
-                          << "" << python;
-    QTest::newRow("pyw") << pythonFilter << "script.pyw"
-                         << "script.pyw"
-                         << "" << python;
-    QTest::newRow("all files") << "All Files(*.*)"
-                               << "notes"
-                               << "notes"
-                               << "" << int(Language::Text);
-    QTest::newRow("over another one") << pythonFilter << "taken"
-                                      << "taken.py"
-                                      << "Yes" << python;
-    QTest::newRow("not over another one") << pythonFilter << "taken"
-                                          << ""
-                                          << "No" << python;
-    QTest::newRow("cancel") << ""
-                            << ""
-                            << ""
-                            << "" << python;
+    Row("another suffix", melFilter, "script.txt", "script.txt.mel", "", mel);
+    Row("upper case", melFilter, "script.MEL", "script.MEL", "", mel);
+    Row("none", pythonFilter, "script", "script.py", "", python);
+    Row("pyw", pythonFilter, "script.pyw", "script.pyw", "", python);
+    Row("all files", "All Files(*.*)", "notes", "notes", "", int(Language::Text));
+    Row("over another one", pythonFilter, "taken", "taken.py", "Yes", python);
+    Row("not over another one", pythonFilter, "taken", "", "No", python);
+    Row("cancel", "", "", "", "", python);
 }
 
 void FileOperationsTest::SavesABufferAs()
@@ -238,16 +207,13 @@ void FileOperationsTest::AFailedSaveLosesNothing()
 
 void FileOperationsTest::CompletesTheTextBeforeSaving_data()
 {
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<bool>("trim");
-    QTest::addColumn<bool>("newLine");
-    QTest::addColumn<QByteArray>("content");
-    QTest::newRow("neither") << "a.py" << false << false << QByteArray("x  \ny ");
-    QTest::newRow("trim") << "a.py" << true << false << QByteArray("x\ny");
-    QTest::newRow("line end") << "a.py" << false << true << QByteArray("x  \ny \n");
-    QTest::newRow("both") << "a.py" << true << true << QByteArray("x\ny\n");
-    QTest::newRow("both in mel") << "a.mel" << true << true << QByteArray("x\ny\n");
-    QTest::newRow("never in text") << "a.txt" << true << true << QByteArray("x  \ny ");
+    Columns<QString, bool, bool, QByteArray>("name", "trim", "newLine", "content");
+    Row("neither", "a.py", false, false, QByteArray("x  \ny "));
+    Row("trim", "a.py", true, false, QByteArray("x\ny"));
+    Row("line end", "a.py", false, true, QByteArray("x  \ny \n"));
+    Row("both", "a.py", true, true, QByteArray("x\ny\n"));
+    Row("both in mel", "a.mel", true, true, QByteArray("x\ny\n"));
+    Row("never in text", "a.txt", true, true, QByteArray("x  \ny "));
 }
 
 void FileOperationsTest::CompletesTheTextBeforeSaving()
@@ -269,17 +235,11 @@ void FileOperationsTest::CompletesTheTextBeforeSaving()
 
 void FileOperationsTest::RenamesABuffer_data()
 {
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("label");
-    QTest::addColumn<int>("warnings");
-    QTest::newRow("plain") << "shelf %1"
-                           << "shelf %1" << 0;
-    QTest::newRow("semicolon") << "a;b"
-                               << "ab" << 1;
-    QTest::newRow("nothing but semicolons") << ";;"
-                                            << "Python" << 1;
-    QTest::newRow("empty") << ""
-                           << "Python" << 0;
+    Columns<QString, QString, int>("name", "label", "warnings");
+    Row("plain", "shelf %1", "shelf %1", 0);
+    Row("semicolon", "a;b", "ab", 1);
+    Row("nothing but semicolons", ";;", "Python", 1);
+    Row("empty", "", "Python", 0);
 }
 
 void FileOperationsTest::RenamesABuffer()
@@ -305,15 +265,13 @@ void FileOperationsTest::RenamesABuffer()
 
 void FileOperationsTest::RenamesAFile_data()
 {
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<bool>("renamed");
-    QTest::addColumn<QString>("error"); // %1: the old path, %2: the new one
-    QTest::newRow("another suffix") << "b.mel" << true << "";
-    QTest::newRow("taken") << "taken.py" << false << "Raname failed. File already exists: %2";
-    QTest::newRow("folder that is not there")
-        << "no/b.py" << false
-        << "Rename file failed. Please verify file path and permissions: %1 -> %2";
-    QTest::newRow("the same") << "a.py" << false << "";
+    // "error": %1: the old path, %2: the new one
+    Columns<QString, bool, QString>("name", "renamed", "error");
+    Row("another suffix", "b.mel", true, "");
+    Row("taken", "taken.py", false, "Raname failed. File already exists: %2");
+    Row("folder that is not there", "no/b.py", false,
+        "Rename file failed. Please verify file path and permissions: %1 -> %2");
+    Row("the same", "a.py", false, "");
 }
 
 void FileOperationsTest::RenamesAFile()

@@ -142,14 +142,11 @@ void GroupCheckingTest::ClearsTheMarksOfPlainText()
 
 void GroupCheckingTest::TellsTheSearchOfChanges_data()
 {
-    QTest::addColumn<bool>("sideBar");
-    QTest::addColumn<bool>("searchView");
-    QTest::addColumn<QString>("pattern");
-    QTest::addColumn<bool>("told");
-    QTest::newRow("searching") << true << true << "x" << true;
-    QTest::newRow("no side bar") << false << true << "x" << false;
-    QTest::newRow("another view") << true << false << "x" << false;
-    QTest::newRow("nothing searched") << true << true << "" << false;
+    Columns<bool, bool, QString, bool>("sideBar", "searchView", "pattern", "told");
+    Row("searching", true, true, "x", true);
+    Row("no side bar", false, true, "x", false);
+    Row("another view", true, false, "x", false);
+    Row("nothing searched", true, true, "", false);
 }
 
 void GroupCheckingTest::TellsTheSearchOfChanges()
@@ -189,10 +186,11 @@ void GroupCheckingTest::ShowsPylintAlone()
 
 void GroupCheckingTest::FallsBackToItsParser_data()
 {
-    QTest::addColumn<QByteArray>("pylint"); // null: there is none
-    QTest::newRow("missing") << QByteArray();
-    QTest::newRow("crashing") << QByteArray("kill -9 $$");
-    QTest::newRow("complaining about its options") << QByteArray("exit 32");
+    // "pylint": null: there is none
+    Columns<QByteArray>("pylint");
+    Row("missing", QByteArray());
+    Row("crashing", QByteArray("kill -9 $$"));
+    Row("complaining about its options", QByteArray("exit 32"));
 }
 
 void GroupCheckingTest::FallsBackToItsParser()

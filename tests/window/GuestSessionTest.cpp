@@ -89,11 +89,10 @@ void GuestSessionTest::LeavesTheConfigurationAlone()
 
 void GuestSessionTest::BuffersComeBack_data()
 {
-    QTest::addColumn<bool>("ends");
-    QTest::addColumn<bool>("asGuest");
-    QTest::newRow("at the owner's next start") << true << false;
-    QTest::newRow("after a crash") << false << false;
-    QTest::newRow("in the next guest") << true << true;
+    Columns<bool, bool>("ends", "asGuest");
+    Row("at the owner's next start", true, false);
+    Row("after a crash", false, false);
+    Row("in the next guest", true, true);
 }
 
 void GuestSessionTest::BuffersComeBack()

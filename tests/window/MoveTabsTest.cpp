@@ -114,48 +114,27 @@ QPair<int, int> MoveTabsTest::Find(const QString& label) const
 
 void MoveTabsTest::MovesToAZone_data()
 {
-    QTest::addColumn<QString>("layout");
-    QTest::addColumn<QString>("tab");
-    QTest::addColumn<int>("target");
-    QTest::addColumn<int>("zone");
-    QTest::addColumn<QString>("result");
+    Columns<QString, QString, int, int, QString>("layout", "tab", "target", "zone", "result");
     const int centre = int(TabDropZone::Center);
     const int before = int(TabDropZone::Before);
     const int after = int(TabDropZone::After);
-    QTest::newRow("into another group") << "Ab|C|"
-                                        << "b" << 1 << centre << "A|cB|";
-    QTest::newRow("into its own group") << "Ab|C|"
-                                        << "b" << 0 << centre << "aB|C|";
-    QTest::newRow("the last tab of a group") << "Ab|C|"
-                                             << "c" << 0 << centre << "abC||";
-    QTest::newRow("behind, the neighbour is free") << "Ab||"
-                                                   << "b" << 0 << after << "A|B|";
-    QTest::newRow("before, the neighbour is free") << "|Ab|"
-                                                   << "b" << 1 << before << "B|A|";
-    QTest::newRow("before the first one") << "Ab||"
-                                          << "b" << 0 << before << "B|A|";
-    QTest::newRow("behind the last one") << "||Ab"
-                                         << "b" << 2 << after << "|A|B";
-    QTest::newRow("between, the last is free") << "Abc|D|"
-                                               << "b" << 0 << after << "Ac|B|D";
-    QTest::newRow("between, by the other side") << "Abc|D|"
-                                                << "b" << 1 << before << "Ac|B|D";
-    QTest::newRow("between, the first is free") << "|Abc|D"
-                                                << "c" << 1 << after << "Ab|C|D";
-    QTest::newRow("in the gap") << "Ab||C"
-                                << "b" << 0 << after << "A|B|C";
-    QTest::newRow("before two") << "Abc|dE|"
-                                << "a" << 0 << before << "A|Bc|dE";
-    QTest::newRow("behind two") << "|Ab|Cd"
-                                << "b" << 2 << after << "A|Cd|B";
-    QTest::newRow("alone beside another") << "A|B|"
-                                          << "a" << 1 << after << "|B|A";
-    QTest::newRow("alone beside itself") << "A|B|"
-                                         << "a" << 0 << after << "A|B|";
-    QTest::newRow("all in use") << "Ab|C|D"
-                                << "b" << 1 << after << "Ab|C|D";
-    QTest::newRow("nowhere") << "Ab||"
-                             << "b" << 0 << int(TabDropZone::NoZone) << "Ab||";
+    Row("into another group", "Ab|C|", "b", 1, centre, "A|cB|");
+    Row("into its own group", "Ab|C|", "b", 0, centre, "aB|C|");
+    Row("the last tab of a group", "Ab|C|", "c", 0, centre, "abC||");
+    Row("behind, the neighbour is free", "Ab||", "b", 0, after, "A|B|");
+    Row("before, the neighbour is free", "|Ab|", "b", 1, before, "B|A|");
+    Row("before the first one", "Ab||", "b", 0, before, "B|A|");
+    Row("behind the last one", "||Ab", "b", 2, after, "|A|B");
+    Row("between, the last is free", "Abc|D|", "b", 0, after, "Ac|B|D");
+    Row("between, by the other side", "Abc|D|", "b", 1, before, "Ac|B|D");
+    Row("between, the first is free", "|Abc|D", "c", 1, after, "Ab|C|D");
+    Row("in the gap", "Ab||C", "b", 0, after, "A|B|C");
+    Row("before two", "Abc|dE|", "a", 0, before, "A|Bc|dE");
+    Row("behind two", "|Ab|Cd", "b", 2, after, "A|Cd|B");
+    Row("alone beside another", "A|B|", "a", 1, after, "|B|A");
+    Row("alone beside itself", "A|B|", "a", 0, after, "A|B|");
+    Row("all in use", "Ab|C|D", "b", 1, after, "Ab|C|D");
+    Row("nowhere", "Ab||", "b", 0, int(TabDropZone::NoZone), "Ab||");
 }
 
 void MoveTabsTest::MovesToAZone()
@@ -182,21 +161,12 @@ void MoveTabsTest::MovesToAZone()
 
 void MoveTabsTest::MovesToAPlace_data()
 {
-    QTest::addColumn<QString>("layout");
-    QTest::addColumn<QString>("tab");
-    QTest::addColumn<int>("target");
-    QTest::addColumn<int>("index");
-    QTest::addColumn<QString>("result");
-    QTest::newRow("to the right") << "Abc||"
-                                  << "a" << 0 << 2 << "bcA||";
-    QTest::newRow("to the left") << "Abc||"
-                                 << "c" << 0 << 0 << "Cab||";
-    QTest::newRow("between those of another group") << "Ab|Cd|"
-                                                    << "a" << 1 << 1 << "B|cAd|";
-    QTest::newRow("before those of another group") << "A|Bc|"
-                                                   << "a" << 1 << 0 << "|Abc|";
-    QTest::newRow("a tab that is none") << "Ab||"
-                                        << "x" << 0 << 0 << "Ab||";
+    Columns<QString, QString, int, int, QString>("layout", "tab", "target", "index", "result");
+    Row("to the right", "Abc||", "a", 0, 2, "bcA||");
+    Row("to the left", "Abc||", "c", 0, 0, "Cab||");
+    Row("between those of another group", "Ab|Cd|", "a", 1, 1, "B|cAd|");
+    Row("before those of another group", "A|Bc|", "a", 1, 0, "|Abc|");
+    Row("a tab that is none", "Ab||", "x", 0, 0, "Ab||");
 }
 
 void MoveTabsTest::MovesToAPlace()
@@ -238,27 +208,17 @@ void MoveTabsTest::MovedTabsKeepWhatTheyHold()
 
 void MoveTabsTest::OpensDroppedFiles_data()
 {
-    QTest::addColumn<QString>("layout");
-    QTest::addColumn<QString>("files"); // "?" is one that is not there
-    QTest::addColumn<int>("target");
-    QTest::addColumn<int>("zone");
-    QTest::addColumn<QString>("result");
+    // "files": "?" is one that is not there
+    Columns<QString, QString, int, int, QString>("layout", "files", "target", "zone", "result");
     const int before = int(TabDropZone::Before);
     const int after = int(TabDropZone::After);
-    QTest::newRow("new ones behind") << "A||"
-                                     << "xy" << 0 << after << "A|xY|";
-    QTest::newRow("new ones before") << "A||"
-                                     << "xy" << 0 << before << "xY|A|";
-    QTest::newRow("between") << "A|B|"
-                             << "x" << 0 << after << "A|X|B";
-    QTest::newRow("open already") << "Ab||"
-                                  << "b" << 0 << after << "aB||";
-    QTest::newRow("one that is not there") << "A|B|"
-                                           << "?" << 0 << after << "A|B|";
-    QTest::newRow("some of each") << "Ab||"
-                                  << "x?b" << 0 << after << "aB|X|";
-    QTest::newRow("all groups in use") << "A|B|C"
-                                       << "x" << 1 << after << "A|bX|C";
+    Row("new ones behind", "A||", "xy", 0, after, "A|xY|");
+    Row("new ones before", "A||", "xy", 0, before, "xY|A|");
+    Row("between", "A|B|", "x", 0, after, "A|X|B");
+    Row("open already", "Ab||", "b", 0, after, "aB||");
+    Row("one that is not there", "A|B|", "?", 0, after, "A|B|");
+    Row("some of each", "Ab||", "x?b", 0, after, "aB|X|");
+    Row("all groups in use", "A|B|C", "x", 1, after, "A|bX|C");
 }
 
 void MoveTabsTest::OpensDroppedFiles()

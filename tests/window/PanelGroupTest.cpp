@@ -94,15 +94,12 @@ void PanelGroupTest::cleanup()
 
 void PanelGroupTest::VerbositySetsTheHostAndTheTrace_data()
 {
-    QTest::addColumn<int>("from");
-    QTest::addColumn<int>("to");
-    QTest::addColumn<bool>("echoAll");
-    QTest::addColumn<bool>("minimal");
-    QTest::newRow("echo all") << 1 << 0 << true << false;
-    QTest::newRow("normal") << 0 << 1 << false << false;
-    QTest::newRow("minimal") << 0 << 2 << false << true;
-    QTest::newRow("from minimal to normal") << 2 << 1 << false << false;
-    QTest::newRow("from minimal to echo all") << 2 << 0 << true << false;
+    Columns<int, int, bool, bool>("from", "to", "echoAll", "minimal");
+    Row("echo all", 1, 0, true, false);
+    Row("normal", 0, 1, false, false);
+    Row("minimal", 0, 2, false, true);
+    Row("from minimal to normal", 2, 1, false, false);
+    Row("from minimal to echo all", 2, 0, true, false);
 }
 
 void PanelGroupTest::VerbositySetsTheHostAndTheTrace()
@@ -190,21 +187,11 @@ void PanelGroupTest::ChooseFile(const QString& path, const QString& filter)
 
 void PanelGroupTest::WritesToTheChosenFile_data()
 {
-    QTest::addColumn<QString>("typed");
-    QTest::addColumn<QString>("filter");
-    QTest::addColumn<QString>("written");
-    QTest::newRow("without extension") << "plain"
-                                       << "LOG (*.log)"
-                                       << "plain.log";
-    QTest::newRow("with it in capitals") << "big.LOG"
-                                         << "LOG (*.log)"
-                                         << "big.LOG";
-    QTest::newRow("with another one") << "out.txt"
-                                      << "LOG (*.log)"
-                                      << "out.txt.log";
-    QTest::newRow("any file") << "any"
-                              << "All Files(*.*)"
-                              << "any";
+    Columns<QString, QString, QString>("typed", "filter", "written");
+    Row("without extension", "plain", "LOG (*.log)", "plain.log");
+    Row("with it in capitals", "big.LOG", "LOG (*.log)", "big.LOG");
+    Row("with another one", "out.txt", "LOG (*.log)", "out.txt.log");
+    Row("any file", "any", "All Files(*.*)", "any");
 }
 
 void PanelGroupTest::WritesToTheChosenFile()

@@ -145,9 +145,9 @@ void RecoveryTest::Flush()
 
 void RecoveryTest::IsKeptAfterAPause_data()
 {
-    QTest::addColumn<QString>("end");
+    Columns<QString>("end");
     for (const char* end : {"save", "save all", "undo", "revert", "close"})
-        QTest::newRow(end) << end;
+        Row(end, end);
 }
 
 void RecoveryTest::IsKeptAfterAPause()
@@ -206,9 +206,9 @@ void RecoveryTest::FollowsTheEditor()
 
 void RecoveryTest::IsKeptBeforeAScriptRuns_data()
 {
-    QTest::addColumn<QString>("way");
+    Columns<QString>("way");
     for (const char* way : {"python", "mel", "line", "source"})
-        QTest::newRow(way) << way;
+        Row(way, way);
 }
 
 /// The script itself looks what is on the disk.
@@ -319,16 +319,11 @@ void RecoveryTest::EscapeDecidesNothing()
 
 void RecoveryTest::WhatChangedMeanwhileIsSaid_data()
 {
-    QTest::addColumn<QString>("end");
-    QTest::addColumn<QString>("said");
-    QTest::newRow("as it was") << ""
-                               << "";
-    QTest::newRow("changed") << "changed"
-                             << ": the file has been changed since";
-    QTest::newRow("gone") << "gone"
-                          << ": the file is gone";
-    QTest::newRow("gone with its folder") << "no folder"
-                                          << ": the file is gone";
+    Columns<QString, QString>("end", "said");
+    Row("as it was", "", "");
+    Row("changed", "changed", ": the file has been changed since");
+    Row("gone", "gone", ": the file is gone");
+    Row("gone with its folder", "no folder", ": the file is gone");
 }
 
 void RecoveryTest::WhatChangedMeanwhileIsSaid()
@@ -410,13 +405,12 @@ void RecoveryTest::WhatWasSavedIsNotOffered()
 
 void RecoveryTest::EndsClean_data()
 {
-    QTest::addColumn<QString>("answer"); // empty: nobody was asked
-    QTest::addColumn<bool>("typesOn");
-    QTest::addColumn<bool>("kept");
-    QTest::newRow("saved") << "Yes" << false << false;
-    QTest::newRow("given up") << "No" << false << false;
-    QTest::newRow("given up, but then the host went on") << "No" << true << true;
-    QTest::newRow("nobody asked") << "" << false << true;
+    // "answer": empty: nobody was asked
+    Columns<QString, bool, bool>("answer", "typesOn", "kept");
+    Row("saved", "Yes", false, false);
+    Row("given up", "No", false, false);
+    Row("given up, but then the host went on", "No", true, true);
+    Row("nobody asked", "", false, true);
 }
 
 void RecoveryTest::EndsClean()
@@ -449,11 +443,10 @@ void RecoveryTest::EndsClean()
 
 void RecoveryTest::ACopyFollowsItsDocument_data()
 {
-    QTest::addColumn<int>("lines");
-    QTest::addColumn<int>("lineLength");
-    QTest::newRow("short lines") << 4000 << 10;
-    QTest::newRow("several pieces") << 4000 << 100;
-    QTest::newRow("endless lines") << 6 << 100000;
+    Columns<int, int>("lines", "lineLength");
+    Row("short lines", 4000, 10);
+    Row("several pieces", 4000, 100);
+    Row("endless lines", 6, 100000);
 }
 
 /// Whatever changes where, between any two slices.

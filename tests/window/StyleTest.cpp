@@ -83,7 +83,7 @@ int StyleTest::Count(const QImage& picture, const QColor& color)
 
 void StyleTest::MenusFollowTheScale_data()
 {
-    QTest::addColumn<double>("scale");
+    Columns<double>("scale");
     for (const double scale : {1.0, 1.25, 1.5, 2.0})
         QTest::addRow("%g", scale) << scale;
 }
@@ -113,8 +113,8 @@ Q_DECLARE_METATYPE(MakeWidget)
 void StyleTest::WidgetsFollowTheScale_data()
 {
     static KeyBindings bindings;
-    QTest::addColumn<MakeWidget>("make");
-    const auto row = [](const char* name, MakeWidget make) { QTest::newRow(name) << make; };
+    Columns<MakeWidget>("make");
+    const auto row = [](const char* name, MakeWidget make) { Row(name, make); };
     row("find bar", [](QWidget* p) -> QWidget* { return new FindReplaceWidget(true, p); });
     row("find only", [](QWidget* p) -> QWidget* { return new FindReplaceWidget(false, p); });
     row("section", [](QWidget* p) -> QWidget* { return new SubViewHeader("Outline", p); });
@@ -148,9 +148,9 @@ void StyleTest::WidgetsFollowTheScale()
 
 void StyleTest::FocusedFieldsHaveAHalo_data()
 {
-    QTest::addColumn<bool>("combo");
-    QTest::newRow("line") << false;
-    QTest::newRow("combo box") << true;
+    Columns<bool>("combo");
+    Row("line", false);
+    Row("combo box", true);
 }
 
 void StyleTest::FocusedFieldsHaveAHalo()
@@ -209,9 +209,7 @@ void StyleTest::ShortcutsEndWhereTheRowDoes()
 
 void StyleTest::RingsOnlyWhenAKeyBroughtTheFocus_data()
 {
-    QTest::addColumn<bool>("checkBox");
-    QTest::addColumn<int>("reason");
-    QTest::addColumn<bool>("ring");
+    Columns<bool, int, bool>("checkBox", "reason", "ring");
     for (const bool checkBox : {false, true}) {
         const char* const what = checkBox ? "check box" : "button";
         QTest::addRow("%s, tab", what) << checkBox << int(Qt::TabFocusReason) << true;
@@ -276,8 +274,7 @@ void StyleTest::HandlesLightUpWhenThePointerRests()
 
 void StyleTest::GrooveSplitterTakesItsGrooveOnly_data()
 {
-    QTest::addColumn<double>("scale");
-    QTest::addColumn<bool>("before");
+    Columns<double, bool>("scale", "before");
     for (const double scale : {1.0, 1.5, 2.0}) {
         QTest::addRow("%g, before", scale) << scale << true;
         QTest::addRow("%g, behind", scale) << scale << false;

@@ -23,26 +23,18 @@ private Q_SLOTS:
 
 void TabDetailsTest::ReadsRecords_data()
 {
-    QTest::addColumn<QString>("record");
-    QTest::addColumn<int>("group");
-    QTest::addColumn<bool>("isFile");
-    QTest::addColumn<QString>("path");
-    QTest::addColumn<bool>("isCurrent");
-    QTest::addColumn<int>("cursor");
-    QTest::addColumn<int>("scroll");
-    QTest::addColumn<QString>("label");
-    QTest::newRow("file") << "2;1;/a/b.py;1;120;7" << 2 << true << "/a/b.py" << true << 120 << 7
-                          << QString();
-    QTest::newRow("buffer") << "0;0;melBuffer_a.mel;0;3;0;My MEL" << 0 << false << "melBuffer_a.mel"
-                            << false << 3 << 0 << "My MEL";
-    QTest::newRow("buffer without a label")
-        << "0;0;x.mel;0;3;0" << 0 << false << "x.mel" << false << 3 << 0 << QString();
-    QTest::newRow("positions that are no numbers")
-        << "0;1;/a.py;1;here;-4" << 0 << true << "/a.py" << true << 0 << 0 << QString();
-    QTest::newRow("position too large")
-        << "0;1;/a.py;0;99999999999;1" << 0 << true << "/a.py" << false << 0 << 1 << QString();
-    QTest::newRow("path with separators")
-        << "1;1;/a;b/c;d.py;0;5;6" << 1 << true << "/a;b/c;d.py" << false << 5 << 6 << QString();
+    Columns<QString, int, bool, QString, bool, int, int, QString>(
+        "record", "group", "isFile", "path", "isCurrent", "cursor", "scroll", "label");
+    Row("file", "2;1;/a/b.py;1;120;7", 2, true, "/a/b.py", true, 120, 7, QString());
+    Row("buffer", "0;0;melBuffer_a.mel;0;3;0;My MEL", 0, false, "melBuffer_a.mel", false, 3, 0,
+        "My MEL");
+    Row("buffer without a label", "0;0;x.mel;0;3;0", 0, false, "x.mel", false, 3, 0, QString());
+    Row("positions that are no numbers", "0;1;/a.py;1;here;-4", 0, true, "/a.py", true, 0, 0,
+        QString());
+    Row("position too large", "0;1;/a.py;0;99999999999;1", 0, true, "/a.py", false, 0, 1,
+        QString());
+    Row("path with separators", "1;1;/a;b/c;d.py;0;5;6", 1, true, "/a;b/c;d.py", false, 5, 6,
+        QString());
 }
 
 void TabDetailsTest::ReadsRecords()
@@ -61,10 +53,10 @@ void TabDetailsTest::ReadsRecords()
 
 void TabDetailsTest::IgnoresRecords_data()
 {
-    QTest::addColumn<QString>("record");
+    Columns<QString>("record");
     for (const char* record : {"", ";;;;;", "0;1;/a.py;1;0", "3;1;/a.py;1;0;0", "-1;1;/a.py;1;0;0",
              "x;1;/a.py;1;0;0", "0;2;/a.py;1;0;0", "0;;/a.py;1;0;0", "0;1;;1;0;0"})
-        QTest::newRow(record) << QString(record);
+        Row(record, QString(record));
 }
 
 void TabDetailsTest::IgnoresRecords()
@@ -84,31 +76,23 @@ void TabDetailsTest::WritesRecords()
 
 void TabDetailsTest::PlansANewGroup_data()
 {
-    QTest::addColumn<QVector<int>>("tabs");
-    QTest::addColumn<int>("target");
-    QTest::addColumn<int>("zone");
-    QTest::addColumn<int>("newGroup"); // -1: not possible
-    QTest::addColumn<QVector<int>>("targets");
+    // "newGroup": -1: not possible
+    Columns<QVector<int>, int, int, int, QVector<int>>(
+        "tabs", "target", "zone", "newGroup", "targets");
     const int before = int(TabDropZone::Before);
     const int after = int(TabDropZone::After);
     using V = QVector<int>;
-    QTest::newRow("free neighbour behind") << V{2, 0, 0} << 0 << after << 1 << V{0, 1, 2};
-    QTest::newRow("free neighbour before") << V{0, 2, 0} << 1 << before << 0 << V{0, 1, 2};
-    QTest::newRow("nothing before the first: it goes along")
-        << V{2, 0, 0} << 0 << before << 0 << V{1, 1, 2};
-    QTest::newRow("nothing behind the last") << V{0, 0, 2} << 2 << after << 2 << V{0, 1, 1};
-    QTest::newRow("between two, the free one at the end")
-        << V{2, 1, 0} << 0 << after << 1 << V{0, 2, 2};
-    QTest::newRow("between two, the free one at the start")
-        << V{0, 3, 1} << 2 << before << 1 << V{0, 0, 2};
-    QTest::newRow("before both, the free one at the end")
-        << V{1, 1, 0} << 0 << before << 0 << V{1, 2, 2};
-    QTest::newRow("between two that leave a gap") << V{1, 0, 1} << 0 << after << 1 << V{0, 1, 2};
-    QTest::newRow("the dragged tab was alone in the target")
-        << V{2, 0, 1} << 1 << after << 1 << V{0, 1, 2};
-    QTest::newRow("all in use") << V{1, 1, 1} << 1 << after << -1 << V{};
-    QTest::newRow("no new group wanted")
-        << V{1, 0, 0} << 0 << int(TabDropZone::Center) << -1 << V{};
+    Row("free neighbour behind", V{2, 0, 0}, 0, after, 1, V{0, 1, 2});
+    Row("free neighbour before", V{0, 2, 0}, 1, before, 0, V{0, 1, 2});
+    Row("nothing before the first: it goes along", V{2, 0, 0}, 0, before, 0, V{1, 1, 2});
+    Row("nothing behind the last", V{0, 0, 2}, 2, after, 2, V{0, 1, 1});
+    Row("between two, the free one at the end", V{2, 1, 0}, 0, after, 1, V{0, 2, 2});
+    Row("between two, the free one at the start", V{0, 3, 1}, 2, before, 1, V{0, 0, 2});
+    Row("before both, the free one at the end", V{1, 1, 0}, 0, before, 0, V{1, 2, 2});
+    Row("between two that leave a gap", V{1, 0, 1}, 0, after, 1, V{0, 1, 2});
+    Row("the dragged tab was alone in the target", V{2, 0, 1}, 1, after, 1, V{0, 1, 2});
+    Row("all in use", V{1, 1, 1}, 1, after, -1, V{});
+    Row("no new group wanted", V{1, 0, 0}, 0, int(TabDropZone::Center), -1, V{});
 }
 
 void TabDetailsTest::PlansANewGroup()

@@ -135,21 +135,19 @@ void TarnwickEditorTest::StartsWithOneBufferOfEachLanguage()
 
 void TarnwickEditorTest::ExecutesByKey_data()
 {
-    QTest::addColumn<int>("key");
-    QTest::addColumn<int>("modifiers");
-    QTest::addColumn<bool>("selected"); // the second line
-    QTest::addColumn<int>("expected"); // 1: the first line ran, 2: the second, 4: the third
+    // "selected": the second line; "expected": 1: the first line ran, 2: the second, 4: the third
+    Columns<int, int, bool, int>("key", "modifiers", "selected", "expected");
     const int ctrl = Qt::ControlModifier;
     const int shift = Qt::ShiftModifier;
     const int alt = Qt::AltModifier;
     const int keypad = Qt::KeypadModifier;
-    QTest::newRow("execute without a selection") << int(Qt::Key_Return) << ctrl << false << 7;
-    QTest::newRow("execute the selection") << int(Qt::Key_Return) << ctrl << true << 2;
-    QTest::newRow("keypad enter") << int(Qt::Key_Enter) << keypad << true << 2;
-    QTest::newRow("ctrl and keypad enter") << int(Qt::Key_Enter) << (ctrl | keypad) << true << 2;
-    QTest::newRow("execute all") << int(Qt::Key_Return) << (ctrl | shift) << true << 7;
-    QTest::newRow("execute line") << int(Qt::Key_Return) << (ctrl | alt) << false << 4;
-    QTest::newRow("return only edits") << int(Qt::Key_Return) << 0 << false << 0;
+    Row("execute without a selection", int(Qt::Key_Return), ctrl, false, 7);
+    Row("execute the selection", int(Qt::Key_Return), ctrl, true, 2);
+    Row("keypad enter", int(Qt::Key_Enter), keypad, true, 2);
+    Row("ctrl and keypad enter", int(Qt::Key_Enter), (ctrl | keypad), true, 2);
+    Row("execute all", int(Qt::Key_Return), (ctrl | shift), true, 7);
+    Row("execute line", int(Qt::Key_Return), (ctrl | alt), false, 4);
+    Row("return only edits", int(Qt::Key_Return), 0, false, 0);
 }
 
 void TarnwickEditorTest::ExecutesByKey()
@@ -344,14 +342,13 @@ void TarnwickEditorTest::OpensAFileOnlyOnce()
 
 void TarnwickEditorTest::TellsTheLanguageByTheFileName_data()
 {
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<int>("language");
-    QTest::newRow("py") << "a.py" << int(Language::Python);
-    QTest::newRow("upper case") << "A.PY" << int(Language::Python);
-    QTest::newRow("pyw") << "a.b.pyw" << int(Language::Python);
-    QTest::newRow("pyi is text") << "a.pyi" << int(Language::Text);
-    QTest::newRow("mel") << "a.Mel" << int(Language::Mel);
-    QTest::newRow("none") << "mel" << int(Language::Text);
+    Columns<QString, int>("name", "language");
+    Row("py", "a.py", int(Language::Python));
+    Row("upper case", "A.PY", int(Language::Python));
+    Row("pyw", "a.b.pyw", int(Language::Python));
+    Row("pyi is text", "a.pyi", int(Language::Text));
+    Row("mel", "a.Mel", int(Language::Mel));
+    Row("none", "mel", int(Language::Text));
 }
 
 void TarnwickEditorTest::TellsTheLanguageByTheFileName()

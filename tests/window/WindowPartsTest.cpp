@@ -38,14 +38,12 @@ void WindowPartsTest::StyleSheetHasNoTokenLeft()
 
 void WindowPartsTest::LengthsFollowTheScale_data()
 {
-    QTest::addColumn<double>("scale");
-    QTest::addColumn<int>("length");
-    QTest::addColumn<int>("hairline");
-    QTest::newRow("1") << 1.0 << 5 << 1;
-    QTest::newRow("1.25") << 1.25 << 6 << 1;
-    QTest::newRow("2") << 2.0 << 10 << 2;
-    QTest::newRow("tiny") << 0.01 << 1 << 1;
-    QTest::newRow("not a scale") << 0.0 << 5 << 1;
+    Columns<double, int, int>("scale", "length", "hairline");
+    Row("1", 1.0, 5, 1);
+    Row("1.25", 1.25, 6, 1);
+    Row("2", 2.0, 10, 2);
+    Row("tiny", 0.01, 1, 1);
+    Row("not a scale", 0.0, 5, 1);
 }
 
 void WindowPartsTest::LengthsFollowTheScale()
@@ -61,17 +59,16 @@ void WindowPartsTest::LengthsFollowTheScale()
 
 void WindowPartsTest::TabBarKeepsTheCurrentTab_data()
 {
-    QTest::addColumn<int>("from");
-    QTest::addColumn<int>("to"); // -1: removed
-    QTest::addColumn<QString>("current");
+    // "to": -1: removed
+    Columns<int, int, QString>("from", "to", "current");
     // Tabs a b C d, the capital one current.
-    QTest::newRow("move over it to the right") << 0 << 3 << "C";
-    QTest::newRow("move over it to the left") << 3 << 0 << "C";
-    QTest::newRow("move itself") << 2 << 0 << "C";
-    QTest::newRow("move beside it") << 0 << 1 << "C";
-    QTest::newRow("remove one before it") << 0 << -1 << "C";
-    QTest::newRow("remove one after it") << 3 << -1 << "C";
-    QTest::newRow("remove itself") << 2 << -1 << "d";
+    Row("move over it to the right", 0, 3, "C");
+    Row("move over it to the left", 3, 0, "C");
+    Row("move itself", 2, 0, "C");
+    Row("move beside it", 0, 1, "C");
+    Row("remove one before it", 0, -1, "C");
+    Row("remove one after it", 3, -1, "C");
+    Row("remove itself", 2, -1, "d");
 }
 
 void WindowPartsTest::TabBarKeepsTheCurrentTab()

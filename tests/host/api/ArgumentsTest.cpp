@@ -67,18 +67,15 @@ private:
 
 void ArgumentsTest::ChecksTheNamesOfFlags_data()
 {
-    QTest::addColumn<QByteArray>("shortName");
-    QTest::addColumn<QByteArray>("longName");
-    QTest::addColumn<bool>("accepted");
-    QTest::newRow("usual") << QByteArray("-n") << QByteArray("-name") << true;
-    QTest::newRow("three and four") << QByteArray("-abc") << QByteArray("-abcd") << true;
-    QTest::newRow("without dashes") << QByteArray("n") << QByteArray("name") << true;
-    QTest::newRow("edit is free while edit is off")
-        << QByteArray("-e") << QByteArray("-enabled") << true;
-    QTest::newRow("short too long") << QByteArray("-abcd") << QByteArray("-abcde") << false;
-    QTest::newRow("long too short") << QByteArray("-n") << QByteArray("-nam") << false;
-    QTest::newRow("no short") << QByteArray("-") << QByteArray("-name") << false;
-    QTest::newRow("taken") << QByteArray("-t") << QByteArray("-other") << false;
+    Columns<QByteArray, QByteArray, bool>("shortName", "longName", "accepted");
+    Row("usual", QByteArray("-n"), QByteArray("-name"), true);
+    Row("three and four", QByteArray("-abc"), QByteArray("-abcd"), true);
+    Row("without dashes", QByteArray("n"), QByteArray("name"), true);
+    Row("edit is free while edit is off", QByteArray("-e"), QByteArray("-enabled"), true);
+    Row("short too long", QByteArray("-abcd"), QByteArray("-abcde"), false);
+    Row("long too short", QByteArray("-n"), QByteArray("-nam"), false);
+    Row("no short", QByteArray("-"), QByteArray("-name"), false);
+    Row("taken", QByteArray("-t"), QByteArray("-other"), false);
 }
 
 void ArgumentsTest::ChecksTheNamesOfFlags()
@@ -172,20 +169,13 @@ void ArgumentsTest::ReadsEveryUseOfAFlag()
 
 void ArgumentsTest::RefusesWhatDoesNotFit_data()
 {
-    QTest::addColumn<QString>("words");
-    QTest::addColumn<QString>("error");
-    QTest::newRow("unknown flag") << "1 x -xyz"
-                                  << "Invalid flag '-xyz'";
-    QTest::newRow("abbreviated flag") << "1 x -ver"
-                                      << "Invalid flag '-ver'";
-    QTest::newRow("missing argument") << "1 x -of"
-                                      << "Flag '-openFile' must be passed a string argument";
-    QTest::newRow("wrong argument") << "1 x -l many"
-                                    << "Flag '-limit' must be passed a double argument";
-    QTest::newRow("wrong position") << "one x"
-                                    << "Error while parsing arguments.";
-    QTest::newRow("too many") << "1 x y"
-                              << "Too many objects or values.";
+    Columns<QString, QString>("words", "error");
+    Row("unknown flag", "1 x -xyz", "Invalid flag '-xyz'");
+    Row("abbreviated flag", "1 x -ver", "Invalid flag '-ver'");
+    Row("missing argument", "1 x -of", "Flag '-openFile' must be passed a string argument");
+    Row("wrong argument", "1 x -l many", "Flag '-limit' must be passed a double argument");
+    Row("wrong position", "one x", "Error while parsing arguments.");
+    Row("too many", "1 x y", "Too many objects or values.");
 }
 
 void ArgumentsTest::RefusesWhatDoesNotFit()

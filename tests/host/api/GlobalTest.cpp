@@ -47,19 +47,19 @@ private:
 
 void GlobalTest::ResultsFitOrFail_data()
 {
-    QTest::addColumn<Value>("value");
+    Columns<Value>("value");
     // Which of int, double, string, int[], double[], string[] accept it.
-    QTest::addColumn<QString>("accepted");
-    QTest::newRow("none") << Value() << "";
-    QTest::newRow("bool") << Value(true) << "i d s i[]";
-    QTest::newRow("int") << Value(3) << "i d s i[]";
-    QTest::newRow("double") << Value(2.5) << "d s d[]";
-    QTest::newRow("string") << Value(QString("12")) << "s s[]";
-    QTest::newRow("ints") << Value(IntList{1, 2}) << "i[]";
-    QTest::newRow("doubles") << Value(FloatList{1, 2}) << "d[]";
-    QTest::newRow("strings") << Value(QStringList{"a", "b"}) << "s[]";
-    QTest::newRow("empty array") << Value(QStringList()) << "i[] d[] s[]";
-    QTest::newRow("vector") << Value(host::Vector{1, 2, 3}) << "";
+    Columns<QString>("accepted");
+    Row("none", Value(), "");
+    Row("bool", Value(true), "i d s i[]");
+    Row("int", Value(3), "i d s i[]");
+    Row("double", Value(2.5), "d s d[]");
+    Row("string", Value(QString("12")), "s s[]");
+    Row("ints", Value(IntList{1, 2}), "i[]");
+    Row("doubles", Value(FloatList{1, 2}), "d[]");
+    Row("strings", Value(QStringList{"a", "b"}), "s[]");
+    Row("empty array", Value(QStringList()), "i[] d[] s[]");
+    Row("vector", Value(host::Vector{1, 2, 3}), "");
 }
 
 void GlobalTest::ResultsFitOrFail()
@@ -95,16 +95,15 @@ void GlobalTest::ResultsFitOrFail()
 
 void GlobalTest::TellsTheTypeOfAnyResult_data()
 {
-    QTest::addColumn<Value>("value");
-    QTest::addColumn<int>("type");
-    QTest::newRow("none") << Value() << int(MCommandResult::kInvalid);
-    QTest::newRow("bool is int") << Value(false) << int(MCommandResult::kInt);
-    QTest::newRow("int") << Value(3) << int(MCommandResult::kInt);
-    QTest::newRow("double") << Value(2.5) << int(MCommandResult::kDouble);
-    QTest::newRow("string") << Value(QString("a")) << int(MCommandResult::kString);
-    QTest::newRow("ints") << Value(IntList{1}) << int(MCommandResult::kIntArray);
-    QTest::newRow("strings") << Value(QStringList{"a"}) << int(MCommandResult::kStringArray);
-    QTest::newRow("vector") << Value(host::Vector()) << int(MCommandResult::kVector);
+    Columns<Value, int>("value", "type");
+    Row("none", Value(), int(MCommandResult::kInvalid));
+    Row("bool is int", Value(false), int(MCommandResult::kInt));
+    Row("int", Value(3), int(MCommandResult::kInt));
+    Row("double", Value(2.5), int(MCommandResult::kDouble));
+    Row("string", Value(QString("a")), int(MCommandResult::kString));
+    Row("ints", Value(IntList{1}), int(MCommandResult::kIntArray));
+    Row("strings", Value(QStringList{"a"}), int(MCommandResult::kStringArray));
+    Row("vector", Value(host::Vector()), int(MCommandResult::kVector));
 }
 
 void GlobalTest::TellsTheTypeOfAnyResult()

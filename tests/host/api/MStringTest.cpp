@@ -51,16 +51,14 @@ void MStringTest::AppendsNumbersInTheirShortestForm()
 
 void MStringTest::FillsMarkers_data()
 {
-    QTest::addColumn<QString>("format");
-    QTest::addColumn<QStringList>("arguments");
-    QTest::addColumn<QString>("expected");
-    QTest::newRow("in any order") << "^2s-^1s-^2s" << QStringList{"a", "b"} << "b-a-b";
-    QTest::newRow("tenth is not first")
-        << "^10s ^1s" << QStringList{"1", "2", "3", "4", "5", "6", "7", "8", "9", "X"} << "X 1";
-    QTest::newRow("without argument stays") << "^1s ^2s" << QStringList{"a"} << "a ^2s";
-    QTest::newRow("no marker") << "^ ^s ^0s ^11s ^1" << QStringList{"a"} << "^ ^s ^0s ^11s ^1";
-    QTest::newRow("markers in arguments stay") << "^1s" << QStringList{"^2s", "b"} << "^2s";
-    QTest::newRow("empty argument") << "[^1s]" << QStringList{""} << "[]";
+    Columns<QString, QStringList, QString>("format", "arguments", "expected");
+    Row("in any order", "^2s-^1s-^2s", QStringList{"a", "b"}, "b-a-b");
+    Row("tenth is not first", "^10s ^1s",
+        QStringList{"1", "2", "3", "4", "5", "6", "7", "8", "9", "X"}, "X 1");
+    Row("without argument stays", "^1s ^2s", QStringList{"a"}, "a ^2s");
+    Row("no marker", "^ ^s ^0s ^11s ^1", QStringList{"a"}, "^ ^s ^0s ^11s ^1");
+    Row("markers in arguments stay", "^1s", QStringList{"^2s", "b"}, "^2s");
+    Row("empty argument", "[^1s]", QStringList{""}, "[]");
 }
 
 void MStringTest::FillsMarkers()
@@ -87,15 +85,14 @@ void MStringTest::FormatsFromItsOwnText()
 
 void MStringTest::DropsEmptyPieces_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QStringList>("pieces");
-    QTest::newRow("plain") << "a;b;c" << QStringList{"a", "b", "c"};
-    QTest::newRow("empty ones dropped") << ";;a;;b;" << QStringList{"a", "b"};
-    QTest::newRow("no separator") << "abc" << QStringList{"abc"};
-    QTest::newRow("nothing") << "" << QStringList{};
-    QTest::newRow("separators only") << ";;" << QStringList{};
-    QTest::newRow("beyond ASCII") << QString::fromUtf8("é;ü")
-                                  << QStringList{QString::fromUtf8("é"), QString::fromUtf8("ü")};
+    Columns<QString, QStringList>("text", "pieces");
+    Row("plain", "a;b;c", QStringList{"a", "b", "c"});
+    Row("empty ones dropped", ";;a;;b;", QStringList{"a", "b"});
+    Row("no separator", "abc", QStringList{"abc"});
+    Row("nothing", "", QStringList{});
+    Row("separators only", ";;", QStringList{});
+    Row("beyond ASCII", QString::fromUtf8("é;ü"),
+        QStringList{QString::fromUtf8("é"), QString::fromUtf8("ü")});
 }
 
 void MStringTest::DropsEmptyPieces()
@@ -115,15 +112,13 @@ void MStringTest::DropsEmptyPieces()
 
 void MStringTest::CutsInsideTheText_data()
 {
-    QTest::addColumn<int>("start");
-    QTest::addColumn<int>("end");
-    QTest::addColumn<QString>("expected");
-    QTest::newRow("both ends included") << 1 << 3 << "bcd";
-    QTest::newRow("one character") << 2 << 2 << "c";
-    QTest::newRow("beyond the end") << 3 << 99 << "de";
-    QTest::newRow("before the start") << -5 << 1 << "ab";
-    QTest::newRow("backwards") << 3 << 1 << "";
-    QTest::newRow("outside") << 7 << 9 << "";
+    Columns<int, int, QString>("start", "end", "expected");
+    Row("both ends included", 1, 3, "bcd");
+    Row("one character", 2, 2, "c");
+    Row("beyond the end", 3, 99, "de");
+    Row("before the start", -5, 1, "ab");
+    Row("backwards", 3, 1, "");
+    Row("outside", 7, 9, "");
 }
 
 void MStringTest::CutsInsideTheText()
@@ -148,27 +143,17 @@ void MStringTest::ReplacesWithoutLookingBack()
 
 void MStringTest::TellsNumbersApart_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("kinds"); // of "i"nt, "u"nsigned, "s"hort, "d"ouble
-    QTest::addColumn<int>("asInt");
-    QTest::newRow("small") << "12"
-                           << "iusd" << 12;
-    QTest::newRow("negative") << "-7"
-                              << "isd" << -7;
-    QTest::newRow("too long for short") << "40000"
-                                        << "iud" << 40000;
-    QTest::newRow("unsigned only") << "4000000000"
-                                   << "ud" << INT_MAX;
-    QTest::newRow("fraction") << "1.75"
-                              << "d" << 1;
-    QTest::newRow("exponent") << "1e3"
-                              << "d" << 1000;
-    QTest::newRow("with a tail") << "12px"
-                                 << "" << 12;
-    QTest::newRow("word") << "x"
-                          << "" << 0;
-    QTest::newRow("nothing") << ""
-                             << "" << 0;
+    // "kinds": of "i"nt, "u"nsigned, "s"hort, "d"ouble
+    Columns<QString, QString, int>("text", "kinds", "asInt");
+    Row("small", "12", "iusd", 12);
+    Row("negative", "-7", "isd", -7);
+    Row("too long for short", "40000", "iud", 40000);
+    Row("unsigned only", "4000000000", "ud", INT_MAX);
+    Row("fraction", "1.75", "d", 1);
+    Row("exponent", "1e3", "d", 1000);
+    Row("with a tail", "12px", "", 12);
+    Row("word", "x", "", 0);
+    Row("nothing", "", "", 0);
 }
 
 void MStringTest::TellsNumbersApart()
@@ -251,17 +236,17 @@ void MStringTest::ExpandsVariables()
 
 void MStringTest::RoundTripsThroughTheToolkit_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::newRow("empty") << QString("");
-    QTest::newRow("accents") << QString::fromUtf8("Zoë — naïve");
-    QTest::newRow("beyond the basic plane") << QString::fromUtf8("😀𝒳");
-    QTest::newRow("byte order mark") << QString(QChar(0xFEFF)) + "text";
-    QTest::newRow("zeros") << QString("a") + QChar(0) + "b" + QChar(0);
-    QTest::newRow("replacement character") << QString(QChar(0xFFFD));
-    QTest::newRow("non-characters") << QString(QChar(0xFFFE)) + QChar(0xFFFF);
-    QTest::newRow("lone high half") << QString("a") + QChar(0xD83D) + "b";
-    QTest::newRow("lone low half") << QString(QChar(0xDE00)) + QChar(0xD83D);
-    QTest::newRow("line ends") << QString("a\r\nb\n\r\t");
+    Columns<QString>("text");
+    Row("empty", "");
+    Row("accents", QString::fromUtf8("Zoë — naïve"));
+    Row("beyond the basic plane", QString::fromUtf8("😀𝒳"));
+    Row("byte order mark", QString(QChar(0xFEFF)) + "text");
+    Row("zeros", QString("a") + QChar(0) + "b" + QChar(0));
+    Row("replacement character", QString(QChar(0xFFFD)));
+    Row("non-characters", QString(QChar(0xFFFE)) + QChar(0xFFFF));
+    Row("lone high half", QString("a") + QChar(0xD83D) + "b");
+    Row("lone low half", QString(QChar(0xDE00)) + QChar(0xD83D));
+    Row("line ends", "a\r\nb\n\r\t");
 }
 
 void MStringTest::RoundTripsThroughTheToolkit()

@@ -50,24 +50,22 @@ host::Outcome PluginCommandTest::RunKeywords(
 
 void PluginCommandTest::GivesResultsOfEveryType_data()
 {
-    QTest::addColumn<QString>("words");
-    QTest::addColumn<Value>("expected");
-    QTest::newRow("int") << "-as int -c 3" << Value(3);
-    QTest::newRow("int from float") << "-as int -count 3.9" << Value(3);
-    QTest::newRow("double") << "-as double -r 0.5" << Value(0.5);
-    QTest::newRow("bool") << "-as bool -on yes" << Value(true);
-    QTest::newRow("literal is no bool") << "-as literal" << Value(QString("a literal"));
-    QTest::newRow("string") << "-as string -n \"two words\"" << Value(QString("two words"));
-    QTest::newRow("two arguments") << "-sz 3 4 -as size" << Value(12);
-    QTest::newRow("ints") << "-as ints -c 2" << Value(IntList{2, 2});
-    QTest::newRow("doubles") << "-as doubles -r 2" << Value(FloatList{2, 2});
-    QTest::newRow("strings") << "-as strings x \"y z\" 4" << Value(QStringList{"x", "y z", "4"});
-    QTest::newRow("appended") << "-as appended -c 1 -r 0.5 -n x"
-                              << Value(QStringList{"1", "0.5", "x"});
-    QTest::newRow("repeated flag") << "-lb a -as labels -label b" << Value(QStringList{"a", "b"});
-    QTest::newRow("none") << "-as nothing" << Value();
-    QTest::newRow("its own call") << "-as command \"a b\" 2"
-                                  << Value(QString("typedCommand -as \"command\" \"a b\" 2"));
+    Columns<QString, Value>("words", "expected");
+    Row("int", "-as int -c 3", Value(3));
+    Row("int from float", "-as int -count 3.9", Value(3));
+    Row("double", "-as double -r 0.5", Value(0.5));
+    Row("bool", "-as bool -on yes", Value(true));
+    Row("literal is no bool", "-as literal", Value(QString("a literal")));
+    Row("string", "-as string -n \"two words\"", Value(QString("two words")));
+    Row("two arguments", "-sz 3 4 -as size", Value(12));
+    Row("ints", "-as ints -c 2", Value(IntList{2, 2}));
+    Row("doubles", "-as doubles -r 2", Value(FloatList{2, 2}));
+    Row("strings", "-as strings x \"y z\" 4", Value(QStringList{"x", "y z", "4"}));
+    Row("appended", "-as appended -c 1 -r 0.5 -n x", Value(QStringList{"1", "0.5", "x"}));
+    Row("repeated flag", "-lb a -as labels -label b", Value(QStringList{"a", "b"}));
+    Row("none", "-as nothing", Value());
+    Row("its own call", "-as command \"a b\" 2",
+        Value(QString("typedCommand -as \"command\" \"a b\" 2")));
 }
 
 void PluginCommandTest::GivesResultsOfEveryType()

@@ -88,14 +88,12 @@ void PluginLoadTest::RenamesOnlyBeforeItRegisters()
 
 void PluginLoadTest::RefusesFilesThatAreNoPlugins_data()
 {
-    QTest::addColumn<QString>("file");
-    QTest::addColumn<QString>("error");
+    Columns<QString, QString>("file", "error");
     const QString noEntry
         = "No initializePlugin\\(\\) or initializePlugin2\\(\\) function \\(%1\\)";
-    QTest::newRow("no entry points") << "NoEntry" << noEntry.arg("NoEntry");
-    QTest::newRow("hidden entry points") << "HiddenEntry" << noEntry.arg("HiddenEntry");
-    QTest::newRow("no library") << ""
-                                << "Unable to dynamically load : .*/text\\.so\n.*text\\.so.*";
+    Row("no entry points", "NoEntry", noEntry.arg("NoEntry"));
+    Row("hidden entry points", "HiddenEntry", noEntry.arg("HiddenEntry"));
+    Row("no library", "", "Unable to dynamically load : .*/text\\.so\n.*text\\.so.*");
 }
 
 void PluginLoadTest::RefusesFilesThatAreNoPlugins()
@@ -116,9 +114,9 @@ void PluginLoadTest::RefusesFilesThatAreNoPlugins()
 
 void PluginLoadTest::UndoesAFailedStart_data()
 {
-    QTest::addColumn<bool>("byException");
-    QTest::newRow("by its status") << false;
-    QTest::newRow("by an exception") << true;
+    Columns<bool>("byException");
+    Row("by its status", false);
+    Row("by an exception", true);
 }
 
 void PluginLoadTest::UndoesAFailedStart()
@@ -186,10 +184,9 @@ void PluginLoadTest::StaysLoadedWhenItRefuses()
 
 void PluginLoadTest::IsNotUnloadedUnderItsOwnFeet_data()
 {
-    QTest::addColumn<QString>("plugin");
-    QTest::addColumn<bool>("fromCallback");
-    QTest::newRow("from its command") << "TypedCommand" << false;
-    QTest::newRow("from its callback") << "UntidyPlugin" << true;
+    Columns<QString, bool>("plugin", "fromCallback");
+    Row("from its command", "TypedCommand", false);
+    Row("from its callback", "UntidyPlugin", true);
 }
 
 void PluginLoadTest::IsNotUnloadedUnderItsOwnFeet()

@@ -68,11 +68,10 @@ private Q_SLOTS:
 
 void ValuesTest::NamesItsErrors_data()
 {
-    QTest::addColumn<int>("code");
-    QTest::addColumn<QString>("text");
-    QTest::newRow("success") << int(MS::kSuccess) << "Success";
-    QTest::newRow("failure") << int(MS::kFailure) << "(kFailure): Unexpected Internal Failure";
-    QTest::newRow("last") << int(MS::kEndOfFile) << "(kEndOfFile): End of file";
+    Columns<int, QString>("code", "text");
+    Row("success", int(MS::kSuccess), "Success");
+    Row("failure", int(MS::kFailure), "(kFailure): Unexpected Internal Failure");
+    Row("last", int(MS::kEndOfFile), "(kEndOfFile): End of file");
 }
 
 void ValuesTest::NamesItsErrors()

@@ -61,14 +61,10 @@ void BatchTest::Write(const QString& name, const QByteArray& text)
 
 void BatchTest::OutputAndExitCode_data()
 {
-    QTest::addColumn<QStringList>("arguments");
-    QTest::addColumn<int>("exitCode");
-    QTest::addColumn<QString>("output");
-    QTest::addColumn<QString>("errors");
+    Columns<QStringList, int, QString, QString>("arguments", "exitCode", "output", "errors");
     const auto row = [](const char* name, const QStringList& arguments, int exitCode,
                          const char* output, const char* errors) {
-        QTest::newRow(name) << QStringList("-batch") + arguments << exitCode << QString(output)
-                            << QString(errors);
+        Row(name, QStringList("-batch") + arguments, exitCode, QString(output), QString(errors));
     };
     row("print", {"-command", "print \"one\\ntwo\""}, 0, "one\ntwo", "");
     row("Python", {"-python", "print('hi', 1)"}, 0, "hi 1\n", "");

@@ -32,13 +32,12 @@ void OptionsTest::TasksKeepTheirOrder()
 
 void OptionsTest::EditorOpensOnlyByItself_data()
 {
-    QTest::addColumn<QStringList>("arguments");
-    QTest::addColumn<bool>("opens");
-    QTest::newRow("nothing") << QStringList{"host"} << true;
-    QTest::newRow("picture") << QStringList{"host", "--screenshot", "a.png"} << true;
-    QTest::newRow("preferences") << QStringList{"host", "-prefs", "/tmp/x"} << true;
-    QTest::newRow("a script") << QStringList{"host", "-command", "x"} << false;
-    QTest::newRow("batch") << QStringList{"host", "-batch"} << false;
+    Columns<QStringList, bool>("arguments", "opens");
+    Row("nothing", QStringList{"host"}, true);
+    Row("picture", QStringList{"host", "--screenshot", "a.png"}, true);
+    Row("preferences", QStringList{"host", "-prefs", "/tmp/x"}, true);
+    Row("a script", QStringList{"host", "-command", "x"}, false);
+    Row("batch", QStringList{"host", "-batch"}, false);
 }
 
 void OptionsTest::EditorOpensOnlyByItself()
@@ -52,18 +51,13 @@ void OptionsTest::EditorOpensOnlyByItself()
 
 void OptionsTest::MistakesAreNamed_data()
 {
-    QTest::addColumn<QStringList>("arguments");
-    QTest::addColumn<QString>("error");
-    QTest::newRow("unknown") << QStringList{"host", "-frob"}
-                             << "Unknown option \"-frob\". Try -help.";
-    QTest::newRow("a loose word") << QStringList{"host", "file.mel"}
-                                  << "Unknown option \"file.mel\". Try -help.";
-    QTest::newRow("value missing")
-        << QStringList{"host", "-command"} << "The option \"-command\" needs <mel>.";
-    QTest::newRow("no scale") << QStringList{"host", "-scale", "big"}
-                              << "The scale is a number from 1 to 4.";
-    QTest::newRow("picture in batch") << QStringList{"host", "-batch", "-screenshot", "a.png"}
-                                      << "There is no picture in batch mode.";
+    Columns<QStringList, QString>("arguments", "error");
+    Row("unknown", QStringList{"host", "-frob"}, "Unknown option \"-frob\". Try -help.");
+    Row("a loose word", QStringList{"host", "file.mel"}, "Unknown option \"file.mel\". Try -help.");
+    Row("value missing", QStringList{"host", "-command"}, "The option \"-command\" needs <mel>.");
+    Row("no scale", QStringList{"host", "-scale", "big"}, "The scale is a number from 1 to 4.");
+    Row("picture in batch", QStringList{"host", "-batch", "-screenshot", "a.png"},
+        "There is no picture in batch mode.");
 }
 
 void OptionsTest::MistakesAreNamed()

@@ -120,16 +120,12 @@ void CallbackCommandsTest::OptionVariableJobs()
 
 void CallbackCommandsTest::BadJobsAreRefused_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("error");
-    QTest::newRow("unknown event") << "scriptJob -event noEvent \"print x\""
-                                   << "Invalid event name 'noEvent'.";
-    QTest::newRow("nothing to wait for") << "scriptJob"
-                                         << "scriptJob needs something to wait for and a script.";
-    QTest::newRow("no such window") << "scriptJob -uiDeleted win \"print x\""
-                                    << "Object 'win' not found.";
-    QTest::newRow("no such parent") << "scriptJob -parent win -event Undo \"print x\""
-                                    << "Object 'win' not found.";
+    Columns<QString, QString>("text", "error");
+    Row("unknown event", "scriptJob -event noEvent \"print x\"", "Invalid event name 'noEvent'.");
+    Row("nothing to wait for", "scriptJob", "scriptJob needs something to wait for and a script.");
+    Row("no such window", "scriptJob -uiDeleted win \"print x\"", "Object 'win' not found.");
+    Row("no such parent", "scriptJob -parent win -event Undo \"print x\"",
+        "Object 'win' not found.");
 }
 
 void CallbackCommandsTest::BadJobsAreRefused()

@@ -34,11 +34,11 @@ private Q_SLOTS:
 
 void CommandScriptsTest::ScriptPrintsWhatItSays_data()
 {
-    QTest::addColumn<QString>("path");
+    Columns<QString>("path");
     const QFileInfoList files = QDir(TEST_DATA_DIR).entryInfoList({"*.mel"}, QDir::Files);
     QVERIFY(!files.isEmpty());
     for (const QFileInfo& file : files)
-        QTest::newRow(qPrintable(file.completeBaseName())) << file.filePath();
+        Row(qPrintable(file.completeBaseName()), file.filePath());
 }
 
 void CommandScriptsTest::ScriptPrintsWhatItSays()

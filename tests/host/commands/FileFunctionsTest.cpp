@@ -127,23 +127,17 @@ void FileFunctionsTest::WholeFiles()
 
 void FileFunctionsTest::BadFilesAreReported_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("start");
-    QTest::newRow("opening gives 0") << "fopen($d + \"no/file\", \"r\");"
-                                     << "0";
-    QTest::newRow("mode") << "fopen($d + \"x\", \"q\");"
-                          << "error: Invalid file mode \"q\".";
-    QTest::newRow("number never opened") << "fgetline(99);"
-                                         << "error: Invalid file identifier: 99.";
-    QTest::newRow("closed twice") << "int $f = fopen($d + \"x\", \"w\"); fclose($f); fclose($f);"
-                                  << "error: Invalid file identifier: 1.";
-    QTest::newRow("writing to a file open for reading")
-        << "fclose(fopen($d + \"x\", \"w\")); int $f = fopen($d + \"x\", \"r\"); fprint($f, 1);"
-        << "error: Cannot write to file 2.";
-    QTest::newRow("whole file") << "freadAllText($d + \"none\");"
-                                << "error: Cannot read file";
-    QTest::newRow("folder missing") << "fwriteAllText($d + \"no/file\", \"\");"
-                                    << "error: Cannot write file";
+    Columns<QString, QString>("text", "start");
+    Row("opening gives 0", "fopen($d + \"no/file\", \"r\");", "0");
+    Row("mode", "fopen($d + \"x\", \"q\");", "error: Invalid file mode \"q\".");
+    Row("number never opened", "fgetline(99);", "error: Invalid file identifier: 99.");
+    Row("closed twice", "int $f = fopen($d + \"x\", \"w\"); fclose($f); fclose($f);",
+        "error: Invalid file identifier: 1.");
+    Row("writing to a file open for reading",
+        "fclose(fopen($d + \"x\", \"w\")); int $f = fopen($d + \"x\", \"r\"); fprint($f, 1);",
+        "error: Cannot write to file 2.");
+    Row("whole file", "freadAllText($d + \"none\");", "error: Cannot read file");
+    Row("folder missing", "fwriteAllText($d + \"no/file\", \"\");", "error: Cannot write file");
 }
 
 void FileFunctionsTest::BadFilesAreReported()

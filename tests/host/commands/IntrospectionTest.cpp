@@ -54,26 +54,16 @@ private:
 
 void IntrospectionTest::WhatIsNamesTheKind_data()
 {
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("kind");
-    QTest::newRow("command") << "about"
-                             << "Command";
-    QTest::newRow("language function") << "substring"
-                                       << "Command";
-    QTest::newRow("run-time command") << "Greet"
-                                      << "Run Time Command";
-    QTest::newRow("typed procedure") << "typed"
-                                     << "Mel procedure entered interactively.";
-    QTest::newRow("int variable") << "$number"
-                                  << "int variable";
-    QTest::newRow("array variable") << "$names"
-                                    << "string[] variable";
-    QTest::newRow("undeclared variable") << "$nothing"
-                                         << "Unknown";
-    QTest::newRow("nothing") << "noSuchName"
-                             << "Unknown";
-    QTest::newRow("empty") << ""
-                           << "Unknown";
+    Columns<QString, QString>("name", "kind");
+    Row("command", "about", "Command");
+    Row("language function", "substring", "Command");
+    Row("run-time command", "Greet", "Run Time Command");
+    Row("typed procedure", "typed", "Mel procedure entered interactively.");
+    Row("int variable", "$number", "int variable");
+    Row("array variable", "$names", "string[] variable");
+    Row("undeclared variable", "$nothing", "Unknown");
+    Row("nothing", "noSuchName", "Unknown");
+    Row("empty", "", "Unknown");
 }
 
 void IntrospectionTest::WhatIsNamesTheKind()
@@ -153,16 +143,11 @@ void IntrospectionTest::HelpListsFlagsInColumns()
 
 void IntrospectionTest::HelpOfLessThanACommand_data()
 {
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("text");
-    QTest::newRow("command without flags") << "melInfo"
-                                           << "\nSynopsis: melInfo\nNo Flags\n";
-    QTest::newRow("function") << "tokenize"
-                              << "\nSynopsis: tokenize String Any [String[]]\nNo Flags\n";
-    QTest::newRow("procedure") << "typed"
-                               << "error: Quick help is not available for \"typed\".";
-    QTest::newRow("run-time command") << "Greet"
-                                      << "error: Quick help is not available for \"Greet\".";
+    Columns<QString, QString>("name", "text");
+    Row("command without flags", "melInfo", "\nSynopsis: melInfo\nNo Flags\n");
+    Row("function", "tokenize", "\nSynopsis: tokenize String Any [String[]]\nNo Flags\n");
+    Row("procedure", "typed", "error: Quick help is not available for \"typed\".");
+    Row("run-time command", "Greet", "error: Quick help is not available for \"Greet\".");
 }
 
 void IntrospectionTest::HelpOfLessThanACommand()

@@ -31,42 +31,18 @@ private:
 
 void OptionVarCommandTest::StoresByType_data()
 {
-    QTest::addColumn<QString>("flags");
-    QTest::addColumn<QString>("kind");
-    QTest::addColumn<QString>("result");
-    QTest::newRow("int") << "-iv v 5"
-                         << "int"
-                         << "5";
-    QTest::newRow("int from a fraction") << "-iv v 2.9"
-                                         << "int"
-                                         << "2";
-    QTest::newRow("float from an int") << "-fv v 2"
-                                       << "float"
-                                       << "2";
-    QTest::newRow("text keeps its digits") << "-sv v 007"
-                                           << "string"
-                                           << "007";
-    QTest::newRow("two ints") << "-iv2 v 1 2"
-                              << "int[]"
-                              << "1 2";
-    QTest::newRow("four floats") << "-fv4 v 1 2 3 0.5"
-                                 << "float[]"
-                                 << "1 2 3 0.5";
-    QTest::newRow("appending starts an array") << "-iva v 4"
-                                               << "int[]"
-                                               << "4";
-    QTest::newRow("appending twice") << "-sva v a -sva v b"
-                                     << "string[]"
-                                     << "a b";
-    QTest::newRow("appending to a scalar keeps it") << "-iv v 1 -iva v 2"
-                                                    << "int[]"
-                                                    << "1 2";
-    QTest::newRow("appending another kind starts anew") << "-sv v x -fva v 2.5"
-                                                        << "float[]"
-                                                        << "2.5";
-    QTest::newRow("empty array") << "-sa v"
-                                 << "string[]"
-                                 << "";
+    Columns<QString, QString, QString>("flags", "kind", "result");
+    Row("int", "-iv v 5", "int", "5");
+    Row("int from a fraction", "-iv v 2.9", "int", "2");
+    Row("float from an int", "-fv v 2", "float", "2");
+    Row("text keeps its digits", "-sv v 007", "string", "007");
+    Row("two ints", "-iv2 v 1 2", "int[]", "1 2");
+    Row("four floats", "-fv4 v 1 2 3 0.5", "float[]", "1 2 3 0.5");
+    Row("appending starts an array", "-iva v 4", "int[]", "4");
+    Row("appending twice", "-sva v a -sva v b", "string[]", "a b");
+    Row("appending to a scalar keeps it", "-iv v 1 -iva v 2", "int[]", "1 2");
+    Row("appending another kind starts anew", "-sv v x -fva v 2.5", "float[]", "2.5");
+    Row("empty array", "-sa v", "string[]", "");
 }
 
 void OptionVarCommandTest::StoresByType()

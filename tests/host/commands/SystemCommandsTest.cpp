@@ -75,32 +75,21 @@ private:
 
 void SystemCommandsTest::TellsAboutItself_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("result");
-    QTest::newRow("release, as the plug-in asks") << "about -version;"
-                                                  << "2024";
-    QTest::newRow("batch") << "about -batch"
-                           << "1";
-    QTest::newRow("interface number") << "about -api"
-                                      << "20240000";
-    QTest::newRow("system") << "about -os"
-                            << "linux64";
-    QTest::newRow("without a flag") << "about"
-                                    << "Maya 2024";
-    QTest::newRow("calendar day") << "gmatch(`about -cd`, \"[0-9]*/[0-9][0-9]/[0-9][0-9]\")"
-                                  << "1";
-    QTest::newRow("time of day has seconds")
-        << "gmatch(`date -time`, \"[0-2][0-9]:[0-5][0-9]:[0-6][0-9]\")"
-        << "1";
-    QTest::newRow("date in an own format")
-        << "gmatch(`date -format \"YY|MM|DD hh:mm:ss x\"`, \"??|??|?? ??:??:?? x\")"
-        << "1";
-    QTest::newRow("default date")
-        << "match(\"^[0-9]+/[0-9]+/[0-9]+ [0-9]+:[0-9]+:[0-9]+$\", `date`) == `date`"
-        << "1";
-    QTest::newRow("elapsed time is measured")
-        << "float $t = `timerX`; int $ok = (`timerX -startTime $t` >= 0 && `timerX` >= $t);"
-        << "1";
+    Columns<QString, QString>("text", "result");
+    Row("release, as the plug-in asks", "about -version;", "2024");
+    Row("batch", "about -batch", "1");
+    Row("interface number", "about -api", "20240000");
+    Row("system", "about -os", "linux64");
+    Row("without a flag", "about", "Maya 2024");
+    Row("calendar day", "gmatch(`about -cd`, \"[0-9]*/[0-9][0-9]/[0-9][0-9]\")", "1");
+    Row("time of day has seconds", "gmatch(`date -time`, \"[0-2][0-9]:[0-5][0-9]:[0-6][0-9]\")",
+        "1");
+    Row("date in an own format",
+        "gmatch(`date -format \"YY|MM|DD hh:mm:ss x\"`, \"??|??|?? ??:??:?? x\")", "1");
+    Row("default date", "match(\"^[0-9]+/[0-9]+/[0-9]+ [0-9]+:[0-9]+:[0-9]+$\", `date`) == `date`",
+        "1");
+    Row("elapsed time is measured",
+        "float $t = `timerX`; int $ok = (`timerX -startTime $t` >= 0 && `timerX` >= $t);", "1");
 }
 
 void SystemCommandsTest::TellsAboutItself()
@@ -263,18 +252,15 @@ void SystemCommandsTest::UndoTakesBackWhatWasRecorded()
 
 void SystemCommandsTest::UnofferedFlagsAreRefused_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("error");
-    QTest::newRow("about") << "about -moon"
-                           << "Invalid flag '-moon'";
-    QTest::newRow("scene events") << "scriptJob -attributeChange \"a.tx\" \"print x\""
-                                  << "Invalid flag '-attributeChange'";
-    QTest::newRow("query of what cannot be queried")
-        << "commandEcho -q -addFilter"
-        << "Flag '-addFilter' cannot be used in query mode.";
-    QTest::newRow("interface scale") << "mayaDpiSetting -mode 1"
-                                     << "The scale of this host's interface follows the system and "
-                                        "cannot be set.";
+    Columns<QString, QString>("text", "error");
+    Row("about", "about -moon", "Invalid flag '-moon'");
+    Row("scene events", "scriptJob -attributeChange \"a.tx\" \"print x\"",
+        "Invalid flag '-attributeChange'");
+    Row("query of what cannot be queried", "commandEcho -q -addFilter",
+        "Flag '-addFilter' cannot be used in query mode.");
+    Row("interface scale", "mayaDpiSetting -mode 1",
+        "The scale of this host's interface follows the system and "
+        "cannot be set.");
 }
 
 void SystemCommandsTest::UnofferedFlagsAreRefused()

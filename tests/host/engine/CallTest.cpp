@@ -88,28 +88,17 @@ private Q_SLOTS:
 
 void CallTest::MelErrorsNameTheFlag_data()
 {
-    QTest::addColumn<QString>("line");
-    QTest::addColumn<QString>("error");
-    QTest::newRow("unknown") << "-foo 1"
-                             << "Invalid flag '-foo'";
-    QTest::newRow("no abbreviation") << "-lab x"
-                                     << "Invalid flag '-lab'";
-    QTest::newRow("missing value") << "-label"
-                                   << "Flag '-label' must be passed a string argument";
-    QTest::newRow("flag instead of value") << "-label -fast"
-                                           << "Flag '-label' must be passed a string argument";
-    QTest::newRow("second value missing") << "-size 5"
-                                          << "Flag '-size' must be passed a double argument";
-    QTest::newRow("text for a number") << "-size wide 2"
-                                       << "Flag '-size' must be passed a int argument";
-    QTest::newRow("text for a boolean") << "-on maybe"
-                                        << "Flag '-on' must be passed a boolean argument";
-    QTest::newRow("negative count") << "-count -3"
-                                    << "Flag '-count' must be passed a int argument";
-    QTest::newRow("both modes") << "-q -e -label"
-                                << "Cannot edit and query at the same time";
-    QTest::newRow("no such query") << "-q -count"
-                                   << "Flag '-count' cannot be used in query mode.";
+    Columns<QString, QString>("line", "error");
+    Row("unknown", "-foo 1", "Invalid flag '-foo'");
+    Row("no abbreviation", "-lab x", "Invalid flag '-lab'");
+    Row("missing value", "-label", "Flag '-label' must be passed a string argument");
+    Row("flag instead of value", "-label -fast", "Flag '-label' must be passed a string argument");
+    Row("second value missing", "-size 5", "Flag '-size' must be passed a double argument");
+    Row("text for a number", "-size wide 2", "Flag '-size' must be passed a int argument");
+    Row("text for a boolean", "-on maybe", "Flag '-on' must be passed a boolean argument");
+    Row("negative count", "-count -3", "Flag '-count' must be passed a int argument");
+    Row("both modes", "-q -e -label", "Cannot edit and query at the same time");
+    Row("no such query", "-q -count", "Flag '-count' cannot be used in query mode.");
 }
 
 void CallTest::MelErrorsNameTheFlag()
@@ -206,17 +195,13 @@ void CallTest::ArraysSpreadOverTheObjects()
 
 void CallTest::ObjectCountsAreChecked_data()
 {
-    QTest::addColumn<QString>("line");
-    QTest::addColumn<QString>("error");
-    QTest::newRow("one too many") << "1 2"
-                                  << "Too many objects or values.";
-    QTest::newRow("none") << "-v"
-                          << "This command requires at least 1 argument(s) to be specified or "
-                             "selected; found 0.";
-    QTest::newRow("wrong type") << "abc"
-                                << "Error while parsing arguments.";
-    QTest::newRow("right") << "-v 5"
-                           << "";
+    Columns<QString, QString>("line", "error");
+    Row("one too many", "1 2", "Too many objects or values.");
+    Row("none", "-v",
+        "This command requires at least 1 argument(s) to be specified or "
+        "selected; found 0.");
+    Row("wrong type", "abc", "Error while parsing arguments.");
+    Row("right", "-v 5", "");
 }
 
 void CallTest::ObjectCountsAreChecked()
@@ -237,21 +222,17 @@ void CallTest::ShortNameOfAFlagMayBeThatOfAMode()
 
 void CallTest::PythonErrorsSpeakPython_data()
 {
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QVector<Word>>("use");
-    QTest::addColumn<QString>("error");
-    QTest::newRow("unknown") << "foo" << QVector<Word>{Number(1)} << "Invalid flag 'foo'";
-    QTest::newRow("text for a number, by the name that was used")
-        << "count" << QVector<Word>{Text("x")}
-        << "Invalid arguments for flag 'count'.  Expected int, got str";
-    QTest::newRow("none for text") << "l" << QVector<Word>{Word()}
-                                   << "Invalid arguments for flag 'l'.  Expected str, got NoneType";
-    QTest::newRow("one value of two") << "size" << QVector<Word>{Number(1)}
-                                      << "Invalid arguments for flag 'size'.  Expected ( int, "
-                                         "float ), got float";
-    QTest::newRow("two values of one")
-        << "label" << QVector<Word>{Text("a"), Text("b")}
-        << "Invalid arguments for flag 'label'.  Expected str, got str";
+    Columns<QString, QVector<Word>, QString>("name", "use", "error");
+    Row("unknown", "foo", QVector<Word>{Number(1)}, "Invalid flag 'foo'");
+    Row("text for a number, by the name that was used", "count", QVector<Word>{Text("x")},
+        "Invalid arguments for flag 'count'.  Expected int, got str");
+    Row("none for text", "l", QVector<Word>{Word()},
+        "Invalid arguments for flag 'l'.  Expected str, got NoneType");
+    Row("one value of two", "size", QVector<Word>{Number(1)},
+        "Invalid arguments for flag 'size'.  Expected ( int, "
+        "float ), got float");
+    Row("two values of one", "label", QVector<Word>{Text("a"), Text("b")},
+        "Invalid arguments for flag 'label'.  Expected str, got str");
 }
 
 void CallTest::PythonErrorsSpeakPython()

@@ -74,16 +74,13 @@ void CommandTableTest::SharedFlagsJoinTheirOwn()
 
 void CommandTableTest::ReadsObjectSynopses_data()
 {
-    QTest::addColumn<QString>("synopsis");
-    QTest::addColumn<int>("minimum");
-    QTest::addColumn<int>("maximum");
-    QTest::newRow("none") << "" << 0 << 0;
-    QTest::newRow("one") << "String" << 1 << 1;
-    QTest::newRow("at most one") << "[String]" << 0 << 1;
-    QTest::newRow("any number") << "[String...]" << 0 << int(Objects::UNLIMITED);
-    QTest::newRow("numbers, then names")
-        << "Float Float Float [String...]" << 3 << int(Objects::UNLIMITED);
-    QTest::newRow("one or two") << "String [String]" << 1 << 2;
+    Columns<QString, int, int>("synopsis", "minimum", "maximum");
+    Row("none", "", 0, 0);
+    Row("one", "String", 1, 1);
+    Row("at most one", "[String]", 0, 1);
+    Row("any number", "[String...]", 0, int(Objects::UNLIMITED));
+    Row("numbers, then names", "Float Float Float [String...]", 3, int(Objects::UNLIMITED));
+    Row("one or two", "String [String]", 1, 2);
 }
 
 void CommandTableTest::ReadsObjectSynopses()
@@ -97,14 +94,12 @@ void CommandTableTest::ReadsObjectSynopses()
 
 void CommandTableTest::ReadsFunctionSignatures_data()
 {
-    QTest::addColumn<QString>("signature");
-    QTest::addColumn<int>("minimum");
-    QTest::addColumn<int>("acceptedMost");
-    QTest::newRow("none") << "int f()" << 0 << 0;
-    QTest::newRow("two") << "int f(string, any)" << 2 << 2;
-    QTest::newRow("optional array") << "int f(string, any, [string[]&])" << 2 << 3;
-    QTest::newRow("two optional ones") << "int f(string, [int, float])" << 1 << 3;
-    QTest::newRow("repeating") << "string f(any, ...)" << 1 << 99;
+    Columns<QString, int, int>("signature", "minimum", "acceptedMost");
+    Row("none", "int f()", 0, 0);
+    Row("two", "int f(string, any)", 2, 2);
+    Row("optional array", "int f(string, any, [string[]&])", 2, 3);
+    Row("two optional ones", "int f(string, [int, float])", 1, 3);
+    Row("repeating", "string f(any, ...)", 1, 99);
 }
 
 void CommandTableTest::ReadsFunctionSignatures()

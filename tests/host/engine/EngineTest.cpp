@@ -80,21 +80,13 @@ void EngineTest::cleanup()
 
 void EngineTest::EchoTellsTheLanguagesApart_data()
 {
-    QTest::addColumn<bool>("mel");
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("echo");
-    QTest::newRow("a missing semicolon is added") << true << "ls"
-                                                  << "ls;\n";
-    QTest::newRow("a semicolon is not doubled") << true << "ls ; \n\n"
-                                                << "ls ;\n";
-    QTest::newRow("lines inside stay") << true << "a;\nb"
-                                       << "a;\nb;\n";
-    QTest::newRow("python gets one line end") << false << "x = 1\r\n\n"
-                                              << "x = 1\n";
-    QTest::newRow("python blanks stay") << false << "if x:\n    y  "
-                                        << "if x:\n    y  \n";
-    QTest::newRow("empty python") << false << ""
-                                  << "\n";
+    Columns<bool, QString, QString>("mel", "text", "echo");
+    Row("a missing semicolon is added", true, "ls", "ls;\n");
+    Row("a semicolon is not doubled", true, "ls ; \n\n", "ls ;\n");
+    Row("lines inside stay", true, "a;\nb", "a;\nb;\n");
+    Row("python gets one line end", false, "x = 1\r\n\n", "x = 1\n");
+    Row("python blanks stay", false, "if x:\n    y  ", "if x:\n    y  \n");
+    Row("empty python", false, "", "\n");
 }
 
 void EngineTest::EchoTellsTheLanguagesApart()

@@ -131,23 +131,14 @@ void OutputStreamTest::LanguageBelongsToTheThreadAndScope()
 
 void OutputStreamTest::FramesEachTypeOfMessage_data()
 {
-    QTest::addColumn<int>("type");
-    QTest::addColumn<QString>("mel");
-    QTest::addColumn<QString>("python");
-    QTest::newRow("history") << int(MessageType::History) << "a\nb"
-                             << "a\nb";
-    QTest::newRow("display") << int(MessageType::Display) << "a\nb"
-                             << "a\nb";
-    QTest::newRow("info") << int(MessageType::Info) << "// a\nb //\n"
-                          << "# a\nb #\n";
-    QTest::newRow("warning") << int(MessageType::Warning) << "// Warning: a\nb //\n"
-                             << "# Warning: a\nb #\n";
-    QTest::newRow("error") << int(MessageType::Error) << "// Error: a\nb //\n"
-                           << "# Error: a\nb #\n";
-    QTest::newRow("result") << int(MessageType::Result) << "// Result: a\nb //\n"
-                            << "# Result: a\nb #\n";
-    QTest::newRow("stack trace") << int(MessageType::StackTrace) << "// a\n// b\n"
-                                 << "# a\n# b\n";
+    Columns<int, QString, QString>("type", "mel", "python");
+    Row("history", int(MessageType::History), "a\nb", "a\nb");
+    Row("display", int(MessageType::Display), "a\nb", "a\nb");
+    Row("info", int(MessageType::Info), "// a\nb //\n", "# a\nb #\n");
+    Row("warning", int(MessageType::Warning), "// Warning: a\nb //\n", "# Warning: a\nb #\n");
+    Row("error", int(MessageType::Error), "// Error: a\nb //\n", "# Error: a\nb #\n");
+    Row("result", int(MessageType::Result), "// Result: a\nb //\n", "# Result: a\nb #\n");
+    Row("stack trace", int(MessageType::StackTrace), "// a\n// b\n", "# a\n# b\n");
 }
 
 void OutputStreamTest::FramesEachTypeOfMessage()

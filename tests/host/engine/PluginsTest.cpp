@@ -96,16 +96,11 @@ void PluginsTest::FindsFilesAlongThePath()
 
 void PluginsTest::NamesAFileWithoutItsSuffix_data()
 {
-    QTest::addColumn<QString>("path");
-    QTest::addColumn<QString>("name");
-    QTest::newRow("path") << "/a/b/tool.so"
-                          << "tool";
-    QTest::newRow("name alone") << "tool"
-                                << "tool";
-    QTest::newRow("dots inside") << "/a/tool.v2.so"
-                                 << "tool.v2";
-    QTest::newRow("other suffix stays") << "tool.py"
-                                        << "tool.py";
+    Columns<QString, QString>("path", "name");
+    Row("path", "/a/b/tool.so", "tool");
+    Row("name alone", "tool", "tool");
+    Row("dots inside", "/a/tool.v2.so", "tool.v2");
+    Row("other suffix stays", "tool.py", "tool.py");
 }
 
 void PluginsTest::NamesAFileWithoutItsSuffix()

@@ -28,22 +28,18 @@ private Q_SLOTS:
 
 void ValueTest::ConvertsBetweenKinds_data()
 {
-    QTest::addColumn<Value>("value");
-    QTest::addColumn<int>("asInt");
-    QTest::addColumn<double>("asFloat");
-    QTest::addColumn<bool>("asBool");
+    Columns<Value, int, double, bool>("value", "asInt", "asFloat", "asBool");
     const double huge = 1e300;
-    QTest::newRow("nothing is zero") << Value() << 0 << 0.0 << false;
-    QTest::newRow("a yes is one") << Value(true) << 1 << 1.0 << true;
-    QTest::newRow("a fraction is cut toward zero") << Value(-2.9) << -2 << -2.9 << true;
-    QTest::newRow("a small fraction still counts as true") << Value(0.25) << 0 << 0.25 << true;
-    QTest::newRow("too large for an int gives the largest")
-        << Value(huge) << std::numeric_limits<int>::max() << huge << true;
-    QTest::newRow("text gives its leading number")
-        << Value(QString("3.14abc")) << 3 << 3.14 << true;
-    QTest::newRow("text without number is zero") << Value(QString("abc")) << 0 << 0.0 << false;
-    QTest::newRow("a vector gives its length") << Value(Vector{3, 4, 0}) << 5 << 5.0 << true;
-    QTest::newRow("an array gives zero") << Value(IntList{7}) << 0 << 0.0 << false;
+    Row("nothing is zero", Value(), 0, 0.0, false);
+    Row("a yes is one", Value(true), 1, 1.0, true);
+    Row("a fraction is cut toward zero", Value(-2.9), -2, -2.9, true);
+    Row("a small fraction still counts as true", Value(0.25), 0, 0.25, true);
+    Row("too large for an int gives the largest", Value(huge), std::numeric_limits<int>::max(),
+        huge, true);
+    Row("text gives its leading number", Value(QString("3.14abc")), 3, 3.14, true);
+    Row("text without number is zero", Value(QString("abc")), 0, 0.0, false);
+    Row("a vector gives its length", Value(Vector{3, 4, 0}), 5, 5.0, true);
+    Row("an array gives zero", Value(IntList{7}), 0, 0.0, false);
 }
 
 void ValueTest::ConvertsBetweenKinds()
@@ -56,30 +52,19 @@ void ValueTest::ConvertsBetweenKinds()
 
 void ValueTest::ShowsValuesAsText_data()
 {
-    QTest::addColumn<Value>("value");
-    QTest::addColumn<QString>("printed");
-    QTest::addColumn<QString>("result");
+    Columns<Value, QString, QString>("value", "printed", "result");
     const Matrix matrix{2, 2, {3.14159, 2.3456781232131, 1, -0.5}};
-    QTest::newRow("a whole float has no point") << Value(3.0) << "3"
-                                                << "3";
-    QTest::newRow("ten digits") << Value(1.0 / 3) << "0.3333333333"
-                                << "0.3333333333";
-    QTest::newRow("large exponent") << Value(1e10) << "1e+10"
-                                    << "1e+10";
-    QTest::newRow("small exponent") << Value(0.00001) << "1e-05"
-                                    << "1e-05";
-    QTest::newRow("vector") << Value(Vector{1.2, 0, -3}) << "1.2 0 -3"
-                            << "1.2 0 -3";
-    QTest::newRow("matrix rows stand below each other")
-        << Value(matrix) << "<< 3.14159, 2.345678123;\n   1, -0.5 >>"
-        << "<< 3.14159, 2.345678123;\n   1, -0.5 >>";
-    QTest::newRow("array") << Value(StringList{"a", "b"}) << "a\nb\n"
-                           << "a b";
-    QTest::newRow("empty array shows nothing") << Value(FloatList()) << ""
-                                               << "";
-    QTest::newRow("vectors in an array")
-        << Value(VectorList{{1, 2, 3}, {4, 5, 6}}) << "1 2 3\n4 5 6\n"
-        << "1 2 3 4 5 6";
+    Row("a whole float has no point", Value(3.0), "3", "3");
+    Row("ten digits", Value(1.0 / 3), "0.3333333333", "0.3333333333");
+    Row("large exponent", Value(1e10), "1e+10", "1e+10");
+    Row("small exponent", Value(0.00001), "1e-05", "1e-05");
+    Row("vector", Value(Vector{1.2, 0, -3}), "1.2 0 -3", "1.2 0 -3");
+    Row("matrix rows stand below each other", Value(matrix),
+        "<< 3.14159, 2.345678123;\n   1, -0.5 >>", "<< 3.14159, 2.345678123;\n   1, -0.5 >>");
+    Row("array", Value(StringList{"a", "b"}), "a\nb\n", "a b");
+    Row("empty array shows nothing", Value(FloatList()), "", "");
+    Row("vectors in an array", Value(VectorList{{1, 2, 3}, {4, 5, 6}}), "1 2 3\n4 5 6\n",
+        "1 2 3 4 5 6");
 }
 
 void ValueTest::ShowsValuesAsText()
@@ -91,18 +76,16 @@ void ValueTest::ShowsValuesAsText()
 
 void ValueTest::ReadsLeadingNumbers_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<bool>("found");
-    QTest::addColumn<double>("number");
-    QTest::newRow("after blanks") << " \t12 apples" << true << 12.0;
-    QTest::newRow("point without digits before") << "-.5" << true << -0.5;
-    QTest::newRow("point without digits behind") << "7." << true << 7.0;
-    QTest::newRow("exponent") << "1e3x" << true << 1000.0;
-    QTest::newRow("an e without digits is no exponent") << "2e+" << true << 2.0;
-    QTest::newRow("point alone") << "." << false << 0.0;
-    QTest::newRow("sign alone") << "-" << false << 0.0;
-    QTest::newRow("empty") << "" << false << 0.0;
-    QTest::newRow("word") << "inf" << false << 0.0;
+    Columns<QString, bool, double>("text", "found", "number");
+    Row("after blanks", " \t12 apples", true, 12.0);
+    Row("point without digits before", "-.5", true, -0.5);
+    Row("point without digits behind", "7.", true, 7.0);
+    Row("exponent", "1e3x", true, 1000.0);
+    Row("an e without digits is no exponent", "2e+", true, 2.0);
+    Row("point alone", ".", false, 0.0);
+    Row("sign alone", "-", false, 0.0);
+    Row("empty", "", false, 0.0);
+    Row("word", "inf", false, 0.0);
 }
 
 void ValueTest::ReadsLeadingNumbers()

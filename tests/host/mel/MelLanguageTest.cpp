@@ -76,10 +76,10 @@ private Q_SLOTS:
 
 void MelLanguageTest::TextHasTheValueOfItsLastStatement_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("result"); // null: no result line
+    // "result": null: no result line
+    Columns<QString, QString>("text", "result");
     const auto row = [](const char* text, const char* result) {
-        QTest::newRow(text) << QString(text) << (result ? QString(result) : QString());
+        Row(text, QString(text), (result ? QString(result) : QString()));
     };
     row("5", "5");
     row("5;;", "5");
@@ -218,30 +218,19 @@ void MelLanguageTest::GlobalProcedureHidesACommand()
 
 void MelLanguageTest::CommandsTakeWordsInEverySyntax_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("result");
-    QTest::newRow("command") << "texts -all a ($b + 1)"
-                             << "a 6";
-    QTest::newRow("call") << "texts(\"a\", $b)"
-                          << "a 5";
-    QTest::newRow("flags in a call") << "texts(\"-all\", \"a\")"
-                                     << "a";
-    QTest::newRow("a negative number is no flag") << "texts(\"-5\", \"- x\")"
-                                                  << "-5 - x";
-    QTest::newRow("objects keep their spelling") << "texts on 0x10 1."
-                                                 << "on 0x10 1.";
-    QTest::newRow("backticks") << "$r = `texts -label \"-\" a`"
-                               << "a";
-    QTest::newRow("arrays spread") << "texts $s {\"z\"}"
-                                   << "x y z";
-    QTest::newRow("nothing becomes an empty array")
-        << "string $n[] = `nothing`; size($n) + size(`nothing`)"
-        << "0";
-    QTest::newRow("yes or no is a number") << "`agree` + 1"
-                                           << "2";
-    QTest::newRow("type of the variable comes from the command")
-        << "$t = `texts a`; $t[1] = 5; $t[0] + $t[1]"
-        << "a5";
+    Columns<QString, QString>("text", "result");
+    Row("command", "texts -all a ($b + 1)", "a 6");
+    Row("call", "texts(\"a\", $b)", "a 5");
+    Row("flags in a call", "texts(\"-all\", \"a\")", "a");
+    Row("a negative number is no flag", "texts(\"-5\", \"- x\")", "-5 - x");
+    Row("objects keep their spelling", "texts on 0x10 1.", "on 0x10 1.");
+    Row("backticks", "$r = `texts -label \"-\" a`", "a");
+    Row("arrays spread", "texts $s {\"z\"}", "x y z");
+    Row("nothing becomes an empty array", "string $n[] = `nothing`; size($n) + size(`nothing`)",
+        "0");
+    Row("yes or no is a number", "`agree` + 1", "2");
+    Row("type of the variable comes from the command", "$t = `texts a`; $t[1] = 5; $t[0] + $t[1]",
+        "a5");
 }
 
 void MelLanguageTest::CommandsTakeWordsInEverySyntax()
@@ -258,11 +247,9 @@ void MelLanguageTest::CommandsTakeWordsInEverySyntax()
 
 void MelLanguageTest::FunctionsConvertTheirArguments_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("result");
-    const auto row = [](const char* text, const char* result) {
-        QTest::newRow(text) << QString(text) << QString(result);
-    };
+    Columns<QString, QString>("text", "result");
+    const auto row
+        = [](const char* text, const char* result) { Row(text, QString(text), QString(result)); };
     row("string $p[]; split(\"a,b\", \",\", $p) + $p[1]", "2b");
     row("string $p[]; split \"a b c\" \" \" $p; size($p)", "3");
     row("string $p[]; `split 1.5 \".\" $p` + $p[0]", "21");
@@ -299,13 +286,13 @@ void MelLanguageTest::EndlessRecursionFails()
 
 void MelLanguageTest::RequestStopsAnEndlessLoop_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::newRow("while") << "while (1) {}";
-    QTest::newRow("for") << "for (;;) $i = 1;";
-    QTest::newRow("do") << "do {} while (1);";
-    QTest::newRow("inside catch") << "while (1) catch(`error x`);";
-    QTest::newRow("inside catchQuiet") << "while (1) catchQuiet(eval(\"while (1) {}\"));";
-    QTest::newRow("calls") << "proc f() {} proc g() { while (1) f(); } g;";
+    Columns<QString>("text");
+    Row("while", "while (1) {}");
+    Row("for", "for (;;) $i = 1;");
+    Row("do", "do {} while (1);");
+    Row("inside catch", "while (1) catch(`error x`);");
+    Row("inside catchQuiet", "while (1) catchQuiet(eval(\"while (1) {}\"));");
+    Row("calls", "proc f() {} proc g() { while (1) f(); } g;");
 }
 
 void MelLanguageTest::RequestStopsAnEndlessLoop()

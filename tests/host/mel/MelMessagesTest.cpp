@@ -109,20 +109,13 @@ void MelMessagesTest::StackTraceFollowsTheError()
 
 void MelMessagesTest::EchoAllShowsEachCommandBeforeItRuns_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("echo");
-    QTest::newRow("words are quoted") << "doIt a \"b c\" 5;"
-                                      << "doIt \"a\" \"b c\" 5;\\n";
-    QTest::newRow("special characters are escaped") << R"(doIt "q\"b\\n\n";)"
-                                                    << R"(doIt "q\"b\\n\n";\n)";
-    QTest::newRow("flags stay") << "doIt -n x -vis on -s 1. 2;"
-                                << "doIt -n \"x\" -vis on -s 1. 2;\\n";
-    QTest::newRow("call syntax") << "doIt(\"-name\", \"x\", \"-5\");"
-                                 << "doIt -name \"x\" \"-5\";\\n";
-    QTest::newRow("arrays are spread") << "string $a[] = {\"x\", \"y\"}; doIt $a;"
-                                       << "doIt \"x\" \"y\";\\n";
-    QTest::newRow("values, not expressions") << "doIt (1 + 1) <<1,2,3>>;"
-                                             << "doIt 2 <<1, 2, 3>>;\\n";
+    Columns<QString, QString>("text", "echo");
+    Row("words are quoted", "doIt a \"b c\" 5;", "doIt \"a\" \"b c\" 5;\\n");
+    Row("special characters are escaped", R"(doIt "q\"b\\n\n";)", R"(doIt "q\"b\\n\n";\n)");
+    Row("flags stay", "doIt -n x -vis on -s 1. 2;", "doIt -n \"x\" -vis on -s 1. 2;\\n");
+    Row("call syntax", "doIt(\"-name\", \"x\", \"-5\");", "doIt -name \"x\" \"-5\";\\n");
+    Row("arrays are spread", "string $a[] = {\"x\", \"y\"}; doIt $a;", "doIt \"x\" \"y\";\\n");
+    Row("values, not expressions", "doIt (1 + 1) <<1,2,3>>;", "doIt 2 <<1, 2, 3>>;\\n");
 }
 
 void MelMessagesTest::EchoAllShowsEachCommandBeforeItRuns()

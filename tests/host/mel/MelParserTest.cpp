@@ -28,8 +28,8 @@ private Q_SLOTS:
 
 void MelParserTest::AcceptsWhatRealFilesContain_data()
 {
-    QTest::addColumn<QString>("text");
-    const auto row = [](const char* text) { QTest::newRow(text) << QString(text); };
+    Columns<QString>("text");
+    const auto row = [](const char* text) { Row(text, QString(text)); };
     row("setParent ..;");
     row("int $r = `optionVar - q Name`;");
     row("select -r |a|b|c;");
@@ -76,10 +76,9 @@ void MelParserTest::AcceptsWhatRealFilesContain()
 
 void MelParserTest::RefusesWithThePlace_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("message");
+    Columns<QString, QString>("text", "message");
     const auto row = [](const char* name, const char* text, const char* message) {
-        QTest::newRow(name) << QString(text) << QString(message);
+        Row(name, QString(text), QString(message));
     };
     row("the column is behind the offending token", "int $a;\nstring $a;",
         "Line 2.10: Invalid redeclaration of variable \"$a\" as a different type.");
@@ -137,10 +136,9 @@ void MelParserTest::RefusesWithThePlace()
 
 void MelParserTest::TellsCallsFromCommands_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<int>("arguments"); // -1: a call within an expression
-    const auto row
-        = [](const char* text, int arguments) { QTest::newRow(text) << text << arguments; };
+    // "arguments": -1: a call within an expression
+    Columns<QString, int>("text", "arguments");
+    const auto row = [](const char* text, int arguments) { Row(text, text, arguments); };
     row("f (1);", -1);
     row("f(1, 2) + 1;", -1);
     row("f (1)", -1);
@@ -211,30 +209,18 @@ void MelParserTest::FileBytesAreDecoded()
 
 void MelParserTest::NestingEndsWithAnErrorNotACrash_data()
 {
-    QTest::addColumn<QString>("opening");
-    QTest::addColumn<QString>("closing");
-    QTest::newRow("parentheses") << "("
-                                 << ")";
-    QTest::newRow("calls") << "size("
-                           << ")";
-    QTest::newRow("blocks") << "{"
-                            << "}";
-    QTest::newRow("signs") << "- "
-                           << "";
-    QTest::newRow("casts") << "(int)"
-                           << "";
-    QTest::newRow("backticks") << "size (`"
-                               << "`)";
-    QTest::newRow("statements") << "if (1) "
-                                << ";";
-    QTest::newRow("indices") << "$a["
-                             << "]";
-    QTest::newRow("assignments") << "$a="
-                                 << "";
-    QTest::newRow("conditionals") << "1 ? 2 : "
-                                  << "";
-    QTest::newRow("sums") << "1 + "
-                          << "";
+    Columns<QString, QString>("opening", "closing");
+    Row("parentheses", "(", ")");
+    Row("calls", "size(", ")");
+    Row("blocks", "{", "}");
+    Row("signs", "- ", "");
+    Row("casts", "(int)", "");
+    Row("backticks", "size (`", "`)");
+    Row("statements", "if (1) ", ";");
+    Row("indices", "$a[", "]");
+    Row("assignments", "$a=", "");
+    Row("conditionals", "1 ? 2 : ", "");
+    Row("sums", "1 + ", "");
 }
 
 void MelParserTest::NestingEndsWithAnErrorNotACrash()

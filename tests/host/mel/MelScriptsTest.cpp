@@ -38,11 +38,11 @@ QString WithLineEnd(const QStringList& lines)
 
 void MelScriptsTest::ScriptGivesWhatItsCommentsSay_data()
 {
-    QTest::addColumn<QString>("path");
+    Columns<QString>("path");
     QDirIterator files(TEST_DATA_DIR, {"*.mel"}, QDir::Files);
     while (files.hasNext()) {
         const QString path = files.next();
-        QTest::newRow(qPrintable(files.fileInfo().baseName())) << path;
+        Row(qPrintable(files.fileInfo().baseName()), path);
     }
 }
 

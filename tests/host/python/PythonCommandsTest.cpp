@@ -95,11 +95,9 @@ void PythonCommandsTest::initTestCase()
 
 void PythonCommandsTest::ReadsArguments_data()
 {
-    QTest::addColumn<QString>("call");
-    QTest::addColumn<QString>("shown");
-    const auto row = [](const char* call, const char* shown) {
-        QTest::newRow(call) << QString(call) << QString(shown);
-    };
+    Columns<QString, QString>("call", "shown");
+    const auto row
+        = [](const char* call, const char* shown) { Row(call, QString(call), QString(shown)); };
     row("'a', ['b', ('c', ['d'])]", "Result: create a b c d");
     row("1, 2.5, True", "Result: create 1 2.5 1");
     row("pathlib.Path('/tmp/x')", "Result: create /tmp/x");
@@ -151,11 +149,9 @@ void PythonCommandsTest::ReadsArguments()
 
 void PythonCommandsTest::ConvertsResultsAndErrors_data()
 {
-    QTest::addColumn<QString>("call");
-    QTest::addColumn<QString>("shown");
-    const auto row = [](const char* call, const char* shown) {
-        QTest::newRow(call) << QString(call) << QString(shown);
-    };
+    Columns<QString, QString>("call", "shown");
+    const auto row
+        = [](const char* call, const char* shown) { Row(call, QString(call), QString(shown)); };
     row("giveBack('none')", "None");
     row("giveBack('yes')", "True");
     row("giveBack('int')", "7");

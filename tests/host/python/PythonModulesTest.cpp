@@ -73,11 +73,9 @@ void PythonModulesTest::MelReachesPython()
 
 void PythonModulesTest::GlobalsReachTheHost_data()
 {
-    QTest::addColumn<QString>("call");
-    QTest::addColumn<QStringList>("shown");
-    const auto row = [](const char* call, const QStringList& shown) {
-        QTest::newRow(call) << QString(call) << shown;
-    };
+    Columns<QString, QStringList>("call", "shown");
+    const auto row
+        = [](const char* call, const QStringList& shown) { Row(call, QString(call), shown); };
     row("displayInfo('a')", {"Info: a"});
     row("displayWarning('a')", {"Warning: a"});
     row("displayError('a')", {"Error: a"});

@@ -46,10 +46,9 @@ QString PythonRunTest::WriteFile(const QString& name, const QByteArray& text)
 
 void PythonRunTest::ShowsResultsAndErrors_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QStringList>("shown");
+    Columns<QString, QStringList>("text", "shown");
     const auto row = [](const char* name, const QString& text, const QStringList& shown) {
-        QTest::newRow(name) << text << shown;
+        Row(name, text, shown);
     };
     const QString place = "file <maya console> line ";
 
@@ -124,11 +123,9 @@ void PythonRunTest::ShowsResultsAndErrors()
 
 void PythonRunTest::GivesValues_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<int>("kind");
-    QTest::addColumn<QString>("words");
+    Columns<QString, int, QString>("text", "kind", "words");
     const auto row = [](const char* text, Value::Kind kind, const char* words) {
-        QTest::newRow(text) << QString(text) << static_cast<int>(kind) << QString(words);
+        Row(text, QString(text), static_cast<int>(kind), QString(words));
     };
     row("True", Value::Kind::Bool, "1");
     row("2147483647", Value::Kind::Int, "2147483647");

@@ -173,13 +173,12 @@ QStringList PythonThreadsTest::RunAndStop(const QString& text)
 
 void PythonThreadsTest::StopsRunningCode_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::newRow("endless loop") << "while True: pass";
-    QTest::newRow("loop that catches exceptions")
-        << "while True:\n  try: 1 / 0\n  except Exception: pass";
-    QTest::newRow("sleep") << "time.sleep(100)";
-    QTest::newRow("waiting for an event") << "threading.Event().wait()";
-    QTest::newRow("waiting for a program") << "import subprocess; subprocess.run(['sleep', '100'])";
+    Columns<QString>("text");
+    Row("endless loop", "while True: pass");
+    Row("loop that catches exceptions", "while True:\n  try: 1 / 0\n  except Exception: pass");
+    Row("sleep", "time.sleep(100)");
+    Row("waiting for an event", "threading.Event().wait()");
+    Row("waiting for a program", "import subprocess; subprocess.run(['sleep', '100'])");
 }
 
 void PythonThreadsTest::StopsRunningCode()

@@ -1,5 +1,4 @@
 #include "host/ui/UiFixture.h"
-#include "support/ScriptRows.h"
 #include "support/TestMain.h"
 
 #include <QCheckBox>
@@ -39,92 +38,84 @@ void ControlCommandsTest::init()
 
 void ControlCommandsTest::CommandsAnswer_data()
 {
-    ScriptColumns();
-    ScriptRow("creation gives the full path", "window w; columnLayout c; button b", "w|c|b");
-    ScriptRow("default names", "window; columnLayout; button", "window1|columnLayout1|button1");
-    ScriptRow("exists of nothing", "window -exists w", "0");
-    ScriptRow("exists beats other flags", "window w; window -e -title \"x\" -exists w", "1");
-    ScriptRow("exists asks for the type", "window w; columnLayout c; button -exists c", "0");
-    ScriptRow("control knows every control",
-        "window w; columnLayout c; button b; control -exists b", "1");
-    ScriptRow("a window is no control", "window w; control -exists w", "0");
-    ScriptRow(
-        "layout knows every layout", "window w; columnLayout c; text t; layout -q -ca c", "t");
-    ScriptRow("missing object", "button -q -label b", "error: Object 'b' not found.");
-    ScriptRow("name in use", "window w; columnLayout c; text t; button t",
+    Columns<QString, QString>("script", "result");
+    Row("creation gives the full path", "window w; columnLayout c; button b", "w|c|b");
+    Row("default names", "window; columnLayout; button", "window1|columnLayout1|button1");
+    Row("exists of nothing", "window -exists w", "0");
+    Row("exists beats other flags", "window w; window -e -title \"x\" -exists w", "1");
+    Row("exists asks for the type", "window w; columnLayout c; button -exists c", "0");
+    Row("control knows every control", "window w; columnLayout c; button b; control -exists b",
+        "1");
+    Row("a window is no control", "window w; control -exists w", "0");
+    Row("layout knows every layout", "window w; columnLayout c; text t; layout -q -ca c", "t");
+    Row("missing object", "button -q -label b", "error: Object 'b' not found.");
+    Row("name in use", "window w; columnLayout c; text t; button t",
         "error: Object's name 't' is not unique.");
-    ScriptRow(
-        "window name in use", "window w; window w", "error: Object's name 'w' is not unique.");
-    ScriptRow("ambiguous name",
+    Row("window name in use", "window w; window w", "error: Object's name 'w' is not unique.");
+    Row("ambiguous name",
         "window a; columnLayout; text t; window b; columnLayout; text t; text -q -l t",
         "error: Object's name 't' is not unique.");
-    ScriptRow("control without layout", "window w; button",
+    Row("control without layout", "window w; button",
         "error: Controls must have a layout.  No layout found in window : w.");
-    ScriptRow("nowhere to go", "columnLayout",
+    Row("nowhere to go", "columnLayout",
         "error: No current window or layout: make one first, or use -parent.");
-    ScriptRow(
-        "unknown parent", "window w; columnLayout -p nobody", "error: Object 'nobody' not found.");
-    ScriptRow("explicit parent keeps the current one",
+    Row("unknown parent", "window w; columnLayout -p nobody", "error: Object 'nobody' not found.");
+    Row("explicit parent keeps the current one",
         "window w; columnLayout c; window v; columnLayout d; text -p c t; setParent -q", "v|d");
-    ScriptRow("up", "window w; columnLayout c; rowLayout r; setParent ..; setParent -q", "w|c");
-    ScriptRow("up stops at the window", "window w; setParent ..; setParent ..; setParent -q", "w");
-    ScriptRow("top", "window w; columnLayout c; rowLayout r; setParent -top", "w");
-    ScriptRow(
-        "parent of a control", "window w; columnLayout c; button b; button -q -parent b", "w|c");
-    ScriptRow("title and size",
+    Row("up", "window w; columnLayout c; rowLayout r; setParent ..; setParent -q", "w|c");
+    Row("up stops at the window", "window w; setParent ..; setParent ..; setParent -q", "w");
+    Row("top", "window w; columnLayout c; rowLayout r; setParent -top", "w");
+    Row("parent of a control", "window w; columnLayout c; button b; button -q -parent b", "w|c");
+    Row("title and size",
         "window -title \"A B\" -widthHeight 300 200 w; string $t = `window -q -t w`; int $s[] = "
         "`window -q -wh w`; $t + $s[0] + $s[1]",
         "A B300200");
-    ScriptRow(
-        "kept flags", "window w; columnLayout c; button -docTag \"x\" b; button -q -docTag b", "x");
-    ScriptRow("a command is given back",
+    Row("kept flags", "window w; columnLayout c; button -docTag \"x\" b; button -q -docTag b", "x");
+    Row("a command is given back",
         "window w; columnLayout c; button -c \"print 1\" b; button -q -c b", "print 1");
-    ScriptRow("hidden control", "window w; columnLayout c; button -vis 0 b; button -q -vis b", "0");
-    ScriptRow("range before value",
-        "window w; columnLayout c; intField -v 7 -max 5 f; intField -q -v f", "5");
-    ScriptRow(
-        "fraction", "window w; columnLayout c; floatField -v 0.25 f; floatField -q -v f", "0.25");
-    ScriptRow("list in order",
+    Row("hidden control", "window w; columnLayout c; button -vis 0 b; button -q -vis b", "0");
+    Row("range before value", "window w; columnLayout c; intField -v 7 -max 5 f; intField -q -v f",
+        "5");
+    Row("fraction", "window w; columnLayout c; floatField -v 0.25 f; floatField -q -v f", "0.25");
+    Row("list in order",
         "window w; columnLayout c; textScrollList -a \"x\" -a \"y\" -ap 1 \"z\" l; textScrollList "
         "-q -ai l",
         "z x y");
-    ScriptRow("list selection",
+    Row("list selection",
         "window w; columnLayout c; textScrollList -ams 1 -a \"x\" -a \"y\" -a \"z\" -si \"z\" -sii "
         "1 l; textScrollList -q -sii l",
         "1 3");
-    ScriptRow("list index out of range",
+    Row("list index out of range",
         "window w; columnLayout c; textScrollList -a \"x\" l; textScrollList -e -rii 2 l",
         "error: Item index 2 is not between 1 and 1.");
-    ScriptRow("tagged items",
+    Row("tagged items",
         "window w; columnLayout c; textScrollList -a \"x\" -a \"x\" -utg \"p\" -utg \"q\" -sut "
         "\"q\" l; textScrollList -q -sii l",
         "2");
-    ScriptRow("option menu",
+    Row("option menu",
         "window w; columnLayout c; optionMenu o; menuItem -l \"a\"; menuItem -l \"b\"; optionMenu "
         "-e -v \"b\" o; optionMenu -q -sl o",
         "2");
-    ScriptRow("option menu without that item",
+    Row("option menu without that item",
         "window w; columnLayout c; optionMenu o; menuItem -l \"a\"; optionMenu -e -v \"b\" o",
         "error: Item not found: b");
-    ScriptRow("delete by the wrong kind", "window w; columnLayout c; deleteUI -window c",
+    Row("delete by the wrong kind", "window w; columnLayout c; deleteUI -window c",
         "error: Object 'c' not found.");
-    ScriptRow("deleted with everything in it",
+    Row("deleted with everything in it",
         "window w; columnLayout c; button b; deleteUI w; (`window -exists w` + `button -exists b`)",
         "0");
-    ScriptRow("listing by type",
+    Row("listing by type",
         "window w; columnLayout c; button b; text t; lsUI -type \"button\" -type \"text\"", "b t");
-    ScriptRow("listing paths", "window w; columnLayout c; button b; lsUI -long -type \"button\"",
+    Row("listing paths", "window w; columnLayout c; button b; lsUI -long -type \"button\"",
         "w|c|b");
-    ScriptRow("listing nothing", "size(`lsUI -type \"symbolButton\"`)", "0");
-    ScriptRow(
-        "listing without a type", "lsUI", "error: Name at least one type of element to list.");
-    ScriptRow("failed creation leaves nothing",
+    Row("listing nothing", "size(`lsUI -type \"symbolButton\"`)", "0");
+    Row("listing without a type", "lsUI", "error: Name at least one type of element to list.");
+    Row("failed creation leaves nothing",
         "window w; columnLayout c; optionMenu o; catchQuiet(`optionMenu -v \"x\" p`); optionMenu "
         "-exists p",
         "0");
-    ScriptRow(
-        "query without a flag", "window w; window -q w", "error: Nothing to query: name a flag.");
-    ScriptRow("no name to edit", "window -e -title \"x\"",
+    Row("query without a flag", "window w; window -q w", "error: Nothing to query: name a flag.");
+    Row("no name to edit", "window -e -title \"x\"",
         "error: This command requires at least 1 argument(s) to be specified or selected; found "
         "0.");
 }

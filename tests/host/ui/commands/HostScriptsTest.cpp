@@ -154,21 +154,11 @@ void HostScriptsTest::ThePluginManagerListsWhatThereIs()
 
 void HostScriptsTest::QuestionsAreAnswered_data()
 {
-    QTest::addColumn<QString>("command");
-    QTest::addColumn<QString>("pressed");
-    QTest::addColumn<QString>("result");
-    QTest::newRow("button") << "confirmDialog -b \"Yes\" -b \"No\" -db \"Yes\" -m \"Sure?\""
-                            << "No"
-                            << "No";
-    QTest::newRow("default button") << "confirmDialog -b \"Yes\" -b \"No\" -db \"No\""
-                                    << ""
-                                    << "No";
-    QTest::newRow("no buttons named") << "confirmDialog -m \"Done\""
-                                      << ""
-                                      << "Confirm";
-    QTest::newRow("typed text") << "promptDialog -b \"OK\" -tx \"old\"; promptDialog -q -text"
-                                << "OK"
-                                << "old!";
+    Columns<QString, QString, QString>("command", "pressed", "result");
+    Row("button", "confirmDialog -b \"Yes\" -b \"No\" -db \"Yes\" -m \"Sure?\"", "No", "No");
+    Row("default button", "confirmDialog -b \"Yes\" -b \"No\" -db \"No\"", "", "No");
+    Row("no buttons named", "confirmDialog -m \"Done\"", "", "Confirm");
+    Row("typed text", "promptDialog -b \"OK\" -tx \"old\"; promptDialog -q -text", "OK", "old!");
 }
 
 void HostScriptsTest::QuestionsAreAnswered()

@@ -36,26 +36,23 @@ void LayoutCommandsTest::init()
 
 void LayoutCommandsTest::FormChildrenHangOnTheirAttachments_data()
 {
-    QTest::addColumn<QString>("attachments");
-    QTest::addColumn<QRect>("first");
-    QTest::addColumn<QRect>("second");
-    QTest::newRow("edges of the form")
-        << "-af a \"left\" 5 -af a \"right\" 10 -af a \"top\" 0 -af a \"bottom\" 100"
-        << QRect(5, 0, 385, 200) << QRect(0, 0, 60, 20);
-    QTest::newRow("one edge keeps the size")
-        << "-af a \"right\" 0 -af a \"bottom\" 0" << QRect(360, 270, 40, 30) << QRect(0, 0, 60, 20);
-    QTest::newRow("next to another") << "-af a \"left\" 0 -ac b \"left\" 3 a -af b \"right\" 2"
-                                     << QRect(0, 0, 40, 30) << QRect(43, 0, 355, 20);
-    QTest::newRow("before another") << "-af b \"right\" 0 -ac a \"right\" 4 b"
-                                    << QRect(296, 0, 40, 30) << QRect(340, 0, 60, 20);
-    QTest::newRow("aligned with another")
-        << "-af a \"left\" 50 -aoc b \"left\" 0 a" << QRect(50, 0, 40, 30) << QRect(50, 0, 60, 20);
-    QTest::newRow("divisions") << "-ap a \"left\" 0 25 -ap a \"right\" 0 75"
-                               << QRect(100, 0, 200, 30) << QRect(0, 0, 60, 20);
-    QTest::newRow("behind the far edge")
-        << "-aof a \"left\" -100" << QRect(300, 0, 40, 30) << QRect(0, 0, 60, 20);
-    QTest::newRow("a circle is no end")
-        << "-ac a \"left\" 0 b -ac b \"left\" 0 a" << QRect(60, 0, 40, 30) << QRect(0, 0, 60, 20);
+    Columns<QString, QRect, QRect>("attachments", "first", "second");
+    Row("edges of the form",
+        "-af a \"left\" 5 -af a \"right\" 10 -af a \"top\" 0 -af a \"bottom\" 100",
+        QRect(5, 0, 385, 200), QRect(0, 0, 60, 20));
+    Row("one edge keeps the size", "-af a \"right\" 0 -af a \"bottom\" 0", QRect(360, 270, 40, 30),
+        QRect(0, 0, 60, 20));
+    Row("next to another", "-af a \"left\" 0 -ac b \"left\" 3 a -af b \"right\" 2",
+        QRect(0, 0, 40, 30), QRect(43, 0, 355, 20));
+    Row("before another", "-af b \"right\" 0 -ac a \"right\" 4 b", QRect(296, 0, 40, 30),
+        QRect(340, 0, 60, 20));
+    Row("aligned with another", "-af a \"left\" 50 -aoc b \"left\" 0 a", QRect(50, 0, 40, 30),
+        QRect(50, 0, 60, 20));
+    Row("divisions", "-ap a \"left\" 0 25 -ap a \"right\" 0 75", QRect(100, 0, 200, 30),
+        QRect(0, 0, 60, 20));
+    Row("behind the far edge", "-aof a \"left\" -100", QRect(300, 0, 40, 30), QRect(0, 0, 60, 20));
+    Row("a circle is no end", "-ac a \"left\" 0 b -ac b \"left\" 0 a", QRect(60, 0, 40, 30),
+        QRect(0, 0, 60, 20));
 }
 
 void LayoutCommandsTest::FormChildrenHangOnTheirAttachments()

@@ -1,5 +1,4 @@
 #include "host/ui/UiFixture.h"
-#include "support/ScriptRows.h"
 #include "support/TestMain.h"
 
 #include <QMenu>
@@ -44,38 +43,36 @@ QStringList MenuCommandsTest::ShownLabels(const QString& menu)
 
 void MenuCommandsTest::CommandsAnswer_data()
 {
-    ScriptColumns();
-    ScriptRow("items have paths", "menuItem i", "w|m|i");
-    ScriptRow("default name", "menuItem", "w|m|menuItem1");
-    ScriptRow("submenu is the next parent", "menuItem -subMenu 1 s; menuItem i", "w|m|s|i");
-    ScriptRow("back to the menu", "menuItem -subMenu 1 s; setParent -menu ..; menuItem i", "w|m|i");
-    ScriptRow("above the menu there is none", "setParent -menu ..; setParent -q -menu", "");
-    ScriptRow("no menu", "setParent -menu ..; menuItem",
+    Columns<QString, QString>("script", "result");
+    Row("items have paths", "menuItem i", "w|m|i");
+    Row("default name", "menuItem", "w|m|menuItem1");
+    Row("submenu is the next parent", "menuItem -subMenu 1 s; menuItem i", "w|m|s|i");
+    Row("back to the menu", "menuItem -subMenu 1 s; setParent -menu ..; menuItem i", "w|m|i");
+    Row("above the menu there is none", "setParent -menu ..; setParent -q -menu", "");
+    Row("no menu", "setParent -menu ..; menuItem",
         "error: No current menu: make one first, or use -parent.");
-    ScriptRow("a layout takes no items", "columnLayout c; menuItem -parent c",
+    Row("a layout takes no items", "columnLayout c; menuItem -parent c",
         "error: Object 'c' not found.");
-    ScriptRow("items in order", "menuItem a; menuItem b; menu -q -itemArray m", "a b");
-    ScriptRow("items of a submenu", "menuItem -sm 1 s; menuItem a; menu -q -ia s", "a");
-    ScriptRow("first", "menuItem a; menuItem -ia \"\" b; menu -q -ia m", "b a");
-    ScriptRow("behind another", "menuItem a; menuItem b; menuItem -ia a c; menu -q -ia m", "a c b");
-    ScriptRow("behind nobody", "menuItem -ia x c", "error: Object 'x' not found.");
-    ScriptRow(
-        "a failed item is not left behind", "catchQuiet(`menuItem -ia x c`); menu -q -ni m", "0");
-    ScriptRow("label with an ampersand", "menuItem -l \"A & B\" a; menuItem -q -l a", "A & B");
-    ScriptRow("divider has no label", "menuItem -d 1 a; menuItem -q -l a", "");
-    ScriptRow(
-        "what an item is", "menuItem -cb 1 a; `menuItem -q -icb a` + `menuItem -q -d a` * 10", "1");
-    ScriptRow("labels of menus", "menu -q -label m", "Tools");
-    ScriptRow("menus of a window", "menu n; window -q -ma w", "m n");
-    ScriptRow("delete an item", "menuItem a; deleteUI -mi a; menuItem -exists a", "0");
-    ScriptRow("a menu is no item", "deleteUI -mi m", "error: Object 'm' not found.");
-    ScriptRow("all items",
-        "menuItem a; menuItem -sm 1 s; menuItem x; menu -e -dai m; menu -q -ni m", "0");
-    ScriptRow("option box", "menuItem -l \"Cut\" a; menuItem -ob 1 o; menuItem -q -iob o", "1");
-    ScriptRow("command of an item", "menuItem -c \"x y\" a; menuItem -q -c a", "x y");
-    ScriptRow("popup of the last control", "columnLayout c; button b; popupMenu p", "w|c|b|p");
-    ScriptRow("popup's items",
-        "columnLayout c; button b; popupMenu p; menuItem x; popupMenu -q -ia p", "x");
+    Row("items in order", "menuItem a; menuItem b; menu -q -itemArray m", "a b");
+    Row("items of a submenu", "menuItem -sm 1 s; menuItem a; menu -q -ia s", "a");
+    Row("first", "menuItem a; menuItem -ia \"\" b; menu -q -ia m", "b a");
+    Row("behind another", "menuItem a; menuItem b; menuItem -ia a c; menu -q -ia m", "a c b");
+    Row("behind nobody", "menuItem -ia x c", "error: Object 'x' not found.");
+    Row("a failed item is not left behind", "catchQuiet(`menuItem -ia x c`); menu -q -ni m", "0");
+    Row("label with an ampersand", "menuItem -l \"A & B\" a; menuItem -q -l a", "A & B");
+    Row("divider has no label", "menuItem -d 1 a; menuItem -q -l a", "");
+    Row("what an item is", "menuItem -cb 1 a; `menuItem -q -icb a` + `menuItem -q -d a` * 10", "1");
+    Row("labels of menus", "menu -q -label m", "Tools");
+    Row("menus of a window", "menu n; window -q -ma w", "m n");
+    Row("delete an item", "menuItem a; deleteUI -mi a; menuItem -exists a", "0");
+    Row("a menu is no item", "deleteUI -mi m", "error: Object 'm' not found.");
+    Row("all items", "menuItem a; menuItem -sm 1 s; menuItem x; menu -e -dai m; menu -q -ni m",
+        "0");
+    Row("option box", "menuItem -l \"Cut\" a; menuItem -ob 1 o; menuItem -q -iob o", "1");
+    Row("command of an item", "menuItem -c \"x y\" a; menuItem -q -c a", "x y");
+    Row("popup of the last control", "columnLayout c; button b; popupMenu p", "w|c|b|p");
+    Row("popup's items", "columnLayout c; button b; popupMenu p; menuItem x; popupMenu -q -ia p",
+        "x");
 }
 
 void MenuCommandsTest::CommandsAnswer()

@@ -100,27 +100,19 @@ void PythonInterfaceTest::AnErrorInACallableIsShown()
 
 void PythonInterfaceTest::ResultsAndErrorsArePythons_data()
 {
-    QTest::addColumn<QString>("expression");
-    QTest::addColumn<QString>("result");
-    QTest::newRow("path") << "cmds.text('t')"
-                          << "'w|c|t'";
-    QTest::newRow("yes or no") << "cmds.window('w', exists=True)"
-                               << "True";
-    QTest::newRow("number") << "cmds.intField(cmds.intField(value=4), q=True, value=True)"
-                            << "4";
-    QTest::newRow("list") << "cmds.layout('c', q=True, childArray=True) or []"
-                          << "[]";
-    QTest::newRow("size") << "cmds.window(cmds.window(widthHeight=(300, 200)), q=True, wh=True)"
-                          << "[300, 200]";
-    QTest::newRow("repeated flag")
-        << "cmds.textScrollList(cmds.textScrollList(append=['a', 'b']), q=True, allItems=True)"
-        << "['a', 'b']";
-    QTest::newRow("nothing of the type") << "cmds.lsUI(type='symbolButton')"
-                                         << "None";
-    QTest::newRow("missing object") << "cmds.button('none', q=True, label=True)"
-                                    << "RuntimeError: Object 'none' not found.";
-    QTest::newRow("unknown flag") << "cmds.button(size=3)"
-                                  << "TypeError: Invalid flag 'size'";
+    Columns<QString, QString>("expression", "result");
+    Row("path", "cmds.text('t')", "'w|c|t'");
+    Row("yes or no", "cmds.window('w', exists=True)", "True");
+    Row("number", "cmds.intField(cmds.intField(value=4), q=True, value=True)", "4");
+    Row("list", "cmds.layout('c', q=True, childArray=True) or []", "[]");
+    Row("size", "cmds.window(cmds.window(widthHeight=(300, 200)), q=True, wh=True)", "[300, 200]");
+    Row("repeated flag",
+        "cmds.textScrollList(cmds.textScrollList(append=['a', 'b']), q=True, allItems=True)",
+        "['a', 'b']");
+    Row("nothing of the type", "cmds.lsUI(type='symbolButton')", "None");
+    Row("missing object", "cmds.button('none', q=True, label=True)",
+        "RuntimeError: Object 'none' not found.");
+    Row("unknown flag", "cmds.button(size=3)", "TypeError: Invalid flag 'size'");
 }
 
 void PythonInterfaceTest::ResultsAndErrorsArePythons()

@@ -50,24 +50,15 @@ void ReporterTest::TheWholeHistoryIsAnswered()
 
 void ReporterTest::FiltersHideWhatTheyName_data()
 {
-    QTest::addColumn<QString>("flag");
-    QTest::addColumn<QString>("hidden");
-    QTest::newRow("info") << "-si 1"
-                          << "i";
-    QTest::newRow("warnings") << "-sw 1"
-                              << "w";
-    QTest::newRow("errors") << "-se 1"
-                            << "e";
-    QTest::newRow("results") << "-sr 1"
-                             << "r";
-    QTest::newRow("stack traces") << "-sst 1"
-                                  << "s";
-    QTest::newRow("MEL") << "-fst \"mel\""
-                         << "iwersd";
-    QTest::newRow("Python") << "-fst \"python\""
-                            << "p";
-    QTest::newRow("two at once") << "-se 1 -sr 1"
-                                 << "er";
+    Columns<QString, QString>("flag", "hidden");
+    Row("info", "-si 1", "i");
+    Row("warnings", "-sw 1", "w");
+    Row("errors", "-se 1", "e");
+    Row("results", "-sr 1", "r");
+    Row("stack traces", "-sst 1", "s");
+    Row("MEL", "-fst \"mel\"", "iwersd");
+    Row("Python", "-fst \"python\"", "p");
+    Row("two at once", "-se 1 -sr 1", "er");
 }
 
 void ReporterTest::FiltersHideWhatTheyName()

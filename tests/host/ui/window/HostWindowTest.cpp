@@ -1,5 +1,4 @@
 #include "host/ui/window/WindowFixture.h"
-#include "support/ScriptRows.h"
 #include "support/TestMain.h"
 
 #include <QLineEdit>
@@ -65,28 +64,27 @@ private:
 
 void HostWindowTest::ScriptsFindTheMainWindow_data()
 {
-    ScriptColumns();
-    ScriptRow("name of the window", "global string $gMainWindow; $x = $gMainWindow", "MayaWindow");
-    ScriptRow("it is a window", "window -exists MayaWindow", "1");
-    ScriptRow("one script editor button",
+    Columns<QString, QString>("script", "result");
+    Row("name of the window", "global string $gMainWindow; $x = $gMainWindow", "MayaWindow");
+    Row("it is a window", "window -exists MayaWindow", "1");
+    Row("one script editor button",
         "string $found[]; for ($b in `lsUI -type symbolButton`) {"
         " if (`symbolButton -q -command $b` == \"ScriptEditor\") $found[size($found)] = "
         "`symbolButton -q -annotation $b`; } $x = $found",
         "Script Editor");
-    ScriptRow("windows menu is filled on request",
+    Row("windows menu is filled on request",
         "global string $gMainWindowMenu; buildViewMenu $gMainWindowMenu;"
         "$n = size(`menu -q -itemArray $gMainWindowMenu`) > 3",
         "1");
-    ScriptRow("general editors submenu",
+    Row("general editors submenu",
         "buildViewMenu mainWindowMenu; string $l = \"\"; for ($i in `menu -q -itemArray "
         "mainWindowMenu`) { string $t = \"\"; catchQuiet($t = `menuItem -q -label "
         "(\"mainWindowMenu|\" + $i)`); if ($t == uiRes(\"m_WindowMenu.kGeneralEditorsLabel\")) $l "
         "= $t; } $x = $l",
         "General Editors");
-    ScriptRow("shelves", "tabLayout -q -childArray $gShelfTopLevel", "General Custom");
-    ScriptRow("nothing is current at first", "setParent -q", "");
-    ScriptRow(
-        "unknown action", "hostAction nonsense", "error: There is no host action \"nonsense\".");
+    Row("shelves", "tabLayout -q -childArray $gShelfTopLevel", "General Custom");
+    Row("nothing is current at first", "setParent -q", "");
+    Row("unknown action", "hostAction nonsense", "error: There is no host action \"nonsense\".");
 }
 
 void HostWindowTest::ScriptsFindTheMainWindow()
@@ -157,11 +155,10 @@ void HostWindowTest::SwitchesAreKept()
 
 void HostWindowTest::ClosingMayBeRefused_data()
 {
-    QTest::addColumn<int>("answer");
-    QTest::addColumn<int>("accepted");
-    QTest::newRow("nobody minds") << int(CloseGuard::Answer::Nothing) << 1;
-    QTest::newRow("a filter ignores the event") << int(CloseGuard::Answer::Ignore) << 0;
-    QTest::newRow("a filter eats the event") << int(CloseGuard::Answer::Eat) << 0;
+    Columns<int, int>("answer", "accepted");
+    Row("nobody minds", int(CloseGuard::Answer::Nothing), 1);
+    Row("a filter ignores the event", int(CloseGuard::Answer::Ignore), 0);
+    Row("a filter eats the event", int(CloseGuard::Answer::Eat), 0);
 }
 
 void HostWindowTest::ClosingMayBeRefused()

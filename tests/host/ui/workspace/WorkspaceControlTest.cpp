@@ -1,5 +1,4 @@
 #include "host/ui/window/WindowFixture.h"
-#include "support/ScriptRows.h"
 #include "support/TestMain.h"
 
 #include <QFile>
@@ -36,90 +35,88 @@ private:
 
 void WorkspaceControlTest::CommandsAnswer_data()
 {
-    ScriptColumns();
-    ScriptRow("creation gives the name", "workspaceControl p", "p");
-    ScriptRow("default name", "workspaceControl", "workspaceControl1");
-    ScriptRow("exists without -q", "workspaceControl p; workspaceControl -exists p", "1");
-    ScriptRow("missing does not exist", "workspaceControl -q -exists p", "0");
-    ScriptRow("missing cannot be asked", "workspaceControl -q -visible p",
+    Columns<QString, QString>("script", "result");
+    Row("creation gives the name", "workspaceControl p", "p");
+    Row("default name", "workspaceControl", "workspaceControl1");
+    Row("exists without -q", "workspaceControl p; workspaceControl -exists p", "1");
+    Row("missing does not exist", "workspaceControl -q -exists p", "0");
+    Row("missing cannot be asked", "workspaceControl -q -visible p",
         "error: Object 'p' not found.");
-    ScriptRow("name taken", "workspaceControl p; workspaceControl p",
+    Row("name taken", "workspaceControl p; workspaceControl p",
         "error: Object's name 'p' is not unique.");
-    ScriptRow("visible by default", "workspaceControl p; workspaceControl -q -visible p", "1");
-    ScriptRow("created hidden",
+    Row("visible by default", "workspaceControl p; workspaceControl -q -visible p", "1");
+    Row("created hidden",
         "workspaceControl -floating 1 -visible 0 p; workspaceControl -q -visible p", "0");
-    ScriptRow("floating is known while hidden",
+    Row("floating is known while hidden",
         "workspaceControl -floating 1 -visible 0 p; workspaceControl -q -floating p", "1");
-    ScriptRow("restore shows",
+    Row("restore shows",
         "workspaceControl -vis 0 p; workspaceControl -e -restore p; "
         "workspaceControl -q -visible p",
         "1");
-    ScriptRow("restore expands",
+    Row("restore expands",
         "workspaceControl -fl 1 p; workspaceControl -e -collapse 1 p; "
         "workspaceControl -e -restore p; workspaceControl -q -collapse p",
         "0");
-    ScriptRow("collapse of a window",
+    Row("collapse of a window",
         "workspaceControl -fl 1 p; workspaceControl -e -collapse 1 p; workspaceControl -q "
         "-collapse p",
         "1");
-    ScriptRow("collapse is kept while hidden",
+    Row("collapse is kept while hidden",
         "workspaceControl -fl 1 p; workspaceControl -e -collapse 1 p; workspaceControl -e -visible "
         "0 "
         "p; workspaceControl -e -visible 1 p; workspaceControl -q -collapse p",
         "1");
-    ScriptRow("label", "workspaceControl -label \"My Panel\" p; workspaceControl -q -label p",
+    Row("label", "workspaceControl -label \"My Panel\" p; workspaceControl -q -label p",
         "My Panel");
-    ScriptRow("label without one", "workspaceControl p; workspaceControl -q -label p", "p");
-    ScriptRow(
-        "front tab", "workspaceControl a; workspaceControl b; workspaceControl -q -raise a", "0");
-    ScriptRow("raised tab",
+    Row("label without one", "workspaceControl p; workspaceControl -q -label p", "p");
+    Row("front tab", "workspaceControl a; workspaceControl b; workspaceControl -q -raise a", "0");
+    Row("raised tab",
         "workspaceControl a; workspaceControl b; workspaceControl -e -raise a; "
         "workspaceControl -q -raise a",
         "1");
-    ScriptRow("docks and floats",
+    Row("docks and floats",
         "workspaceControl -fl 1 p; workspaceControl -e -fl 0 p; "
         "workspaceControl -q -floating p",
         "0");
-    ScriptRow("tab in a window",
+    Row("tab in a window",
         "workspaceControl -fl 1 a; workspaceControl -ttc a -1 b; "
         "workspaceControl -q -floating b",
         "1");
-    ScriptRow("tab beside nothing", "workspaceControl -ttc nothing -1 b",
+    Row("tab beside nothing", "workspaceControl -ttc nothing -1 b",
         "error: Object 'nothing' not found.");
-    ScriptRow("failed creation leaves nothing",
+    Row("failed creation leaves nothing",
         "catchQuiet(`workspaceControl -ttc nothing -1 b`); workspaceControl -exists b", "0");
-    ScriptRow("unknown side", "workspaceControl -dtm middle 1 p",
+    Row("unknown side", "workspaceControl -dtm middle 1 p",
         "error: Invalid dock position \"middle\": use left, right, top or bottom.");
-    ScriptRow("resized side",
+    Row("resized side",
         "workspaceControl -dtm left 1 p; workspaceControl -e -rsw 300 p; workspaceControl -q "
         "-width p",
         "300");
-    ScriptRow("kept flags come back",
+    Row("kept flags come back",
         "workspaceControl -widthProperty fixed p; "
         "workspaceControl -q -widthProperty p",
         "fixed");
-    ScriptRow("close deletes what is not retained",
+    Row("close deletes what is not retained",
         "workspaceControl -retain 0 p; workspaceControl -e -close p; workspaceControl -exists p",
         "0");
-    ScriptRow("close keeps what is retained",
+    Row("close keeps what is retained",
         "workspaceControl p; workspaceControl -e -close p; workspaceControl -exists p", "1");
-    ScriptRow("deleteUI", "workspaceControl p; deleteUI p; workspaceControl -exists p", "0");
-    ScriptRow(
-        "listed", "workspaceControl a; workspaceControl b; lsUI -type workspaceControl", "a b");
-    ScriptRow("state before the control",
+    Row("deleteUI", "workspaceControl p; deleteUI p; workspaceControl -exists p", "0");
+    Row("listed", "workspaceControl a; workspaceControl b; lsUI -type workspaceControl", "a b");
+    Row("state before the control",
         "workspaceControlState -e -tlc 30 40 -width 500 -height 300 p; "
         "workspaceControlState -q -tlc p",
         "30 40");
-    ScriptRow("state size",
-        "workspaceControlState -e -wh 500 300 p; workspaceControlState -q -width p", "500");
-    ScriptRow("unknown state", "workspaceControlState -q -tlc p", "error: Object 'p' not found.");
-    ScriptRow("state removed",
+    Row("state size", "workspaceControlState -e -wh 500 300 p; workspaceControlState -q -width p",
+        "500");
+    Row("unknown state", "workspaceControlState -q -tlc p", "error: Object 'p' not found.");
+    Row("state removed",
         "workspaceControlState -tlc 1 2 p; workspaceControlState -remove p; "
         "workspaceControlState -exists p",
         "0");
-    ScriptRow("bad state string", "workspaceControl p; workspaceControl -e -ss \"junk\" p",
+    Row("bad state string", "workspaceControl p; workspaceControl -e -ss \"junk\" p",
         "error: Invalid workspace control state string.");
-    ScriptRow("state string round trip",
+    Row("state string round trip",
         "workspaceControl -fl 1 -label L p; string $s = `workspaceControl -q -ss p`; "
         "workspaceControl "
         "-e -fl 0 -label M p; workspaceControl -e -ss $s p; $x = `workspaceControl -q -label p` + "

@@ -57,12 +57,12 @@ void WorkspaceFileTest::ComesBackAsWritten()
 
 void WorkspaceFileTest::BadEntriesCostOnlyThemselves_data()
 {
-    QTest::addColumn<QString>("entry");
-    QTest::newRow("a number") << "7";
-    QTest::newRow("no name") << "{\"label\": \"x\"}";
-    QTest::newRow("a name that no script could use") << R"({"name": "a|b; quit"})";
-    QTest::newRow("the same name again") << R"({"name": "Good", "label": "Other"})";
-    QTest::newRow("null") << "null";
+    Columns<QString>("entry");
+    Row("a number", "7");
+    Row("no name", "{\"label\": \"x\"}");
+    Row("a name that no script could use", R"({"name": "a|b; quit"})");
+    Row("the same name again", R"({"name": "Good", "label": "Other"})");
+    Row("null", "null");
 }
 
 void WorkspaceFileTest::BadEntriesCostOnlyThemselves()
@@ -79,13 +79,13 @@ void WorkspaceFileTest::BadEntriesCostOnlyThemselves()
 
 void WorkspaceFileTest::BadValuesKeepTheDefault_data()
 {
-    QTest::addColumn<QString>("field");
-    QTest::newRow("side") << R"("side": "middle of nowhere")";
-    QTest::newRow("flag") << R"("visible": "maybe")";
-    QTest::newRow("index") << R"("tabIndex": 1e30)";
-    QTest::newRow("size") << R"("minimumSize": [1e9, -1e9])";
-    QTest::newRow("script") << R"("uiScript": ["rm"])";
-    QTest::newRow("list") << R"("requiredPlugins": {"a": 1})";
+    Columns<QString>("field");
+    Row("side", R"("side": "middle of nowhere")");
+    Row("flag", R"("visible": "maybe")");
+    Row("index", R"("tabIndex": 1e30)");
+    Row("size", R"("minimumSize": [1e9, -1e9])");
+    Row("script", R"("uiScript": ["rm"])");
+    Row("list", R"("requiredPlugins": {"a": 1})");
 }
 
 void WorkspaceFileTest::BadValuesKeepTheDefault()
