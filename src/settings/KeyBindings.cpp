@@ -137,18 +137,6 @@ QString GroupName()
     return QStringLiteral("user_bindings");
 }
 
-/// Whose a sequence is, or the beginning of it, or one that it begins: of two such the longer could
-/// never be pressed. None when nobody has it.
-int OwnerOf(const QKeySequence& sequence, const QHash<QKeySequence, int>& owners)
-{
-    for (auto it = owners.begin(); it != owners.end(); ++it) {
-        if (sequence.matches(it.key()) != QKeySequence::NoMatch
-            || it.key().matches(sequence) != QKeySequence::NoMatch)
-            return it.value();
-    }
-    return K::None;
-}
-
 bool IsKnown(const QKeySequence& sequence)
 {
     for (int i = 0; i < sequence.count(); ++i) {
@@ -217,11 +205,9 @@ QKeySequence KeyBindings::GetShortcut(int id) const
 {
     if (id < 1 || id > m_bindings.size())
         return {};
-    const KeyBinding& binding = m_bindings[id - 1];
-    for (const QKeySequence& sequence : SequencesInForce(binding)) {
+    for (const QKeySequence& sequence : m_bindings[id - 1].GetSequencesInForce()) {
         // What another command has got does not lead here.
-        const int owner = OwnerOf(sequence, m_owners);
-        if (!sequence.isEmpty() && (owner == KeyBindings::None || owner == id))
+        if (!sequence.isEmpty() && !m_owners.IsTakenFrom(id, sequence))
             return sequence;
     }
     return {};
@@ -235,18 +221,10 @@ QString KeyBindings::GetToolTip(int id, const QString& label) const
         : QStringLiteral("%1 (%2)").arg(label, shortcut.toString(QKeySequence::NativeText));
 }
 
-const QList<QKeySequence>& KeyBindings::SequencesInForce(const KeyBinding& binding) const
-{
-    return binding.fixed ? binding.defaultSequences : binding.userSequences;
-}
-
 void KeyBindings::Update()
 {
-    QHash<QKeySequence, int> owners;
+    KeyOwners owners;
     QStringList duplicates;
-    // Widgets close with this key whatever is bound: it is nobody's from the start.
-    for (const QKeySequence& sequence : m_bindings[Escape - 1].defaultSequences)
-        owners.insert(sequence, Escape);
     for (const KeyBinding& binding : qAsConst(m_bindings)) {
         if (binding.action)
             binding.action->setShortcuts(TakeSequences(binding, owners, duplicates));
@@ -262,13 +240,12 @@ void KeyBindings::Update()
 
 /// The sequences of the binding that nobody has before it, which are its own from now on.
 QList<QKeySequence> KeyBindings::TakeSequences(
-    const KeyBinding& binding, QHash<QKeySequence, int>& owners, QStringList& duplicates)
+    const KeyBinding& binding, KeyOwners& owners, QStringList& duplicates)
 {
-    QList<QKeySequence> sequences = SequencesInForce(binding);
+    QList<QKeySequence> sequences = binding.GetSequencesInForce();
     for (int i = sequences.size() - 1; i >= 0; --i) {
         const QKeySequence sequence = sequences[i];
-        const int owner = OwnerOf(sequence, owners);
-        const bool isTaken = owner != KeyBindings::None && owner != binding.id;
+        const bool isTaken = owners.IsTakenFrom(binding.id, sequence);
         // The toolkit would take a sequence that is there twice for an ambiguous one.
         if (!sequence.isEmpty() && !isTaken && sequences.indexOf(sequence) == i)
             continue;
@@ -279,7 +256,7 @@ QList<QKeySequence> KeyBindings::TakeSequences(
         }
     }
     for (const QKeySequence& sequence : qAsConst(sequences))
-        owners.insert(sequence, binding.id);
+        owners.Take(sequence, binding.id);
     return sequences;
 }
 

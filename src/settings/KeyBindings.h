@@ -1,6 +1,7 @@
 #pragma once
 
-#include <QHash>
+#include "settings/KeyOwners.h"
+
 #include <QKeySequence>
 #include <QList>
 #include <QString>
@@ -19,6 +20,11 @@ struct KeyBinding
     QList<QKeySequence> userSequences;
     QAction* action = nullptr; ///< not owned; null until SetAction
     bool fixed = false; ///< the user's sequences are ignored
+
+    const QList<QKeySequence>& GetSequencesInForce() const
+    {
+        return fixed ? defaultSequences : userSequences;
+    }
 };
 
 /// The table of every keyboard command of the editor window. A member of the window; interface
@@ -82,14 +88,13 @@ private:
     KeyBinding& InitializeBinding(int id, const QString& label, const QString& name,
         const QKeySequence& sequence, bool fixed);
     static void AppendBinding(KeyBinding& binding, const QKeySequence& sequence);
-    const QList<QKeySequence>& SequencesInForce(const KeyBinding& binding) const;
-    QList<QKeySequence> TakeSequences(
-        const KeyBinding& binding, QHash<QKeySequence, int>& owners, QStringList& duplicates);
+    static QList<QKeySequence> TakeSequences(
+        const KeyBinding& binding, KeyOwners& owners, QStringList& duplicates);
     /// What cannot be parsed is left out and told in `unknown`.
     void ReadKeyBinding(QSettings& settings, KeyBinding& binding, QStringList& unknown);
     void WriteKeyBinding(QSettings& settings, const KeyBinding& binding) const;
 
     QList<KeyBinding> m_bindings;
-    QHash<QKeySequence, int> m_owners; ///< the bindings that got them, by their ids
+    KeyOwners m_owners; ///< of the keys that actions got
     QStringList m_duplicates; ///< what the last update had to tell
 };
