@@ -1,0 +1,139 @@
+#include "settings/pages/KeyBindingDelegate.h"
+
+#include "settings/pages/KeyBindingsModel.h"
+#include "window/chrome/Theme.h"
+
+#include <QPainter>
+#include <QTreeView>
+
+namespace {
+
+// Design pixels.
+constexpr int ROW_HEIGHT = 24;
+constexpr int PADDING = 10; ///< left of the text of a cell
+constexpr int KEY_PADDING = 3; ///< round a key that is the current one
+constexpr int KEY_RADIUS = 3;
+
+constexpr double MATCH_ALPHA = 0.3;
+
+using M = KeyBindingsModel;
+using R = Theme::Role;
+
+const KeyBindingsModel& ModelOf(const QModelIndex& index)
+{
+    return *static_cast<const KeyBindingsModel*>(index.model());
+}
+
+R ColorOf(const QModelIndex& index)
+{
+    const bool isFixed = ModelOf(index).IsFixed(index.row());
+    switch (index.column()) {
+    case M::COMMAND: return isFixed ? R::Faint : R::Text;
+    case M::SHORTCUT:
+        return index.data(M::IS_CHANGED).toBool()                           ? R::LakeText
+            : isFixed || ModelOf(index).GetSequences(index.row()).isEmpty() ? R::Faint
+                                                                            : R::Soft;
+    default:
+        return index.data(M::IS_LOSING).toBool() ? R::StatusWarning
+            : index.data(M::IS_CHANGED).toBool() ? R::LakeText
+                                                 : R::Faint;
+    }
+}
+
+bool IsCurrentRow(const QStyleOptionViewItem& option, const QModelIndex& index)
+{
+    const auto* view = qobject_cast<const QAbstractItemView*>(option.widget);
+    return view && view->currentIndex().row() == index.row();
+}
+
+} // namespace
+
+KeyBindingDelegate::KeyBindingDelegate(QObject* parent)
+    : QStyledItemDelegate(parent)
+{ }
+
+void KeyBindingDelegate::SetEdited(int row, int place)
+{
+    m_editedRow = row;
+    m_editedPlace = place;
+}
+
+QVector<QRect> KeyBindingDelegate::PlaceKeys(
+    const QRect& cell, const QFont& font, const QModelIndex& index) const
+{
+    const QFontMetrics metrics(font);
+    const int separator = metrics.horizontalAdvance(QStringLiteral(", "));
+    QVector<QRect> places;
+    int left = cell.left() + Theme::Dp(PADDING);
+    for (const QKeySequence& sequence : ModelOf(index).GetSequences(index.row())) {
+        const int width = metrics.horizontalAdvance(M::ShownText(sequence));
+        places.append(QRect(left, cell.top(), width, cell.height()));
+        left += width + separator;
+    }
+    places.append(QRect(left, cell.top(), qMax(0, cell.right() + 1 - left), cell.height()));
+    return places;
+}
+
+void KeyBindingDelegate::paint(
+    QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const
+{
+    const bool isCurrent = IsCurrentRow(option, index);
+    const bool isHovered = option.state & QStyle::State_MouseOver;
+    painter->save();
+    if (isCurrent || isHovered)
+        painter->fillRect(option.rect, Theme::Color(isCurrent ? R::Row : R::Hover));
+    painter->setFont(index.column() == M::MARK ? Theme::SmallFont(option.font) : option.font);
+    painter->setPen(Theme::Color(ColorOf(index)));
+    const QRect area = option.rect.adjusted(Theme::Dp(PADDING), 0, 0, 0);
+    if (index.column() == M::SHORTCUT && !ModelOf(index).GetSequences(index.row()).isEmpty())
+        PaintKeys(*painter, option, index);
+    else if (index.column() != M::SHORTCUT || index.row() != m_editedRow)
+        PaintText(*painter, area, index.data().toString());
+    painter->restore();
+}
+
+void KeyBindingDelegate::PaintText(QPainter& painter, const QRect& area, const QString& text) const
+{
+    const QFontMetrics metrics = painter.fontMetrics();
+    const QString shown = metrics.elidedText(text, Qt::ElideRight, area.width());
+    const int at = m_match.isEmpty() ? -1 : shown.indexOf(m_match, 0, Qt::CaseInsensitive);
+    if (at >= 0) {
+        const int left = area.left() + metrics.horizontalAdvance(shown.left(at));
+        const int width = metrics.horizontalAdvance(shown.mid(at, m_match.size()));
+        const int top = area.top() + (area.height() - metrics.height()) / 2;
+        painter.fillRect(
+            left, top, width, metrics.height(), Theme::WithAlpha(R::Lake, MATCH_ALPHA));
+    }
+    painter.drawText(area, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, shown);
+}
+
+void KeyBindingDelegate::PaintKeys(
+    QPainter& painter, const QStyleOptionViewItem& option, const QModelIndex& index) const
+{
+    const auto& sequences = ModelOf(index).GetSequences(index.row());
+    const QVector<QRect> places = PlaceKeys(option.rect, option.font, index);
+    const bool hasPlace = m_place >= 0 && sequences.size() > 1 && IsCurrentRow(option, index);
+    const bool isEdited = index.row() == m_editedRow;
+    for (int i = 0; i < sequences.size(); ++i) {
+        QRect area = places[i];
+        area.setRight(qMin(area.right(), option.rect.right()));
+        if (area.isEmpty() || (isEdited && i >= m_editedPlace))
+            return;
+        if (hasPlace && i == m_place && !isEdited) {
+            const int padding = Theme::Dp(KEY_PADDING);
+            Theme::DrawFocusEdge(
+                painter, area.adjusted(-padding, padding, padding, -padding), KEY_RADIUS);
+        }
+        PaintText(painter, area, M::ShownText(sequences[i]));
+        if (i + 1 < sequences.size()) {
+            painter.drawText(places[i].right() + 1, option.rect.top(), option.rect.width(),
+                option.rect.height(), Qt::AlignLeft | Qt::AlignVCenter, QStringLiteral(","));
+        }
+    }
+}
+
+QSize KeyBindingDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex&) const
+{
+    const int margin = Theme::Dp(KEY_PADDING);
+    return {0, qMax(Theme::Dp(ROW_HEIGHT), option.fontMetrics.height() + 2 * margin)};
+}

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QStyledItemDelegate>
+#include <QVector>
+
+/// Draws a cell of the table of key bindings: the command, its keys one behind the other, or the
+/// mark beside them. Owned by the table.
+class KeyBindingDelegate : public QStyledItemDelegate
+{
+    Q_OBJECT
+
+public:
+    explicit KeyBindingDelegate(QObject* parent);
+
+    /// Which of the keys of the current row is the current one; -1 shows none.
+    void SetPlace(int place) { m_place = place; }
+    /// Which of the keys is not drawn because a field stands there; row -1 for none.
+    void SetEdited(int row, int place);
+    /// Searched text, which is shown on a ground of its own; empty for none.
+    void SetMatch(const QString& text) { m_match = text; }
+
+    /// Where each of the row's keys is drawn in its cell; behind the last of them, where another
+    /// one would be.
+    QVector<QRect> PlaceKeys(const QRect& cell, const QFont& font, const QModelIndex& index) const;
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option,
+        const QModelIndex& index) const override;
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
+
+private:
+    void PaintText(QPainter& painter, const QRect& area, const QString& text) const;
+    void PaintKeys(
+        QPainter& painter, const QStyleOptionViewItem& option, const QModelIndex& index) const;
+
+    QString m_match;
+    int m_place = -1;
+    int m_editedRow = -1;
+    int m_editedPlace = -1;
+};

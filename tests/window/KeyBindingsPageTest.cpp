@@ -1,0 +1,297 @@
+#include "settings/pages/KeyBindingsPage.h"
+
+#include "settings/KeyBindings.h"
+#include "settings/pages/KeyBindingsModel.h"
+#include "settings/pages/KeyBindingsTable.h"
+#include "support/TestMain.h"
+#include "window/WindowFixture.h"
+
+#include <QAction>
+#include <QFile>
+#include <QLineEdit>
+#include <QToolButton>
+#include <QtTest>
+
+#include <memory>
+#include <vector>
+
+namespace {
+
+using K = KeyBindings;
+using M = KeyBindingsModel;
+
+constexpr int RowOf(int id)
+{
+    return id - 1;
+}
+
+QList<QKeySequence> Sequences(const QStringList& texts)
+{
+    QList<QKeySequence> sequences;
+    for (const QString& text : texts)
+        sequences += QKeySequence(text);
+    return sequences;
+}
+
+} // namespace
+
+/// The page with the keys: what it says about contested ones, and how it is worked with by keyboard
+/// alone.
+class KeyBindingsPageTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { m_host = std::make_unique<WindowFixture>(); }
+    void cleanupTestCase() { m_host.reset(); }
+    void init();
+    void cleanup();
+    void SaysWhoGetsAKey_data();
+    void SaysWhoGetsAKey();
+    void KeysOfARow_data();
+    void KeysOfARow();
+    void EscapeTakesACaptureBack();
+    void ReturnDoesNothingToAFixedRow();
+    void FiltersByTextAndByKeys_data();
+    void FiltersByTextAndByKeys();
+    void KeepsWhatItAppliesInTheFile();
+
+private:
+    void Select(int id);
+    void Press(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+    QStringList ShownCommands() const;
+    const M& Model() const { return *static_cast<const M*>(m_table->model()); }
+
+    std::unique_ptr<WindowFixture> m_host;
+    std::unique_ptr<KeyBindings> m_bindings;
+    std::vector<std::unique_ptr<QAction>> m_actions;
+    std::unique_ptr<KeyBindingsPage> m_page;
+    KeyBindingsTable* m_table = nullptr;
+};
+
+void KeyBindingsPageTest::init()
+{
+    m_bindings = std::make_unique<KeyBindings>();
+    for (int id = 1; id < K::Escape; ++id) {
+        m_actions.push_back(std::make_unique<QAction>());
+        m_bindings->SetAction(id, m_actions.back().get());
+    }
+    m_bindings->ReadUserKeyBindings();
+    m_page = std::make_unique<KeyBindingsPage>(m_bindings.get(), nullptr);
+    m_page->resize(540, 420);
+    m_page->show();
+    m_page->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(m_page.get()));
+    m_table = m_page->findChild<KeyBindingsTable*>();
+    m_table->setFocus();
+}
+
+void KeyBindingsPageTest::cleanup()
+{
+    m_page.reset();
+    m_bindings.reset();
+    m_actions.clear();
+    QFile::remove(KeyBindings::GetUserKeyBindingsPath());
+}
+
+void KeyBindingsPageTest::Select(int id)
+{
+    m_table->setCurrentIndex(Model().index(RowOf(id), M::COMMAND));
+}
+
+void KeyBindingsPageTest::Press(int key, Qt::KeyboardModifiers modifiers)
+{
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key(key), modifiers);
+}
+
+QStringList KeyBindingsPageTest::ShownCommands() const
+{
+    QStringList names;
+    for (int row = 0; row < Model().rowCount(); ++row) {
+        if (!m_table->isRowHidden(row, {}))
+            names += Model().GetBindings()[row].name;
+    }
+    return names;
+}
+
+void KeyBindingsPageTest::SaysWhoGetsAKey_data()
+{
+    QTest::addColumn<int>("id");
+    QTest::addColumn<QString>("keys");
+    QTest::addColumn<QString>("mark"); // while the row is edited
+    QTest::addColumn<int>("otherId");
+    QTest::addColumn<QString>("otherMark");
+    QTest::newRow("an earlier one keeps it") << int(K::ToggleComment) << "Ctrl+F"
+                                             << "also Find, which keeps it" << int(K::Find) << "";
+    QTest::newRow("a later one loses it")
+        << int(K::NewMelBuffer) << "Ctrl+S"
+        << "also Save, which loses it" << int(K::Save) << "fixed, also New MEL Buffer";
+    QTest::newRow("a fixed one keeps it") << int(K::SaveAs) << "Ctrl+S"
+                                          << "also Save, which keeps it" << int(K::Save) << "fixed";
+    QTest::newRow("one of several") << int(K::ExecuteAlt) << "Ctrl+Enter"
+                                    << "also Execute, which keeps it" << int(K::Execute) << "fixed";
+    QTest::newRow("the beginning of another")
+        << int(K::SaveAs) << "Ctrl+K, X"
+        << "also Toggle Code Editor, which loses it" << int(K::ToggleCodeEditor) << "also Save As";
+    QTest::newRow("Escape") << int(K::Find) << "Esc"
+                            << "also Reserved, which keeps it" << int(K::Escape) << "fixed";
+    QTest::newRow("nobody's") << int(K::SaveAs) << "F12"
+                              << "changed" << int(K::Save) << "fixed";
+}
+
+void KeyBindingsPageTest::SaysWhoGetsAKey()
+{
+    QFETCH(int, id);
+    QFETCH(QString, keys);
+    QFETCH(int, otherId);
+    M model(m_bindings->GetKeySequences(), nullptr);
+    model.SetEditedRow(RowOf(id));
+    model.SetSequences(RowOf(id), Sequences({keys}));
+    QTEST(model.index(RowOf(id), M::MARK).data().toString(), "mark");
+    QTEST(model.index(RowOf(otherId), M::MARK).data().toString(), "otherMark");
+    // It has to come true.
+    const bool loses = model.index(RowOf(id), M::MARK).data(M::IS_LOSING).toBool();
+    m_bindings->UpdateUserSequences(model.GetBindings());
+    QCOMPARE(m_bindings->GetShortcut(id).isEmpty(), loses);
+}
+
+void KeyBindingsPageTest::KeysOfARow_data()
+{
+    QTest::addColumn<int>("id");
+    QTest::addColumn<QVector<int>>("presses");
+    QTest::addColumn<QStringList>("keys");
+    const int capture = Qt::Key_F7;
+    QTest::newRow("changed") << int(K::Find) << QVector<int>{Qt::Key_F2, capture, Qt::Key_Return}
+                             << QStringList("F7");
+    QTest::newRow("captured twice")
+        << int(K::Find) << QVector<int>{Qt::Key_Return, Qt::Key_Delete, capture, Qt::Key_Return}
+        << QStringList("F7");
+    QTest::newRow("added") << int(K::Find) << QVector<int>{Qt::Key_Insert, capture, Qt::Key_Return}
+                           << QStringList({"Ctrl+F", "F7"});
+    QTest::newRow("added but not pressed")
+        << int(K::Find) << QVector<int>{Qt::Key_Insert, Qt::Key_Return} << QStringList("Ctrl+F");
+    QTest::newRow("the second of two changed")
+        << int(K::ExecuteAll) << QVector<int>{Qt::Key_Right, Qt::Key_F2, capture, Qt::Key_Return}
+        << QStringList({"Ctrl+Shift+Return", "F7"});
+    QTest::newRow("the first of two removed")
+        << int(K::ExecuteAll) << QVector<int>{Qt::Key_Delete} << QStringList("Ctrl+Shift+Enter");
+    QTest::newRow("emptied in the field")
+        << int(K::Find) << QVector<int>{Qt::Key_F2, Qt::Key_Tab, Qt::Key_Space} << QStringList();
+    QTest::newRow("the same twice")
+        << int(K::ExecuteAll)
+        << QVector<int>{Qt::Key_F2, Qt::CTRL + Qt::SHIFT + Qt::Key_Enter, Qt::Key_Return}
+        << QStringList("Ctrl+Shift+Enter");
+    QTest::newRow("cleared") << int(K::ExecuteAll) << QVector<int>{Qt::CTRL + Qt::Key_Delete}
+                             << QStringList();
+    QTest::newRow("reset") << int(K::Find)
+                           << QVector<int>{Qt::Key_Delete, Qt::CTRL + Qt::Key_Backspace}
+                           << QStringList("Ctrl+F");
+    QTest::newRow("fixed") << int(K::Save) << QVector<int>{Qt::Key_F2, Qt::Key_Delete, Qt::Key_Down}
+                           << QStringList("Ctrl+S");
+}
+
+void KeyBindingsPageTest::KeysOfARow()
+{
+    QFETCH(int, id);
+    QFETCH(QVector<int>, presses);
+    QFETCH(QStringList, keys);
+    Select(id);
+    for (const int press : presses) {
+        const auto modifiers = Qt::KeyboardModifiers(press & int(Qt::KeyboardModifierMask));
+        Press(press & ~int(Qt::KeyboardModifierMask), modifiers);
+    }
+    QCOMPARE(Model().GetSequences(RowOf(id)), Sequences(keys));
+    const bool isDefault = Model().GetBindings()[RowOf(id)].defaultSequences == Sequences(keys);
+    QCOMPARE(m_page->IsChanged(), !isDefault);
+    if (presses.last() == Qt::Key_Return) {
+        QVERIFY(!m_table->IsEditing());
+        QVERIFY(m_table->hasFocus());
+    }
+}
+
+void KeyBindingsPageTest::EscapeTakesACaptureBack()
+{
+    Select(K::ExecuteAll);
+    Press(Qt::Key_Return);
+    Press(Qt::Key_S, Qt::ControlModifier);
+    QVERIFY(m_page->IsChanged());
+    Press(Qt::Key_Escape);
+    QVERIFY(!m_table->IsEditing());
+    QVERIFY(m_table->hasFocus());
+    QVERIFY(!m_page->IsChanged());
+    QVERIFY(m_page->isVisible());
+}
+
+/// In a dialog it would press the button OK.
+void KeyBindingsPageTest::ReturnDoesNothingToAFixedRow()
+{
+    Select(K::Save);
+    QKeyEvent press(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
+    QApplication::sendEvent(m_table, &press);
+    QVERIFY(press.isAccepted());
+    QVERIFY(!m_table->IsEditing());
+}
+
+void KeyBindingsPageTest::FiltersByTextAndByKeys_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QKeySequence>("pressed");
+    QTest::addColumn<QStringList>("commands");
+    QTest::newRow("label") << "toggle word" << QKeySequence() << QStringList("toggleWordWrap");
+    QTest::newRow("name") << "MODULESTATEONEXECUTE" << QKeySequence()
+                          << QStringList("pythonRevertModuleStateOnExecute");
+    QTest::newRow("key text") << "ctrl+shift+k" << QKeySequence() << QStringList("deleteLine");
+    QTest::newRow("pressed") << "" << QKeySequence("Ctrl+F") << QStringList("find");
+    QTest::newRow("pressed, of a fixed one") << "" << QKeySequence("Ctrl+S") << QStringList("save");
+    QTest::newRow("nothing") << "no such thing" << QKeySequence() << QStringList();
+}
+
+void KeyBindingsPageTest::FiltersByTextAndByKeys()
+{
+    QFETCH(QString, text);
+    QFETCH(QKeySequence, pressed);
+    m_page->findChild<QLineEdit*>("m_filter")->setText(text);
+    auto* const button = m_page->findChild<QToolButton*>("m_pressKeysButton");
+    if (!pressed.isEmpty()) {
+        button->setFocus();
+        Press(Qt::Key_Space);
+        Press(pressed[0] & ~int(Qt::KeyboardModifierMask),
+            Qt::KeyboardModifiers(pressed[0] & int(Qt::KeyboardModifierMask)));
+    }
+    QTEST(ShownCommands(), "commands");
+    QCOMPARE(m_table->GetCurrentRow() >= 0, !ShownCommands().isEmpty());
+    if (button->isChecked())
+        Press(Qt::Key_Escape);
+    QVERIFY(!button->isChecked());
+    m_page->findChild<QLineEdit*>("m_filter")->clear();
+    QCOMPARE(ShownCommands().size(), Model().rowCount());
+}
+
+void KeyBindingsPageTest::KeepsWhatItAppliesInTheFile()
+{
+    Select(K::Find);
+    Press(Qt::Key_Delete);
+    Select(K::SaveAs);
+    Press(Qt::Key_Insert);
+    Press(Qt::Key_F, Qt::ControlModifier);
+    // Applying ends what is being edited.
+    m_page->Apply();
+    QVERIFY(!m_page->IsChanged());
+    QVERIFY(!m_table->IsEditing());
+    QCOMPARE(m_bindings->GetShortcut(K::SaveAs), QKeySequence("Ctrl+F"));
+    m_bindings->WriteUserKeyBindings();
+    KeyBindings read;
+    read.ReadUserKeyBindings();
+    const KeyBindingsPage again(&read, nullptr);
+    const auto* const table = again.findChild<KeyBindingsTable*>();
+    const M& model = *static_cast<const M*>(table->model());
+    QCOMPARE(model.index(RowOf(K::Find), M::SHORTCUT).data().toString(), QString("none"));
+    QCOMPARE(model.GetSequences(RowOf(K::SaveAs)), Sequences({"Ctrl+F"}));
+    m_page->RestoreDefaults();
+    m_page->Apply();
+    QCOMPARE(m_bindings->GetShortcut(K::Find), QKeySequence("Ctrl+F"));
+    QCOMPARE(m_bindings->GetShortcut(K::SaveAs), QKeySequence());
+}
+
+TE2_TEST(KeyBindingsPageTest)
+#include "KeyBindingsPageTest.moc"
