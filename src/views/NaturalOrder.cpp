@@ -28,7 +28,7 @@ int CompareNumbers(const QStringRef& left, const QStringRef& right)
     return left.size() != right.size() ? left.size() - right.size() : left.compare(right);
 }
 
-int CompareNaturally(const QString& left, const QString& right)
+int CompareFolded(const QString& left, const QString& right)
 {
     int i = 0;
     int j = 0;
@@ -38,7 +38,7 @@ int CompareNaturally(const QString& left, const QString& right)
             const QStringRef number = TakeNumber(left, i);
             order = CompareNumbers(number, TakeNumber(right, j));
         } else {
-            order = left[i++].toCaseFolded().unicode() - right[j++].toCaseFolded().unicode();
+            order = left[i++].unicode() - right[j++].unicode();
         }
         if (order != 0)
             return order;
@@ -50,7 +50,13 @@ int CompareNaturally(const QString& left, const QString& right)
 
 bool NaturalLess(const QString& left, const QString& right)
 {
-    const int order = CompareNaturally(left, right);
+    return NaturalLess(left, left.toCaseFolded(), right, right.toCaseFolded());
+}
+
+bool NaturalLess(const QString& left, const QString& foldedLeft, const QString& right,
+    const QString& foldedRight)
+{
+    const int order = CompareFolded(foldedLeft, foldedRight);
     if (order != 0)
         return order < 0;
     return left.size() != right.size() ? left.size() < right.size() : left < right;

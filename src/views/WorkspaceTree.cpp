@@ -1,300 +1,178 @@
+// What the workspace's tree shows: reading, refreshing and watching folders.
+
 #include "views/WorkspaceTree.h"
 
+#include "files/FileTasks.h"
 #include "settings/Settings.h"
-#include "views/FolderListing.h"
-#include "window/chrome/Theme.h"
+#include "views/WorkspaceNameDelegate.h"
+#include "views/WorkspacePaths.h"
 
-#include <QDir>
+#include <QFileInfo>
 #include <QFileSystemWatcher>
+#include <QScrollBar>
 #include <QTimer>
+
+#include <algorithm>
+
+using namespace WorkspacePaths;
 
 namespace {
 
 constexpr int GATHER_TIME = 300; // ms
-
-constexpr int PATH_ROLE = Qt::UserRole;
-constexpr int KIND_ROLE = Qt::UserRole + 1;
-
-QString ChildPath(const QString& folder, const QString& name)
-{
-    return folder.endsWith(QLatin1Char('/')) ? folder + name : folder + QLatin1Char('/') + name;
-}
-
-/// Where to wait for a folder to come or go: beside it, or as near as there is anything.
-QString NearestFolderAbove(const QString& path)
-{
-    QString above = QFileInfo(path).path();
-    while (above != QLatin1String("/") && !QFileInfo::exists(above))
-        above = QFileInfo(above).path();
-    return above;
-}
-
-bool IsBelow(const QString& path, const QString& folder)
-{
-    return path == folder || path.startsWith(ChildPath(folder, QString()));
-}
+constexpr int DRAG_EXPAND_TIME = 700; // ms
 
 } // namespace
 
 WorkspaceTree::WorkspaceTree(QWidget* parent)
-    : SideBarTree(parent)
+    : QTreeView(parent)
+    , SideBarRows(static_cast<QTreeView&>(*this))
+    , m_model(new WorkspaceModel(this))
     , m_watcher(new QFileSystemWatcher(this))
     , m_gatherTimer(new QTimer(this))
-    , m_folderIcon(Theme::Icon(QStringLiteral("folder")))
-    , m_folderOpenIcon(Theme::Icon(QStringLiteral("folder_open")))
-    , m_pythonIcon(Theme::Icon(QStringLiteral("lang_python")))
-    , m_melIcon(Theme::Icon(QStringLiteral("lang_mel")))
-    , m_textIcon(Theme::Icon(QStringLiteral("lang_text")))
 {
+    using M = WorkspaceModel;
+    using T = WorkspaceTree;
+    m_names = new WorkspaceNameDelegate(
+        [this](const QModelIndex& index, const QString& name) {
+            const QString path = m_model->PathOf(index);
+            return FileTasks::FaultOfName(
+                QFileInfo(path).path(), name, m_model->IsNew(index) ? QString() : path);
+        },
+        &SideBarRows::LabelLeft, this);
+    setItemDelegate(m_names);
+    setModel(m_model);
+    FollowModel();
+    setSelectionMode(ExtendedSelection);
+    setEditTriggers(NoEditTriggers);
     // Folders are toggled by what activates them, a key or a double click.
     setExpandsOnDoubleClick(false);
+    setDragDropMode(DragDrop);
+    setDropIndicatorShown(false);
+    setAutoExpandDelay(DRAG_EXPAND_TIME);
     m_gatherTimer->setSingleShot(true);
     m_gatherTimer->setInterval(GATHER_TIME);
     const QList<QByteArray> hashes = Settings::workspaceExpandedFolderHashes;
     m_expandedHashes = QSet<QByteArray>(hashes.begin(), hashes.end());
-    connect(this, &QTreeWidget::itemExpanded, this, &WorkspaceTree::OnExpanded);
-    connect(this, &QTreeWidget::itemCollapsed, this, &WorkspaceTree::OnCollapsed);
-    connect(this, &QTreeWidget::itemActivated, this, &WorkspaceTree::OnActivated);
-    connect(
-        m_watcher, &QFileSystemWatcher::directoryChanged, this, &WorkspaceTree::OnDirectoryChanged);
-    connect(m_gatherTimer, &QTimer::timeout, this, &WorkspaceTree::ChangesFound);
-}
-
-QString WorkspaceTree::GetPath(const QTreeWidgetItem* item)
-{
-    return item->data(0, PATH_ROLE).toString();
-}
-
-WorkspaceTree::Kind WorkspaceTree::GetKind(const QTreeWidgetItem* item)
-{
-    return static_cast<Kind>(item->data(0, KIND_ROLE).toInt());
-}
-
-QTreeWidgetItem* WorkspaceTree::CreateItem(const QString& path, Kind kind, bool expandable) const
-{
-    auto* item = new QTreeWidgetItem;
-    const QFileInfo info(path);
-    item->setText(0, info.fileName().isEmpty() ? path : info.fileName());
-    item->setData(0, PATH_ROLE, path);
-    item->setData(0, KIND_ROLE, static_cast<int>(kind));
-    item->setData(0, CopyRole, path);
-    item->setChildIndicatorPolicy(
-        expandable ? QTreeWidgetItem::ShowIndicator : QTreeWidgetItem::DontShowIndicator);
-    if (kind != Kind::File) {
-        item->setIcon(0, m_folderIcon);
-        if (kind == Kind::Root)
-            item->setToolTip(0, path);
-        return item;
-    }
-    const QString suffix = info.suffix().toLower();
-    const bool python = suffix == QLatin1String("py") || suffix == QLatin1String("pyw");
-    item->setIcon(0,
-        python                               ? m_pythonIcon
-            : suffix == QLatin1String("mel") ? m_melIcon
-                                             : m_textIcon);
-    item->setData(0, LanguageIconRole, true);
-    ShowOpenState(item);
-    return item;
+    connect(this, &QTreeView::expanded, this, &T::OnExpanded);
+    connect(this, &QTreeView::collapsed, this, &T::OnCollapsed);
+    connect(m_model, &M::FolderRead, this, &T::OnFolderRead);
+    connect(m_model, &M::rowsAboutToBeInserted, this, &T::KeepTop);
+    connect(m_model, &M::rowsAboutToBeRemoved, this, &T::KeepTop);
+    connect(m_model, &M::layoutAboutToBeChanged, this, &T::KeepTop);
+    connect(m_watcher, &QFileSystemWatcher::directoryChanged, this, &T::OnDirectoryChanged);
+    connect(m_gatherTimer, &QTimer::timeout, this, &T::ChangesFound);
 }
 
 void WorkspaceTree::SetRoots(const QStringList& folders)
 {
-    for (int i = topLevelItemCount() - 1; i >= 0; --i) {
-        if (!folders.contains(GetPath(topLevelItem(i))))
-            delete takeTopLevelItem(i);
-    }
-    for (int i = 0; i < folders.size(); ++i) {
-        QTreeWidgetItem* root = nullptr;
-        for (int j = i; j < topLevelItemCount() && !root; ++j)
-            root = GetPath(topLevelItem(j)) == folders[i] ? topLevelItem(j) : nullptr;
-        if (root && topLevelItem(i) == root)
-            continue;
-        if (root)
-            takeTopLevelItem(indexOfTopLevelItem(root));
-        else
-            root = CreateItem(folders[i], Kind::Root, true);
-        insertTopLevelItem(i, root);
-        SetAbsent(root, !QFileInfo(folders[i]).isDir());
-        // Taken out and put back, everything is collapsed.
-        RestoreExpanded(root);
-    }
+    m_model->SetRoots(folders);
+    RestoreExpanded(QModelIndex());
     UpdateWatches();
 }
 
 void WorkspaceTree::SetOpenFiles(const QHash<QString, bool>& modifiedByPath)
 {
-    const QHash<QString, bool> before = m_openFiles;
-    m_openFiles = modifiedByPath;
-    const auto update = [this](const QString& path) {
-        if (QTreeWidgetItem* item = ItemOf(path, false))
-            ShowOpenState(item);
-    };
-    for (auto file = before.begin(); file != before.end(); ++file) {
-        if (!m_openFiles.contains(file.key()))
-            update(file.key());
-    }
-    for (auto file = m_openFiles.constBegin(); file != m_openFiles.constEnd(); ++file) {
-        if (before.value(file.key()) != file.value() || !before.contains(file.key()))
-            update(file.key());
-    }
+    m_model->SetOpenFiles(modifiedByPath);
 }
 
-void WorkspaceTree::ShowOpenState(QTreeWidgetItem* file) const
-{
-    const QString path = GetPath(file);
-    QFont font;
-    font.setBold(m_openFiles.contains(path));
-    file->setData(0, Qt::FontRole, font.bold() ? QVariant(font) : QVariant());
-    file->setData(0, ModifiedRole, m_openFiles.value(path));
-}
+// Reading
 
-/// Null for what is not shown. With `read` the folders on the way are read and expanded.
-QTreeWidgetItem* WorkspaceTree::ItemOf(const QString& path, bool read)
+/// A folder that was expanded before is so again.
+void WorkspaceTree::RestoreExpanded(const QModelIndex& folder)
 {
-    QTreeWidgetItem* item = nullptr;
-    for (int i = 0; i < topLevelItemCount() && !item; ++i) {
-        if (IsBelow(path, GetPath(topLevelItem(i))))
-            item = topLevelItem(i);
-    }
-    while (item && GetPath(item) != path) {
-        if (read)
-            item->setExpanded(true);
-        QTreeWidgetItem* next = nullptr;
-        for (int i = 0; i < item->childCount() && !next; ++i) {
-            if (IsBelow(path, GetPath(item->child(i))))
-                next = item->child(i);
-        }
-        item = next;
-    }
-    return item;
-}
-
-bool WorkspaceTree::SelectPath(const QString& path)
-{
-    QTreeWidgetItem* const item = ItemOf(path, true);
-    if (!item)
-        return false;
-    setCurrentItem(item);
-    scrollToItem(item, PositionAtCenter);
-    return true;
-}
-
-void WorkspaceTree::ReadFolder(QTreeWidgetItem* folder)
-{
-    const bool absent = !QFileInfo(GetPath(folder)).isDir();
-    SetAbsent(folder, absent);
-    if (absent)
-        qDeleteAll(folder->takeChildren());
-    else
-        MergeEntries(folder);
-}
-
-void WorkspaceTree::SetAbsent(QTreeWidgetItem* folder, bool absent)
-{
-    folder->setData(0, AbsentRole, absent);
-    folder->setToolTip(0,
-        absent                              ? tr("not found")
-            : GetKind(folder) == Kind::Root ? GetPath(folder)
-                                            : QString());
-}
-
-/// Both lists are in the same order, so that what stays is met in passing and keeps its selection,
-/// expansion and place.
-void WorkspaceTree::MergeEntries(QTreeWidgetItem* folder)
-{
-    const QString path = GetPath(folder);
-    const QVector<FolderListing::Entry> entries
-        = FolderListing::Read(path, Settings::pythonHideCompiledFiles);
-    QHash<QString, bool> wanted;
-    for (const FolderListing::Entry& entry : entries)
-        wanted.insert(entry.name, entry.folder);
-    for (int i = folder->childCount() - 1; i >= 0; --i) {
-        const auto found = wanted.constFind(folder->child(i)->text(0));
-        const bool isFolder = GetKind(folder->child(i)) == Kind::Folder;
-        if (found == wanted.constEnd() || *found != isFolder)
-            delete folder->takeChild(i);
-    }
-    const bool bulk = folder->childCount() == 0;
-    QList<QTreeWidgetItem*> added;
-    for (int i = 0; i < entries.size(); ++i) {
-        if (!bulk && i < folder->childCount() && folder->child(i)->text(0) == entries[i].name)
-            continue;
-        const Kind kind = entries[i].folder ? Kind::Folder : Kind::File;
-        QTreeWidgetItem* const item
-            = CreateItem(ChildPath(path, entries[i].name), kind, entries[i].expandable);
-        added.append(item);
-        if (!bulk)
-            folder->insertChild(i, item);
-    }
-    // One by one a large folder would take seconds.
-    if (bulk)
-        folder->addChildren(added);
-    for (int i = 0; i < folder->childCount() && GetKind(folder->child(i)) == Kind::Folder; ++i)
-        RestoreExpanded(folder->child(i));
-}
-
-/// A folder that was expanded before is so again; one that is gets read again.
-void WorkspaceTree::RestoreExpanded(QTreeWidgetItem* folder)
-{
-    if (folder->childIndicatorPolicy() != QTreeWidgetItem::ShowIndicator)
+    if (m_expandedHashes.isEmpty())
         return;
-    if (folder->isExpanded())
-        ReadFolder(folder);
-    else if (m_expandedHashes.contains(FolderListing::Hash(GetPath(folder))))
-        folder->setExpanded(true);
+    for (int row = 0; row < m_model->rowCount(folder); ++row) {
+        const QModelIndex inner = m_model->index(row, 0, folder);
+        if (!m_model->IsFolder(inner))
+            return; // folders come first
+        if (m_model->IsExpandable(inner) && !isExpanded(inner)
+            && m_expandedHashes.contains(FolderListing::Hash(m_model->PathOf(inner))))
+            expand(inner);
+    }
 }
 
-void WorkspaceTree::OnExpanded(QTreeWidgetItem* folder)
+void WorkspaceTree::OnExpanded(const QModelIndex& folder)
 {
-    const QByteArray hash = FolderListing::Hash(GetPath(folder));
+    const QByteArray hash = FolderListing::Hash(m_model->PathOf(folder));
     if (!m_expandedHashes.contains(hash)) {
         m_expandedHashes.insert(hash);
         Settings::workspaceExpandedFolderHashes.append(hash);
     }
-    folder->setIcon(0, m_folderOpenIcon);
-    ReadFolder(folder);
+    m_model->SetFolderOpen(folder, true);
+    // Watched first: nothing that happens from now on is missed.
     UpdateWatches();
+    m_model->Read(folder);
 }
 
-void WorkspaceTree::OnCollapsed(QTreeWidgetItem* folder)
+void WorkspaceTree::OnCollapsed(const QModelIndex& folder)
 {
-    const QByteArray hash = FolderListing::Hash(GetPath(folder));
+    const QByteArray hash = FolderListing::Hash(m_model->PathOf(folder));
     m_expandedHashes.remove(hash);
     Settings::workspaceExpandedFolderHashes.removeAll(hash);
-    folder->setIcon(0, m_folderIcon);
+    m_model->SetFolderOpen(folder, false);
     UpdateWatches();
 }
 
-void WorkspaceTree::OnActivated(QTreeWidgetItem* item)
+void WorkspaceTree::OnFolderRead(const QModelIndex& folder)
 {
-    if (GetKind(item) == Kind::File)
-        Q_EMIT OpenRequested(GetPath(item));
-    else if (item->childIndicatorPolicy() == QTreeWidgetItem::ShowIndicator)
-        item->setExpanded(!item->isExpanded());
+    const QPersistentModelIndex kept = folder;
+    RestoreExpanded(folder);
+    RestoreTop();
+    if (kept.isValid())
+        UpdateWatches();
+    GoOn();
 }
 
-void WorkspaceTree::CollapseFolders()
+/// With what waited for a folder to be read.
+void WorkspaceTree::GoOn()
 {
-    // Innermost ones as well: what is expanded again shows nothing that was not asked for. One
-    // answer for all of them.
-    const QSignalBlocker blocker(this);
-    for (QTreeWidgetItemIterator it(this); *it; ++it) {
-        if ((*it)->isExpanded()) {
-            (*it)->setExpanded(false);
-            (*it)->setIcon(0, m_folderIcon);
-        }
+    if (!m_newFolder.isEmpty())
+        StartNew();
+    if (!m_revealedPath.isEmpty())
+        Reveal();
+}
+
+void WorkspaceTree::SelectPath(const QString& path)
+{
+    m_revealedPath = path;
+    Reveal();
+}
+
+/// As far down as everything is read; what is not comes back here.
+void WorkspaceTree::Reveal()
+{
+    const QString path = m_revealedPath;
+    QModelIndex above = m_model->RootOf(path);
+    while (above.isValid() && m_model->PathOf(above) != path) {
+        expand(above);
+        if (!m_model->IsRead(above))
+            return;
+        const QString name = path.mid(ChildPath(m_model->PathOf(above), QString()).size())
+                                 .section(QLatin1Char('/'), 0, 0);
+        above = m_model->IndexOf(ChildPath(m_model->PathOf(above), name));
     }
-    m_expandedHashes.clear();
-    Settings::workspaceExpandedFolderHashes.clear();
-    UpdateWatches();
+    // Reading may have come here again and be through with it.
+    if (m_revealedPath != path)
+        return;
+    m_revealedPath.clear();
+    if (!above.isValid())
+        return;
+    setCurrentIndex(above);
+    scrollTo(above, PositionAtCenter);
 }
 
 void WorkspaceTree::RefreshAll()
 {
     m_changed.clear();
-    for (int i = 0; i < topLevelItemCount(); ++i) {
-        SetAbsent(topLevelItem(i), !QFileInfo(GetPath(topLevelItem(i))).isDir());
-        RestoreExpanded(topLevelItem(i));
+    for (int row = 0; row < m_model->rowCount(); ++row)
+        m_model->CheckPresence(m_model->index(row, 0));
+    RestoreExpanded(QModelIndex());
+    const QModelIndexList expanded = GetExpanded();
+    QList<QPersistentModelIndex> folders(expanded.begin(), expanded.end());
+    for (const QPersistentModelIndex& folder : qAsConst(folders)) {
+        if (folder.isValid())
+            m_model->Read(folder);
     }
     UpdateWatches();
 }
@@ -303,23 +181,89 @@ void WorkspaceTree::RefreshChanged()
 {
     const QSet<QString> changed = m_changed;
     m_changed.clear();
-    for (const QString& path : changed) {
-        QTreeWidgetItem* const item = ItemOf(path, false);
-        if (item && item->isExpanded())
-            ReadFolder(item);
-        // A root may have come or gone in a folder that is not shown itself.
-        for (int i = 0; i < topLevelItemCount(); ++i) {
-            QTreeWidgetItem* const root = topLevelItem(i);
-            const bool absent = !QFileInfo(GetPath(root)).isDir();
-            if (!IsBelow(GetPath(root), path) || absent == root->data(0, AbsentRole).toBool())
-                continue;
-            SetAbsent(root, absent);
-            if (root->isExpanded())
-                ReadFolder(root);
-        }
-    }
+    for (const QString& path : changed)
+        RefreshFolder(path);
     UpdateWatches();
 }
+
+void WorkspaceTree::RefreshFolder(const QString& path)
+{
+    const QModelIndexList expanded = GetExpanded();
+    QList<QPersistentModelIndex> folders;
+    for (const QModelIndex& folder : expanded) {
+        if (m_model->PathOf(folder) == path)
+            folders.append(folder);
+    }
+    // A root may have come or gone in a folder that is not shown itself.
+    for (int row = 0; row < m_model->rowCount(); ++row) {
+        const QModelIndex root = m_model->index(row, 0);
+        if (!IsBelow(m_model->PathOf(root), path))
+            continue;
+        m_model->CheckPresence(root);
+        if (isExpanded(root) && !folders.contains(root))
+            folders.append(root);
+    }
+    for (const QPersistentModelIndex& folder : qAsConst(folders)) {
+        if (folder.isValid())
+            m_model->Read(folder);
+    }
+}
+
+void WorkspaceTree::CollapseFolders()
+{
+    // Innermost ones as well: what is expanded again shows nothing that was not asked for. One
+    // answer for all of them.
+    const QModelIndexList folders = GetExpanded();
+    {
+        const QSignalBlocker blocker(this);
+        collapseAll();
+    }
+    for (const QModelIndex& folder : folders)
+        m_model->SetFolderOpen(folder, false);
+    m_expandedHashes.clear();
+    Settings::workspaceExpandedFolderHashes.clear();
+    UpdateWatches();
+}
+
+void WorkspaceTree::MoveExpanded(const QString& from, const QString& to)
+{
+    const QModelIndexList folders = GetExpanded();
+    for (const QModelIndex& folder : folders) {
+        const QString path = m_model->PathOf(folder);
+        if (!IsBelow(path, from))
+            continue;
+        const QByteArray before = FolderListing::Hash(path);
+        const QByteArray now = FolderListing::Hash(Moved(path, from, to));
+        m_expandedHashes.remove(before);
+        m_expandedHashes.insert(now);
+        Settings::workspaceExpandedFolderHashes.removeAll(before);
+        Settings::workspaceExpandedFolderHashes.append(now);
+    }
+}
+
+// The place in view
+
+void WorkspaceTree::KeepTop()
+{
+    if (m_top.isValid() || verticalScrollBar()->value() == 0)
+        return;
+    m_top = indexAt(QPoint(0, 0));
+    m_topOffset = visualRect(m_top).top();
+}
+
+/// Rows that came or went above do not push what somebody looks at.
+void WorkspaceTree::RestoreTop()
+{
+    if (!m_top.isValid())
+        return;
+    executeDelayedItemsLayout();
+    const QRect row = visualRect(m_top);
+    m_top = QPersistentModelIndex();
+    if (row.isValid())
+        verticalScrollBar()->setValue(verticalScrollBar()->value() + row.top() - m_topOffset);
+}
+
+// Watching
 
 void WorkspaceTree::OnDirectoryChanged(const QString& path)
 {
@@ -328,25 +272,35 @@ void WorkspaceTree::OnDirectoryChanged(const QString& path)
         m_gatherTimer->start();
 }
 
-void WorkspaceTree::CollectExpanded(const QTreeWidgetItem* parent, QSet<QString>& paths) const
+/// Those that can be seen, an outer one before those in it.
+QModelIndexList WorkspaceTree::GetExpanded() const
 {
-    for (int i = 0; i < parent->childCount(); ++i) {
-        const QTreeWidgetItem* const item = parent->child(i);
-        if (GetKind(item) == Kind::File)
+    QModelIndexList folders;
+    CollectExpanded(QModelIndex(), folders);
+    return folders;
+}
+
+void WorkspaceTree::CollectExpanded(const QModelIndex& parent, QModelIndexList& folders) const
+{
+    for (int row = 0; row < m_model->rowCount(parent); ++row) {
+        const QModelIndex folder = m_model->index(row, 0, parent);
+        if (!m_model->IsFolder(folder))
             return; // folders come first
-        if (!item->isExpanded())
+        if (!isExpanded(folder))
             continue;
-        paths.insert(GetPath(item));
-        CollectExpanded(item, paths);
+        folders.append(folder);
+        CollectExpanded(folder, folders);
     }
 }
 
 void WorkspaceTree::UpdateWatches()
 {
     QSet<QString> wanted;
-    CollectExpanded(invisibleRootItem(), wanted);
-    for (int i = 0; i < topLevelItemCount(); ++i)
-        wanted.insert(NearestFolderAbove(GetPath(topLevelItem(i))));
+    const QModelIndexList expanded = GetExpanded();
+    for (const QModelIndex& folder : expanded)
+        wanted.insert(m_model->PathOf(folder));
+    for (int row = 0; row < m_model->rowCount(); ++row)
+        wanted.insert(NearestFolderAbove(m_model->PathOf(m_model->index(row, 0))));
     const QStringList directories = m_watcher->directories();
     const QSet<QString> watched(directories.begin(), directories.end());
     const QStringList gone = (watched - wanted).values();

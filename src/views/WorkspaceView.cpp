@@ -1,20 +1,17 @@
 #include "views/WorkspaceView.h"
 
 #include "plugin/Logger.h"
-#include "plugin/MayaUtil.h"
 #include "settings/Settings.h"
+#include "views/FolderListing.h"
 #include "views/SubViewHeader.h"
 #include "views/WorkspaceTree.h"
 #include "window/chrome/FlatButton.h"
 #include "window/chrome/LookFollower.h"
 #include "window/chrome/Theme.h"
 
-#include <QApplication>
-#include <QClipboard>
 #include <QDir>
 #include <QFileDialog>
 #include <QLabel>
-#include <QMenu>
 #include <QPushButton>
 #include <QScrollArea>
 #include <QStackedWidget>
@@ -71,10 +68,24 @@ WorkspaceView::WorkspaceView(QWidget* parent)
         QStringLiteral("m_collapseWorkspaceButton"));
     connect(add, &QAbstractButton::clicked, this, &WorkspaceView::ShowAddFolderDialog);
     connect(collapse, &QAbstractButton::clicked, m_tree, &WorkspaceTree::CollapseFolders);
-    connect(m_tree, &WorkspaceTree::OpenRequested, this, &WorkspaceView::OpenFileRequested);
-    connect(m_tree, &WorkspaceTree::ChangesFound, this, &WorkspaceView::MarkStale);
-    connect(m_tree, &QWidget::customContextMenuRequested, this, &WorkspaceView::ShowContextMenu);
+    ConnectTree();
     LoadAtStart();
+}
+
+void WorkspaceView::ConnectTree()
+{
+    using T = WorkspaceTree;
+    using W = WorkspaceView;
+    connect(m_tree, &T::OpenRequested, this, &W::OpenFiles);
+    connect(m_tree, &T::OpenInNextGroupRequested, this, &W::OpenInNextGroupRequested);
+    connect(m_tree, &T::ChangesFound, this, &W::MarkStale);
+    connect(m_tree, &T::CreateRequested, this, &W::Create);
+    connect(m_tree, &T::RenameRequested, this, &W::Rename);
+    connect(m_tree, &T::DeleteRequested, this, &W::Delete);
+    connect(m_tree, &T::FoldersDropped, this, &W::AddFolders);
+    // Not in the middle of the drop: there is a question to answer.
+    connect(m_tree, &T::MoveRequested, this, &W::Move, Qt::QueuedConnection);
+    connect(m_tree, &QWidget::customContextMenuRequested, this, &W::ShowContextMenu);
 }
 
 QWidget* WorkspaceView::CreateEmptyState()
@@ -242,13 +253,24 @@ void WorkspaceView::UpdateTitle()
 
 void WorkspaceView::AddFolder(const QString& path)
 {
-    const QString folder = CleanPath(path);
-    if (!Settings::workspaceFolders.contains(folder)) {
-        SetFolders(Settings::workspaceFolders + QStringList(folder));
+    AddFolders({path});
+}
+
+void WorkspaceView::AddFolders(const QStringList& paths)
+{
+    QStringList folders = Settings::workspaceFolders;
+    for (const QString& path : paths) {
+        if (!folders.contains(CleanPath(path)))
+            folders.append(CleanPath(path));
+    }
+    if (folders != Settings::workspaceFolders) {
+        SetFolders(folders);
         SetExpanded(true);
     }
-    if (m_tree->SelectPath(folder))
-        m_tree->currentItem()->setExpanded(true);
+    if (paths.isEmpty())
+        return;
+    m_tree->SelectPath(CleanPath(paths.last()));
+    m_tree->expand(m_tree->currentIndex());
 }
 
 void WorkspaceView::RemoveFolder(const QString& path)
@@ -279,70 +301,20 @@ void WorkspaceView::ShowAddFolderDialog()
         AddFolder(folder);
 }
 
+/// What the tree does not show is not there for it either.
 bool WorkspaceView::SelectPath(const QString& path)
 {
-    return m_tree->SelectPath(path);
+    const QFileInfo info(path);
+    const bool isHidden = Settings::pythonHideCompiledFiles
+        && FolderListing::IsCompiledPython(info.fileName(), info.isDir());
+    if (!m_tree->GetModel()->RootOf(path).isValid() || !info.exists() || isHidden)
+        return false;
+    m_tree->SelectPath(path);
+    return true;
 }
 
-QString WorkspaceView::RelativePath(const QString& path) const
+void WorkspaceView::OpenFiles(const QStringList& paths)
 {
-    for (const QString& folder : qAsConst(Settings::workspaceFolders)) {
-        if (path.startsWith(folder + QLatin1Char('/')))
-            return path.mid(folder.size() + 1);
-    }
-    return path;
-}
-
-void WorkspaceView::ShowContextMenu(const QPoint& point)
-{
-    const QTreeWidgetItem* const item = m_tree->itemAt(point);
-    auto* menu = new QMenu(this);
-    menu->setAttribute(Qt::WA_DeleteOnClose);
-    if (item)
-        AddItemEntries(menu, item);
-    else
-        AddSpaceEntries(menu);
-    menu->popup(m_tree->viewport()->mapToGlobal(point));
-}
-
-void WorkspaceView::AddItemEntries(QMenu* menu, const QTreeWidgetItem* item)
-{
-    const QString path = WorkspaceTree::GetPath(item);
-    const WorkspaceTree::Kind kind = WorkspaceTree::GetKind(item);
-    const auto copy = [](const QString& text) { QApplication::clipboard()->setText(text); };
-    if (kind == WorkspaceTree::Kind::File) {
-        menu->addAction(tr("Open"), this, [this, path] { Q_EMIT OpenFileRequested(path); });
-        menu->addSeparator();
-    }
-    menu->addAction(tr("Copy Path"), this, [=] { copy(path); });
-    if (kind == WorkspaceTree::Kind::File)
-        menu->addAction(tr("Copy Relative Path"), this, [=] { copy(RelativePath(path)); });
-    menu->addAction(tr("Reveal in Folder"), this, [path] { MayaUtil::RevealInFolder(path); });
-    if (kind == WorkspaceTree::Kind::Root)
-        AddRootEntries(menu, path);
-}
-
-void WorkspaceView::AddRootEntries(QMenu* menu, const QString& path)
-{
-    menu->addSeparator();
-    menu->addAction(tr("Remove Folder from Workspace"), this, [this, path] { RemoveFolder(path); });
-    QAction* const up
-        = menu->addAction(tr("Move Up"), this, [this, path] { MoveFolder(path, -1); });
-    QAction* const down
-        = menu->addAction(tr("Move Down"), this, [this, path] { MoveFolder(path, 1); });
-    up->setEnabled(Settings::workspaceFolders.first() != path);
-    down->setEnabled(Settings::workspaceFolders.last() != path);
-}
-
-void WorkspaceView::AddSpaceEntries(QMenu* menu)
-{
-    using W = WorkspaceView;
-    menu->addAction(tr("Add Folder to Workspace..."), this, &W::ShowAddFolderDialog);
-    menu->addAction(tr("Open Workspace..."), this, &W::OpenWorkspaceRequested);
-    menu->addAction(tr("Save Workspace As..."), this, &W::SaveWorkspaceAsRequested);
-    menu->addSeparator();
-    menu->addAction(tr("Refresh"), this, &W::UpdateAll);
-    menu->addAction(tr("Collapse All"), m_tree, &WorkspaceTree::CollapseFolders);
-    menu->addSeparator();
-    menu->addAction(tr("Hide Side Bar"), this, &W::HideRequested);
+    for (const QString& path : paths)
+        Q_EMIT OpenFileRequested(path);
 }

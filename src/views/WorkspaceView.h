@@ -6,8 +6,8 @@
 #include <QHash>
 
 class QMenu;
+class QModelIndex;
 class QStackedWidget;
-class QTreeWidgetItem;
 class WorkspaceTree;
 
 /// The section with the folders of the workspace, which it reads from its file and writes back.
@@ -29,9 +29,11 @@ public:
 
     /// A folder that is there already is only selected.
     void AddFolder(const QString& path);
+    void AddFolders(const QStringList& paths);
     void RemoveFolder(const QString& path);
     void MoveFolder(const QString& path, int step);
     void ShowAddFolderDialog();
+    /// Shows and selects what lies in the workspace; false for anything else.
     bool SelectPath(const QString& path);
     /// Which files are open; true: modified.
     void SetOpenFiles(const QHash<QString, bool>& modifiedByPath);
@@ -40,6 +42,12 @@ public:
 
 Q_SIGNALS:
     void OpenFileRequested(const QString& path);
+    void OpenInNextGroupRequested(const QString& path);
+    void InsertPathRequested(const QString& path);
+    void FindInFolderRequested(const QString& folder);
+    /// A file or a folder is somewhere else now.
+    void PathMoved(const QString& from, const QString& to);
+    void PathDeleted(const QString& path);
     void OpenWorkspaceRequested();
     void SaveWorkspaceAsRequested();
     void HideRequested();
@@ -57,8 +65,25 @@ private:
     void SetFolders(const QStringList& folders);
     void ShowFolders();
     void UpdateTitle();
+    void ConnectTree();
+    void OpenFiles(const QStringList& paths);
+
+    // Files on the disk
+    void Create(const QString& folder, const QString& name, bool isFolder);
+    void Rename(const QString& path, const QString& name);
+    void Move(const QStringList& paths, const QString& folder);
+    void MoveOne(const QString& from, const QString& to);
+    void Delete(const QStringList& paths);
+    void DeleteForGood(const QStringList& paths);
+    void FinishDeleting(const QStringList& paths);
+    bool IsOpen(const QString& path) const;
+
+    // Context menus
     void ShowContextMenu(const QPoint& point);
-    void AddItemEntries(QMenu* menu, const QTreeWidgetItem* item);
+    void AddFileEntries(QMenu* menu, const QString& path);
+    void AddFolderEntries(QMenu* menu, const QModelIndex& index);
+    void AddChangeEntries(QMenu* menu, const QString& path);
+    void AddSelectionEntries(QMenu* menu);
     void AddRootEntries(QMenu* menu, const QString& path);
     void AddSpaceEntries(QMenu* menu);
     QString RelativePath(const QString& path) const;

@@ -352,11 +352,17 @@ private:
     void CreateConnections();
     void ConnectGroup(CodeEditorGroup* group);
     void ConnectSideBar();
+    void ConnectWorkspace();
     void ConnectSearch();
     void UpdateOpenEditorsSelection();
     void ShowInSideBar(const QString& path);
     void UpdateOutlineCursor();
     void InsertFlag(const QString& longName);
+    void InsertPath(const QString& path);
+    void FindInFolder(const QString& folder);
+    void OnPathMoved(const QString& from, const QString& to);
+    void OnPathDeleted(const QString& deleted);
+    void OnWorkspaceModified();
     /// Empty when cancelled.
     QString ShowSaveWorkspaceDialog();
     QString ShowOpenWorkspaceDialog();

@@ -298,6 +298,14 @@ void TarnwickEditor::FindInFiles()
     m_sideBar->FocusPage(Qt::ShortcutFocusReason);
 }
 
+void TarnwickEditor::FindInFolder(const QString& folder)
+{
+    SearchView* const view = m_sideBar->GetSearch();
+    view->ShowFilters();
+    view->SetIncludeText(folder);
+    FindInFiles();
+}
+
 void TarnwickEditor::ReplaceInFiles()
 {
     SearchView* const view = m_sideBar->GetSearch();

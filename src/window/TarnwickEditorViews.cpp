@@ -55,13 +55,66 @@ void TarnwickEditor::ConnectSideBar()
             if (CodeEditor* const editor = GetActiveCodeEditor())
                 editor->SetCursorSelection(start, end);
         });
-    const WorkspaceView* const workspace = m_sideBar->GetWorkspace();
-    connect(workspace, &WorkspaceView::OpenFileRequested, this, [this](const QString& path) {
+    ConnectWorkspace();
+}
+
+void TarnwickEditor::ConnectWorkspace()
+{
+    using T = TarnwickEditor;
+    using W = WorkspaceView;
+    const W* const workspace = m_sideBar->GetWorkspace();
+    connect(workspace, &W::OpenFileRequested, this, [this](const QString& path) {
         OpenFile(path, false);
         SetActiveCodeEditor(path);
     });
-    connect(workspace, &WorkspaceView::OpenWorkspaceRequested, this, &T::OpenWorkspace);
-    connect(workspace, &WorkspaceView::SaveWorkspaceAsRequested, this, &T::SaveWorkspaceAs);
+    connect(workspace, &W::OpenInNextGroupRequested, this, [this](const QString& path) {
+        const int next = (GetActiveCodeEditorGroupIndex() + 1) % GetCodeEditorGroupCount();
+        OnOpenFileRequested(next, -1, path);
+        SetActiveCodeEditor(path);
+    });
+    connect(workspace, &W::InsertPathRequested, this, &T::InsertPath);
+    connect(workspace, &W::FindInFolderRequested, this, &T::FindInFolder);
+    connect(workspace, &W::PathMoved, this, &T::OnPathMoved);
+    connect(workspace, &W::PathDeleted, this, &T::OnPathDeleted);
+    connect(workspace, &W::OpenWorkspaceRequested, this, &T::OpenWorkspace);
+    connect(workspace, &W::SaveWorkspaceAsRequested, this, &T::SaveWorkspaceAs);
+    connect(workspace, &W::WorkspaceModified, this, &T::OnWorkspaceModified);
+}
+
+/// Of a folder everything below it has moved too.
+void TarnwickEditor::OnPathMoved(const QString& from, const QString& to)
+{
+    const QStringList paths = GetCodeEditorPaths();
+    for (const QString& path : paths) {
+        if (path == from || path.startsWith(from + QLatin1Char('/')))
+            OnFilePathChanged(path, to + path.mid(from.size()));
+    }
+}
+
+/// The texts of open files are nowhere but in their editors now.
+void TarnwickEditor::OnPathDeleted(const QString& deleted)
+{
+    const QStringList paths = GetCodeEditorPaths();
+    for (const QString& path : paths) {
+        if (path == deleted || path.startsWith(deleted + QLatin1Char('/')))
+            FollowFileChange(path);
+    }
+}
+
+/// Other folders than before.
+void TarnwickEditor::OnWorkspaceModified()
+{
+    m_sideBar->GetWorkspace()->UpdateAll();
+}
+
+/// As it stands, at the cursor of the active editor.
+void TarnwickEditor::InsertPath(const QString& path)
+{
+    CodeEditor* const editor = GetActiveCodeEditor();
+    if (!editor)
+        return;
+    editor->ClearSelectionAndInsertText(path);
+    editor->setFocus(Qt::OtherFocusReason);
 }
 
 /// In the workspace, or among the open editors for what lies outside of it.
@@ -144,8 +197,10 @@ void TarnwickEditor::SaveWorkspaceAs()
 void TarnwickEditor::OpenWorkspace()
 {
     const QString path = ShowOpenWorkspaceDialog();
-    if (!path.isEmpty())
-        m_sideBar->OpenWorkspace(path);
+    if (path.isEmpty())
+        return;
+    m_sideBar->OpenWorkspace(path);
+    OnWorkspaceModified();
 }
 
 void TarnwickEditor::AddFolderToWorkspace()

@@ -64,7 +64,7 @@ void FolderListingTest::ListsFoldersFirst()
     for (const char* name : {"b2.mel", "a.py", "a.PYC", "a.pyo", ".hidden"})
         QVERIFY(QFile(folder.filePath(name)).open(QIODevice::WriteOnly));
     QStringList names;
-    for (const FolderListing::Entry& entry : FolderListing::Read(folder.path(), hideCompiled))
+    for (const FolderListing::Entry& entry : FolderListing::Read(folder.path(), hideCompiled).entries)
         names += entry.name + (entry.folder ? "/" : "");
     QTEST(names, "names");
 }
@@ -81,7 +81,7 @@ void FolderListingTest::FollowsNoLinkUpwards()
         QFile::remove(path);
         QVERIFY(QFile::link(link.first, path));
         for (const FolderListing::Entry& entry :
-            FolderListing::Read(folder.filePath("inner"), true)) {
+            FolderListing::Read(folder.filePath("inner"), true).entries) {
             QVERIFY(entry.folder);
             QCOMPARE(entry.expandable, entry.name == "deep" || link.second);
         }

@@ -41,9 +41,9 @@ private:
     void Restart();
     /// The visible rows, two blanks a level.
     QStringList Rows() const;
-    void AppendRows(const QTreeWidgetItem* parent, const QString& indent, QStringList& rows) const;
-    QTreeWidgetItem* Item(const QString& name) const;
-    QTreeWidget* Tree() const { return m_tree; }
+    void AppendRows(const QModelIndex& parent, const QString& indent, QStringList& rows) const;
+    QModelIndex Item(const QString& name) const;
+    void Expand(const QString& name) { m_tree->expand(Item(name)); }
 
     std::unique_ptr<WindowFixture> m_host;
     std::unique_ptr<QTemporaryDir> m_directory;
@@ -90,37 +90,41 @@ void WorkspaceViewTest::Restart()
 QStringList WorkspaceViewTest::Rows() const
 {
     QStringList rows;
-    AppendRows(Tree()->invisibleRootItem(), QString(), rows);
+    AppendRows(QModelIndex(), QString(), rows);
     return rows;
 }
 
 void WorkspaceViewTest::AppendRows(
-    const QTreeWidgetItem* parent, const QString& indent, QStringList& rows) const
+    const QModelIndex& parent, const QString& indent, QStringList& rows) const
 {
-    for (int i = 0; i < parent->childCount(); ++i) {
-        rows += indent + parent->child(i)->text(0);
-        if (parent->child(i)->isExpanded())
-            AppendRows(parent->child(i), indent + "  ", rows);
+    for (int i = 0; i < m_tree->model()->rowCount(parent); ++i) {
+        const QModelIndex index = m_tree->model()->index(i, 0, parent);
+        rows += indent + index.data().toString();
+        if (m_tree->isExpanded(index))
+            AppendRows(index, indent + "  ", rows);
     }
 }
 
-QTreeWidgetItem* WorkspaceViewTest::Item(const QString& name) const
+QModelIndex WorkspaceViewTest::Item(const QString& name) const
 {
-    return Tree()->findItems(name, Qt::MatchExactly | Qt::MatchRecursive).value(0);
+    const QAbstractItemModel* const model = m_tree->model();
+    return model
+        ->match(model->index(0, 0), Qt::DisplayRole, name, 1, Qt::MatchExactly | Qt::MatchRecursive)
+        .value(0);
 }
 
 void WorkspaceViewTest::ReadsFoldersWhenTheyAreExpanded()
 {
     QCOMPARE(Rows(), (QStringList{"tools", "  rigs", "  a2.py", "  a10.mel"}));
-    QCOMPARE(Item("rigs")->childCount(), 0);
-    Item("rigs")->setExpanded(true);
+    QCOMPARE(m_tree->model()->rowCount(Item("rigs")), 0);
+    Expand("rigs");
     QCOMPARE(Rows(), (QStringList{"tools", "  rigs", "    deep", "  a2.py", "  a10.mel"}));
 }
 
 void WorkspaceViewTest::RemembersExpandedFolders()
 {
-    Item("rigs")->setExpanded(true);
-    Item("deep")->setExpanded(true);
+    Expand("rigs");
+    Expand("deep");
     const QStringList rows = Rows();
     QCOMPARE(rows.size(), 6);
     QVERIFY(Settings::workspaceExpandedFolderHashes.contains(
@@ -137,55 +141,55 @@ void WorkspaceViewTest::RemembersExpandedFolders()
 
 void WorkspaceViewTest::FollowsTheDisk()
 {
-    Item("rigs")->setExpanded(true);
-    Tree()->setCurrentItem(Item("a10.mel"));
-    const QTreeWidgetItem* const rigs = Item("rigs");
+    Expand("rigs");
+    m_tree->setCurrentIndex(Item("a10.mel"));
+    const QPersistentModelIndex rigs = Item("rigs");
     Touch("tools/a9.py");
     Touch("tools/rigs/new.py");
     QVERIFY(QFile::remove(Tools() + "/a2.py"));
     QTRY_COMPARE(
         Rows(), (QStringList{"tools", "  rigs", "    deep", "    new.py", "  a9.py", "  a10.mel"}));
-    QCOMPARE(Item("rigs"), rigs);
-    QCOMPARE(Tree()->currentItem()->text(0), QString("a10.mel"));
+    QCOMPARE(rigs, QPersistentModelIndex(Item("rigs")));
+    QCOMPARE(m_tree->currentIndex().data().toString(), QString("a10.mel"));
     // Nothing is done while nobody looks.
     m_view->SetExpanded(false);
     Touch("tools/a11.py");
     QSignalSpy changes(m_tree, &WorkspaceTree::ChangesFound);
     QVERIFY(changes.wait());
-    QVERIFY(!Item("a11.py"));
+    QVERIFY(!Item("a11.py").isValid());
     m_view->SetExpanded(true);
-    QVERIFY(Item("a11.py"));
+    QTRY_VERIFY(Item("a11.py").isValid());
     // A file in place of a folder is another thing.
     QVERIFY(QDir(Tools() + "/rigs").removeRecursively());
     Touch("tools/rigs");
-    QTRY_VERIFY(Item("rigs") && WorkspaceTree::GetKind(Item("rigs")) == WorkspaceTree::Kind::File);
+    QTRY_VERIFY(Item("rigs").isValid() && !m_tree->GetModel()->IsFolder(Item("rigs")));
 }
 
 void WorkspaceViewTest::AFolderComesBack()
 {
     QVERIFY(QDir().rename(Tools(), Tools() + "-away"));
-    QTRY_COMPARE(Item("tools")->toolTip(0), QString("not found"));
+    QTRY_COMPARE(Item("tools").data(Qt::ToolTipRole).toString(), QString("not found"));
     QCOMPARE(Rows(), QStringList("tools"));
     QVERIFY(QDir().rename(Tools() + "-away", Tools()));
     QTRY_COMPARE(Rows().size(), 4);
-    QCOMPARE(Item("tools")->toolTip(0), Tools());
+    QCOMPARE(Item("tools").data(Qt::ToolTipRole).toString(), Tools());
 }
 
 void WorkspaceViewTest::OpensFilesAndTogglesFolders()
 {
     QSignalSpy opened(m_view.get(), &WorkspaceView::OpenFileRequested);
-    Tree()->setCurrentItem(Item("rigs"));
-    QTest::keyClick(Tree(), Qt::Key_Return);
-    QVERIFY(Item("rigs")->isExpanded());
-    QTest::keyClick(Tree(), Qt::Key_Return);
-    QVERIFY(!Item("rigs")->isExpanded());
+    m_tree->setCurrentIndex(Item("rigs"));
+    QTest::keyClick(m_tree, Qt::Key_Return);
+    QVERIFY(m_tree->isExpanded(Item("rigs")));
+    QTest::keyClick(m_tree, Qt::Key_Return);
+    QVERIFY(!m_tree->isExpanded(Item("rigs")));
     QVERIFY(opened.isEmpty());
-    const QPoint place = Tree()->visualItemRect(Item("a2.py")).center();
-    QTest::mouseClick(Tree()->viewport(), Qt::LeftButton, Qt::NoModifier, place);
+    const QPoint place = m_tree->visualRect(Item("a2.py")).center();
+    QTest::mouseClick(m_tree->viewport(), Qt::LeftButton, Qt::NoModifier, place);
     QVERIFY(opened.isEmpty());
-    QTest::mouseDClick(Tree()->viewport(), Qt::LeftButton, Qt::NoModifier, place);
-    Tree()->setCurrentItem(Item("a10.mel"));
-    QTest::keyClick(Tree(), Qt::Key_Return);
+    QTest::mouseDClick(m_tree->viewport(), Qt::LeftButton, Qt::NoModifier, place);
+    m_tree->setCurrentIndex(Item("a10.mel"));
+    QTest::keyClick(m_tree, Qt::Key_Return);
     QCOMPARE(opened.size(), 2);
     QCOMPARE(opened[0].first().toString(), Tools() + "/a2.py");
     QCOMPARE(opened[1].first().toString(), Tools() + "/a10.mel");
@@ -194,15 +198,15 @@ void WorkspaceViewTest::OpensFilesAndTogglesFolders()
 void WorkspaceViewTest::ShowsWhatIsOpen()
 {
     const auto look = [this](const QString& name) {
-        const QTreeWidgetItem* const item = Item(name);
-        return (item->font(0).bold() ? QString("bold") : QString("plain"))
-            + (item->data(0, SideBarTree::ModifiedRole).toBool() ? "*" : "");
+        const QModelIndex index = Item(name);
+        return (index.data(Qt::FontRole).value<QFont>().bold() ? QString("bold") : QString("plain"))
+            + (index.data(SideBarRows::ModifiedRole).toBool() ? "*" : "");
     };
     m_view->SetOpenFiles({{Tools() + "/a2.py", true}, {Tools() + "/rigs/deep/x.py", false}});
     QCOMPARE(look("a2.py"), QString("bold*"));
     QCOMPARE(look("a10.mel"), QString("plain"));
-    Item("rigs")->setExpanded(true);
-    Item("deep")->setExpanded(true);
+    Expand("rigs");
+    Expand("deep");
     QCOMPARE(look("x.py"), QString("bold"));
     m_view->SetOpenFiles({{Tools() + "/rigs/deep/x.py", true}});
     QCOMPARE(look("a2.py"), QString("plain"));
@@ -212,7 +216,7 @@ void WorkspaceViewTest::ShowsWhatIsOpen()
 void WorkspaceViewTest::FindsAFileDeepDown()
 {
     QVERIFY(m_view->SelectPath(Tools() + "/rigs/deep/x.py"));
-    QCOMPARE(Tree()->currentItem()->text(0), QString("x.py"));
+    QCOMPARE(m_tree->currentIndex().data().toString(), QString("x.py"));
     QVERIFY(!m_view->SelectPath(Tools() + "/rigs/deep/y.py"));
     QVERIFY(!m_view->SelectPath(Tools() + "-beside/x.py"));
 }
@@ -232,7 +236,7 @@ void WorkspaceViewTest::SwitchesWorkspaces()
     QCOMPARE(m_view->GetHeader()->GetTitle(), QString("Workspace"));
     m_view->OpenWorkspace(path);
     QCOMPARE(Settings::workspaceFolders, (QStringList{Tools(), m_directory->filePath("other")}));
-    QCOMPARE(Tree()->topLevelItemCount(), 2);
+    QCOMPARE(m_tree->model()->rowCount(), 2);
     QVERIFY(m_host->TakeMessages(host::MessageType::Error).isEmpty());
 }
 
@@ -298,14 +302,14 @@ void WorkspaceViewTest::RootsAreAddedMovedAndRemoved()
     m_view->AddFolder(other + "/");
     m_view->AddFolder(Tools());
     QCOMPARE(Settings::workspaceFolders, (QStringList{Tools(), other}));
-    QCOMPARE(Tree()->currentItem()->text(0), QString("tools"));
+    QCOMPARE(m_tree->currentIndex().data().toString(), QString("tools"));
     m_view->MoveFolder(other, -1);
     m_view->MoveFolder(other, -1);
     QCOMPARE(Rows(), (QStringList{"other", "  o.txt", "tools", "  rigs", "  a2.py", "  a10.mel"}));
     m_view->RemoveFolder(other);
     m_view->RemoveFolder(Tools());
     QVERIFY(Settings::workspaceFolders.isEmpty());
-    QVERIFY(!Tree()->isVisible());
+    QVERIFY(!m_tree->isVisible());
     QSignalSpy asked(m_view.get(), &WorkspaceView::OpenWorkspaceRequested);
     auto* const button = m_view->findChild<QAbstractButton*>("m_emptyOpenWorkspaceButton");
     QVERIFY(button->isVisible());
