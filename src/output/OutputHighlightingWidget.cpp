@@ -172,6 +172,18 @@ bool OutputHighlightingWidget::IsChanged() const
     return !IsSame(m_rules, ColorSettings::outputUserDefinedSelections);
 }
 
+int OutputHighlightingWidget::MarkMatches(const QString& text)
+{
+    int count = 0;
+    for (int row = 0; row < m_rules.size() && !text.isEmpty(); ++row) {
+        const bool matches = m_rules[row].name.contains(text, Qt::CaseInsensitive)
+            || m_rules[row].pattern.contains(text, Qt::CaseInsensitive);
+        if (matches && count++ == 0)
+            m_list->setCurrentRow(row);
+    }
+    return count;
+}
+
 void OutputHighlightingWidget::ShowRules(
     const QVector<ExtraSelectionProperties>& rules, int currentRow)
 {

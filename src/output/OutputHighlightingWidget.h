@@ -31,6 +31,9 @@ public:
     void RestoreDefaults();
     /// Whether Apply would change anything.
     bool IsChanged() const;
+    /// Makes the first rule current whose name or match text contains the text. Returns how many
+    /// there are; none for an empty text.
+    int MarkMatches(const QString& text);
 
 public Q_SLOTS:
     void NewItem();

@@ -55,3 +55,12 @@ void ExtraSettings::WriteUserConfig()
         file.setValue(QLatin1String(row.key), *row.value);
     IniFile::Finish(file, QStringLiteral("Failed to write user config: %1"));
 }
+
+QVariant ExtraSettings::GetDefault(const QString& key)
+{
+    for (const OptionRow& row : OPTIONS) {
+        if (key == QLatin1String(row.key))
+            return row.byDefault;
+    }
+    return {};
+}

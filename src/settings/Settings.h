@@ -9,6 +9,7 @@
 #include <QRegularExpression>
 #include <QString>
 #include <QStringList>
+#include <QVariant>
 
 #include <atomic>
 
@@ -58,6 +59,11 @@ public:
     static bool WriteUserConfig();
     /// Every stored option, and the number of recent files, as a first start has them.
     static void ResetToDefaults();
+    /// What a first start has for the option of that key; invalid for what is no option of the
+    /// file or has no fixed default.
+    static QVariant GetDefault(const QString& key);
+    /// Whether the file keeps the option of that key: some hosts have no use for some of them.
+    static bool IsStored(const QString& key);
 
     // Recent files, the latest first
     /// Puts the path at the front and writes the configuration.

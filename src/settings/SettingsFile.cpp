@@ -10,6 +10,7 @@
 #include <QSettings>
 #include <QVector>
 
+#include <algorithm>
 #include <iterator>
 #include <type_traits>
 #include <variant>
@@ -25,6 +26,7 @@ struct Special
     void (*read)(const QVariant& stored);
     /// An invalid value keeps the key out of the file.
     QVariant (*write)();
+    QVariant (*standard)() = nullptr; ///< null when there is no fixed default
 };
 
 using OptionRef
@@ -112,19 +114,24 @@ constexpr Special OUTLINE_STATE {
     [] { return QVariant(S::GetOutlineExpandedState()); }};
 constexpr Special EDITOR_FONT_FAMILY {
     [](const QVariant& stored) { ReadFontFamily(S::codeEditorFont, stored); },
-    [] { return QVariant(S::codeEditorFont.family()); }};
+    [] { return QVariant(S::codeEditorFont.family()); },
+    [] { return QVariant(S::GetDefaultFont().family()); }};
 constexpr Special EDITOR_FONT_SIZE {
     [](const QVariant& stored) { ReadFontSize(S::codeEditorFont, stored); },
-    [] { return QVariant(S::codeEditorFont.pointSize()); }};
+    [] { return QVariant(S::codeEditorFont.pointSize()); },
+    [] { return QVariant(S::GetDefaultFont().pointSize()); }};
 constexpr Special OUTPUT_FONT_FAMILY {
     [](const QVariant& stored) { ReadFontFamily(S::outputFont, stored); },
-    [] { return QVariant(S::outputFont.family()); }};
+    [] { return QVariant(S::outputFont.family()); },
+    [] { return QVariant(S::GetDefaultFont().family()); }};
 constexpr Special OUTPUT_FONT_SIZE {
     [](const QVariant& stored) { ReadFontSize(S::outputFont, stored); },
-    [] { return QVariant(S::outputFont.pointSize()); }};
+    [] { return QVariant(S::outputFont.pointSize()); },
+    [] { return QVariant(S::GetDefaultFont().pointSize()); }};
 constexpr Special EXECUTE_ON_IDLE {
     [](const QVariant& stored) { IniValues::Parse(stored, S::executeScriptOnIdle); },
-    WrittenExecuteOnIdle};
+    WrittenExecuteOnIdle,
+    [] { return QVariant(HostNeedsIdleExecution()); }};
 
 // Every stored option, in the order in which it is read.
 const Option OPTIONS[] = {
@@ -319,6 +326,13 @@ void RestoreDefault(const OptionRef& value, const QVariant& standard)
         value);
 }
 
+const Option* FindOption(const QString& key)
+{
+    const auto found = std::find_if(std::begin(OPTIONS), std::end(OPTIONS),
+        [&key](const Option& option) { return key == QLatin1String(option.key); });
+    return found == std::end(OPTIONS) ? nullptr : found;
+}
+
 /// Held while the file is read and written again: what another process writes in between would be
 /// lost. Nobody waits for long.
 class WriteLock
@@ -417,6 +431,23 @@ void Settings::MergeRecentFiles()
     ini.setValue(RECENT_FILES_KEY, recentFiles);
     NoteStoredRecentFiles(recentFiles);
     IniFile::Finish(ini, WRITE_FAILURE);
+}
+
+QVariant Settings::GetDefault(const QString& key)
+{
+    const Option* const option = FindOption(key);
+    if (!option)
+        return {};
+    const auto* const special = std::get_if<const Special*>(&option->value);
+    if (!special)
+        return DEFAULTS[static_cast<int>(option - OPTIONS)];
+    return (*special)->standard ? (*special)->standard() : QVariant();
+}
+
+bool Settings::IsStored(const QString& key)
+{
+    const Option* const option = FindOption(key);
+    return option && Written(option->value).isValid();
 }
 
 void Settings::ResetToDefaults()

@@ -181,6 +181,9 @@ void PanelGroup::ApplyPreferences()
     m_output->SetLineLimit(Settings::outputBufferSize);
     m_output->UpdateFontsAndColors();
     m_output->UpdateTextOptions();
+    // Nothing is chosen here: the option and the host have what it shows already.
+    const QSignalBlocker blocker(m_verbosity);
+    m_verbosity->setCurrentIndex(VerbosityFor(MayaUtil::EchoAllCommandsEnabled()));
 }
 
 void PanelGroup::UpdateKeyBindings()

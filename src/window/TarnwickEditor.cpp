@@ -47,11 +47,7 @@ TarnwickEditor::TarnwickEditor(QWidget* parent)
     }
     SetActiveCodeEditorGroup(GetActiveCodeEditorGroup(), true);
     m_keyBindings.ReadUserKeyBindings();
-    for (CodeEditorGroup* group : qAsConst(m_groups))
-        group->UpdateKeyBindings();
-    m_outputPanel->UpdateKeyBindings();
-    m_sideBar->GetSearch()->UpdateKeyBindings(&m_keyBindings);
-    UpdateActivityToolTips();
+    ShowBoundKeys();
     m_outputPanel->OutputAppendText(MayaUtil::GetExistingHistory());
     if (m_mainWindow)
         m_mainWindow->installEventFilter(this);

@@ -505,6 +505,8 @@ private:
     void UpdateActivityBar();
     void UpdateActivityToolTips();
     void OnPreferencesApplied();
+    /// Puts the keys in force into the tool tips.
+    void ShowBoundKeys();
     void ShowActivityContextMenu(const QPoint& point);
 
     static const ActionSpec ACTIONS[];

@@ -1,8 +1,17 @@
 // The user's options in the editor window.
 
+#include "editor/CodeEditorGroup.h"
+#include "plugin/MayaUtil.h"
 #include "settings/ColorSettings.h"
+#include "settings/ExtraSettings.h"
+#include "settings/Settings.h"
+#include "views/SearchView.h"
+#include "views/SideBar.h"
+#include "window/PanelGroup.h"
 #include "window/PreferencesDialog.h"
 #include "window/TarnwickEditor.h"
+
+#include <QAction>
 
 void TarnwickEditor::ShowPreferencesDialog()
 {
@@ -12,9 +21,30 @@ void TarnwickEditor::ShowPreferencesDialog()
     dialog->open();
 }
 
+/// What shows or uses an option follows it at once.
 void TarnwickEditor::OnPreferencesApplied()
 {
+    MayaUtil::UpdatePylintPythonPath();
     ApplyPreferences();
-    if (!IsGuest())
-        ColorSettings::WriteUserConfig();
+    UpdateOverrideScriptEditorButton();
+    ShowBoundKeys();
+    for (CodeEditorGroup* group : qAsConst(m_groups))
+        group->UpdateParser();
+    m_actions.revertModuleStateOnExecute->setChecked(Settings::pythonRevertModuleStateOnExecute);
+    UpdateRecentFilesMenu();
+    if (IsGuest())
+        return;
+    Settings::WriteUserConfig();
+    ColorSettings::WriteUserConfig();
+    ExtraSettings::WriteUserConfig();
+    m_keyBindings.WriteUserKeyBindings();
+}
+
+void TarnwickEditor::ShowBoundKeys()
+{
+    for (CodeEditorGroup* group : qAsConst(m_groups))
+        group->UpdateKeyBindings();
+    m_outputPanel->UpdateKeyBindings();
+    m_sideBar->GetSearch()->UpdateKeyBindings(&m_keyBindings);
+    UpdateActivityToolTips();
 }

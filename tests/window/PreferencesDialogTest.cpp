@@ -110,7 +110,9 @@ void PreferencesDialogTest::ChangesCountWhenTheyAreApplied()
 void PreferencesDialogTest::RestoringDefaultsAsksFirst()
 {
     ColorSettings::outputUserDefinedSelections.resize(2);
-    QVERIFY(Open());
+    PreferencesDialog* const dialog = Open();
+    QVERIFY(dialog);
+    dialog->ShowPage("Output Highlighting");
     DialogAnswers answers;
     answers.Press("No");
     Button(QDialogButtonBox::RestoreDefaults)->click();

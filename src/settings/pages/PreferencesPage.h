@@ -32,6 +32,8 @@ public:
     /// Marks the options that contain the text in their label, value name or key, case ignored; an
     /// empty text takes all marks away. Returns how many there are.
     virtual int MarkMatches(const QString& text) = 0;
+    /// What has the focus when a person goes to the first option that is marked; null without one.
+    virtual QWidget* FindFirstMatch() const { return nullptr; }
 
 Q_SIGNALS:
     /// A copy is another one than before.
