@@ -151,12 +151,23 @@ public:
     static QStringList PythonBuiltins();
     /// Three strings per flag: short name, long name, first argument type (each may be empty).
     static QStringList CommandFlags(const QString& command);
+    /// The host's help on a command, with its synopsis and flags; empty for what is no command.
+    static QString CommandHelp(const QString& command);
+    /// What kind of name the host takes it for, in the host's words.
+    static QString WhatIs(const QString& name);
+    /// What a run-time command says about itself, and the script that it runs.
+    static void RunTimeCommandHelp(const QString& name, QString& annotation, QString& script);
     /// Opens the host's page on a command; an empty name opens the index.
     static void CommandDocumentation(const QString& command, bool python);
     /// What can follow `objectName` and a dot in `source`, or what `source` defines when the name
     /// is empty. The source is escaped for a Python literal in double quotes.
     static void PythonAttributesFromSource(const QString& source, const QString& objectName,
         QStringList& results, bool keywordsAndBuiltins);
+    /// What is known of a name in a source, without calling or importing anything: kind, signature,
+    /// first paragraph of its documentation, file, line in it and module; empty for nothing. The
+    /// source is escaped as above; `line` counts from 1, where the name stands in it.
+    static void PythonNameHelp(
+        const QString& source, const QString& name, int line, QStringList& results);
     /// Empty when the (escaped) source compiles, otherwise the error's message and line.
     static void PythonSyntaxCheck(const QString& source, QStringList& results);
     /// Re-derives Settings::pylintPythonPath from the host's module search path.

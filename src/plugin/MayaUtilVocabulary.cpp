@@ -6,6 +6,8 @@
 #include "plugin/MelText.h"
 #include "settings/Settings.h"
 
+#include <QFile>
+
 namespace {
 
 // Filled by RefreshCommandList
@@ -21,6 +23,17 @@ const QStringList& FilledOnce(QStringList& names, const QString& query)
     if (names.isEmpty())
         MayaUtil::ExecutePythonStringArrayResult(query, names, false, false);
     return names;
+}
+
+/// Seldom needed, so not a part of what every start loads.
+bool DefineInspector()
+{
+    QFile file(QStringLiteral(":/te2_python/tarnwick_editor_inspector.py"));
+    if (file.open(QIODevice::ReadOnly)
+        && MayaUtil::ExecutePython(QString::fromLatin1(file.readAll())))
+        return true;
+    Logger::Error(QStringLiteral("Failed to load Python inspector."));
+    return false;
 }
 
 void Refill(QStringList& names, const QString& query)
@@ -82,10 +95,36 @@ QStringList MayaUtil::CommandFlags(const QString& command)
     // The list has empty entries.
     if (command.isEmpty() || !melCommands.contains(command))
         return {};
+    return MelText::FlagsOfHelp(CommandHelp(command));
+}
+
+QString MayaUtil::CommandHelp(const QString& command)
+{
     QString help;
     const HiddenTrace hidden;
     ExecuteMelStringResult(QStringLiteral("help -so %1").arg(command), help, false, false);
-    return MelText::FlagsOfHelp(help);
+    return help;
+}
+
+QString MayaUtil::WhatIs(const QString& name)
+{
+    QString kind;
+    const HiddenTrace hidden;
+    ExecuteMelStringResult(
+        QStringLiteral("whatIs \"%1\"").arg(MelText::Escaped(name)), kind, false, false);
+    return kind;
+}
+
+void MayaUtil::RunTimeCommandHelp(const QString& name, QString& annotation, QString& script)
+{
+    const auto ask = [&name](const char* what, QString& answer) {
+        ExecuteMelStringResult(
+            QStringLiteral("runTimeCommand -q -%1 %2").arg(QLatin1String(what), name), answer,
+            false, false);
+    };
+    const HiddenTrace hidden;
+    ask("annotation", annotation);
+    ask("command", script);
 }
 
 void MayaUtil::CommandDocumentation(const QString& command, bool python)
@@ -113,6 +152,22 @@ void MayaUtil::PythonAttributesFromSource(const QString& source, const QString& 
     // An import that the source names may print.
     const HiddenTrace hidden;
     ExecutePythonStringArrayResult(command, results, false, false);
+    ClearCommandResponse();
+}
+
+void MayaUtil::PythonNameHelp(
+    const QString& source, const QString& name, int line, QStringList& results)
+{
+    results.clear();
+    // A library may print where a module replaces what looking at it means.
+    const HiddenTrace hidden;
+    static const bool isDefined = DefineInspector();
+    if (!isDefined)
+        return;
+    ExecutePythonStringArrayResult(
+        QStringLiteral("TarnwickEditorInspector().describe(\"%1\", \"%2\", %3)")
+            .arg(source, name, QString::number(line)),
+        results, false, false);
     ClearCommandResponse();
 }
 
