@@ -93,6 +93,8 @@ public:
     void ClearSelection();
     /// Inserts at the far end of what was selected.
     void ClearSelectionAndInsertText(const QString& text);
+    /// Writes a command's flag as the language does behind the cursor or selection, as one step.
+    void InsertFlag(const QString& longName);
     bool IsModified() const;
     void SetModified(bool modified);
     /// The null character outside the text.
@@ -322,6 +324,7 @@ protected:
     void focusInEvent(QFocusEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
+    void insertFromMimeData(const QMimeData* source) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void showEvent(QShowEvent* event) override;

@@ -3,6 +3,7 @@
 #include "editing/BracketEdits.h"
 #include "editing/EditStep.h"
 #include "editing/EditingOptions.h"
+#include "editing/FlagText.h"
 #include "editing/IndentEdits.h"
 #include "editing/LineEdits.h"
 #include "editing/NewLineEdits.h"
@@ -156,6 +157,31 @@ void CodeEditor::CustomPaste()
     }
     const QString line = mime->text();
     EditAtCursor([&line](QTextCursor& cursor) { InsertLineAbove(cursor, line); });
+}
+
+void CodeEditor::InsertFlag(const QString& longName)
+{
+    EditAtCursor([this, &longName](QTextCursor& cursor) {
+        cursor.setPosition(cursor.selectionEnd());
+        const QString before = GetText().left(cursor.position());
+        // A step of its own, not a part of what was typed before it.
+        cursor.beginEditBlock();
+        cursor.insertText(m_language == CodeEditorLanguage::Python
+                ? FlagText::InPython(longName, before)
+                : FlagText::InMel(longName, before));
+        cursor.endEditBlock();
+    });
+}
+
+void CodeEditor::insertFromMimeData(const QMimeData* source)
+{
+    const QByteArray flag = source->data(QLatin1String(FlagText::MIME_FORMAT));
+    if (flag.isEmpty()) {
+        QPlainTextEdit::insertFromMimeData(source);
+        return;
+    }
+    InsertFlag(QString::fromUtf8(flag));
+    setFocus(Qt::OtherFocusReason);
 }
 
 void CodeEditor::ToggleOverwriteMode()

@@ -12,6 +12,21 @@ QRegularExpression Expression(const QString& pattern)
     return QRegularExpression(pattern, QRegularExpression::UseUnicodePropertiesOption);
 }
 
+/// Of the name that holds both columns.
+QRegularExpressionMatch MatchAround(const QString& line, int start, int end)
+{
+    // Not behind a word or a dot: what follows the digits of a number is no name.
+    static const QRegularExpression expression
+        = Expression(QStringLiteral("(?<![\\w.])") + NAME_PATTERN);
+    QRegularExpressionMatchIterator matches = expression.globalMatch(line);
+    while (matches.hasNext()) {
+        const QRegularExpressionMatch match = matches.next();
+        if (match.capturedStart() <= start && end <= match.capturedEnd())
+            return match;
+    }
+    return {};
+}
+
 } // namespace
 
 bool PythonName::IsName(const QString& text)
@@ -23,14 +38,14 @@ bool PythonName::IsName(const QString& text)
 
 QString PythonName::NameAt(const QString& line, int column)
 {
-    // Not behind a word or a dot: what follows the digits of a number is no name.
-    static const QRegularExpression expression
-        = Expression(QStringLiteral("(?<![\\w.])") + NAME_PATTERN);
-    QRegularExpressionMatchIterator matches = expression.globalMatch(line);
-    while (matches.hasNext()) {
-        const QRegularExpressionMatch match = matches.next();
-        if (match.capturedStart() <= column && column <= match.capturedEnd())
-            return match.captured();
-    }
-    return {};
+    return MatchAround(line, column, column).captured();
+}
+
+QString PythonName::NameThrough(const QString& line, int start, int end)
+{
+    const QRegularExpressionMatch match = MatchAround(line, start, end);
+    if (!match.hasMatch())
+        return {};
+    const int dot = match.captured().indexOf(QLatin1Char('.'), end - match.capturedStart());
+    return match.captured().left(dot);
 }

@@ -7,6 +7,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QDragEnterEvent>
+#include <QDropEvent>
 #include <QMenu>
 #include <QMimeData>
 #include <QSaveFile>
@@ -84,6 +85,7 @@ private Q_SLOTS:
     void NamesItselfWithItsState();
     void KeepsWatchingAReplacedFile();
     void LeavesDraggedFilesAlone();
+    void ADroppedFlagIsWrittenAsTheLanguageDoes();
     void AsksForHelpOnTheSelection();
 
 private:
@@ -603,6 +605,27 @@ void CodeEditorTest::LeavesDraggedFilesAlone()
     files.setUrls({QUrl::fromLocalFile("/x/y.py")});
     files.setText("/x/y.py");
     QVERIFY(!isTaken(files));
+}
+
+void CodeEditorTest::ADroppedFlagIsWrittenAsTheLanguageDoes()
+{
+    CodeEditorProperties properties;
+    properties.language = CodeEditorLanguage::Python;
+    CodeEditor editor(properties, &m_keyBindings);
+    editor.resize(400, 200);
+    editor.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&editor));
+    SetMarkedText(editor, "|cmds.ls(long=True)");
+    QTextCursor target = editor.textCursor();
+    target.setPosition(17);
+    QMimeData flag;
+    flag.setText("-type");
+    flag.setData("text/tarnwickEditorFlag", "type");
+    QDropEvent drop(editor.cursorRect(target).center(), Qt::CopyAction, &flag, Qt::LeftButton, {});
+    QCoreApplication::sendEvent(editor.viewport(), &drop);
+    QCOMPARE(editor.GetText(), QString("cmds.ls(long=True, type=)"));
+    editor.undo();
+    QCOMPARE(editor.GetText(), QString("cmds.ls(long=True)"));
 }
 
 void CodeEditorTest::AsksForHelpOnTheSelection()
