@@ -1,11 +1,17 @@
 #include "views/QuickHelpFlags.h"
 
+#include "editing/FlagText.h"
 #include "settings/ColorSettings.h"
 #include "settings/Settings.h"
 #include "window/chrome/LookFollower.h"
 #include "window/chrome/TextLook.h"
 #include "window/chrome/Theme.h"
 
+#include <QApplication>
+#include <QClipboard>
+#include <QContextMenuEvent>
+#include <QMenu>
+#include <QMimeData>
 #include <QPainter>
 
 namespace {
@@ -30,16 +36,18 @@ QuickHelpFlags::QuickHelpFlags(QWidget* parent)
     : SideBarTree(parent)
 {
     setRootIsDecorated(false);
+    setDragEnabled(true);
+    setDragDropMode(DragOnly);
     FollowLook(this, [this] { UpdateColumns(); });
     connect(this, &QTreeWidget::itemActivated, this, [this](const QTreeWidgetItem* item) {
         Q_EMIT FlagChosen(item->data(0, LONG_NAME_ROLE).toString());
     });
 }
 
-void QuickHelpFlags::SetFlags(const QVector<QuickHelpText::Flag>& flags)
+void QuickHelpFlags::SetFlags(const QVector<Flag>& flags)
 {
     clear();
-    for (const QuickHelpText::Flag& flag : flags) {
+    for (const Flag& flag : flags) {
         auto* item = new QTreeWidgetItem(this);
         item->setText(0, Dashed(flag.longName));
         item->setData(0, LONG_NAME_ROLE, flag.longName);
@@ -58,6 +66,66 @@ int QuickHelpFlags::Filter(const QString& wanted)
         shown += matches ? 1 : 0;
     }
     return shown;
+}
+
+bool QuickHelpFlags::HasFlag(const QString& name) const
+{
+    const QString dashed = name.startsWith(QLatin1Char('-')) ? name : Dashed(name);
+    for (int i = 0; i < topLevelItemCount(); ++i) {
+        const QTreeWidgetItem* const item = topLevelItem(i);
+        if (item->text(0) == dashed || item->data(0, SHORT_ROLE).toString() == dashed)
+            return true;
+    }
+    return false;
+}
+
+void QuickHelpFlags::SelectFirst()
+{
+    if (currentItem() && !currentItem()->isHidden())
+        return;
+    for (int i = 0; i < topLevelItemCount(); ++i) {
+        if (!topLevelItem(i)->isHidden()) {
+            setCurrentItem(topLevelItem(i));
+            return;
+        }
+    }
+}
+
+QStringList QuickHelpFlags::mimeTypes() const
+{
+    return {QLatin1String(FlagText::MIME_FORMAT), QStringLiteral("text/plain")};
+}
+
+/// The name for editors, the flag as it is shown for everything else.
+QMimeData* QuickHelpFlags::mimeData(const QList<QTreeWidgetItem*> items) const
+{
+    if (items.isEmpty())
+        return nullptr;
+    auto* dragged = new QMimeData;
+    dragged->setText(items[0]->text(0));
+    dragged->setData(QLatin1String(FlagText::MIME_FORMAT),
+        items[0]->data(0, LONG_NAME_ROLE).toString().toUtf8());
+    return dragged;
+}
+
+void QuickHelpFlags::contextMenuEvent(QContextMenuEvent* event)
+{
+    const QTreeWidgetItem* const item
+        = event->reason() == QContextMenuEvent::Mouse ? itemAt(event->pos()) : currentItem();
+    if (!item) {
+        event->ignore(); // the page has a menu of its own
+        return;
+    }
+    const QString longName = item->data(0, LONG_NAME_ROLE).toString();
+    auto* menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu->addAction(tr("Insert Flag"), this, [this, longName] { Q_EMIT FlagChosen(longName); });
+    menu->addAction(
+        tr("Copy"), this, [text = item->text(0)] { QApplication::clipboard()->setText(text); });
+    const QRect row = visualItemRect(item);
+    menu->popup(event->reason() == QContextMenuEvent::Mouse
+            ? event->globalPos()
+            : viewport()->mapToGlobal(row.bottomLeft()));
 }
 
 void QuickHelpFlags::UpdateColumns()

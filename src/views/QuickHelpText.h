@@ -1,28 +1,31 @@
 #pragma once
 
-#include <QString>
-#include <QStringList>
-#include <QVector>
+#include "views/QuickHelpTopic.h"
 
-/// What the quick help makes of names and flags. Free of widgets.
+#include <QStringList>
+
+/// What the quick help makes of names and of the host's answers. Free of widgets.
 namespace QuickHelpText {
 
-struct Flag
-{
-    QString longName; ///< without a dash; the short one where there is no other
-    QString shortName;
-    QString type; ///< of the first argument
-};
-
 /// From the host's triples (short name, long name, type): sorted by long name, each once, without
-/// the empty ones.
-QVector<Flag> Flags(const QStringList& triples);
+/// the empty ones and what is no flag.
+QVector<QuickHelpTopic::Flag> Flags(const QStringList& triples);
 
-/// The name that a text is about: its first word's last part, so "polyCube" of "cmds.polyCube(".
-QString NameIn(const QString& text);
+/// How a command is called, from the host's help on it; empty when it does not say.
+QString Synopsis(const QString& help);
 
-/// What is put into a script for a flag, behind `before`. A Python argument gets a comma before it
-/// unless it is the first one.
-QString InsertedText(const QString& longName, bool python, const QString& before);
+/// The first name in a text, with the parts that dots put before it: "cmds.polyCube" of
+/// "cmds.polyCube(". Empty when there is none.
+QString DottedNameIn(const QString& text);
+/// What a dotted name calls: its last part.
+QString LastPart(const QString& dottedName);
+
+/// Where a script defines a procedure.
+struct Definition
+{
+    QString header; ///< "global proc string f(int $a)"; empty when it does not
+    int line = 0; ///< from 1
+};
+Definition DefinitionIn(const QString& script, const QString& procedure);
 
 } // namespace QuickHelpText

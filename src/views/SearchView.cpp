@@ -4,7 +4,7 @@
 
 #include "editor/SearchExpression.h"
 #include "settings/Settings.h"
-#include "views/EmptySearchPage.h"
+#include "views/EmptyPage.h"
 #include "views/SearchResultsModel.h"
 #include "views/SearchResultsView.h"
 #include "window/chrome/ElidedLabel.h"

@@ -8,7 +8,7 @@
 #include <QWidget>
 
 class ElidedLabel;
-class EmptySearchPage;
+class EmptyPage;
 class FlatButton;
 class KeyBindings;
 class QLabel;
@@ -151,7 +151,7 @@ private:
     ElidedLabel* m_status = nullptr;
     QLabel* m_message = nullptr;
     SearchResultsView* m_results = nullptr;
-    EmptySearchPage* m_emptyPage = nullptr;
+    EmptyPage* m_emptyPage = nullptr;
     QStackedLayout* m_pages = nullptr;
     SearchHistory m_history;
     Wanted m_searched; ///< what the results are of; no text: nothing was searched

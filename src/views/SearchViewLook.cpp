@@ -1,7 +1,7 @@
 // Widgets, layout and looks of the search page.
 
 #include "settings/KeyBindings.h"
-#include "views/EmptySearchPage.h"
+#include "views/EmptyPage.h"
 #include "views/SearchResultsView.h"
 #include "views/SearchView.h"
 #include "window/chrome/ElidedLabel.h"
@@ -119,7 +119,7 @@ void SearchView::CreateWidgets()
     m_results = new SearchResultsView(this);
     m_results->setObjectName(QStringLiteral("m_results"));
     m_results->setAccessibleName(tr("Search Results"));
-    m_emptyPage = new EmptySearchPage(this);
+    m_emptyPage = new EmptyPage(QStringLiteral("no_results"), this);
     m_emptyPage->setObjectName(QStringLiteral("m_emptyPage"));
 }
 

@@ -18,6 +18,7 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -143,6 +144,9 @@ QWidget* SideBar::CreateQuickHelp()
     m_quickHelp = new QuickHelpView(this);
     m_quickHelp->setObjectName(QStringLiteral("m_quickHelp"));
     m_stack->addWidget(m_quickHelp);
+    m_quickHelp->SetScriptSource(m_quickHelpScript);
+    if (m_keyBindings)
+        m_quickHelp->UpdateKeyBindings(m_keyBindings);
     // The Tab key reaches the page from the side bar, not from all that is older than the page.
     QWidget* last = TabStops(m_explorer).last();
     const QWidgetList stops = TabStops(m_quickHelp);
@@ -153,6 +157,8 @@ QWidget* SideBar::CreateQuickHelp()
     connect(m_quickHelp, &QuickHelpView::FlagChosen, this, &SideBar::FlagChosen);
     connect(m_quickHelp, &QuickHelpView::CommandReferenceRequested, this,
         &SideBar::CommandReferenceRequested);
+    connect(m_quickHelp, &QuickHelpView::HideRequested, this, &SideBar::HideRequested);
+    connect(m_quickHelp, &QuickHelpView::FileRequested, this, &SideBar::FileRequested);
     return m_quickHelp;
 }
 
@@ -164,6 +170,19 @@ void SideBar::FocusPage(Qt::FocusReason reason)
         m_search->FocusSearch(reason);
     else
         GetWorkspace()->FocusContent(reason);
+}
+
+void SideBar::UpdateKeyBindings(const KeyBindings* keyBindings)
+{
+    m_keyBindings = keyBindings;
+    m_search->UpdateKeyBindings(keyBindings);
+    if (m_quickHelp)
+        m_quickHelp->UpdateKeyBindings(keyBindings);
+}
+
+void SideBar::SetQuickHelpScript(std::function<QuickHelpTopics::Script()> source)
+{
+    m_quickHelpScript = std::move(source);
 }
 
 void SideBar::UpdateQuickHelp(const QString& text, bool isRequested)

@@ -1,9 +1,14 @@
 #pragma once
 
+#include "views/QuickHelpTopics.h"
+
 #include <QWidget>
+
+#include <functional>
 
 class ExplorerView;
 class BaseParser;
+class KeyBindings;
 class OpenEditorsView;
 class OutlineView;
 class QuickHelpView;
@@ -46,12 +51,17 @@ public:
     void SaveWorkspaceAs(const QString& path);
     void OpenWorkspace(const QString& path);
 
-    /// Help on the command that the text names. What was asked for shows the page; anything else
+    // Quick help
+    /// Where the script comes from that names are looked up in.
+    void SetQuickHelpScript(std::function<QuickHelpTopics::Script()> source);
+    /// Help on what the text names. What was asked for shows the page; anything else
     /// only changes it while it can be seen.
     void UpdateQuickHelp(const QString& text, bool isRequested);
 
     /// Puts what the pages remember into the settings.
     void SaveState();
+    /// The shortcuts that tool tips and hints name. They are read again at every call.
+    void UpdateKeyBindings(const KeyBindings* keyBindings);
     /// Follows options that were changed elsewhere.
     void UpdatePreferences();
 
@@ -63,6 +73,8 @@ Q_SIGNALS:
     /// A flag of the quick help, by its long name, for the script.
     void FlagChosen(const QString& longName);
     void CommandReferenceRequested(const QString& command);
+    /// To show a line (from 1; 0 for anywhere) of a file that the quick help names.
+    void FileRequested(const QString& path, int line);
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
@@ -83,5 +95,7 @@ private:
     ExplorerView* m_explorer = nullptr;
     SearchView* m_search;
     QuickHelpView* m_quickHelp = nullptr; ///< made when first shown
+    std::function<QuickHelpTopics::Script()> m_quickHelpScript;
+    const KeyBindings* m_keyBindings = nullptr; ///< not owned
     Page m_page = Page::Explorer;
 };

@@ -357,6 +357,10 @@ private:
     void UpdateOpenEditorsSelection();
     void ShowInSideBar(const QString& path);
     void UpdateOutlineCursor();
+    void ShowQuickHelpOn(const QString& name);
+    static QString NameForHelp(const CodeEditor& editor);
+    QuickHelpTopics::Script ScriptForHelp() const;
+    void ShowFileLine(const QString& path, int line);
     void InsertFlag(const QString& longName);
     void InsertPath(const QString& path);
     void FindInFolder(const QString& folder);

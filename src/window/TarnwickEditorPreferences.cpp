@@ -45,6 +45,6 @@ void TarnwickEditor::ShowBoundKeys()
     for (CodeEditorGroup* group : qAsConst(m_groups))
         group->UpdateKeyBindings();
     m_outputPanel->UpdateKeyBindings();
-    m_sideBar->GetSearch()->UpdateKeyBindings(&m_keyBindings);
+    m_sideBar->UpdateKeyBindings(&m_keyBindings);
     UpdateActivityToolTips();
 }

@@ -6,9 +6,9 @@
 #include "settings/Settings.h"
 #include "views/OpenEditorsView.h"
 #include "views/OutlineView.h"
-#include "views/QuickHelpText.h"
 #include "views/SideBar.h"
 #include "views/WorkspaceView.h"
+#include "window/PythonName.h"
 #include "window/TarnwickEditor.h"
 
 #include <QFileDialog>
@@ -35,7 +35,9 @@ void TarnwickEditor::ConnectSideBar()
     using O = OpenEditorsView;
     using T = TarnwickEditor;
     connect(m_sideBar, &SideBar::HideRequested, this, [this] { SetSideBarVisible(false, true); });
+    m_sideBar->SetQuickHelpScript([this] { return ScriptForHelp(); });
     connect(m_sideBar, &SideBar::FlagChosen, this, &T::InsertFlag);
+    connect(m_sideBar, &SideBar::FileRequested, this, &T::ShowFileLine);
     connect(m_sideBar, &SideBar::CommandReferenceRequested, this, [this](const QString& command) {
         const CodeEditor* const editor = GetActiveCodeEditor();
         MayaUtil::CommandDocumentation(
@@ -211,23 +213,61 @@ void TarnwickEditor::AddFolderToWorkspace()
 /// Help on what is selected in the editor, or on the word at its cursor.
 void TarnwickEditor::ShowQuickHelp()
 {
-    QString text;
-    if (const CodeEditor* const editor = GetCodeEditorWithFocus()) {
-        QTextCursor cursor = editor->textCursor();
-        if (!cursor.hasSelection())
-            cursor.select(QTextCursor::WordUnderCursor);
-        text = cursor.selectedText();
-    }
-    OnQuickHelpChanged(text, true);
+    const CodeEditor* const editor = GetCodeEditorWithFocus();
+    ShowQuickHelpOn(editor ? NameForHelp(*editor) : QString());
 }
 
 void TarnwickEditor::OnQuickHelpChanged(const QString& text, bool isRequested)
 {
-    if (isRequested)
-        ShowSideBarPage(SideBar::Page::QuickHelp);
-    m_sideBar->UpdateQuickHelp(text, isRequested);
-    if (isRequested && text.isEmpty())
-        m_sideBar->FocusPage(Qt::ShortcutFocusReason);
+    if (!isRequested) {
+        m_sideBar->UpdateQuickHelp(text, false);
+        return;
+    }
+    const CodeEditor* const editor = GetActiveCodeEditor();
+    const bool isItsOwn = editor && (text.isEmpty() || text == editor->GetSelectedTextForExecute());
+    ShowQuickHelpOn(isItsOwn ? NameForHelp(*editor) : text);
+}
+
+/// The focus goes along: the next letters filter the flags, or are a name where there was none.
+void TarnwickEditor::ShowQuickHelpOn(const QString& name)
+{
+    ShowSideBarPage(SideBar::Page::QuickHelp);
+    m_sideBar->UpdateQuickHelp(name, true);
+    m_sideBar->FocusPage(Qt::ShortcutFocusReason);
+}
+
+/// The name that is selected or stands at the cursor, in Python with what stands before its dots.
+QString TarnwickEditor::NameForHelp(const CodeEditor& editor)
+{
+    QTextCursor cursor = editor.textCursor();
+    if (editor.GetLanguage() == CodeEditorLanguage::Python) {
+        const QTextBlock line = cursor.block();
+        const int start = cursor.selectionStart() - line.position();
+        const int end = cursor.selectionEnd() - line.position();
+        const QString name = PythonName::NameThrough(line.text(), start, end);
+        if (!name.isEmpty())
+            return name;
+    }
+    if (!cursor.hasSelection())
+        cursor.select(QTextCursor::WordUnderCursor);
+    return cursor.selectedText();
+}
+
+QuickHelpTopics::Script TarnwickEditor::ScriptForHelp() const
+{
+    const CodeEditor* const editor = GetActiveCodeEditor();
+    if (!editor)
+        return {};
+    return {editor->GetLanguage(), editor->GetText(), editor->GetCurrentLine()};
+}
+
+void TarnwickEditor::ShowFileLine(const QString& path, int line)
+{
+    CodeEditor* const editor = GetCodeEditor(path, true);
+    if (!editor)
+        return;
+    SetActiveCodeEditor(path);
+    editor->SetCurrentLine(line);
 }
 
 void TarnwickEditor::InsertFlag(const QString& longName)
@@ -235,14 +275,6 @@ void TarnwickEditor::InsertFlag(const QString& longName)
     CodeEditor* const editor = GetActiveCodeEditor();
     if (!editor)
         return;
-    QTextCursor cursor = editor->textCursor();
-    cursor.setPosition(cursor.selectionEnd());
-    const QString before = editor->GetText().left(cursor.position());
-    const bool python = editor->GetLanguage() == CodeEditorLanguage::Python;
-    // A step of its own for undo, not a part of what was typed before it.
-    cursor.beginEditBlock();
-    cursor.insertText(QuickHelpText::InsertedText(longName, python, before));
-    cursor.endEditBlock();
-    editor->setTextCursor(cursor);
+    editor->InsertFlag(longName);
     editor->setFocus(Qt::OtherFocusReason);
 }

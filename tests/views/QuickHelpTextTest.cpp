@@ -13,8 +13,8 @@ private Q_SLOTS:
     void MakesFlagsOfTriples();
     void FindsTheName_data();
     void FindsTheName();
-    void InsertsAFlag_data();
-    void InsertsAFlag();
+    void FindsADefinition_data();
+    void FindsADefinition();
 };
 
 void QuickHelpTextTest::MakesFlagsOfTriples_data()
@@ -28,6 +28,10 @@ void QuickHelpTextTest::MakesFlagsOfTriples_data()
     QTest::newRow("nothing of nothing")
         << QStringList{"", "", "", "-", "", "String"} << QStringList{};
     QTest::newRow("no long name") << QStringList{"-x", "", "on|off"} << QStringList{"x x on|off"};
+    QTest::newRow("a single name with a type")
+        << QStringList{"-uvSet", "String", ""} << QStringList{"uvSet  String"};
+    QTest::newRow("words that are no flag")
+        << QStringList{"Command", "Type:", "Command"} << QStringList{};
     QTest::newRow("cut off") << QStringList{"-q", "-query", "", "-e"} << QStringList{"query q "};
 }
 
@@ -35,7 +39,7 @@ void QuickHelpTextTest::MakesFlagsOfTriples()
 {
     QFETCH(QStringList, triples);
     QStringList flags;
-    for (const QuickHelpText::Flag& flag : QuickHelpText::Flags(triples))
+    for (const QuickHelpTopic::Flag& flag : QuickHelpText::Flags(triples))
         flags += flag.longName + " " + flag.shortName + " " + flag.type;
     QTEST(flags, "flags");
 }
@@ -44,18 +48,18 @@ void QuickHelpTextTest::FindsTheName_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<QString>("name");
-    QTest::newRow("plain") << "polyCube"
-                           << "polyCube";
     QTest::newRow("dotted") << "cmds.polyCube"
-                            << "polyCube";
+                            << "cmds.polyCube";
     QTest::newRow("call") << "  maya.cmds.ls(selection=True)"
-                          << "ls";
+                          << "maya.cmds.ls";
     QTest::newRow("MEL call") << "move -r 1 2 3;"
                               << "move";
     QTest::newRow("variable") << "$gMain"
                               << "gMain";
     QTest::newRow("trailing dot") << "cmds."
                                   << "cmds";
+    QTest::newRow("letters of any script")
+        << QString::fromUtf8("größe.maß") << QString::fromUtf8("größe.maß");
     QTest::newRow("no name") << " 12 + 3"
                              << "";
 }
@@ -63,33 +67,30 @@ void QuickHelpTextTest::FindsTheName_data()
 void QuickHelpTextTest::FindsTheName()
 {
     QFETCH(QString, text);
-    QTEST(QuickHelpText::NameIn(text), "name");
+    QTEST(QuickHelpText::DottedNameIn(text), "name");
 }
 
-void QuickHelpTextTest::InsertsAFlag_data()
+void QuickHelpTextTest::FindsADefinition_data()
 {
-    QTest::addColumn<bool>("python");
-    QTest::addColumn<QString>("before");
-    QTest::addColumn<QString>("inserted");
-    QTest::newRow("MEL") << false << "polyCube -w 1"
-                         << "-axis ";
-    QTest::newRow("first argument") << true << "cmds.polyCube("
-                                    << "axis=";
-    QTest::newRow("behind a comma") << true << "cmds.polyCube(w=1, "
-                                    << "axis=";
-    QTest::newRow("behind an argument") << true << "cmds.polyCube(w=1"
-                                        << ", axis=";
-    QTest::newRow("on a line of its own") << true << "cmds.polyCube(w=1,\n    "
-                                          << "axis=";
-    QTest::newRow("empty script") << true << ""
-                                  << "axis=";
+    QTest::addColumn<QString>("script");
+    QTest::addColumn<QString>("header");
+    QTest::addColumn<int>("line");
+    QTest::newRow("global") << "// f\nglobal proc string[] f(int $a,\n    string $b[])\n{\n}"
+                            << "global proc string[] f(int $a, string $b[])" << 2;
+    QTest::newRow("local, without a result") << "\n\nproc f () {}"
+                                             << "proc f ()" << 3;
+    QTest::newRow("a longer name") << "global proc af() {}\nglobal proc fa() {}"
+                                   << "" << 0;
+    QTest::newRow("only called") << "f(1);"
+                                 << "" << 0;
 }
 
-void QuickHelpTextTest::InsertsAFlag()
+void QuickHelpTextTest::FindsADefinition()
 {
-    QFETCH(bool, python);
-    QFETCH(QString, before);
-    QTEST(QuickHelpText::InsertedText("axis", python, before), "inserted");
+    QFETCH(QString, script);
+    const QuickHelpText::Definition definition = QuickHelpText::DefinitionIn(script, "f");
+    QTEST(definition.header, "header");
+    QTEST(definition.line, "line");
 }
 
 TE2_TEST(QuickHelpTextTest)

@@ -39,9 +39,6 @@ private Q_SLOTS:
     void KeysStayInTheTree();
     void ToolsComeWithTheFocus();
     void PagesAreShownWhenTheyExist();
-    void HelpsWithACommand();
-    void HelpRemembersNames();
-    void HelpUnaskedStaysInTheBackground();
 
 private:
     SubView* Section(int index) const;
@@ -276,60 +273,6 @@ void SideBarTest::PagesAreShownWhenTheyExist()
     QVERIFY(Explorer()->isVisible());
     m_sideBar->FocusPage(Qt::ShortcutFocusReason);
     QVERIFY(Section(1)->isAncestorOf(QApplication::focusWidget()));
-}
-
-void SideBarTest::HelpsWithACommand()
-{
-    m_sideBar->UpdateQuickHelp("cmds.button(", true);
-    QCOMPARE(m_sideBar->GetPage(), SideBar::Page::QuickHelp);
-    QCOMPARE(Help<QLabel>("m_quickHelpName")->text(), QString("button"));
-    auto* const flags = Help<SideBarTree>("m_quickHelpFlags");
-    QVERIFY(flags->topLevelItemCount() > 10);
-    Help<QLineEdit>("m_quickHelpSearch")->setText("-annotation");
-    QCOMPARE(Help<QLabel>("m_quickHelpCount")->text().section(' ', 0, 0), QString("1"));
-    QSignalSpy chosen(m_sideBar.get(), &SideBar::FlagChosen);
-    flags->setCurrentItem(flags->findItems("-annotation", Qt::MatchExactly).value(0));
-    QTest::keyClick(flags, Qt::Key_Return);
-    QCOMPARE(chosen.size(), 1);
-    QCOMPARE(chosen[0][0].toString(), QString("annotation"));
-    QTest::keyClick(flags, Qt::Key_C, Qt::ControlModifier);
-    QCOMPARE(QApplication::clipboard()->text(), QString("-annotation"));
-    m_sideBar->UpdateQuickHelp("no_such_command", true);
-    QCOMPARE(Help<QLabel>("m_quickHelpName")->text(), QString("No help for 'no_such_command'"));
-    QCOMPARE(flags->topLevelItemCount(), 0);
-}
-
-void SideBarTest::HelpRemembersNames()
-{
-    auto name = [this] { return Help<QLabel>("m_quickHelpName")->text(); };
-    for (const char* command : {"button", "window", "window", "menu"})
-        m_sideBar->UpdateQuickHelp(command, true);
-    auto* const back = Help<QAbstractButton>("m_quickHelpBackButton");
-    auto* const forward = Help<QAbstractButton>("m_quickHelpForwardButton");
-    QVERIFY(!forward->isEnabled());
-    back->click();
-    QCOMPARE(name(), QString("window"));
-    back->click();
-    QCOMPARE(name(), QString("button"));
-    QVERIFY(!back->isEnabled());
-    forward->click();
-    QCOMPARE(name(), QString("window"));
-    // A new name takes the place of what lay ahead.
-    m_sideBar->UpdateQuickHelp("text", true);
-    QVERIFY(!forward->isEnabled());
-    back->click();
-    QCOMPARE(name(), QString("window"));
-}
-
-void SideBarTest::HelpUnaskedStaysInTheBackground()
-{
-    m_sideBar->UpdateQuickHelp("button", false);
-    QCOMPARE(m_sideBar->GetPage(), SideBar::Page::Explorer);
-    m_sideBar->UpdateQuickHelp("button", true);
-    m_sideBar->UpdateQuickHelp("no_such_command", false);
-    QCOMPARE(Help<QLabel>("m_quickHelpName")->text(), QString("button"));
-    m_sideBar->UpdateQuickHelp("window", false);
-    QCOMPARE(Help<QLabel>("m_quickHelpName")->text(), QString("window"));
 }
 
 TE2_TEST(SideBarTest)

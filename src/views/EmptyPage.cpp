@@ -1,4 +1,4 @@
-#include "views/EmptySearchPage.h"
+#include "views/EmptyPage.h"
 
 #include "window/chrome/LookFollower.h"
 #include "window/chrome/Theme.h"
@@ -34,8 +34,9 @@ void SetColor(QLabel* label, Theme::Role role)
 
 } // namespace
 
-EmptySearchPage::EmptySearchPage(QWidget* parent)
+EmptyPage::EmptyPage(const QString& picture, QWidget* parent)
     : QWidget(parent)
+    , m_pictureName(picture)
     , m_picture(CenteredLabel(QStringLiteral("m_emptyPicture"), this))
     , m_title(CenteredLabel(QStringLiteral("m_emptyTitle"), this))
     , m_hint(CenteredLabel(QStringLiteral("m_emptyHint"), this))
@@ -54,16 +55,15 @@ EmptySearchPage::EmptySearchPage(QWidget* parent)
     });
 }
 
-void EmptySearchPage::UpdateLook()
+void EmptyPage::UpdateLook()
 {
-    m_picture->setPixmap(
-        Theme::Pixmap(QStringLiteral("no_results"), PICTURE_SIZE, devicePixelRatioF()));
+    m_picture->setPixmap(Theme::Pixmap(m_pictureName, PICTURE_SIZE, devicePixelRatioF()));
     m_hint->setFont(Theme::SmallFont(font()));
     SetColor(m_title, Theme::Role::Text);
     SetColor(m_hint, Theme::Role::Faint);
 }
 
-void EmptySearchPage::SetTexts(const QString& title, const QString& hint)
+void EmptyPage::SetTexts(const QString& title, const QString& hint)
 {
     m_picture->setVisible(!title.isEmpty());
     m_title->setVisible(!title.isEmpty());

@@ -4,13 +4,14 @@
 
 class QLabel;
 
-/// What stands in place of the results while there are none. Owned by the search view.
-class EmptySearchPage : public QWidget
+/// What stands in place of a view's content while there is none. Owned by the view.
+class EmptyPage : public QWidget
 {
     Q_OBJECT
 
 public:
-    explicit EmptySearchPage(QWidget* parent);
+    /// `picture` names one of the icon folder.
+    EmptyPage(const QString& picture, QWidget* parent);
 
     /// What is missing, with a picture unless the title is empty, and what to do about it.
     void SetTexts(const QString& title, const QString& hint);
@@ -18,6 +19,7 @@ public:
 private:
     void UpdateLook();
 
+    QString m_pictureName;
     QLabel* m_picture;
     QLabel* m_title;
     QLabel* m_hint;
