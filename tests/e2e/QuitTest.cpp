@@ -47,7 +47,7 @@ void QuitTest::TheTextIsThereAtTheNextStart()
     QVERIFY(m_session->Mel("tarnwickEditor2"));
     QPlainTextEdit* editor = m_session->Focus("Python");
     QVERIFY(editor);
-    QCOMPARE(editor->toPlainText(), QString("kept = 'yes'"));
+    QCOMPARE(editor->toPlainText(), "kept = 'yes'");
     QVERIFY(m_session->Mel("unloadPlugin TarnwickEditor2"));
 }
 

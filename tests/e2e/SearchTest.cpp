@@ -53,20 +53,20 @@ void SearchTest::FindsAndReplacesByKeys()
     QTest::keyClick(editor, Qt::Key_F, Qt::ControlModifier | Qt::ShiftModifier);
     auto* const field = Part<QLineEdit>("m_searchField");
     QTRY_COMPARE(QApplication::focusWidget(), field);
-    QCOMPARE(field->text(), QString("needle"));
+    QCOMPARE(field->text(), "needle");
     QTest::keyClick(field, Qt::Key_Return);
     const QAbstractItemModel& results = *Part<QTreeView>("m_results")->model();
     QTRY_COMPARE(results.rowCount(), 1); // the buffer
     QTest::keyClicks(Part<QLineEdit>("m_includeField"), folder.path());
     QTest::keyClick(Part<QLineEdit>("m_includeField"), Qt::Key_Return);
-    QTRY_COMPARE(results.index(0, 0).data().toString(), QString("tool.py"));
+    QTRY_COMPARE(results.index(0, 0).data().toString(), "tool.py");
     QCOMPARE(results.rowCount(results.index(0, 0)), 2);
 
     QTest::keyClick(field, Qt::Key_F4);
     QTRY_COMPARE(m_session.Editors().size(), 3);
     auto* const opened = qobject_cast<QPlainTextEdit*>(QApplication::focusWidget());
     QVERIFY(opened);
-    QCOMPARE(opened->textCursor().selectedText(), QString("needle"));
+    QCOMPARE(opened->textCursor().selectedText(), "needle");
     QCOMPARE(opened->textCursor().blockNumber(), 0);
     QTest::keyClick(opened, Qt::Key_F4);
     QCOMPARE(opened->textCursor().blockNumber(), 1);
@@ -80,17 +80,17 @@ void SearchTest::FindsAndReplacesByKeys()
     QTimer::singleShot(0, m_window, [] {
         auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
         QVERIFY(box);
-        QCOMPARE(box->text(), QString("Replace 2 occurrances across 1 files with 'thread'"));
+        QCOMPARE(box->text(), "Replace 2 occurrances across 1 files with 'thread'");
         for (QAbstractButton* button : box->buttons()) {
             if (button->text() == "Replace All")
                 button->click();
         }
     });
     QTest::keyClick(replacement, Qt::Key_Return);
-    QTRY_COMPARE(opened->toPlainText(), QString("import thread\nthread.run()\n"));
-    QCOMPARE(Content(path), QByteArray("import needle\r\nneedle.run()\r\n"));
+    QTRY_COMPARE(opened->toPlainText(), "import thread\nthread.run()\n");
+    QCOMPARE(Content(path), "import needle\r\nneedle.run()\r\n");
     QTest::keyClick(opened, Qt::Key_Z, Qt::ControlModifier);
-    QCOMPARE(opened->toPlainText(), QString("import needle\nneedle.run()\n"));
+    QCOMPARE(opened->toPlainText(), "import needle\nneedle.run()\n");
     QTRY_COMPARE(results.rowCount(), 1);
 }
 

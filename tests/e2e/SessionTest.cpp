@@ -94,7 +94,7 @@ void SessionTest::AKilledSessionComesBack()
     for (QPlainTextEdit* editor : session.Editors())
         editors[editor->accessibleName()] = editor;
     QCOMPARE(editors.keys(), (QStringList{"MEL", "Python", "script.py"}));
-    QCOMPARE(editors["Python"]->toPlainText(), QString("kept = 'by executing'"));
+    QCOMPARE(editors["Python"]->toPlainText(), "kept = 'by executing'");
     QPlainTextEdit* const file = editors["script.py"];
     QCOMPARE(file->blockCount(), 401);
     QVERIFY(file->isVisible());

@@ -154,7 +154,7 @@ void LineEditsTest::KeepsTypingApart()
     IncreaseIndent(text.cursor, false, text.options);
     text.cursor.insertText("b");
     text.document.undo();
-    QCOMPARE(text.document.toPlainText(), QString("a    "));
+    QCOMPARE(text.document.toPlainText(), "a    ");
 }
 
 TE2_TEST(LineEditsTest)

@@ -186,9 +186,9 @@ void TypingEditsTest::GoesHome()
         QCOMPARE(text.Marked(), QString(expected));
     }
     GoHome(text.cursor, true, false);
-    QCOMPARE(text.Marked(), QString("x\n|    <ab"));
+    QCOMPARE(text.Marked(), "x\n|    <ab");
     GoHome(text.cursor, true, true);
-    QCOMPARE(text.Marked(), QString("|x\n    <ab"));
+    QCOMPARE(text.Marked(), "|x\n    <ab");
 }
 
 TE2_TEST(TypingEditsTest)

@@ -151,7 +151,7 @@ void CodeEditorCompletionTest::WaitsForTheKeysThatWerePressed()
     QTest::keyClick(&editor, Qt::Key_Return);
     QCoreApplication::processEvents();
     QVERIFY(!IsShown());
-    QCOMPARE(editor.GetText(), QString("g\n"));
+    QCOMPARE(editor.GetText(), "g\n");
 }
 
 /// Of dead keys and input methods.
@@ -165,21 +165,21 @@ void CodeEditorCompletionTest::TakesComposedCharactersForKeys()
         QCoreApplication::processEvents();
         return editor.textCursor().block().layout()->preeditAreaText();
     };
-    QCOMPARE(compose("'", ""), QString("'"));
+    QCOMPARE(compose("'", ""), "'");
     QCOMPARE(editor.GetText(), QString());
     QCOMPARE(compose("", "\""), QString());
-    QCOMPARE(editor.GetText(), QString("\"\""));
+    QCOMPARE(editor.GetText(), "\"\"");
     compose("", "\"");
     compose("", "(");
-    QCOMPARE(editor.GetText(), QString("\"\"()"));
+    QCOMPARE(editor.GetText(), "\"\"()");
     compose("", "g");
     QVERIFY(IsShown());
-    QCOMPARE(compose("l", ""), QString("l"));
+    QCOMPARE(compose("l", ""), "l");
     QVERIFY(!IsShown());
     compose("", "lo (");
-    QCOMPARE(editor.GetText(), QString("\"\"(glo ()"));
+    QCOMPARE(editor.GetText(), "\"\"(glo ()");
     compose("", ")");
-    QCOMPARE(editor.GetText(), QString("\"\"(glo ()"));
+    QCOMPARE(editor.GetText(), "\"\"(glo ()");
 }
 
 void CodeEditorCompletionTest::ReplacesTheTypedPartInOneStep()
@@ -188,15 +188,15 @@ void CodeEditorCompletionTest::ReplacesTheTypedPartInOneStep()
     editor.SetText("x;");
     editor.SetCursorPosition(0, false, false);
     TypeKeys(editor, "s~~\n");
-    QCOMPARE(editor.GetText(), QString("switchx;"));
+    QCOMPARE(editor.GetText(), "switchx;");
     QCOMPARE(editor.GetCursorPosition(), 6);
     editor.undo();
-    QCOMPARE(editor.GetText(), QString("sx;"));
+    QCOMPARE(editor.GetText(), "sx;");
     QCOMPARE(editor.GetCursorPosition(), 1);
     editor.SetText("tru");
     editor.SetCursorPosition(3, false, false);
     TypeKeys(editor, "^");
-    QCOMPARE(editor.GetText(), QString("true"));
+    QCOMPARE(editor.GetText(), "true");
 }
 
 void CodeEditorCompletionTest::ClosesWithoutTheFocus()

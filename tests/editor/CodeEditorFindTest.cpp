@@ -123,7 +123,7 @@ void CodeEditorFindTest::FindsNothingWithoutAPattern()
         QVERIFY(!editor.FindNext());
         QVERIFY(!editor.FindPrevious());
         QCOMPARE(editor.ReplaceAll(expression, "x", false), 0);
-        QCOMPARE(Marked(editor), QString("[]abc"));
+        QCOMPARE(Marked(editor), "[]abc");
     }
 }
 
@@ -273,7 +273,7 @@ void CodeEditorFindTest::KeepsThePlaceOfReplaceAll()
     const int height = editor.cursorRect().top();
     QVERIFY(top > 400);
     editor.ReplaceAll(Literal("a"), "a\na", false);
-    QCOMPARE(editor.GetSelectedText(), QString("b"));
+    QCOMPARE(editor.GetSelectedText(), "b");
     QCOMPARE(editor.textCursor().blockNumber(), 1001);
     QCOMPARE(editor.verticalScrollBar()->value(), 2 * top);
     QVERIFY(editor.cursorRect().top() >= height);
@@ -285,7 +285,7 @@ void CodeEditorFindTest::KeepsTheRegionOfReplaceAll()
     SetMarked(editor, "ab [ab ab] ab");
     editor.SetSelectedSearchRegion();
     QCOMPARE(editor.ReplaceAll(Literal("ab"), "abc", true), 2);
-    QCOMPARE(editor.GetText(), QString("ab abc abc ab"));
+    QCOMPARE(editor.GetText(), "ab abc abc ab");
     QCOMPARE(editor.GetFindInSelectionStart(), 3);
     QCOMPARE(editor.GetFindInSelectionEnd(), 10);
     QCOMPARE(editor.ReplaceAll(Literal("abc"), "a", true), 2);
@@ -297,21 +297,21 @@ void CodeEditorFindTest::FollowsTyping()
     Group group;
     SetMarked(group.Editor(), "[]s set self settings");
     group.widget.ShowFindReplace(false, false, true, false);
-    QCOMPARE(group.Results(), QString("No Results"));
+    QCOMPARE(group.Results(), "No Results");
     QTest::keyClicks(group.Field(), "s");
-    QCOMPARE(Marked(group.Editor()), QString("[s] set self settings"));
-    QCOMPARE(group.Results(), QString("1 of 5"));
+    QCOMPARE(Marked(group.Editor()), "[s] set self settings");
+    QCOMPARE(group.Results(), "1 of 5");
     QTest::keyClicks(group.Field(), "et");
-    QCOMPARE(Marked(group.Editor()), QString("s [set] self settings"));
-    QCOMPARE(group.Results(), QString("1 of 2"));
+    QCOMPARE(Marked(group.Editor()), "s [set] self settings");
+    QCOMPARE(group.Results(), "1 of 2");
     QTest::keyClicks(group.Field(), "t");
-    QCOMPARE(Marked(group.Editor()), QString("s set self [sett]ings"));
+    QCOMPARE(Marked(group.Editor()), "s set self [sett]ings");
     QTest::keyClick(group.Field(), Qt::Key_Backspace);
-    QCOMPARE(Marked(group.Editor()), QString("s set self [set]tings"));
+    QCOMPARE(Marked(group.Editor()), "s set self [set]tings");
     QTest::keyClick(group.Field(), Qt::Key_Return, Qt::ShiftModifier);
-    QCOMPARE(Marked(group.Editor()), QString("s [set] self settings"));
+    QCOMPARE(Marked(group.Editor()), "s [set] self settings");
     group.Field()->clear();
-    QCOMPARE(group.Results(), QString("No Results"));
+    QCOMPARE(group.Results(), "No Results");
     QVERIFY(group.Editor().GetSearchRegEx().pattern().isEmpty());
 }
 
@@ -323,7 +323,7 @@ void CodeEditorFindTest::SearchesOnFarAheadOnceCounted()
     group.Toggle("m_regularExpressionButton");
     group.Bar().SetSearchText("n(e)edle");
     QTRY_COMPARE_WITH_TIMEOUT(group.Editor().GetSelectedText(), QString("needle"), 30000);
-    QTRY_COMPARE(group.Results(), QString("1 of 1"));
+    QTRY_COMPARE(group.Results(), "1 of 1");
 }
 
 void CodeEditorFindTest::SeeksWhatIsSelected_data()
@@ -355,13 +355,13 @@ void CodeEditorFindTest::TakesTheRegionOnceAndLosesItWhenSwitchedOff()
     group.widget.ShowFindReplace(false, false, true, false);
     group.Toggle("m_findInSelectionButton");
     QTest::keyClicks(group.Field(), "ab");
-    QCOMPARE(group.Results(), QString("1 of 2"));
+    QCOMPARE(group.Results(), "1 of 2");
     group.widget.FindNext();
     group.widget.FindNext();
-    QCOMPARE(Marked(group.Editor()), QString("ab [ab] ab ab"));
+    QCOMPARE(Marked(group.Editor()), "ab [ab] ab ab");
     QCOMPARE(group.Editor().GetFindInSelectionEnd(), 8);
     group.Toggle("m_findInSelectionButton");
-    QCOMPARE(group.Results(), QString("2 of 4"));
+    QCOMPARE(group.Results(), "2 of 4");
     QCOMPARE(group.Editor().GetFindInSelectionStart(), -1);
 }
 
@@ -372,11 +372,11 @@ void CodeEditorFindTest::ShowsWhichMatchTheCursorIsAt()
     group.widget.ShowFindReplace(false, false, true, false);
     group.Bar().SetSearchText("ab");
     group.Editor().SetCursorSelection(6, 8);
-    QCOMPARE(group.Results(), QString("3 of 3"));
+    QCOMPARE(group.Results(), "3 of 3");
     group.Editor().SetCursorSelection(2, 2);
-    QCOMPARE(group.Results(), QString("3 of 3"));
+    QCOMPARE(group.Results(), "3 of 3");
     QTest::keyClicks(&group.Editor(), "ab");
-    QTRY_COMPARE(group.Results(), QString("3 of 4"));
+    QTRY_COMPARE(group.Results(), "3 of 4");
 }
 
 void CodeEditorFindTest::FindsAgainWithTheBarClosed()
@@ -385,11 +385,11 @@ void CodeEditorFindTest::FindsAgainWithTheBarClosed()
     SetMarked(group.Editor(), "one t[]wo two");
     group.widget.SelectAndFind(false);
     QVERIFY(!group.widget.IsFindReplaceVisible());
-    QCOMPARE(Marked(group.Editor()), QString("one two [two]"));
+    QCOMPARE(Marked(group.Editor()), "one two [two]");
     group.widget.FindNext();
-    QCOMPARE(Marked(group.Editor()), QString("one [two] two"));
+    QCOMPARE(Marked(group.Editor()), "one [two] two");
     group.widget.FindPrevious();
-    QCOMPARE(Marked(group.Editor()), QString("one two [two]"));
+    QCOMPARE(Marked(group.Editor()), "one two [two]");
     QVERIFY(group.Editor().GetSearchRegEx().pattern().isEmpty());
 }
 
@@ -460,20 +460,20 @@ void CodeEditorFindTest::ReplacesFromTheBar()
     group.Bar().SetSearchText("f(\\d)");
     group.Bar().findChild<ToolLineEdit*>("m_replaceLineEdit")->setText("\\1!");
     group.Toggle("m_replaceButton");
-    QCOMPARE(Marked(group.Editor()), QString("1! [f2] f3"));
-    QCOMPARE(group.Results(), QString("1 of 2"));
+    QCOMPARE(Marked(group.Editor()), "1! [f2] f3");
+    QCOMPARE(group.Results(), "1 of 2");
     group.Toggle("m_replaceAllButton");
-    QCOMPARE(group.Editor().GetText(), QString("1! 2! 3!"));
-    QCOMPARE(group.Results(), QString("No Results"));
-    QCOMPARE(group.Message(), QString("2 matches replaced."));
+    QCOMPARE(group.Editor().GetText(), "1! 2! 3!");
+    QCOMPARE(group.Results(), "No Results");
+    QCOMPARE(group.Message(), "2 matches replaced.");
     // What cannot be changed says so.
     group.Bar().SetSearchText("!");
     QCOMPARE(group.Message(), QString());
     group.Editor().setReadOnly(true);
     for (const char* button : {"m_replaceButton", "m_replaceAllButton"}) {
         group.Toggle(button);
-        QCOMPARE(group.Message(), QString("This text is read-only."));
-        QCOMPARE(group.Editor().GetText(), QString("1! 2! 3!"));
+        QCOMPARE(group.Message(), "This text is read-only.");
+        QCOMPARE(group.Editor().GetText(), "1! 2! 3!");
     }
 }
 

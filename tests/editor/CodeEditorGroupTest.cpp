@@ -100,16 +100,16 @@ QString CodeEditorGroupTest::Tabs() const
 
 void CodeEditorGroupTest::TabsAndEditorsKeepStep()
 {
-    QCOMPARE(Tabs(), QString("[a] b c"));
+    QCOMPARE(Tabs(), "[a] b c");
     QCOMPARE(m_group->InsertCodeEditor(0, Script("d"), QString()), 0);
-    QCOMPARE(Tabs(), QString("d [a] b c"));
-    QCOMPARE(m_group->GetCurrent()->GetText(), QString("text of a"));
+    QCOMPARE(Tabs(), "d [a] b c");
+    QCOMPARE(m_group->GetCurrent()->GetText(), "text of a");
     m_group->SetCurrentIndex(2);
     const std::unique_ptr<CodeEditor> removed(m_group->RemoveCodeEditor(2));
-    QCOMPARE(removed->GetLabel(), QString("b"));
-    QCOMPARE(Tabs(), QString("d a [c]"));
+    QCOMPARE(removed->GetLabel(), "b");
+    QCOMPARE(Tabs(), "d a [c]");
     m_group->DeleteCodeEditor(2);
-    QCOMPARE(Tabs(), QString("d [a]"));
+    QCOMPARE(Tabs(), "d [a]");
     m_group->DeleteCodeEditor(0);
     m_group->DeleteCodeEditor(0);
     QCOMPARE(m_group->GetCount(), 0);
@@ -129,7 +129,7 @@ void CodeEditorGroupTest::OperationsWithoutAnEditorAreEmpty()
         QVERIFY(!m_group->IsModified(index));
         QCOMPARE(m_group->GetLanguage(index), CodeEditorLanguage::Text);
     }
-    QCOMPARE(Tabs(), QString("[a] b c"));
+    QCOMPARE(Tabs(), "[a] b c");
 }
 
 void CodeEditorGroupTest::OrdersEditorsByTheirLastUse()
@@ -168,16 +168,16 @@ void CodeEditorGroupTest::TurnsTheWheelOnlyWhenAskedTo()
         QCoreApplication::sendEvent(m_tabBar->viewport(), &event);
     };
     turn(-120);
-    QCOMPARE(Tabs(), QString("[a] b c"));
+    QCOMPARE(Tabs(), "[a] b c");
     Settings::mouseWheelChangesActiveTab = true;
     turn(-112); // 14 degrees are too few
-    QCOMPARE(Tabs(), QString("[a] b c"));
+    QCOMPARE(Tabs(), "[a] b c");
     turn(-120);
     turn(-120);
     turn(-120);
-    QCOMPARE(Tabs(), QString("a b [c]"));
+    QCOMPARE(Tabs(), "a b [c]");
     turn(120);
-    QCOMPARE(Tabs(), QString("a [b] c"));
+    QCOMPARE(Tabs(), "a [b] c");
 }
 
 void CodeEditorGroupTest::MovesEditorsWithTheirTabs()
@@ -185,15 +185,15 @@ void CodeEditorGroupTest::MovesEditorsWithTheirTabs()
     m_group->SetCurrentIndex(1);
     CodeEditor* const editor = m_group->GetCurrent();
     m_group->MoveCodeEditor(1, 2);
-    QCOMPARE(Tabs(), QString("a c [b]"));
+    QCOMPARE(Tabs(), "a c [b]");
     QCOMPARE(m_group->GetCurrent(), editor);
     m_group->MoveCodeEditor(0, 2);
-    QCOMPARE(Tabs(), QString("c [b] a"));
+    QCOMPARE(Tabs(), "c [b] a");
     m_group->MoveCodeEditor(2, 0);
-    QCOMPARE(Tabs(), QString("a c [b]"));
+    QCOMPARE(Tabs(), "a c [b]");
     m_group->MoveCodeEditor(0, 3);
     m_group->MoveCodeEditor(-1, 0);
-    QCOMPARE(Tabs(), QString("a c [b]"));
+    QCOMPARE(Tabs(), "a c [b]");
 }
 
 void CodeEditorGroupTest::TakesAnEditorOverFromAnotherGroup()
@@ -203,12 +203,12 @@ void CodeEditorGroupTest::TakesAnEditorOverFromAnotherGroup()
     CodeEditor* const editor = m_group->GetCodeEditor(1);
     editor->insertPlainText("new ");
     other.MoveCodeEditor(m_group.get(), 1, 0);
-    QCOMPARE(Tabs(), QString("[a] c"));
+    QCOMPARE(Tabs(), "[a] c");
     QCOMPARE(other.GetCodeEditor(0), editor);
-    QCOMPARE(other.GetLabel(0), QString("b"));
+    QCOMPARE(other.GetLabel(0), "b");
     QVERIFY(editor->IsModified());
     editor->undo();
-    QCOMPARE(other.GetText(0), QString("text of b"));
+    QCOMPARE(other.GetText(0), "text of b");
     // Its signals belong to the new group.
     QSignalSpy here(m_group.get(), &CodeEditorGroup::ExecutePressed);
     QSignalSpy there(&other, &CodeEditorGroup::ExecutePressed);
@@ -234,14 +234,14 @@ void CodeEditorGroupTest::FollowsAFileToItsNewName()
     m_group->SetCurrentIndex(index);
     m_group->SetCurrentIndex(0);
     m_group->UpdateFilePath("/scripts/f.mel", "/other/g.py", CodeEditorLanguage::Python);
-    QCOMPARE(m_tabBar->GetTabText(index), QString("g.py"));
-    QCOMPARE(m_tabBar->GetTabToolTip(index), QString("/other/g.py"));
+    QCOMPARE(m_tabBar->GetTabText(index), "g.py");
+    QCOMPARE(m_tabBar->GetTabToolTip(index), "/other/g.py");
     QCOMPARE(m_group->GetLanguage(index), CodeEditorLanguage::Python);
     QCOMPARE(m_group->GetCodeEditorIndex("/other/g.py"), index);
     // It keeps its place in the order of use.
-    QCOMPARE(m_group->GetLastUsedEditors().at(1).label, QString("g.py"));
+    QCOMPARE(m_group->GetLastUsedEditors().at(1).label, "g.py");
     m_group->UpdateFilePath("/not/open", "/x", CodeEditorLanguage::Mel);
-    QCOMPARE(Tabs(), QString("[a] b c g.py"));
+    QCOMPARE(Tabs(), "[a] b c g.py");
 
     m_group->SetCurrentIndex(2);
     m_group->DeleteCodeEditor(2);
@@ -341,13 +341,13 @@ void CodeEditorGroupTest::PassesRequestsOn()
     QCOMPARE(right.at(0).at(1).toInt(), 2);
     QCOMPARE(moved.at(0), QVariantList({0, 4, 1, 2}));
     QCOMPARE(opened.at(2), QVariantList({1, 2, "/3"}));
-    QCOMPARE(Tabs(), QString("[a] /1 /3 b c"));
+    QCOMPARE(Tabs(), "[a] /1 /3 b c");
 
     QApplication::clipboard()->setText("before");
     Q_EMIT m_tabBar->CopyPathRequested(9);
-    QCOMPARE(QApplication::clipboard()->text(), QString("before"));
+    QCOMPARE(QApplication::clipboard()->text(), "before");
     Q_EMIT m_tabBar->CopyPathRequested(0);
-    QCOMPARE(QApplication::clipboard()->text(), QString("/scripts/a"));
+    QCOMPARE(QApplication::clipboard()->text(), "/scripts/a");
 }
 
 void CodeEditorGroupTest::ListsItsEditors()
@@ -495,7 +495,7 @@ void CodeEditorGroupTest::ShowsAHintWhileItIsEmpty()
     QAction open;
     m_keyBindings.SetAction(KeyBindings::OpenFile, &open);
     group.UpdateKeyBindings();
-    QCOMPARE(hint->accessibleDescription(), QString("Open File (Ctrl+O)"));
+    QCOMPARE(hint->accessibleDescription(), "Open File (Ctrl+O)");
     m_keyBindings.SetAction(KeyBindings::OpenFile, nullptr);
 
     // All of it is the middle.

@@ -179,7 +179,7 @@ void CodeEditorPaintingTest::NothingOfMessagesIsShownWhenSwitchedOff()
     editor.UpdateErrorsAndWarnings({Message("e", 0, 5)}, {Message("w", 0, 5)}, {});
     QCOMPARE(editor.GetNumberOfErrors(), 1);
     QCOMPARE(editor.GetNumberOfWarnings(), 1);
-    QCOMPARE(editor.GetErrorAndWarningsText(), QString("e"));
+    QCOMPARE(editor.GetErrorAndWarningsText(), "e");
     QSignalSpy changed(&editor, &CodeEditor::ErrorAndWarningTextChanged);
     Settings::pythonDisplayErrors = false;
     editor.UpdateFontsAndColors();

@@ -173,7 +173,7 @@ void CodeEditorTest::AnswersOneChangePerPause()
         QTest::keyClick(&editor, Qt::Key_A);
     QVERIFY(changed.isEmpty());
     QTRY_COMPARE(changed.count(), 1);
-    QCOMPARE(changed[0][0].toString(), QString("/x/y.mel"));
+    QCOMPARE(changed[0][0].toString(), "/x/y.mel");
     QCOMPARE(changed[0][1].toString(), QString(10, 'a'));
 }
 
@@ -309,21 +309,21 @@ void CodeEditorTest::CopiesWholeLines()
     CodeEditor editor({}, &m_keyBindings);
     SetMarkedText(editor, "one\ntw|o\nthree");
     QTest::keyClick(&editor, Qt::Key_C, Qt::ControlModifier);
-    QCOMPARE(QApplication::clipboard()->text(), QString("two"));
+    QCOMPARE(QApplication::clipboard()->text(), "two");
     editor.SetCursorPosition(10, false, false);
     QTest::keyClick(&editor, Qt::Key_V, Qt::ControlModifier);
-    QCOMPARE(MarkedText(editor), QString("one\ntwo\ntwo\nth|ree"));
+    QCOMPARE(MarkedText(editor), "one\ntwo\ntwo\nth|ree");
     QTest::keyClick(&editor, Qt::Key_X, Qt::ControlModifier);
-    QCOMPARE(MarkedText(editor), QString("one\ntwo\ntwo\n|"));
+    QCOMPARE(MarkedText(editor), "one\ntwo\ntwo\n|");
     // A selection is replaced, and what is selected is copied as ever.
     editor.SetCursorSelection(0, 3);
     QTest::keyClick(&editor, Qt::Key_V, Qt::ControlModifier);
-    QCOMPARE(MarkedText(editor), QString("three|\ntwo\ntwo\n"));
+    QCOMPARE(MarkedText(editor), "three|\ntwo\ntwo\n");
     editor.SetCursorSelection(1, 3);
     QTest::keyClick(&editor, Qt::Key_C, Qt::ControlModifier);
     QTest::keyClick(&editor, Qt::Key_V, Qt::ControlModifier);
     QTest::keyClick(&editor, Qt::Key_V, Qt::ControlModifier);
-    QCOMPARE(MarkedText(editor), QString("thrhr|ee\ntwo\ntwo\n"));
+    QCOMPARE(MarkedText(editor), "thrhr|ee\ntwo\ntwo\n");
 }
 
 void CodeEditorTest::UndoesTypingAidsByKey()
@@ -331,15 +331,15 @@ void CodeEditorTest::UndoesTypingAidsByKey()
     CodeEditor editor({CodeEditorType::Buffer, Language::Python, "p", "p"}, &m_keyBindings);
     SetMarkedText(editor, "a |b\nc<");
     QTest::keyClick(&editor, '(');
-    QCOMPARE(MarkedText(editor), QString("a (|b\nc<)"));
+    QCOMPARE(MarkedText(editor), "a (|b\nc<)");
     QTest::keyClick(&editor, Qt::Key_Z, Qt::ControlModifier);
-    QCOMPARE(MarkedText(editor), QString("a |b\nc<"));
+    QCOMPARE(MarkedText(editor), "a |b\nc<");
     QTest::keyClick(&editor, Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
-    QCOMPARE(MarkedText(editor), QString("a (|b\nc<)"));
+    QCOMPARE(MarkedText(editor), "a (|b\nc<)");
     // Plain typing is undone by the toolkit, which must not bring an older place back.
     QTest::keyClick(&editor, Qt::Key_X);
     editor.undo();
-    QCOMPARE(editor.GetText(), QString("a (b\nc)"));
+    QCOMPARE(editor.GetText(), "a (b\nc)");
 }
 
 void CodeEditorTest::ChangesNothingThatIsReadOnly()
@@ -353,7 +353,7 @@ void CodeEditorTest::ChangesNothingThatIsReadOnly()
     editor.MoveLine(true);
     editor.ToggleBlockComment();
     editor.TrimTrailingWhiteSpaces(true);
-    QCOMPARE(MarkedText(editor), QString("    a\n   <  b | "));
+    QCOMPARE(MarkedText(editor), "    a\n   <  b | ");
 }
 
 void CodeEditorTest::KeepsMessagesWithTheirLines()
@@ -371,14 +371,14 @@ void CodeEditorTest::KeepsMessagesWithTheirLines()
             .arg(mark.line);
     };
     editor.ToggleComment();
-    QCOMPARE(editor.GetText(), QString("    # a = b\n    # c = d\ne = f"));
-    QCOMPARE(marked(), QString("d of line 1"));
+    QCOMPARE(editor.GetText(), "    # a = b\n    # c = d\ne = f");
+    QCOMPARE(marked(), "d of line 1");
     editor.IncreaseIndent(false);
-    QCOMPARE(marked(), QString("d of line 1"));
+    QCOMPARE(marked(), "d of line 1");
     editor.MoveLine(false);
-    QCOMPARE(marked(), QString("d of line 2"));
+    QCOMPARE(marked(), "d of line 2");
     editor.MoveLine(true);
-    QCOMPARE(marked(), QString("d of line 1"));
+    QCOMPARE(marked(), "d of line 1");
 }
 
 void CodeEditorTest::LeavesExecuteKeysToTheWindow_data()
@@ -489,13 +489,13 @@ void CodeEditorTest::TellsOfMessagesOnlyWhenTheyChange()
     QCOMPARE(told.count(), 1);
     editor.SetCurrentLine(2);
     QTRY_COMPARE(told.count(), 2);
-    QCOMPARE(editor.GetErrorAndWarningsText(), QString("wrong"));
+    QCOMPARE(editor.GetErrorAndWarningsText(), "wrong");
     // The message stays with its line, the cursor with its own.
     editor.SetCursorPosition(0, false, false);
     QTRY_COMPARE(told.count(), 3);
     QTest::keyClick(&editor, Qt::Key_Return);
     editor.SetCurrentLine(3);
-    QCOMPARE(editor.GetErrorAndWarningsText(), QString("wrong"));
+    QCOMPARE(editor.GetErrorAndWarningsText(), "wrong");
     QTRY_COMPARE(told.count(), 4);
     QTest::keyClick(&editor, Qt::Key_Delete);
     QTRY_COMPARE(told.count(), 5);
@@ -552,13 +552,13 @@ void CodeEditorTest::ShowsItsMenuInOrder()
 void CodeEditorTest::NamesItselfWithItsState()
 {
     CodeEditor editor({CodeEditorType::Buffer, Language::Mel, "x", "MEL"}, &m_keyBindings);
-    QCOMPARE(editor.accessibleName(), QString("MEL"));
+    QCOMPARE(editor.accessibleName(), "MEL");
     QTest::keyClick(&editor, Qt::Key_A);
-    QCOMPARE(editor.accessibleName(), QString("MEL, modified"));
+    QCOMPARE(editor.accessibleName(), "MEL, modified");
     editor.SetProperties({CodeEditorType::Buffer, Language::Mel, "x", "other"}, false);
-    QCOMPARE(editor.accessibleName(), QString("other, modified"));
+    QCOMPARE(editor.accessibleName(), "other, modified");
     editor.SetModified(false);
-    QCOMPARE(editor.accessibleName(), QString("other"));
+    QCOMPARE(editor.accessibleName(), "other");
 }
 
 void CodeEditorTest::KeepsWatchingAReplacedFile()
@@ -635,7 +635,7 @@ void CodeEditorTest::AsksForHelpOnTheSelection()
     QSignalSpy asked(&editor, &CodeEditor::QuickHelpChanged);
     editor.QuickHelp();
     QCOMPARE(asked.count(), 1);
-    QCOMPARE(asked[0][0].toString(), QString("b\nc"));
+    QCOMPARE(asked[0][0].toString(), "b\nc");
     QVERIFY(asked[0][1].toBool());
 }
 

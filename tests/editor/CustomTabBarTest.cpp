@@ -297,24 +297,24 @@ void CustomTabBarTest::TellsTabsWithOneTextApart()
     m_bar->SetTabDetail(0, "left");
     m_bar->SetTabToolTip(0, "aaa");
     m_bar->SetTabToolTip(1, "/right/aaa");
-    QCOMPARE(m_bar->GetTabDescription(0), QString("aaa"));
+    QCOMPARE(m_bar->GetTabDescription(0), "aaa");
     m_bar->SetTabText(1, "aaa");
     m_bar->SetTabDetail(1, "right");
-    QCOMPARE(m_bar->GetTabDescription(0), QString("aaa - left"));
-    QCOMPARE(m_bar->GetTabDescription(1), QString("aaa - right"));
-    QCOMPARE(m_bar->GetTabToolTip(0), QString("aaa - left"));
-    QCOMPARE(m_bar->GetTabToolTip(1), QString("/right/aaa"));
+    QCOMPARE(m_bar->GetTabDescription(0), "aaa - left");
+    QCOMPARE(m_bar->GetTabDescription(1), "aaa - right");
+    QCOMPARE(m_bar->GetTabToolTip(0), "aaa - left");
+    QCOMPARE(m_bar->GetTabToolTip(1), "/right/aaa");
 }
 
 void CustomTabBarTest::TellsWhatTheCurrentTabIs()
 {
     m_bar->SetCurrentIndex(1);
-    QCOMPARE(m_bar->accessibleDescription(), QString("bbb, tab 2 of 4"));
+    QCOMPARE(m_bar->accessibleDescription(), "bbb, tab 2 of 4");
     m_bar->SetTabModified(1, true);
-    QCOMPARE(m_bar->accessibleDescription(), QString("bbb, modified, tab 2 of 4"));
+    QCOMPARE(m_bar->accessibleDescription(), "bbb, modified, tab 2 of 4");
     m_bar->MoveTab(1, 3);
     m_bar->RemoveTab(0);
-    QCOMPARE(m_bar->accessibleDescription(), QString("bbb, modified, tab 3 of 3"));
+    QCOMPARE(m_bar->accessibleDescription(), "bbb, modified, tab 3 of 3");
 }
 
 void CustomTabBarTest::IsReadOutTabByTab()
@@ -327,7 +327,7 @@ void CustomTabBarTest::IsReadOutTabByTab()
     m_bar->SetTabModified(2, true);
     QAccessibleInterface* const tab = list->child(2);
     QCOMPARE(tab->role(), QAccessible::PageTab);
-    QCOMPARE(tab->text(QAccessible::Name), QString("ccc, modified"));
+    QCOMPARE(tab->text(QAccessible::Name), "ccc, modified");
     QCOMPARE(list->indexOfChild(tab), 2);
     QCOMPARE(tab->parent(), list);
     const QPoint centre = tab->rect().center();

@@ -89,7 +89,7 @@ void FindReplaceWidgetTest::AnnouncesEveryChange()
     QVERIFY(bar.Announced().match("x ab").hasMatch());
     bar.widget.SetSearchText("a|b");
     bar.Button("m_regularExpressionButton")->click();
-    QCOMPARE(bar.Announced().match("x b").captured(), QString("b"));
+    QCOMPARE(bar.Announced().match("x b").captured(), "b");
     QCOMPARE(bar.changes.count(), 6);
     bar.search->clear();
     QVERIFY(bar.Announced().pattern().isEmpty());
@@ -111,10 +111,10 @@ void FindReplaceWidgetTest::TakesTextFromADocumentAsItStands()
     Bar bar;
     bar.Button("m_regularExpressionButton")->click();
     bar.widget.SeedSearchText("f(x)");
-    QCOMPARE(bar.Announced().match("f(x) fx").captured(), QString("f(x)"));
+    QCOMPARE(bar.Announced().match("f(x) fx").captured(), "f(x)");
     bar.Button("m_regularExpressionButton")->click();
     bar.widget.SeedSearchText("f(x)");
-    QCOMPARE(bar.search->text(), QString("f(x)"));
+    QCOMPARE(bar.search->text(), "f(x)");
 }
 
 void FindReplaceWidgetTest::RetakesTheRegionOnlyWhenSwitchedOn()
@@ -274,11 +274,11 @@ void FindReplaceWidgetTest::RemembersWhatWasSought()
     bar.search->setText("dra");
     QTest::keyClick(bar.search, Qt::Key_Up);
     QTest::keyClick(bar.search, Qt::Key_Up);
-    QCOMPARE(bar.search->text(), QString("one"));
+    QCOMPARE(bar.search->text(), "one");
     QVERIFY(bar.Announced().match("one").hasMatch());
     QTest::keyClick(bar.search, Qt::Key_Down);
     QTest::keyClick(bar.search, Qt::Key_Down);
-    QCOMPARE(bar.search->text(), QString("dra"));
+    QCOMPARE(bar.search->text(), "dra");
 }
 
 void FindReplaceWidgetTest::NamesShortcutsInToolTips()
@@ -286,10 +286,10 @@ void FindReplaceWidgetTest::NamesShortcutsInToolTips()
     Bar bar;
     const KeyBindings keyBindings;
     bar.widget.UpdateKeyBindings(&keyBindings);
-    QCOMPARE(bar.Button("m_nextButton")->toolTip(), QString("Next Match (F3)"));
-    QCOMPARE(bar.Button("m_previousButton")->toolTip(), QString("Previous Match (Shift+F3)"));
-    QCOMPARE(bar.Button("m_matchCaseButton")->toolTip(), QString("Match Case"));
-    QCOMPARE(bar.Button("m_nextButton")->accessibleName(), QString("Next Match"));
+    QCOMPARE(bar.Button("m_nextButton")->toolTip(), "Next Match (F3)");
+    QCOMPARE(bar.Button("m_previousButton")->toolTip(), "Previous Match (Shift+F3)");
+    QCOMPARE(bar.Button("m_matchCaseButton")->toolTip(), "Match Case");
+    QCOMPARE(bar.Button("m_nextButton")->accessibleName(), "Next Match");
 }
 
 void FindReplaceWidgetTest::ClosesOnce()

@@ -59,8 +59,7 @@ void PylintMessagesTest::FilesEveryLine()
 void PylintMessagesTest::KeepsTheOrder()
 {
     const QStringList lines{"E:9:0:[E1]:a", "\n", "E:1:0:[E2]:b", "F:5:0:[F1]:c"};
-    QCOMPARE(
-        Dump(ReadPylintMessages(lines, 5).errors), QString("8,0 [E1] a|0,0 [E2] b|4,0 [F1] c"));
+    QCOMPARE(Dump(ReadPylintMessages(lines, 5).errors), "8,0 [E1] a|0,0 [E2] b|4,0 [F1] c");
     // Fewer fields than a message has are no messages, whatever was announced.
     QVERIFY(ReadPylintMessages({"E:1:0:[E1]"}, 4).errors.isEmpty());
 }

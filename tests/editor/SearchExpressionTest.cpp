@@ -189,18 +189,18 @@ void SearchExpressionTest::WalksTheHistory()
 {
     SearchHistory::Clear();
     SearchHistory history;
-    QCOMPARE(history.GetOlder("draft"), QString("draft"));
+    QCOMPARE(history.GetOlder("draft"), "draft");
     for (const char* text : {"first", "second", "", "first"})
         history.Add(text);
-    QCOMPARE(history.GetOlder("draft"), QString("first"));
-    QCOMPARE(history.GetOlder("first"), QString("second"));
-    QCOMPARE(history.GetOlder("second"), QString("second"));
-    QCOMPARE(history.GetNewer("second"), QString("first"));
-    QCOMPARE(history.GetNewer("first"), QString("draft"));
-    QCOMPARE(history.GetNewer("draft"), QString("draft"));
+    QCOMPARE(history.GetOlder("draft"), "first");
+    QCOMPARE(history.GetOlder("first"), "second");
+    QCOMPARE(history.GetOlder("second"), "second");
+    QCOMPARE(history.GetNewer("second"), "first");
+    QCOMPARE(history.GetNewer("first"), "draft");
+    QCOMPARE(history.GetNewer("draft"), "draft");
     // With the newest text in the field the way begins behind it.
     SearchHistory another;
-    QCOMPARE(another.GetOlder("first"), QString("second"));
+    QCOMPARE(another.GetOlder("first"), "second");
 }
 
 void SearchExpressionTest::SharesTheHistoryAndBoundsIt()

@@ -178,7 +178,7 @@ void RecoveryStoreTest::OnlyTheDeadLeaveSomething()
     RecoveryLeftovers leftovers;
     leftovers.Claim(Folder());
     QCOMPARE(int(leftovers.GetAll().size()), 1);
-    QCOMPARE(leftovers.GetAll()[0].snapshot.text, QString("left"));
+    QCOMPARE(leftovers.GetAll()[0].snapshot.text, "left");
     // Claimed once, nobody else sees it.
     RecoveryLeftovers second;
     second.Claim(Folder());
@@ -282,7 +282,7 @@ void RecoveryStoreTest::BrokenOnesAreSetAside()
         QCOMPARE(int(leftovers.GetAll().size()), 1);
         leftovers.RemoveAll();
     }
-    QCOMPARE(Bytes(directory.filePath("notes.txt")), QByteArray("somebody's"));
+    QCOMPARE(Bytes(directory.filePath("notes.txt")), "somebody's");
     const QDir broken(Folder() + "/broken");
     QCOMPARE(broken.entryList(QDir::Files),
         (QStringList{process + "-2.te2-recovery", process + "-4.te2-recovery"}));

@@ -174,7 +174,7 @@ void SafeFileTest::WritesNewAndOldFiles()
     ::umask(mask);
     QCOMPARE(State(Path(name)).st_mode & 07777, 0666 & ~mask);
     QVERIFY(Write(Path(name), "second"));
-    QCOMPARE(Content(name), QByteArray("second"));
+    QCOMPARE(Content(name), "second");
     QCOMPARE(Names(), QStringList(name));
 }
 
@@ -196,7 +196,7 @@ void SafeFileTest::KeepsWhatAFileIs()
     QCOMPARE(after.st_uid, before.st_uid);
     QCOMPARE(after.st_gid, before.st_gid);
     if (hasAttribute)
-        QCOMPARE(Attribute(path, "user.te2"), QByteArray("mine"));
+        QCOMPARE(Attribute(path, "user.te2"), "mine");
     if (hasAccessList)
         QCOMPARE(Attribute(path, ACCESS_LIST), MakeAccessList());
     // Who cannot give the file away again leaves it where it is.
@@ -205,7 +205,7 @@ void SafeFileTest::KeepsWhatAFileIs()
         QCOMPARE(::chown(path, 0, 0), 0);
         QVERIFY(Ends(Start([&] { return StopBeingRoot() && Write(path, "of nobody"); })));
         QCOMPARE(State(path).st_uid, uid_t(0));
-        QCOMPARE(Content("a"), QByteArray("of nobody"));
+        QCOMPARE(Content("a"), "of nobody");
         QCOMPARE(State(path).st_ino, after.st_ino);
     }
     QCOMPARE(Names(), QStringList("a"));
@@ -237,8 +237,8 @@ void SafeFileTest::KeepsLinks()
     const struct stat before = State(Path("link"));
     QVERIFY(Write(Path("link"), "new"));
     QCOMPARE(State(Path("link")).st_ino, before.st_ino);
-    QCOMPARE(Content(file), QByteArray("new"));
-    QCOMPARE(Content("link"), QByteArray("new"));
+    QCOMPARE(Content(file), "new");
+    QCOMPARE(Content("link"), "new");
     QCOMPARE(State(Path("link")).st_nlink, before.st_nlink);
 }
 
@@ -252,7 +252,7 @@ void SafeFileTest::WritesInPlaceWhereTheFolderIsClosed()
         return StopBeingRoot() && Write(folder + "/a", "new") && !Write(folder + "/b", "new");
     };
     QVERIFY(Ends(Start(task)));
-    QCOMPARE(Content("closed/a"), QByteArray("new"));
+    QCOMPARE(Content("closed/a"), "new");
     QVERIFY(!QFile::exists(folder + "/b"));
     QCOMPARE(::chmod(folder.toUtf8(), 0755), 0);
 }
@@ -282,7 +282,7 @@ void SafeFileTest::AFailureLeavesTheOldFile()
         return StopBeingRoot() && LimitFiles() && !Write(Path(name), QByteArray(size, 'x'));
     };
     QVERIFY(Ends(Start(task)));
-    QCOMPARE(Content("a"), QByteArray("old"));
+    QCOMPARE(Content("a"), "old");
     QCOMPARE(Names(), before);
 }
 

@@ -164,8 +164,8 @@ void TextFormatTest::WrittenPlainlyNothingOfItsOwnIsLeft()
     const FormattedText read = ReadFormatted("\xef\xbb\xbf"
                                              "a\xff\r\nb",
         Codec("UTF-8"));
-    QCOMPARE(read.format.DescribeEncoding(Codec("UTF-8")), QString("UTF-8 with BOM"));
-    QCOMPARE(FormatPlainly(read.text, Codec("UTF-8")), QByteArray("a\xef\xbf\xbd\nb"));
+    QCOMPARE(read.format.DescribeEncoding(Codec("UTF-8")), "UTF-8 with BOM");
+    QCOMPARE(FormatPlainly(read.text, Codec("UTF-8")), "a\xef\xbf\xbd\nb");
 }
 
 void TextFormatTest::KnowsWhatACodecHolds()

@@ -109,13 +109,13 @@ void AutoCompleterTest::SelectsTheFirstRowOfTheSameCase()
 {
     Scene scene("pol|");
     QVERIFY(scene.Ask());
-    QCOMPARE(scene.completer.GetSelectedText(), QString("polyCube"));
+    QCOMPARE(scene.completer.GetSelectedText(), "polyCube");
     scene.completer.SelectNext();
     scene.completer.SelectNext();
-    QCOMPARE(scene.completer.GetSelectedText(), QString("polyEvaluateAll"));
+    QCOMPARE(scene.completer.GetSelectedText(), "polyEvaluateAll");
     scene.completer.SelectPrevious();
     scene.completer.SelectPrevious();
-    QCOMPARE(scene.completer.GetSelectedText(), QString("polyCube"));
+    QCOMPARE(scene.completer.GetSelectedText(), "polyCube");
 }
 
 void AutoCompleterTest::TakesTheOnlyNameOnRequest_data()
@@ -162,7 +162,7 @@ void AutoCompleterTest::TakesItsKeysOnTheWayToTheEditor()
     QCOMPARE(scene.accepted.value(0).value(0).toString(), accepted);
     QTEST(scene.completer.isVisible(), "isShown");
     QCOMPARE(scene.editor.textCursor().position(), position);
-    QCOMPARE(scene.editor.toPlainText(), QString("\n\npol\n\n"));
+    QCOMPARE(scene.editor.toPlainText(), "\n\npol\n\n");
 }
 
 void AutoCompleterTest::KeysOfTheListReachTheEditor()
@@ -170,9 +170,9 @@ void AutoCompleterTest::KeysOfTheListReachTheEditor()
     Scene scene("pol|");
     QVERIFY(scene.Ask());
     QTest::keyClick(scene.completer.findChild<QListView*>(), Qt::Key_Y);
-    QCOMPARE(scene.editor.toPlainText(), QString("poly"));
+    QCOMPARE(scene.editor.toPlainText(), "poly");
     QTest::keyClicks(&scene.completer, "C");
-    QCOMPARE(scene.editor.toPlainText(), QString("polyC"));
+    QCOMPARE(scene.editor.toPlainText(), "polyC");
 }
 
 void AutoCompleterTest::LeavesALineEndBehindACompleteWord()
@@ -181,7 +181,7 @@ void AutoCompleterTest::LeavesALineEndBehindACompleteWord()
     QVERIFY(scene.Ask());
     QTest::keyClick(&scene.editor, Qt::Key_Return);
     QVERIFY(!scene.completer.isVisible());
-    QCOMPARE(scene.editor.toPlainText(), QString("polyCube\n"));
+    QCOMPARE(scene.editor.toPlainText(), "polyCube\n");
 }
 
 void AutoCompleterTest::GoesWithTheEditor_data()

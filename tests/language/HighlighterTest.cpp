@@ -441,7 +441,7 @@ void HighlighterTest::PlainTextHasDataToo()
     document.setPlainText("  a # (");
     const auto* data = static_cast<CodeEditorBlockData*>(document.begin().userData());
     QVERIFY(data);
-    QCOMPARE(data->GetIndent(), QString("  "));
+    QCOMPARE(data->GetIndent(), "  ");
     QCOMPARE(data->GetBraces('(').size(), 1);
     QVERIFY(document.begin().layout()->formats().isEmpty());
 }

@@ -237,13 +237,13 @@ void ParserTest::EachPassStartsAfresh()
     const QString mixed = "@staticmethod\nx)\n  y(\n  \t'";
     const QString first = Described(python, mixed);
     QVERIFY(first.contains("Unexpected ')'") && first.contains("Unexpected indent"));
-    QCOMPARE(Described(python, "def f(): pass"), QString("8:f@4/0"));
+    QCOMPARE(Described(python, "def f(): pass"), "8:f@4/0");
     QCOMPARE(Described(python, mixed), first);
     MelParser mel;
     Described(mel, "proc a() { (");
-    QCOMPARE(Described(mel, "proc b() {}"), QString("2:b@5/0"));
+    QCOMPARE(Described(mel, "proc b() {}"), "2:b@5/0");
     QVERIFY(mel.IsMel() && !mel.IsPython() && python.IsPython() && !python.IsMel());
-    QCOMPARE(mel.GetFilePath(), QString("x.py"));
+    QCOMPARE(mel.GetFilePath(), "x.py");
 }
 
 // A quadratic pass over any of these would run into the test's time-out.

@@ -65,7 +65,7 @@ void PylintWorkerTest::HandsOnWhatItPrints()
     QSignalSpy output(&worker, &PylintWorker::PylintOutput);
     worker.Pylint(QString::fromUtf8("x = '\xc3\xa4'"), "/a/b.py", QString());
     QVERIFY(output.wait());
-    QCOMPARE(output.at(0).at(0).toString(), QString("/a/b.py"));
+    QCOMPARE(output.at(0).at(0).toString(), "/a/b.py");
     QCOMPARE(output.at(0).at(1).toStringList(),
         (QStringList{"'", "E:1:2:[E1]:a: b", QString::fromUtf8("'\nx = '\xc3\xa4'")}));
     QCOMPARE(output.at(0).at(2).toInt(), 5);
@@ -130,7 +130,7 @@ void PylintWorkerTest::OnlyTheNewestRequestAnswers()
     worker.Pylint("fast\n", "second.py", QString());
     QVERIFY(output.wait());
     QCOMPARE(output.size(), 1);
-    QCOMPARE(output.at(0).at(0).toString(), QString("second.py"));
+    QCOMPARE(output.at(0).at(0).toString(), "second.py");
     QCOMPARE(output.at(0).at(1).toStringList(), QStringList{"fast\n"});
     QVERIFY(failed.isEmpty());
 }

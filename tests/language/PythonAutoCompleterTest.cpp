@@ -223,15 +223,15 @@ void PythonAutoCompleterTest::ReadsALongTextMeanwhile()
     QTRY_COMPARE(arrived.size(), 1);
     QCOMPARE(arrived.takeFirst(), QVariantList{true});
     QVERIFY(scene.Ask());
-    QCOMPARE(scene.Rows().value(0), QString("Val"));
-    QCOMPARE(scene.Rows().value(1), QString("Value_0"));
+    QCOMPARE(scene.Rows().value(0), "Val");
+    QCOMPARE(scene.Rows().value(1), "Value_0");
     QVERIFY(!scene.Rows().contains("_1"));
     QVERIFY(scene.Type("ue_2999"));
     QCOMPARE(scene.Rows(), QStringList({"Value_2999", "value_2999"}));
     QVERIFY(FakeVocabulary::askedSources[0].size() < 200);
     // The host was slow: names of the text are offered without it.
     QVERIFY(scene.Type(" + _77"));
-    QCOMPARE(scene.Rows().value(0), QString("_77"));
+    QCOMPARE(scene.Rows().value(0), "_77");
     QCOMPARE(FakeVocabulary::askedObjects, QStringList(""));
 }
 
@@ -286,7 +286,7 @@ void PythonAutoCompleterTest::FiltersWithoutCase()
     Scene scene("a.p|");
     QVERIFY(scene.Ask());
     QCOMPARE(scene.Rows(), QStringList({"pb", "Pa", "PC"}));
-    QCOMPARE(scene.completer.GetSelectedText(), QString("pb"));
+    QCOMPARE(scene.completer.GetSelectedText(), "pb");
     QVERIFY(scene.Type("C"));
     QCOMPARE(scene.Rows(), QStringList({"PC"}));
 }

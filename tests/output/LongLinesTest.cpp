@@ -151,8 +151,8 @@ void LongLinesTest::CutsBehindBlanksAndNeverWithinACharacter()
 {
     Pair pair;
     pair.Append("aaa bbb ccc ddd eee fff");
-    QCOMPARE(pair.cut.begin().text(), QString("aaa bbb "));
-    QCOMPARE(pair.cut.begin().next().text(), QString("ccc ddd "));
+    QCOMPARE(pair.cut.begin().text(), "aaa bbb ");
+    QCOMPARE(pair.cut.begin().next().text(), "ccc ddd ");
     pair.Append("\na" + QString::fromUtf8("\xf0\x9f\x8c\x8a").repeated(20));
     for (QTextBlock block = pair.cut.begin(); block.isValid(); block = block.next())
         QVERIFY(!block.text().startsWith(QChar(0xdf0a)));

@@ -83,7 +83,7 @@ void OutputFindTest::KeepsTheMatchThatGrowsWhileTyping()
     Search("f");
     QCOMPARE(SelectedStart(), 0);
     m_output->GetFindReplace()->SetSearchText("fi");
-    QCOMPARE(m_output->GetSelectedText(), QString("fi"));
+    QCOMPARE(m_output->GetSelectedText(), "fi");
     QCOMPARE(SelectedStart(), 4);
     m_output->GetFindReplace()->SetSearchText("fit");
     QCOMPARE(SelectedStart(), 8);
@@ -95,11 +95,11 @@ void OutputFindTest::CountsWhatIsAppendedWhileTheBarIsOpen()
     Search("ab");
     const auto* label = m_output->GetFindReplace()->findChild<QWidget*>("m_resultsLabel");
     QVERIFY(label);
-    QTRY_COMPARE(label->property("text").toString(), QString("1 of 1"));
+    QTRY_COMPARE(label->property("text").toString(), "1 of 1");
     m_output->AppendText("more ab and ab\n");
     QTRY_VERIFY(label->property("text").toString().endsWith("of 3"));
     m_output->ClearAll();
-    QTRY_COMPARE(label->property("text").toString(), QString("No Results"));
+    QTRY_COMPARE(label->property("text").toString(), "No Results");
     int count = -1;
     int current = -1;
     m_output->AppendText("ab ab");
@@ -207,7 +207,7 @@ void OutputFindTest::SearchesOnlyWhatWasSelected()
     // The oldest lines go, and the region with its text.
     m_output->AppendText("\nab\nab");
     m_output->FindNext();
-    QCOMPARE(m_output->textCursor().block().text(), QString("ab 1"));
+    QCOMPARE(m_output->textCursor().block().text(), "ab 1");
     m_output->GetFindReplace()->SetFindInSelectionEnabled(false, true);
     QVERIFY(m_output->Find(m_output->GetText().size() - 3, false));
     QCOMPARE(SelectedStart(), m_output->GetText().size() - 2);

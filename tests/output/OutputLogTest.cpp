@@ -48,9 +48,9 @@ void OutputLogTest::WritesEveryPieceAtOnce()
     m_output->AppendText("before\n");
     QVERIFY(m_output->BeginWriteToFile(path));
     m_output->AppendText("hidden\n");
-    QCOMPARE(Written(path), QString("hidden\n"));
+    QCOMPARE(Written(path), "hidden\n");
     m_output->show();
-    QCOMPARE(Written(path), QString("hidden\n"));
+    QCOMPARE(Written(path), "hidden\n");
     QString expected = "hidden\n";
     // Also those which are shown only later.
     for (int i = 0; i < 3000; ++i) {
@@ -82,7 +82,7 @@ void OutputLogTest::BeginsAnewInTheSameFile()
     m_output->AppendText("first\n");
     QVERIFY(m_output->BeginWriteToFile(path));
     m_output->AppendText("second\n");
-    QCOMPARE(Written(path), QString("second\n"));
+    QCOMPARE(Written(path), "second\n");
 }
 
 void OutputLogTest::RefusesWhatIsNoFile_data()
@@ -106,7 +106,7 @@ void OutputLogTest::KeepsWritingWhenAnotherFileCannotBeOpened()
     QVERIFY(m_output->BeginWriteToFile(path));
     QVERIFY(!m_output->BeginWriteToFile(m_directory.filePath("missing/out.log")));
     m_output->AppendText("still\n");
-    QCOMPARE(Written(path), QString("still\n"));
+    QCOMPARE(Written(path), "still\n");
 }
 
 void OutputLogTest::StopsWhenTheDiskIsFull()
@@ -119,7 +119,7 @@ void OutputLogTest::StopsWhenTheDiskIsFull()
     m_output->AppendText("and said once\n");
     QVERIFY(!m_output->IsWriteToFileActive());
     QTRY_COMPARE(stopped.count(), 1);
-    QCOMPARE(m_output->GetText(), QString("shown all the same\nand said once\n"));
+    QCOMPARE(m_output->GetText(), "shown all the same\nand said once\n");
 }
 
 void OutputLogTest::StopsWhenTheFolderIsGone()
@@ -143,7 +143,7 @@ void OutputLogTest::GoesOnInARenamedFile()
     QVERIFY(QFile::rename(m_directory.filePath("new.log"), renamed));
     m_output->AppendText("two\n");
     QVERIFY(m_output->IsWriteToFileActive());
-    QCOMPARE(Written(renamed), QString("one\ntwo\n"));
+    QCOMPARE(Written(renamed), "one\ntwo\n");
 }
 
 TE2_TEST(OutputLogTest)

@@ -139,13 +139,13 @@ void OutputTextEditTest::KeepsTextUntilItIsShown()
     output.AppendText("two\n");
     QVERIFY(output.document()->isEmpty());
     output.show();
-    QCOMPARE(output.GetText(), QString("one\ntwo\n"));
+    QCOMPARE(output.GetText(), "one\ntwo\n");
     output.AppendText("three");
     output.hide();
     output.AppendText(" four");
-    QCOMPARE(output.GetText(), QString("one\ntwo\nthree"));
+    QCOMPARE(output.GetText(), "one\ntwo\nthree");
     output.show();
-    QCOMPARE(output.GetText(), QString("one\ntwo\nthree four"));
+    QCOMPARE(output.GetText(), "one\ntwo\nthree four");
 }
 
 void OutputTextEditTest::JoinedTextEqualsTextInsertedPieceByPiece_data()
@@ -285,7 +285,7 @@ void OutputTextEditTest::ASelectionSetAfterABurstStays()
         output.AppendText("more\n");
     output.setTextCursor(cursor);
     QCoreApplication::processEvents();
-    QCOMPARE(output.GetSelectedText(), QString("first"));
+    QCOMPARE(output.GetSelectedText(), "first");
 }
 
 void OutputTextEditTest::EveryReaderSeesWhatWasAppended()

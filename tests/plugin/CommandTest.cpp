@@ -68,10 +68,10 @@ void CommandTest::cleanup()
 
 void CommandTest::VersionDoesNotBuildTheWindow()
 {
-    QCOMPARE(m_host->MelResult("tarnwickEditor2 -v"), QString("2.6.4"));
-    QCOMPARE(m_host->MelResult("tarnwickEditor2 -version"), QString("2.6.4"));
-    QCOMPARE(m_host->MelResult("pluginInfo -q -version TarnwickEditor2"), QString("2.6.4"));
-    QCOMPARE(m_host->MelResult("pluginInfo -q -vendor TarnwickEditor2"), QString("Quenholt"));
+    QCOMPARE(m_host->MelResult("tarnwickEditor2 -v"), "2.6.4");
+    QCOMPARE(m_host->MelResult("tarnwickEditor2 -version"), "2.6.4");
+    QCOMPARE(m_host->MelResult("pluginInfo -q -version TarnwickEditor2"), "2.6.4");
+    QCOMPARE(m_host->MelResult("pluginInfo -q -vendor TarnwickEditor2"), "Quenholt");
     QVERIFY(!EditorWindow());
 }
 
@@ -111,7 +111,7 @@ void CommandTest::OpenFile()
 
 void CommandTest::FirstFlagInTheOrderWins()
 {
-    QCOMPARE(m_host->MelResult("tarnwickEditor2 -of \"/te2 nowhere\" -v"), QString("2.6.4"));
+    QCOMPARE(m_host->MelResult("tarnwickEditor2 -of \"/te2 nowhere\" -v"), "2.6.4");
     QVERIFY(m_host->Mel("print \"x\"; tarnwickEditor2 -rms -of \"/te2 nowhere\" -co"));
     QCOMPARE(m_host->Errors(), QStringList());
     QCOMPARE(m_host->MelResult("qhGetExistingHistory()"), QString());
@@ -131,12 +131,12 @@ void CommandTest::CollapsedControlStaysSoAtTheFirstRun()
                         "workspaceControl -e -dockToMainWindow right 1 TarnwickEditor2Window;"
                         "workspaceControl -e -collapse 1 TarnwickEditor2Window;"));
     const QString collapsed = "workspaceControl -q -collapse TarnwickEditor2Window";
-    QCOMPARE(m_host->MelResult(collapsed), QString("1"));
+    QCOMPARE(m_host->MelResult(collapsed), "1");
     QVERIFY(m_host->Mel("tarnwickEditor2"));
-    QCOMPARE(m_host->MelResult(collapsed), QString("1"));
+    QCOMPARE(m_host->MelResult(collapsed), "1");
     QVERIFY(EditorWindow());
     QVERIFY(m_host->Mel("tarnwickEditor2"));
-    QCOMPARE(m_host->MelResult(collapsed), QString("0"));
+    QCOMPARE(m_host->MelResult(collapsed), "0");
 }
 
 void CommandTest::PlacesAreTakenAndGivenBack()
@@ -147,7 +147,7 @@ void CommandTest::PlacesAreTakenAndGivenBack()
     QVERIFY(m_host->Mel("unloadPlugin TarnwickEditor2"));
     QVERIFY(!EditorWindow());
     QVERIFY(!m_host->MelResult("qhGetScriptEditorButtonName()").isEmpty());
-    QCOMPARE(m_host->MelResult("exists tarnwickEditor2"), QString("0"));
+    QCOMPARE(m_host->MelResult("exists tarnwickEditor2"), "0");
     QVERIFY(QFile::exists(m_host->PreferencesFolder() + "/tarnwickEditor2/tarnwickEditor2.ini"));
     QCOMPARE(m_host->Errors(), QStringList());
 }
@@ -196,8 +196,8 @@ void BatchTest::InertButForTheClipboard()
 {
     HostSession host(host::RunState::Batch);
     QVERIFY(host.LoadPlugin());
-    QCOMPARE(host.MelResult("exists tarnwickEditor2"), QString("0"));
-    QCOMPARE(host.MelResult("exists qhGetMelInfo"), QString("0"));
+    QCOMPARE(host.MelResult("exists tarnwickEditor2"), "0");
+    QCOMPARE(host.MelResult("exists qhGetMelInfo"), "0");
     QVERIFY(!QFile::exists(host.PreferencesFolder() + "/tarnwickEditor2"));
     QGuiApplication::clipboard()->setText("from the plug-in");
     QVERIFY(host.Mel("unloadPlugin TarnwickEditor2"));

@@ -83,7 +83,7 @@ void MayaUtilTest::ResultOfAnotherTypeFailsAndChangesNothing()
     QString text = "kept";
     QVERIFY(!MayaUtil::ExecuteMelStringResult(QString("size(\"ab\")"), text));
     QVERIFY(!MayaUtil::ExecutePythonStringResult(QString("nobody"), text));
-    QCOMPARE(text, QString("kept"));
+    QCOMPARE(text, "kept");
     QVERIFY(!MayaUtil::ExecuteMelDoubleResult(QString("size(\"ab\")"), real));
     QVERIFY(!MayaUtil::ExecutePythonIntResult(QString("'5'"), number));
 }
@@ -99,7 +99,7 @@ void MayaUtilTest::ResultsArrive()
     QVERIFY(MayaUtil::ExecuteMelStringResult(QString("toupper(\"abc\")"), text));
     QCOMPARE(number, 3);
     QCOMPARE(real, 2.0);
-    QCOMPARE(text, QString("ABC"));
+    QCOMPARE(text, "ABC");
     const QString unusual = QString::fromUtf8("\xc3\xa4 \xf0\x9f\x98\x80 \\ \"");
     QVERIFY(MayaUtil::ExecutePythonStringResult("'" + unusual + "'.replace('x', 'y')", text));
     QCOMPARE(text, QString::fromUtf8("\xc3\xa4 \xf0\x9f\x98\x80 \\ \""));
@@ -226,7 +226,7 @@ void MayaUtilTest::HistoryIsReadAndCleared()
     QVERIFY(MayaUtil::GetExistingHistory().contains("before the window\n"));
     MayaUtil::ClearExistingHistory();
     QCOMPARE(MayaUtil::GetExistingHistory(), QString());
-    QCOMPARE(m_host->MelResult("window -exists qhTempReporterWnd"), QString("0"));
+    QCOMPARE(m_host->MelResult("window -exists qhTempReporterWnd"), "0");
 }
 
 void MayaUtilTest::ScriptOnTheShelfIsTheScript()
@@ -247,8 +247,8 @@ void MayaUtilTest::ScriptOnTheShelfIsTheScript()
 void MayaUtilTest::VersionsAndPlaces()
 {
     QVERIFY(!MayaUtil::IsBatchMode());
-    QCOMPARE(MayaUtil::GetMayaVersionString(), QString("2024"));
-    QCOMPARE(MayaUtil::GetQtVersion(), QString("5.15.2"));
+    QCOMPARE(MayaUtil::GetMayaVersionString(), "2024");
+    QCOMPARE(MayaUtil::GetQtVersion(), "5.15.2");
     QCOMPARE(QDir(MayaUtil::GetMayaPrefsDirectory()), QDir(m_host->PreferencesFolder()));
     const QString version = MayaUtil::GetPythonVersion();
     QVERIFY2(version.startsWith("3.") && version.count('.') == 2, qPrintable(version));

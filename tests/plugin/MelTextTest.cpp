@@ -70,7 +70,7 @@ void MelTextTest::Variable()
 void MelTextTest::GeometryTakesTheTopFirst()
 {
     QCOMPARE(MelText::WorkspaceGeometry(QRect(QPoint(-10, 20), QPoint(289, 219)), "W"),
-        QString("workspaceControlState -e -tlc 20 -10 -width 300 -height 200 W"));
+        "workspaceControlState -e -tlc 20 -10 -width 300 -height 200 W");
 }
 
 void MelTextTest::FlagsOfHelp_data()
@@ -161,18 +161,18 @@ void OutputFramingTest::MinimalTraceDropsOnlyTheEcho()
         QVERIFY(framing.Frame("text", type, true));
     // The echo was not shown, but it told the language.
     framing.Frame("ls;\n", Type::kHistory, true);
-    QCOMPARE(*framing.Frame("a", Type::kResult, true), QString("// Result: a //\n"));
+    QCOMPARE(*framing.Frame("a", Type::kResult, true), "// Result: a //\n");
 }
 
 void OutputFramingTest::PrefixLastsUntilTheNextEchoOrPrint()
 {
     OutputFraming framing;
-    QCOMPARE(*framing.Frame("a", Type::kInfo, false), QString("// a //\n"));
+    QCOMPARE(*framing.Frame("a", Type::kInfo, false), "// a //\n");
     framing.Frame("x\n", Type::kDisplay, false);
     framing.Frame("e;\n", Type::kError, false);
-    QCOMPARE(*framing.Frame("a", Type::kInfo, false), QString("# a #\n"));
+    QCOMPARE(*framing.Frame("a", Type::kInfo, false), "# a #\n");
     framing.Reset();
-    QCOMPARE(*framing.Frame("a", Type::kInfo, false), QString("// a //\n"));
+    QCOMPARE(*framing.Frame("a", Type::kInfo, false), "// a //\n");
 }
 
 TE2_TEST(MelTextTest)

@@ -245,7 +245,7 @@ void VocabularyTest::EscapedSourceArrivesAsItIs()
     MayaUtil::PythonSyntaxCheck(Escaped(source), results);
     QCOMPARE(results.size(), 2);
     QVERIFY2(results[0].contains("truncated \\xXX escape"), qPrintable(results[0]));
-    QCOMPARE(results[1], QString("5"));
+    QCOMPARE(results[1], "5");
 }
 
 void VocabularyTest::SyntaxErrorHasItsLine_data()

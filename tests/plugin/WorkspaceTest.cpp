@@ -147,12 +147,12 @@ void WorkspaceTest::MenuItemIsMadeOnceAndRemoved()
             "}"
             " int $result = $found;");
     };
-    QCOMPARE(count(), QString("0"));
+    QCOMPARE(count(), "0");
     MayaUtil::CreateMainMenuItem();
     MayaUtil::CreateMainMenuItem();
-    QCOMPARE(count(), QString("1"));
+    QCOMPARE(count(), "1");
     MayaUtil::RemoveMainMenuItem();
-    QCOMPARE(count(), QString("0"));
+    QCOMPARE(count(), "0");
     MayaUtil::RemoveMainMenuItem();
     QCOMPARE(m_host->Errors(), QStringList());
 }
@@ -176,13 +176,13 @@ void WorkspaceTest::ButtonIsTakenOnceAndGivenBack()
             + m_host->MelResult("symbolButton -q -ann " + button);
     };
     MayaUtil::RestoreScriptEditorButton();
-    QCOMPARE(state(), QString("ScriptEditor|Script Editor"));
+    QCOMPARE(state(), "ScriptEditor|Script Editor");
     MayaUtil::OverrideScriptEditorButton();
     // A second time would look for a button that is no longer the host's.
     MayaUtil::OverrideScriptEditorButton();
-    QCOMPARE(state(), QString("tarnwickEditor2|Tarnwick Editor 2"));
+    QCOMPARE(state(), "tarnwickEditor2|Tarnwick Editor 2");
     MayaUtil::RestoreScriptEditorButton();
-    QCOMPARE(state(), QString("ScriptEditor|Script Editor"));
+    QCOMPARE(state(), "ScriptEditor|Script Editor");
     QCOMPARE(m_host->Errors(), QStringList());
 }
 

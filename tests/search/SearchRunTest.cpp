@@ -122,7 +122,7 @@ void SearchRunTest::PassesOverWhatIsNoFile()
     // What is searched may itself be reached by a link.
     SearchRun again = MakeRun();
     again.SearchFolder(m_folder->filePath("d/up"), QString());
-    QCOMPARE(PathsBelowFolder(m_owner.paths).last(), QString("d/up/d/a.py"));
+    QCOMPARE(PathsBelowFolder(m_owner.paths).last(), "d/up/d/a.py");
 }
 
 void SearchRunTest::NamesFoldersItCannotRead()
@@ -186,7 +186,7 @@ void SearchRunTest::PartsPathsFromPatterns()
         {" *.py ", folder + "/ ", "", "  ", m_folder->filePath("missing"), folder + "/../sub/x.py"},
         paths);
     QCOMPARE(patterns.size(), 2);
-    QCOMPARE(patterns[0].pattern(), QString("*.py"));
+    QCOMPARE(patterns[0].pattern(), "*.py");
     QCOMPARE(patterns[0].caseSensitivity(), Qt::CaseInsensitive);
     QCOMPARE(paths, (QStringList{folder, folder + "/x.py"}));
     QCOMPARE(CreateSearchPaths({" " + folder, "*.py", ""}), QStringList{folder});
@@ -201,7 +201,7 @@ void SearchRunTest::SearchesOpenTextsInsteadOfTheirFiles()
     run.SearchFolder(m_folder->path(), QString());
     QCOMPARE(m_owner.lines, (QStringList{"needle, not saved", "a needle"}));
     run.SearchText("/buffers", "/buffers/a.mel", "MEL", "needle");
-    QCOMPARE(m_owner.places.last(), QString("/buffers|a.mel"));
+    QCOMPARE(m_owner.places.last(), "/buffers|a.mel");
 }
 
 void SearchRunTest::TellsOfAFileOnce()

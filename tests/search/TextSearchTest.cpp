@@ -159,7 +159,7 @@ void TextSearchTest::ReadsFilesOnly()
         = FindMatchingInFile(folder.filePath("a.py"), QRegularExpression("b"));
     QCOMPARE(hits.size(), 1);
     QCOMPARE(hits[0].filePath, folder.filePath("a.py"));
-    QCOMPARE(hits[0].fileName, QString("a.py"));
+    QCOMPARE(hits[0].fileName, "a.py");
     QVERIFY(FindMatchingInFile(folder.filePath("a.py"), QRegularExpression()).isEmpty());
     QVERIFY(FindMatchingInFile(folder.filePath("a.py"), QRegularExpression("(")).isEmpty());
 }

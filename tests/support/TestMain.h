@@ -1,5 +1,6 @@
 #pragma once
 
+#include "support/Compare.h"
 #include "support/Rows.h"
 
 #include <QObject>

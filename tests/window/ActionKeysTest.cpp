@@ -112,7 +112,7 @@ void ActionKeysTest::TornOffMenusLeaveTheFocus()
         QVERIFY(torn->windowHandle()->flags() & Qt::WindowDoesNotAcceptFocus);
         menu->hideTearOffMenu();
     }
-    QCOMPARE(without.join(","), QString("Verbosity"));
+    QCOMPARE(without.join(","), "Verbosity");
 }
 
 void ActionKeysTest::KeysOfOthersAreNotDead()

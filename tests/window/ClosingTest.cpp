@@ -62,11 +62,10 @@ void ClosingTest::ClosesABuffer()
     const QList<DialogAnswers::Seen> seen = m_dialogs.Take();
     QCOMPARE(seen.size(), button.isEmpty() ? 0 : 1);
     if (!seen.isEmpty()) {
-        QCOMPARE(seen[0].title, QString("Delete"));
+        QCOMPARE(seen[0].title, "Delete");
         QVERIFY(seen[0].isPlainText);
-        QCOMPARE(
-            seen[0].text, QString("Delete buffer 'Python'?\n\nUnsaved contents will be lost."));
-        QCOMPARE(seen[0].defaultButton, QString("No"));
+        QCOMPARE(seen[0].text, "Delete buffer 'Python'?\n\nUnsaved contents will be lost.");
+        QCOMPARE(seen[0].defaultButton, "No");
     }
     QCOMPARE(m_window->GetCodeEditorCount(), closed ? 0 : 1);
     QCOMPARE(BackingFiles().size(), closed ? 0 : 1);
@@ -103,10 +102,10 @@ void ClosingTest::ClosesAFile()
     const QList<DialogAnswers::Seen> seen = m_dialogs.Take();
     QCOMPARE(seen.size(), button.isEmpty() ? 0 : 1);
     if (!seen.isEmpty()) {
-        QCOMPARE(seen[0].title, QString("Save"));
+        QCOMPARE(seen[0].title, "Save");
         QVERIFY(seen[0].isPlainText);
-        QCOMPARE(seen[0].text, QString("'a.py' has been modified. Save changes?"));
-        QCOMPARE(seen[0].defaultButton, QString("Yes"));
+        QCOMPARE(seen[0].text, "'a.py' has been modified. Save changes?");
+        QCOMPARE(seen[0].defaultButton, "Yes");
     }
     QTEST(Content(Path("a.py")), "content");
     QCOMPARE(m_window->GetCodeEditorCount(), closed ? 0 : 1);
@@ -126,8 +125,8 @@ void ClosingTest::CancelEndsClosingSeveral()
     QCOMPARE(m_dialogs.Take().size(), 2);
     QCOMPARE(Labels(), (QStringList{"c.py", "d.py"}));
     // What was asked about is what is shown.
-    QCOMPARE(m_window->GetActiveCodeEditor()->GetLabel(), QString("c.py"));
-    QCOMPARE(Content(Path("b.py")), QByteArray("new text\n"));
+    QCOMPARE(m_window->GetActiveCodeEditor()->GetLabel(), "c.py");
+    QCOMPARE(Content(Path("b.py")), "new text\n");
     m_dialogs.Press("No");
     m_dialogs.Press("No");
     m_window->CloseAllFiles();
@@ -158,7 +157,7 @@ void ClosingTest::ATabMayMoveWhileAQuestionStands()
     });
     m_window->CloseCodeEditor(group, 1, true);
     QCOMPARE(m_window->GetCodeEditorPaths(), QStringList(Path("a.py")));
-    QCOMPARE(Content(Path("b.py")), QByteArray("new text\n"));
+    QCOMPARE(Content(Path("b.py")), "new text\n");
     // And it may be closed by somebody else.
     OpenFile("b.py")->insertPlainText("new ");
     m_dialogs.Do([this, group](QDialog* dialog) {
@@ -235,12 +234,11 @@ void ClosingTest::AsksBeforeTheHostQuits()
     const QList<DialogAnswers::Seen> seen = m_dialogs.Take();
     QCOMPARE(seen.size(), button.isEmpty() ? 0 : 1);
     if (!seen.isEmpty()) {
-        QCOMPARE(seen[0].title, QString("Tarnwick Editor 2"));
-        QCOMPARE(
-            seen[0].text, QString("Tarnwick Editor 2 files have been modified. Save all changes?"));
+        QCOMPARE(seen[0].title, "Tarnwick Editor 2");
+        QCOMPARE(seen[0].text, "Tarnwick Editor 2 files have been modified. Save all changes?");
     }
     QCOMPARE(editor->IsModified(), modified && !(button == "Yes" && writable));
-    QCOMPARE(Content(buffer->GetFilePath()), QByteArray("kept"));
+    QCOMPARE(Content(buffer->GetFilePath()), "kept");
 }
 
 void ClosingTest::RestoresTheSession()
@@ -269,8 +267,8 @@ void ClosingTest::RestoresTheSession()
     QCOMPARE(m_window->GetActiveCodeEditor()->GetCursorPosition(), 2);
     const CodeEditorGroup* const first = m_window->GetCodeEditorGroupByIndex(0);
     QCOMPARE(first->GetCurrentIndex(), 1);
-    QCOMPARE(first->GetText(0), QString("first\nsecond\n"));
-    QCOMPARE(first->GetLabel(0), QString("my buffer"));
+    QCOMPARE(first->GetText(0), "first\nsecond\n");
+    QCOMPARE(first->GetLabel(0), "my buffer");
     QCOMPARE(first->GetLanguage(0), Language::Python);
     QCOMPARE(first->GetCursorPosition(1), 2003);
     QCOMPARE(first->GetVerticalScrollBarValue(1), 321);

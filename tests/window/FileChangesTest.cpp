@@ -58,13 +58,13 @@ void FileChangesTest::FollowsOtherPrograms()
     const QList<DialogAnswers::Seen> seen = m_dialogs.Take();
     QCOMPARE(seen.size(), button.isEmpty() ? 0 : 1);
     if (!seen.isEmpty()) {
-        QCOMPARE(seen[0].title, QString("Reload"));
+        QCOMPARE(seen[0].title, "Reload");
         QVERIFY(seen[0].isPlainText);
         QCOMPARE(seen[0].text,
             Path("a.py")
                 + "\n\nThis file has been modified by another program.\n"
                   "Do you want to reload it?");
-        QCOMPARE(seen[0].defaultButton, QString("No"));
+        QCOMPARE(seen[0].defaultButton, "No");
     }
     QTEST(editor->GetText(), "text");
     QCOMPARE(editor->IsModified(), button == "No");
@@ -84,14 +84,14 @@ void FileChangesTest::OwnSavesAreNoChanges()
     editor->insertPlainText("new ");
     m_window->CheckForFileChanges();
     QCOMPARE(m_dialogs.Take().size(), 0);
-    QCOMPARE(editor->GetText(), QString("new text\n"));
+    QCOMPARE(editor->GetText(), "new text\n");
     // What others write after it is one.
     changed.clear();
     MakeFile("a.py", "theirs");
     QTRY_VERIFY(changed.count() > 0);
     m_dialogs.Press("Yes");
     m_window->CheckForFileChanges();
-    QCOMPARE(editor->GetText(), QString("theirs"));
+    QCOMPARE(editor->GetText(), "theirs");
 }
 
 void FileChangesTest::ReloadingKeepsThePlace()
@@ -115,15 +115,15 @@ void FileChangesTest::ADeletedFileIsUnsaved()
     CodeEditor* const editor = OpenFile("a.py");
     QFile::remove(Path("a.py"));
     QTRY_VERIFY(editor->IsModified());
-    QCOMPARE(editor->GetText(), QString("text\n"));
+    QCOMPARE(editor->GetText(), "text\n");
     m_window->Save();
-    QCOMPARE(Content(Path("a.py")), QByteArray("text\n"));
+    QCOMPARE(Content(Path("a.py")), "text\n");
     // It is watched again.
     QSignalSpy changed(Group(), &CodeEditorGroup::FileChanged);
     MakeFile("a.py", "theirs");
     QTRY_VERIFY(changed.count() > 0);
     m_window->CheckForFileChanges();
-    QCOMPARE(editor->GetText(), QString("theirs"));
+    QCOMPARE(editor->GetText(), "theirs");
 }
 
 /// As many editors save: the old file goes away under another name, then a new one is written.
@@ -188,9 +188,9 @@ void FileChangesTest::FindsWhatNobodyTold()
     m_dialogs.Press("No");
     m_window->CheckForFileChanges();
     QCOMPARE(m_dialogs.Take().size(), 1);
-    QCOMPARE(first->GetText(), QString("TEXT\n"));
+    QCOMPARE(first->GetText(), "TEXT\n");
     QCOMPARE(rewritten.count(), 0);
-    QCOMPARE(third->GetText(), QString("ours text\n"));
+    QCOMPARE(third->GetText(), "ours text\n");
 }
 
 void FileChangesTest::ChangesWhileAQuestionStands()
@@ -206,11 +206,11 @@ void FileChangesTest::ChangesWhileAQuestionStands()
     m_dialogs.Do(change);
     m_window->CheckForFileChanges();
     QCOMPARE(m_dialogs.Take().size(), 1);
-    QCOMPARE(editor->GetText(), QString("ours text\n"));
+    QCOMPARE(editor->GetText(), "ours text\n");
     m_dialogs.Press("Yes");
     m_window->CheckForFileChanges();
     QCOMPARE(m_dialogs.Take().size(), 1);
-    QCOMPARE(editor->GetText(), QString("theirs again"));
+    QCOMPARE(editor->GetText(), "theirs again");
 }
 
 void FileChangesTest::AFolderInItsPlace()
@@ -220,7 +220,7 @@ void FileChangesTest::AFolderInItsPlace()
     QDir().mkdir(Path("a.py"));
     m_window->CheckForFileChanges();
     QTRY_VERIFY(editor->IsModified());
-    QCOMPARE(editor->GetText(), QString("text\n"));
+    QCOMPARE(editor->GetText(), "text\n");
     QCOMPARE(TakeErrors(), QStringList());
 }
 
@@ -250,8 +250,8 @@ void FileChangesTest::Reverts()
     const QList<DialogAnswers::Seen> seen = m_dialogs.Take();
     QCOMPARE(seen.size(), 1);
     QCOMPARE(seen[0].text,
-        QString("Reloading this file will result in unsaved changes being lost.\n\nContinue?"));
-    QCOMPARE(seen[0].defaultButton, QString("No"));
+        "Reloading this file will result in unsaved changes being lost.\n\nContinue?");
+    QCOMPARE(seen[0].defaultButton, "No");
     QCOMPARE(editor->GetText(), text);
     const bool modified = text.startsWith("new");
     QCOMPARE(editor->IsModified(), modified);

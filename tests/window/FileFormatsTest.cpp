@@ -112,15 +112,15 @@ void FileFormatsTest::AsksOnceForAFile()
     m_window->Save();
     editor->insertPlainText("y");
     m_window->Save();
-    QCOMPARE(Content(Path("a.py")), QByteArray("xya\r\n"));
+    QCOMPARE(Content(Path("a.py")), "xya\r\n");
     // Not under another name, nor after somebody else wrote it.
     m_dialogs.ChooseFile(Path("b.py"), "All Files(*.*)");
     m_window->SaveAs();
     editor->insertPlainText("z");
     m_window->Save();
-    QCOMPARE(Content(Path("b.py")), QByteArray("xyza\r\n"));
+    QCOMPARE(Content(Path("b.py")), "xyza\r\n");
     QCOMPARE(m_dialogs.Take().size(), 1 + 1);
-    QCOMPARE(Status(), QString("CRLF"));
+    QCOMPARE(Status(), "CRLF");
 }
 
 void FileFormatsTest::AsksOnceForAllFiles_data()
@@ -159,18 +159,17 @@ void FileFormatsTest::RemembersThatNobodyWantsToBeAsked()
     OpenFile("b.py", "a\rb\n\xff")->insertPlainText("x");
     m_window->Save();
     QCOMPARE(m_dialogs.Take().size(), 1);
-    QCOMPARE(Content(Path("b.py")), QByteArray("xa\rb\n\xff"));
+    QCOMPARE(Content(Path("b.py")), "xa\rb\n\xff");
     ExtraSettings::keepEncodingAndLineEnds = false;
     ExtraSettings::ReadUserConfig();
     QVERIFY(ExtraSettings::keepEncodingAndLineEnds);
-    QCOMPARE(QFileInfo(ExtraSettings::GetUserConfigPath()).fileName(),
-        QString("tarnwickEditor2_extra.ini"));
+    QCOMPARE(QFileInfo(ExtraSettings::GetUserConfigPath()).fileName(), "tarnwickEditor2_extra.ini");
 }
 
 void FileFormatsTest::ConvertedTextIsShown()
 {
     CodeEditor* const editor = OpenFile("a.py", "a\xff");
-    QCOMPARE(Status(), QString("UTF-8 with invalid bytes"));
+    QCOMPARE(Status(), "UTF-8 with invalid bytes");
     editor->insertPlainText("x");
     m_dialogs.Press("Write as UTF-8");
     m_window->Save();
@@ -190,8 +189,8 @@ void FileFormatsTest::AtTheEndNobodyIsAsked()
     OpenFile("b.py", "# coding: latin-1\n\xe9")->insertPlainText(QString("#") + QChar(0x20ac));
     m_window->Shutdown();
     QCOMPARE(m_dialogs.Take().size(), 0);
-    QCOMPARE(Content(Path("a.py")), QByteArray("\xef\xbb\xbfxa\r\n"));
-    QCOMPARE(Content(Path("b.py")), QByteArray("#\xe2\x82\xac# coding: latin-1\n\xc3\xa9"));
+    QCOMPARE(Content(Path("a.py")), "\xef\xbb\xbfxa\r\n");
+    QCOMPARE(Content(Path("b.py")), "#\xe2\x82\xac# coding: latin-1\n\xc3\xa9");
 }
 
 void FileFormatsTest::TheStatusBarFollowsTheEditor()
@@ -201,9 +200,9 @@ void FileFormatsTest::TheStatusBarFollowsTheEditor()
     OpenFile("b.py",
         "\xef\xbb\xbf"
         "a\r\n");
-    QCOMPARE(Status(), QString("UTF-8 with BOM CRLF"));
+    QCOMPARE(Status(), "UTF-8 with BOM CRLF");
     m_window->OnFilePathChanged(Path("b.py"), Path("c.py"));
-    QCOMPARE(Status(), QString("UTF-8 with BOM CRLF"));
+    QCOMPARE(Status(), "UTF-8 with BOM CRLF");
     Group()->SetCurrentIndex(0);
     QCOMPARE(Status(), QString());
     m_window->CloseAllFiles();
@@ -229,9 +228,9 @@ void FileFormatsTest::AsksBeforeOpeningWhatIsNoText()
     m_dialogs.Press(answer);
     m_window->OpenFile(Path("a.py"), false);
     const DialogAnswers::Seen seen = m_dialogs.Take().value(0);
-    QCOMPARE(seen.title, QString("Open File"));
+    QCOMPARE(seen.title, "Open File");
     QVERIFY2(seen.text.startsWith(said), qPrintable(seen.text));
-    QCOMPARE(seen.defaultButton, QString("No"));
+    QCOMPARE(seen.defaultButton, "No");
     QCOMPARE(Labels(), answer == "Yes" ? QStringList("a.py") : QStringList());
     if (answer == "No")
         return;

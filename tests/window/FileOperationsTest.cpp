@@ -53,11 +53,11 @@ void FileOperationsTest::NewAsksForTheLanguage()
     m_dialogs.Press(button);
     m_window->NewBuffer();
     const DialogAnswers::Seen seen = m_dialogs.Take().value(0);
-    QCOMPARE(seen.title, QString("Source Type"));
-    QCOMPARE(seen.text, QString("Specify executor source language."));
+    QCOMPARE(seen.title, "Source Type");
+    QCOMPARE(seen.text, "Specify executor source language.");
     QCOMPARE(QSet<QString>(seen.buttons.begin(), seen.buttons.end()),
         (QSet<QString>{"MEL", "Python", "None", "Cancel"}));
-    QCOMPARE(seen.defaultButton, QString("MEL"));
+    QCOMPARE(seen.defaultButton, "MEL");
     QCOMPARE(m_window->GetCodeEditorCount(), label.isEmpty() ? 0 : 1);
     if (label.isEmpty())
         return;
@@ -95,7 +95,7 @@ void FileOperationsTest::OpensAFile()
     QCOMPARE(Labels(), QStringList(name));
     QCOMPARE(Group()->GetFilePath(0), Path(name));
     QTEST(int(Group()->GetLanguage(0)), "language");
-    QCOMPARE(Group()->GetText(0), QString("one\ntwo\n"));
+    QCOMPARE(Group()->GetText(0), "one\ntwo\n");
     QVERIFY(!Group()->IsModified(0));
     QVERIFY(Settings::tabDetails.value(0).startsWith("0;1;" + Path(name) + ";1;"));
 }
@@ -105,7 +105,7 @@ void FileOperationsTest::OpensThroughTheDialog()
     MakeFile("a.py");
     m_dialogs.ChooseFile(Path("a.py"));
     m_window->OpenFile();
-    QCOMPARE(m_dialogs.Take().value(0).title, QString("Open File"));
+    QCOMPARE(m_dialogs.Take().value(0).title, "Open File");
     QCOMPARE(Labels(), QStringList("a.py"));
     // It comes back where it was left.
     QString directory;
@@ -161,14 +161,14 @@ void FileOperationsTest::SavesABufferAs()
     if (!answer.isEmpty())
         m_dialogs.Press(answer);
     m_window->Save();
-    QCOMPARE(m_dialogs.Take().value(0).title, QString("Save File"));
+    QCOMPARE(m_dialogs.Take().value(0).title, "Save File");
     QCOMPARE(Content(Path("taken.py")), QByteArray(saved == "taken.py" ? "x = 1" : "old"));
     QCOMPARE(editor->IsModified(), saved.isEmpty());
     QCOMPARE(BackingFiles().size(), saved.isEmpty() ? 1 : 0);
     QCOMPARE(Labels(), QStringList(saved.isEmpty() ? "Python" : saved));
     if (saved.isEmpty())
         return;
-    QCOMPARE(Content(Path(saved)), QByteArray("x = 1"));
+    QCOMPARE(Content(Path(saved)), "x = 1");
     QCOMPARE(Group()->GetFilePath(0), Path(saved));
     QCOMPARE(Group()->GetType(0), Type::File);
     QTEST(int(Group()->GetLanguage(0)), "language");
@@ -184,7 +184,7 @@ void FileOperationsTest::RefusesToSaveOverAnOpenFile()
     m_window->SaveAs();
     QCOMPARE(
         TakeErrors(), QStringList("An open editor already exists with that path: " + Path("a.py")));
-    QCOMPARE(Content(Path("a.py")), QByteArray("a"));
+    QCOMPARE(Content(Path("a.py")), "a");
     QCOMPARE(Labels(), (QStringList{"a.py", "Python"}));
 }
 
@@ -198,10 +198,10 @@ void FileOperationsTest::AFailedSaveLosesNothing()
     m_window->Save();
     QCOMPARE(TakeErrors(), QStringList("Failed to open file for save: " + Path("a.py")));
     QVERIFY(editor->IsModified());
-    QCOMPARE(editor->GetText(), QString("new text\n"));
+    QCOMPARE(editor->GetText(), "new text\n");
     QVERIFY(QDir(m_folder->path()).rmdir("a.py"));
     m_window->SaveAll();
-    QCOMPARE(Content(Path("a.py")), QByteArray("new text\n"));
+    QCOMPARE(Content(Path("a.py")), "new text\n");
     QVERIFY(!editor->IsModified());
 }
 
@@ -252,8 +252,8 @@ void FileOperationsTest::RenamesABuffer()
     m_dialogs.Type(name);
     m_window->Rename();
     const DialogAnswers::Seen seen = m_dialogs.Take().value(0);
-    QCOMPARE(seen.title, QString("Rename"));
-    QCOMPARE(seen.text, QString("New Name:"));
+    QCOMPARE(seen.title, "Rename");
+    QCOMPARE(seen.text, "New Name:");
     const QStringList shown = TakeLog(host::MessageType::Warning);
     QCOMPARE(shown.size(), warnings);
     QCOMPARE(
@@ -293,9 +293,9 @@ void FileOperationsTest::RenamesAFile()
     QCOMPARE(Labels(), QStringList(renamed ? name : "a.py"));
     QCOMPARE(editor->GetLanguage(), renamed ? Language::Mel : Language::Python);
     QVERIFY(editor->IsModified());
-    QCOMPARE(Content(Path("taken.py")), QByteArray("old"));
+    QCOMPARE(Content(Path("taken.py")), "old");
     m_window->Save();
-    QCOMPARE(Content(editor->GetFilePath()), QByteArray("new text\n"));
+    QCOMPARE(Content(editor->GetFilePath()), "new text\n");
 }
 
 TE2_TEST(FileOperationsTest)

@@ -68,14 +68,14 @@ void FindCommandsTest::OpensTheBarByKeys()
     QVERIFY(Group().IsFindReplaceVisible());
     QVERIFY(!Group().GetFindReplace()->IsReplaceVisible());
     QVERIFY(Field("m_searchLineEdit")->hasFocus());
-    QCOMPARE(Field("m_searchLineEdit")->text(), QString("one"));
+    QCOMPARE(Field("m_searchLineEdit")->text(), "one");
     // From the search field on, the other field is what is missing.
     QTest::keyClick(Field("m_searchLineEdit"), Qt::Key_H, Qt::ControlModifier);
     QVERIFY(Field("m_replaceLineEdit")->hasFocus());
     // What stands in the field was typed there and is kept.
     Field("m_searchLineEdit")->setText("two");
     QTest::keyClick(Field("m_replaceLineEdit"), Qt::Key_F, Qt::ControlModifier);
-    QCOMPARE(Field("m_searchLineEdit")->text(), QString("two"));
+    QCOMPARE(Field("m_searchLineEdit")->text(), "two");
     QVERIFY(Field("m_searchLineEdit")->hasFocus());
     QTest::keyClick(Field("m_searchLineEdit"), Qt::Key_Escape);
     QVERIFY(Editor().hasFocus());
@@ -89,7 +89,7 @@ void FindCommandsTest::StepsWithoutTheBar()
     QCOMPARE(Editor().GetSelectedStartPosition(), 0);
     QTest::keyClick(&Editor(), Qt::Key_F3, Qt::ShiftModifier);
     QCOMPARE(Editor().GetSelectedStartPosition(), 8);
-    QCOMPARE(Editor().GetSelectedText(), QString("one"));
+    QCOMPARE(Editor().GetSelectedText(), "one");
     QVERIFY(!Group().IsFindReplaceVisible());
 }
 
@@ -98,12 +98,12 @@ void FindCommandsTest::AsksForTheFieldsBeforeReplacing()
     Editor().SetCursorSelection(0, 3);
     Action("Replace", 1)->trigger();
     QVERIFY(Group().GetFindReplace()->IsReplaceVisible());
-    QCOMPARE(Editor().GetText(), QString("one two\none two"));
+    QCOMPARE(Editor().GetText(), "one two\none two");
     Field("m_replaceLineEdit")->setText("1");
     Action("Replace Next")->trigger();
-    QCOMPARE(Editor().GetText(), QString("1 two\none two"));
+    QCOMPARE(Editor().GetText(), "1 two\none two");
     Action("Replace", 1)->trigger();
-    QCOMPARE(Editor().GetText(), QString("1 two\n1 two"));
+    QCOMPARE(Editor().GetText(), "1 two\n1 two");
 }
 
 void FindCommandsTest::SeeksTheWordWhenNothingWasSought()
@@ -111,7 +111,7 @@ void FindCommandsTest::SeeksTheWordWhenNothingWasSought()
     Editor().SetCursorPosition(5, false, false);
     QTest::keyClick(&Editor(), Qt::Key_F3);
     QCOMPARE(Editor().GetSelectedStartPosition(), 12);
-    QCOMPARE(Editor().GetSelectedText(), QString("two"));
+    QCOMPARE(Editor().GetSelectedText(), "two");
 }
 
 void FindCommandsTest::WorksInTheConsoleThatHasTheFocus()
@@ -122,7 +122,7 @@ void FindCommandsTest::WorksInTheConsoleThatHasTheFocus()
     output->setFocus();
     output->moveCursor(QTextCursor::Start);
     QTest::keyClick(output, Qt::Key_F3, Qt::ControlModifier);
-    QCOMPARE(output->textCursor().selectedText(), QString("one"));
+    QCOMPARE(output->textCursor().selectedText(), "one");
     QCOMPARE(output->textCursor().selectionStart(), 8);
     QTest::keyClick(output, Qt::Key_F, Qt::ControlModifier);
     QVERIFY(output->IsFindReplaceVisible());
@@ -131,7 +131,7 @@ void FindCommandsTest::WorksInTheConsoleThatHasTheFocus()
     Editor().SetCursorSelection(0, 3);
     Action("Replace", 1)->trigger();
     Action("Replace Next")->trigger();
-    QCOMPARE(Editor().GetText(), QString("one two\none two"));
+    QCOMPARE(Editor().GetText(), "one two\none two");
     auto* field = output->GetFindReplace()->findChild<ToolLineEdit*>("m_searchLineEdit");
     QVERIFY(field->hasFocus());
     QTest::keyClick(field, Qt::Key_F3);

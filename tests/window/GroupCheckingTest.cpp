@@ -181,7 +181,7 @@ void GroupCheckingTest::ShowsPylintAlone()
     QCOMPARE(editor->GetNumberOfErrors(), 0);
     QTRY_COMPARE(editor->GetNumberOfWarnings(), 1);
     QCOMPARE(editor->GetNumberOfErrors(), 0);
-    QCOMPARE(editor->GetErrorAndWarningsText(), QString("[W1] from pylint"));
+    QCOMPARE(editor->GetErrorAndWarningsText(), "[W1] from pylint");
 }
 
 void GroupCheckingTest::FallsBackToItsParser_data()

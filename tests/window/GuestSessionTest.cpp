@@ -114,8 +114,8 @@ void GuestSessionTest::BuffersComeBack()
     StartAgain();
     QVERIFY(m_window->CodeEditorExists(path));
     QCOMPARE(m_window->CodeEditorExists(Path("owner.py")), !asGuest);
-    QCOMPARE(m_window->GetCodeEditor(path)->GetText(), QString("the guest's"));
-    QCOMPARE(m_window->GetCodeEditor(path)->GetLabel(), QString("kept"));
+    QCOMPARE(m_window->GetCodeEditor(path)->GetText(), "the guest's");
+    QCOMPARE(m_window->GetCodeEditor(path)->GetLabel(), "kept");
     // From now on it is this session's own.
     const QStringList paths = m_window->GetCodeEditorPaths();
     m_other.reset();

@@ -192,12 +192,12 @@ void MoveTabsTest::MovedTabsKeepWhatTheyHold()
     editor->insertPlainText("typed ");
     CodeEditorGroup* const target = m_window->GetCodeEditorGroupByIndex(1);
     Q_EMIT target->MoveTabToZoneRequested(source.first, source.second, 1, TabDropZone::After);
-    QCOMPARE(Layout(), QString("A|C|B"));
+    QCOMPARE(Layout(), "A|C|B");
     QCOMPARE(m_window->GetActiveCodeEditor(), editor);
     QVERIFY(editor->IsModified());
     QCOMPARE(editor->GetCursorPosition(), 10);
     editor->undo();
-    QCOMPARE(editor->GetText(), QString("text of b"));
+    QCOMPARE(editor->GetText(), "text of b");
     // The new group listens to it, the old one no more.
     QSignalSpy oldGroup(m_window->GetCodeEditorGroupByIndex(0), &CodeEditorGroup::ExecutePressed);
     QSignalSpy newGroup(m_window->GetCodeEditorGroupByIndex(2), &CodeEditorGroup::ExecutePressed);
@@ -246,12 +246,12 @@ void MoveTabsTest::TheOrderOfUseMovesAlong()
         m_window->SetActiveCodeEditor(1, tab, true);
     CodeEditorGroup* const target = m_window->GetCodeEditorGroupByIndex(0);
     Q_EMIT target->MoveTabToZoneRequested(0, 1, 0, TabDropZone::After);
-    QCOMPARE(Layout(), QString("A|B|cDe"));
+    QCOMPARE(Layout(), "A|B|cDe");
     QString order;
     for (const CodeEditorProperties& used :
         m_window->GetCodeEditorGroupByIndex(2)->GetLastUsedEditors())
         order += used.label;
-    QCOMPARE(order, QString("dce"));
+    QCOMPARE(order, "dce");
 }
 
 void MoveTabsTest::EdgesAreOfferedWhileAGroupIsFree()
@@ -273,7 +273,7 @@ void MoveTabsTest::EdgesAreOfferedWhileAGroupIsFree()
     SetLayout("A|B|");
     QVERIFY(edgeIsOffered());
     SetLayout("||C");
-    QCOMPARE(Layout(), QString("A|B|C"));
+    QCOMPARE(Layout(), "A|B|C");
     QVERIFY(!edgeIsOffered());
 }
 
@@ -282,8 +282,8 @@ void MoveTabsTest::AnEmptyGroupHandsOn()
     SetLayout("A|B|C");
     m_window->SetActiveCodeEditor(1, 0, true);
     m_window->CloseFile();
-    QCOMPARE(Layout(), QString("A||C"));
-    QCOMPARE(m_window->GetActiveCodeEditor()->GetLabel(), QString("a"));
+    QCOMPARE(Layout(), "A||C");
+    QCOMPARE(m_window->GetActiveCodeEditor()->GetLabel(), "a");
     QVERIFY(m_window->GetActiveCodeEditor()->hasFocus());
     m_window->CloseFile();
     QCOMPARE(m_window->GetActiveCodeEditorGroupIndex(), 2);

@@ -177,7 +177,7 @@ void PanelGroupTest::PressWrite(const std::function<void(Dialog*)>& act)
 void PanelGroupTest::ChooseFile(const QString& path, const QString& filter)
 {
     PressWrite<QFileDialog>([&](QFileDialog* dialog) {
-        QCOMPARE(dialog->windowTitle(), QString("Write Output to File"));
+        QCOMPARE(dialog->windowTitle(), "Write Output to File");
         QCOMPARE(dialog->nameFilters(), QStringList({"LOG (*.log)", "All Files(*.*)"}));
         dialog->selectNameFilter(filter);
         dialog->findChild<QLineEdit*>("fileNameEdit")->setText(path);
@@ -204,7 +204,7 @@ void PanelGroupTest::WritesToTheChosenFile()
     QVERIFY(QFile::exists(m_directory.filePath(written)));
     QCOMPARE(updated, (QList<QVariantList>{{true}}));
     QVERIFY(WriteButton()->isChecked());
-    QCOMPARE(WriteButton()->toolTip(), QString("Stop writing to file"));
+    QCOMPARE(WriteButton()->toolTip(), "Stop writing to file");
     QCOMPARE(Child<ElidedLabel>("m_fileName")->GetText(), written);
     // The next dialog starts where this one ended.
     m_panel->GetOutput()->EndWriteToFile();
@@ -252,8 +252,8 @@ void PanelGroupTest::StopsOnlyWhenConfirmed()
     m_panel->UpdateKeyBindings();
     QSignalSpy updated(m_panel.get(), &PanelGroup::WriteToFileUpdated);
     PressWrite<QMessageBox>([](QMessageBox* box) {
-        QCOMPARE(box->windowTitle(), QString("Write Output to File"));
-        QCOMPARE(box->text(), QString("Stop writing output to file?"));
+        QCOMPARE(box->windowTitle(), "Write Output to File");
+        QCOMPARE(box->text(), "Stop writing output to file?");
         QCOMPARE(box->standardButton(box->defaultButton()), QMessageBox::No);
         box->button(QMessageBox::No)->click();
     });
@@ -262,7 +262,7 @@ void PanelGroupTest::StopsOnlyWhenConfirmed()
     PressWrite<QMessageBox>([](QMessageBox* box) { box->button(QMessageBox::Yes)->click(); });
     QVERIFY(!m_panel->IsWriteToFileActive());
     QVERIFY(!WriteButton()->isChecked());
-    QCOMPARE(WriteButton()->toolTip(), QString("Write to File"));
+    QCOMPARE(WriteButton()->toolTip(), "Write to File");
     QCOMPARE(updated, (QList<QVariantList>{{true}, {false}}));
 }
 

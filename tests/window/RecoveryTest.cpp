@@ -156,8 +156,8 @@ void RecoveryTest::IsKeptAfterAPause()
     CodeEditor* const editor = OpenFile("a.py");
     QVERIFY(Snapshots().isEmpty());
     editor->insertPlainText("new ");
-    QTRY_COMPARE(Snapshots().value("a.py"), QString("new text\n"));
-    QCOMPARE(Content(Path("a.py")), QByteArray("text\n"));
+    QTRY_COMPARE(Snapshots().value("a.py"), "new text\n");
+    QCOMPARE(Content(Path("a.py")), "text\n");
     if (end == "save")
         m_window->Save();
     if (end == "save all")
@@ -197,11 +197,11 @@ void RecoveryTest::FollowsTheEditor()
     // Another group's editor is the same editor.
     Q_EMIT Group()->MoveTabToZoneRequested(0, 0, 1, TabDropZone::Center);
     m_window->GetCodeEditor(Path("b.py"))->insertPlainText("more ");
-    QTRY_COMPARE(Snapshots().value("b.py"), QString("new more text\n"));
+    QTRY_COMPARE(Snapshots().value("b.py"), "new more text\n");
     // Nothing of the file itself is needed.
     QFile::remove(Path("b.py"));
     NewBuffer("typed");
-    QTRY_COMPARE(Snapshots().value("Python"), QString("typed"));
+    QTRY_COMPARE(Snapshots().value("Python"), "typed");
 }
 
 void RecoveryTest::IsKeptBeforeAScriptRuns_data()
@@ -237,7 +237,7 @@ void RecoveryTest::IsKeptBeforeAScriptRuns()
         m_window->ExecuteAll();
     }
     const QMap<QString, QString> texts = SnapshotsIn(seen);
-    QCOMPARE(texts.value("a.txt"), QString("new text\n"));
+    QCOMPARE(texts.value("a.txt"), "new text\n");
     QCOMPARE(texts.value(editor->GetLabel()), editor->GetText());
 }
 
@@ -271,20 +271,20 @@ void RecoveryTest::IsOfferedAfterACrash()
     QVERIFY(Offer().contains(Path("a.py")) && Offer().contains("Python"));
     QVERIFY(!Offer().contains("changed"));
     // Nobody is held up.
-    QCOMPARE(m_window->GetCodeEditor(Path("a.py"))->GetText(), QString("one\ntwo\n"));
+    QCOMPARE(m_window->GetCodeEditor(Path("a.py"))->GetText(), "one\ntwo\n");
 
     Press("m_restoreButton");
     CodeEditor* const restored = m_window->GetCodeEditor(Path("a.py"));
-    QCOMPARE(restored->GetText(), QString("new one\ntwo\n"));
+    QCOMPARE(restored->GetText(), "new one\ntwo\n");
     QVERIFY(restored->IsModified());
     QCOMPARE(restored->GetCursorPosition(), 4);
-    QCOMPARE(Content(Path("a.py")), QByteArray("one\ntwo\n"));
+    QCOMPARE(Content(Path("a.py")), "one\ntwo\n");
     QVERIFY(!m_window->GetCodeEditor(Path("untouched.py"))->IsModified());
     QCOMPARE(Labels(), (QStringList{"a.py", "Python", "untouched.py"}));
     // As safe as before, and no longer twice.
     QCOMPARE(Snapshots().size(), 2);
     restored->undo();
-    QCOMPARE(restored->GetText(), QString("one\ntwo\n"));
+    QCOMPARE(restored->GetText(), "one\ntwo\n");
     QVERIFY(!restored->IsModified());
 }
 
@@ -294,7 +294,7 @@ void RecoveryTest::MayBeDropped()
     QTRY_COMPARE(Snapshots().size(), 1);
     Restart();
     Press("m_dropButton");
-    QCOMPARE(m_window->GetCodeEditor(Path("a.py"))->GetText(), QString("text\n"));
+    QCOMPARE(m_window->GetCodeEditor(Path("a.py"))->GetText(), "text\n");
     QVERIFY(!QFile::exists(RecoveryFolder()));
     Restart();
     QVERIFY(!Notice());
@@ -307,14 +307,14 @@ void RecoveryTest::EscapeDecidesNothing()
     Restart();
     QTest::keyClick(Notice()->findChild<QPushButton*>("m_dropButton"), Qt::Key_Escape);
     QTRY_VERIFY(!Notice());
-    QCOMPARE(Snapshots().value("a.py"), QString("new text\n"));
+    QCOMPARE(Snapshots().value("a.py"), "new text\n");
     Restart();
     QVERIFY(Notice());
     // Nor does an end of the session that comes before the answer.
     m_window->Shutdown();
     Restart();
     Press("m_restoreButton");
-    QCOMPARE(m_window->GetCodeEditor(Path("a.py"))->GetText(), QString("new text\n"));
+    QCOMPARE(m_window->GetCodeEditor(Path("a.py"))->GetText(), "new text\n");
 }
 
 void RecoveryTest::WhatChangedMeanwhileIsSaid_data()
@@ -348,7 +348,7 @@ void RecoveryTest::WhatChangedMeanwhileIsSaid()
     Press("m_restoreButton");
     CodeEditor* const editor = m_window->GetCodeEditor(path);
     QVERIFY(editor && editor->IsModified());
-    QCOMPARE(editor->GetText(), QString("new text\n"));
+    QCOMPARE(editor->GetText(), "new text\n");
     QVERIFY(TakeErrors().isEmpty());
 }
 
@@ -360,7 +360,7 @@ void RecoveryTest::NothingIsLostToARestoredText()
     Restart(SOON);
     m_window->GetCodeEditor(Path("a.py"))->SetCursorPosition(0, false, false);
     m_window->GetCodeEditor(Path("a.py"))->insertPlainText("second ");
-    QTRY_COMPARE(Snapshots().value("a.py"), QString("second text\n"));
+    QTRY_COMPARE(Snapshots().value("a.py"), "second text\n");
     Restart();
     QCOMPARE(Offer().count('\n') + 1, 2);
     CodeEditor* const editor = m_window->GetCodeEditor(Path("a.py"));
@@ -384,10 +384,10 @@ void RecoveryTest::ABufferComesBackWithoutItsFile()
     Press("m_restoreButton");
     const CodeEditor* const editor = m_window->GetCodeEditor(path);
     QVERIFY(editor);
-    QCOMPARE(editor->GetText(), QString("typed"));
+    QCOMPARE(editor->GetText(), "typed");
     QVERIFY(editor->GetType() == CodeEditorType::Buffer);
     m_window->Shutdown();
-    QCOMPARE(Content(path), QByteArray("typed"));
+    QCOMPARE(Content(path), "typed");
     QVERIFY(!QFile::exists(RecoveryFolder()));
 }
 

@@ -109,13 +109,12 @@ void SearchInFilesTest::FindsInFilesEditorsAndBuffers()
     QCOMPARE(Listed(),
         (QStringList{"Python: a needle, not saved", "b.py: x = needle", "b.py: needle(needle)",
             "b.py: needle(needle)", "open.mel: in the editor: Needle"}));
-    QCOMPARE(Status(), QString("5 results in 3 files"));
-    QCOMPARE(Model()->GetFileAt(0).detail, QString("internal buffer"));
+    QCOMPARE(Status(), "5 results in 3 files");
+    QCOMPARE(Model()->GetFileAt(0).detail, "internal buffer");
     Toggle("m_globalMatchCaseButton");
-    QCOMPARE(Status(), QString("4 results in 2 files"));
+    QCOMPARE(Status(), "4 results in 2 files");
     Search("nowhere");
-    QCOMPARE(
-        Part<QLabel>("m_emptyHint")->text(), QString("Nothing matches \"nowhere\" in 4 files."));
+    QCOMPARE(Part<QLabel>("m_emptyHint")->text(), "Nothing matches \"nowhere\" in 4 files.");
 }
 
 void SearchInFilesTest::KeepsToWhatIsIncluded()
@@ -147,8 +146,8 @@ void SearchInFilesTest::FollowsEditsAndKeepsItsPlace()
     Results()->setCurrentIndex(Model()->index(1, 0, file));
     editor->SetCursorSelection(0, 0);
     editor->insertPlainText("a new needle\n");
-    QTRY_COMPARE(Listed().first(), QString("a.py: a new needle"));
-    QCOMPARE(Results()->currentIndex().data().toString(), QString("two needle"));
+    QTRY_COMPARE(Listed().first(), "a.py: a new needle");
+    QCOMPARE(Results()->currentIndex().data().toString(), "two needle");
     QCOMPARE(Model()->GetHit(Results()->currentIndex()).position, 13 + 11 + 4);
     QVERIFY(Results()->isExpanded(file) && !Results()->isExpanded(Model()->index(1, 0)));
     editor->SetText("nothing");
@@ -178,7 +177,7 @@ void SearchInFilesTest::KnowsWhatIsLeftOfClosedEditors()
         m_window->CloseCodeEditor(Group(), Group()->GetCodeEditorIndex(path), false);
     QCOMPARE(Listed().mid(0, 2), (QStringList{"a.py: needle", "b.py: needle, saved"}));
     ReplaceAll("thread");
-    QCOMPARE(Content(Path("a.py")) + Content(Path("b.py")), QByteArray("thread\nthread, saved"));
+    QCOMPARE(Content(Path("a.py")) + Content(Path("b.py")), "thread\nthread, saved");
 }
 
 void SearchInFilesTest::GoesThroughTheHitsByKeys()
@@ -199,13 +198,13 @@ void SearchInFilesTest::GoesThroughTheHitsByKeys()
     QCOMPARE(
         places, (QStringList{"a.py 4 needle", "a.py 11 needle", "b.py 1 needle", "a.py 4 needle"}));
     m_window->FindInFilesPrevious();
-    QCOMPARE(place(), QString("b.py 1 needle"));
+    QCOMPARE(place(), "b.py 1 needle");
     QCOMPARE(m_window->GetCodeEditorWithFocus(), m_window->GetActiveCodeEditor());
     Results()->setFocus(Qt::TabFocusReason);
     QTest::keyClick(Results(), Qt::Key_Up); // the file
     QTest::keyClick(Results(), Qt::Key_Up);
     QTest::keyClick(Results(), Qt::Key_Return);
-    QCOMPARE(place(), QString("a.py 11 needle"));
+    QCOMPARE(place(), "a.py 11 needle");
     QCOMPARE(m_window->GetCodeEditorWithFocus(), m_window->GetActiveCodeEditor());
 }
 
@@ -215,7 +214,7 @@ void SearchInFilesTest::FindsAHitThatMoved()
     Search("needle");
     MakeFile("a.py", "a line before\na needle\n");
     m_window->FindInFilesNext();
-    QCOMPARE(m_window->GetActiveCodeEditor()->textCursor().selectedText(), QString("needle"));
+    QCOMPARE(m_window->GetActiveCodeEditor()->textCursor().selectedText(), "needle");
     QFile::remove(MakeFile("b.py", "needle\n"));
 }
 
@@ -229,21 +228,21 @@ void SearchInFilesTest::ReplacesEverywhere()
     Search("needle");
     ReplaceAll("thread");
     const DialogAnswers::Seen question = m_dialogs.Take().value(0);
-    QCOMPARE(question.title, QString("Replace All"));
-    QCOMPARE(question.text, QString("Replace 8 occurrances across 4 files with 'thread'"));
-    QCOMPARE(question.defaultButton, QString("Cancel"));
-    QCOMPARE(Content(windows), QByteArray("\xef\xbb\xbfthread\r\nthread \xc3\xa9 thread\r\n"));
-    QCOMPARE(Content(odd), QByteArray("\xe9 thread\nthread"));
+    QCOMPARE(question.title, "Replace All");
+    QCOMPARE(question.text, "Replace 8 occurrances across 4 files with 'thread'");
+    QCOMPARE(question.defaultButton, "Cancel");
+    QCOMPARE(Content(windows), "\xef\xbb\xbfthread\r\nthread \xc3\xa9 thread\r\n");
+    QCOMPARE(Content(odd), "\xe9 thread\nthread");
     struct stat status;
     QCOMPARE(stat(qPrintable(windows), &status), 0);
     QCOMPARE(status.st_mode & 0777u, 0750u);
-    QCOMPARE(editor->GetText(), QString("thread\nthread\n"));
-    QCOMPARE(Content(Path("c.py")), QByteArray("needle\nneedle\n"));
-    QCOMPARE(buffer->GetText(), QString("thread"));
-    QCOMPARE(Status(), QString("8 results replaced in 4 files"));
+    QCOMPARE(editor->GetText(), "thread\nthread\n");
+    QCOMPARE(Content(Path("c.py")), "needle\nneedle\n");
+    QCOMPARE(buffer->GetText(), "thread");
+    QCOMPARE(Status(), "8 results replaced in 4 files");
     QCOMPARE(Listed(), QStringList());
     editor->undo();
-    QCOMPARE(editor->GetText(), QString("needle\nneedle\n"));
+    QCOMPARE(editor->GetText(), "needle\nneedle\n");
 }
 
 void SearchInFilesTest::ReplacesGroups()
@@ -253,13 +252,13 @@ void SearchInFilesTest::ReplacesGroups()
     Toggle("m_globalRegularExpressionButton");
     Search("set\\((\\d), (\\d)\\)");
     ReplaceAll("\\2=\\1");
-    QCOMPARE(Content(path), QByteArray("2=1\n4=3\n"));
-    QCOMPARE(editor->GetText(), QString("6=5"));
+    QCOMPARE(Content(path), "2=1\n4=3\n");
+    QCOMPARE(editor->GetText(), "6=5");
     // What looks like a group in a plain search is none.
     Toggle("m_globalRegularExpressionButton");
     Search("=");
     ReplaceAll("\\1");
-    QCOMPARE(Content(path), QByteArray("2\\11\n4\\13\n"));
+    QCOMPARE(Content(path), "2\\11\n4\\13\n");
 }
 
 void SearchInFilesTest::LeavesWhatItCannotReplace()
@@ -274,10 +273,10 @@ void SearchInFilesTest::LeavesWhatItCannotReplace()
     QFile::remove(gone);
     TakeLog(host::MessageType::Warning);
     ReplaceAll("thread");
-    QCOMPARE(Content(changed), QByteArray("a needle, and more\n"));
-    QCOMPARE(Content(readOnly), QByteArray("needle\n"));
-    QCOMPARE(Content(good), QByteArray("thread\n"));
-    QCOMPARE(Status(), QString("1 result replaced in 1 file; 3 files left, see the output"));
+    QCOMPARE(Content(changed), "a needle, and more\n");
+    QCOMPARE(Content(readOnly), "needle\n");
+    QCOMPARE(Content(good), "thread\n");
+    QCOMPARE(Status(), "1 result replaced in 1 file; 3 files left, see the output");
     const QStringList log = TakeLog(host::MessageType::Warning);
     QCOMPARE(log.size(), 3);
     for (const QString& path : {changed, gone, readOnly})
@@ -290,7 +289,7 @@ void SearchInFilesTest::ReplacesNothingWhenCancelled()
     const QString path = MakeFile("a.py", "needle\n");
     Search("needle");
     ReplaceAll("thread", "Cancel");
-    QCOMPARE(Content(path), QByteArray("needle\n"));
+    QCOMPARE(Content(path), "needle\n");
     // The hits are not of what is typed now, so there is nothing to ask.
     View()->SetSearchText("needl");
     View()->ReplaceAll();
@@ -304,7 +303,7 @@ void SearchInFilesTest::DismissedHitsStay()
     Results()->setCurrentIndex(Model()->index(1, 0, Model()->index(0, 0)));
     QTest::keyClick(Results(), Qt::Key_Delete);
     ReplaceAll("thread");
-    QCOMPARE(Content(path), QByteArray("thread needle\nthread\n"));
+    QCOMPARE(Content(path), "thread needle\nthread\n");
     QCOMPARE(Listed(), QStringList{"a.py: thread needle"});
 }
 
@@ -323,7 +322,7 @@ void SearchInFilesTest::StopsAtEscape()
     });
     Search("\\d");
     QVERIFY2(Status().startsWith("Cancelled: "), qPrintable(Status()));
-    QCOMPARE(View()->GetSearchText(), QString("\\d"));
+    QCOMPARE(View()->GetSearchText(), "\\d");
     QVERIFY(Model()->GetFileCount() < 400);
 }
 
@@ -351,9 +350,9 @@ void SearchInFilesTest::ShowsWhatIsWrong()
     QVERIFY(Part<QLabel>("m_searchMessage")->isVisible());
     Search("(a+)+[xy]");
     QCOMPARE(Part<QLabel>("m_searchMessage")->text(),
-        QString("'(a+)+[xy]' takes too many steps and was given up in 'a.py'."));
+        "'(a+)+[xy]' takes too many steps and was given up in 'a.py'.");
     Search("b");
-    QCOMPARE(Status(), QString("1 result in 1 file"));
+    QCOMPARE(Status(), "1 result in 1 file");
     QVERIFY(!Part<QLabel>("m_searchMessage")->isVisible());
 }
 

@@ -69,9 +69,9 @@ void TabDetailsTest::IgnoresRecords()
 void TabDetailsTest::WritesRecords()
 {
     QCOMPARE(FormatTabDetails({1, Type::File, "/%1/a.py", true, 12, 3, "ignored"}),
-        QString("1;1;/%1/a.py;1;12;3"));
+        "1;1;/%1/a.py;1;12;3");
     QCOMPARE(FormatTabDetails({0, Type::Buffer, "b.mel", false, 0, 0, "%2 label"}),
-        QString("0;0;b.mel;0;0;0;%2 label"));
+        "0;0;b.mel;0;0;0;%2 label");
 }
 
 void TabDetailsTest::PlansANewGroup_data()

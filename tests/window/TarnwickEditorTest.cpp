@@ -124,13 +124,13 @@ void TarnwickEditorTest::StartsWithOneBufferOfEachLanguage()
 {
     const CodeEditorGroup* group = m_window->GetActiveCodeEditorGroup();
     QCOMPARE(group->GetCount(), 2);
-    QCOMPARE(group->GetLabel(0), QString("MEL"));
+    QCOMPARE(group->GetLabel(0), "MEL");
     QCOMPARE(group->GetLanguage(0), Language::Mel);
-    QCOMPARE(group->GetLabel(1), QString("Python"));
+    QCOMPARE(group->GetLabel(1), "Python");
     QCOMPARE(group->GetLanguage(1), Language::Python);
     QCOMPARE(group->GetType(1), CodeEditorType::Buffer);
     QCOMPARE(m_window->GetCodeEditorWithFocus(), group->GetCodeEditor(1));
-    QCOMPARE(m_window->objectName(), QString("TarnwickEditor2"));
+    QCOMPARE(m_window->objectName(), "TarnwickEditor2");
 }
 
 void TarnwickEditorTest::ExecutesByKey_data()
@@ -195,7 +195,7 @@ void TarnwickEditorTest::ExecutesByButtonWithoutTakingTheFocus()
     QTest::mouseClick(all, Qt::LeftButton);
     QCOMPARE(PythonInt("teClicked"), 11);
     QVERIFY(editor->hasFocus());
-    QCOMPARE(all->toolTip(), QString("Execute All (Ctrl+Shift+Return)"));
+    QCOMPARE(all->toolTip(), "Execute All (Ctrl+Shift+Return)");
 }
 
 void TarnwickEditorTest::ExecutesNothingWithoutAnEditorInFocus()
@@ -286,7 +286,7 @@ void TarnwickEditorTest::TakesTheModuleBaselineOnTheFirstShow()
         dialogs.Press(button);
         m_window->PythonUpdateModuleState();
         m_host->RunIdle();
-        QCOMPARE(dialogs.Take().value(0).title, QString("Python Module State"));
+        QCOMPARE(dialogs.Take().value(0).title, "Python Module State");
     }
     QVERIFY(!hasOne());
 }
@@ -302,7 +302,7 @@ void TarnwickEditorTest::KeepsTheBuffersTextForTheNextWindow()
     m_frame.reset();
     CreateWindow();
     const CodeEditorGroup* group = m_window->GetActiveCodeEditorGroup();
-    QCOMPARE(group->GetText(0), QString("polyCube;"));
+    QCOMPARE(group->GetText(0), "polyCube;");
     QCOMPARE(group->GetText(1), text);
     QVERIFY(!group->IsModified(0) && !group->IsModified(1));
 }
@@ -364,11 +364,11 @@ void TarnwickEditorTest::TellsTheCursorsPlace()
         return m_window->findChild<StatusBar*>()->findChild<StatusItem*>(name)->GetText();
     };
     editor->SetCursorSelection(7, 9);
-    QCOMPARE(shown("m_position"), QString("Ln 2, Col 7 (2 selected)"));
-    QCOMPARE(shown("m_interpreter"), QString("MEL"));
+    QCOMPARE(shown("m_position"), "Ln 2, Col 7 (2 selected)");
+    QCOMPARE(shown("m_interpreter"), "MEL");
     m_window->SetActiveCodeEditor(0, 1, true);
-    QCOMPARE(shown("m_position"), QString("Ln 1, Col 1"));
-    QCOMPARE(shown("m_interpreter"), QString("Python"));
+    QCOMPARE(shown("m_position"), "Ln 1, Col 1");
+    QCOMPARE(shown("m_interpreter"), "Python");
 }
 
 TE2_TEST(TarnwickEditorTest)

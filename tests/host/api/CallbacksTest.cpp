@@ -68,7 +68,7 @@ void CallbacksTest::OutputArrivesAsItIs()
     QCOMPARE(record.seen, record.own);
     QCOMPARE(MMessage::currentCallbackId(), MCallbackId(0));
     std::thread([this] { m_host->engine.output.Display("y"); }).join();
-    QCOMPARE(record.texts.last(), QString("1:y"));
+    QCOMPARE(record.texts.last(), "1:y");
     QVERIFY(MMessage::removeCallback(record.own));
 }
 
@@ -87,7 +87,7 @@ void CallbacksTest::FiltersKeepMessagesFromTheHostOnly()
     QCOMPARE(record.texts, (QStringList{"2:secret", "2:public"}));
     QVERIFY(MMessage::removeCallbacks(ids));
     m_host->engine.output.Info("secret");
-    QCOMPARE(m_host->Texts(MessageType::Info).last(), QString("secret"));
+    QCOMPARE(m_host->Texts(MessageType::Info).last(), "secret");
     QCOMPARE(record.texts.size(), 2);
 }
 

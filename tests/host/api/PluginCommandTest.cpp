@@ -83,7 +83,7 @@ void PluginCommandTest::DescribesItsFlagsWhenAskedFirst()
     QVERIFY(m_host->Load("TypedCommand").Ok());
     const auto command = m_host->engine.commands.FindCommand("typedCommand");
     QCOMPARE(command->GetOrigin(), host::CommandOrigin::PlugIn);
-    QCOMPARE(command->owner, QString("TypedCommand"));
+    QCOMPARE(command->owner, "TypedCommand");
     QVERIFY(!MGlobal::optionVarExists("typedCommandSyntax"));
     QVERIFY(command->CanQuery() && !command->CanEdit());
     QVERIFY(MGlobal::optionVarExists("typedCommandSyntax"));
@@ -106,7 +106,7 @@ void PluginCommandTest::TakesKeywords()
     };
     const host::Outcome outcome = RunKeywords("typedCommand", keywords);
     QVERIFY2(outcome.Ok(), qPrintable(outcome.Ok() ? "" : outcome.GetError().text));
-    QCOMPARE(outcome.GetValue().ToText(), QString("-looks like a flag"));
+    QCOMPARE(outcome.GetValue().ToText(), "-looks like a flag");
 }
 
 void PluginCommandTest::KeywordsMeanWhatTheySay()
@@ -133,7 +133,7 @@ void PluginCommandTest::RefusesWrongFlags()
     QVERIFY(m_host->Run("typedCommand a b c d").failed);
     QCOMPARE(m_host->Run("typedCommand -q -count").value, Value(1));
     const host::Outcome outcome = RunKeywords("typedCommand", {{"nope", {{{1, {}, false, {}}}}}});
-    QCOMPARE(outcome.GetError().text, QString("Invalid flag 'nope'"));
+    QCOMPARE(outcome.GetError().text, "Invalid flag 'nope'");
     QCOMPARE(outcome.GetError().kind, host::ErrorKind::Type);
 }
 
@@ -142,7 +142,7 @@ void PluginCommandTest::FailsWithTheReasonItGave()
     QVERIFY(m_host->Load("TypedCommand").Ok());
     const host::ScriptResult result = m_host->Run("typedCommand -bad \"say why\"");
     QVERIFY(result.failed);
-    QCOMPARE(result.errorText, QString("no such thing"));
+    QCOMPARE(result.errorText, "no such thing");
     QCOMPARE(m_host->Texts(host::MessageType::Error), QStringList{"no such thing"});
 }
 
@@ -177,7 +177,7 @@ void PluginCommandTest::KeywordsNeedASyntax()
     QVERIFY(m_host->Load("RawCommand").Ok());
     const host::Outcome outcome = RunKeywords("rawCommand", {{"sum", {{{1, {}, false, {}}}}}});
     QVERIFY(!outcome.Ok());
-    QCOMPARE(outcome.GetError().text, QString("Invalid flag 'sum'"));
+    QCOMPARE(outcome.GetError().text, "Invalid flag 'sum'");
     QCOMPARE(outcome.GetError().kind, host::ErrorKind::Type);
 }
 

@@ -125,7 +125,7 @@ void PluginLoadTest::UndoesAFailedStart()
     MGlobal::setOptionVarValue("failingPluginThrows", byException);
     const host::Outcome outcome = m_host->Load("FailingPlugin");
     QVERIFY(!outcome.Ok());
-    QCOMPARE(outcome.GetError().text, QString("initializePlugin function failed (FailingPlugin)"));
+    QCOMPARE(outcome.GetError().text, "initializePlugin function failed (FailingPlugin)");
     MGlobal::removeOptionVar("failingPluginHeard");
     m_host->engine.output.Display("hello");
     QVERIFY(!MGlobal::optionVarExists("failingPluginHeard"));
@@ -173,7 +173,7 @@ void PluginLoadTest::StaysLoadedWhenItRefuses()
     MGlobal::setOptionVarValue("untidyRefuses", 1);
     const host::Outcome outcome = m_host->engine.plugins.Unload("UntidyPlugin", false);
     QVERIFY(!outcome.Ok());
-    QCOMPARE(outcome.GetError().text, QString("uninitializePlugin function failed (UntidyPlugin)"));
+    QCOMPARE(outcome.GetError().text, "uninitializePlugin function failed (UntidyPlugin)");
     QVERIFY(!m_host->Run("untidyCommand").failed);
     m_host->engine.idle.Drain();
     QCOMPARE(Count("untidyIdle"), 1);
@@ -226,7 +226,7 @@ void PluginLoadTest::CommandsKeptBeyondUnloadingFail()
     QVERIFY(m_host->engine.plugins.Unload("TypedCommand", false).Ok());
     QVERIFY(command->GetFlags().isEmpty());
     const host::Outcome outcome = host::CommandRegistry::Run(host::ReadWords(*command, {}));
-    QCOMPARE(outcome.GetError().text, QString("Cannot find procedure \"typedCommand\"."));
+    QCOMPARE(outcome.GetError().text, "Cannot find procedure \"typedCommand\".");
 }
 
 void PluginLoadTest::NamesAreRegisteredOnce()

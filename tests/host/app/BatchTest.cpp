@@ -102,7 +102,7 @@ void BatchTest::UnusablePreferencesAreSaid()
     Write("file", "not a folder");
     const Run run = RunHost({"-batch", "-prefs", m_folder.filePath("file"), "-command", "print 1"});
     QCOMPARE(run.exitCode, 0);
-    QCOMPARE(run.output, QString("1"));
+    QCOMPARE(run.output, "1");
     QVERIFY2(
         run.errors.contains("Warning: Cannot create preferences folder"), qPrintable(run.errors));
 }
@@ -114,7 +114,7 @@ void BatchTest::UserSetupRunsBeforeTheScripts()
     const Run run = RunHost({"-batch", "-command", "hello", "-python", "print(greeting)"});
     QFile::remove(m_folder.filePath("2024/scripts/userSetup.mel"));
     QFile::remove(m_folder.filePath("2024/scripts/userSetup.py"));
-    QCOMPARE(run.output, QString("from setup and Python\n"));
+    QCOMPARE(run.output, "from setup and Python\n");
     QCOMPARE(run.exitCode, 0);
 }
 

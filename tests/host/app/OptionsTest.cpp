@@ -26,7 +26,7 @@ void OptionsTest::TasksKeepTheirOrder()
     QVERIFY(options && options->batch);
     QCOMPARE(options->tasks.size(), 3);
     QVERIFY(options->tasks[0].kind == StartTask::Kind::File);
-    QCOMPARE(options->tasks[1].text, QString("-batch")); // what follows an option is its value
+    QCOMPARE(options->tasks[1].text, "-batch"); // what follows an option is its value
     QVERIFY(options->tasks[2].kind == StartTask::Kind::Python);
 }
 

@@ -62,9 +62,8 @@ private:
 
 void CallbackCommandsTest::JobsRunWhenTheirEventComes()
 {
-    QCOMPARE(m_host->Run("scriptJob -event SelectionChanged \"print a\""), QString("1"));
-    QCOMPARE(
-        m_host->Run("scriptJob -runOnce 1 -event \"SelectionChanged\" \"print b\""), QString("2"));
+    QCOMPARE(m_host->Run("scriptJob -event SelectionChanged \"print a\""), "1");
+    QCOMPARE(m_host->Run("scriptJob -runOnce 1 -event \"SelectionChanged\" \"print b\""), "2");
     m_host->Run("scriptJob -e SceneOpened \"noSuchThing\"");
     m_host->TakeMessages();
     Events& events = m_host->GetEngine().events;
@@ -75,10 +74,9 @@ void CallbackCommandsTest::JobsRunWhenTheirEventComes()
         (QStringList{
             "print: a", "print: b", "print: a", "error: Cannot find procedure \"noSuchThing\"."}));
     QCOMPARE(Printed("print(`scriptJob -listJobs`)"),
-        QString("print: 1: \"-event\" \"SelectionChanged\" \"print a\"\n\n"
-                "3: \"-event\" \"SceneOpened\" \"noSuchThing\"\n\n"));
-    QCOMPARE(
-        m_host->Run("scriptJob -exists 1") + m_host->Run("scriptJob -exists 2"), QString("10"));
+        "print: 1: \"-event\" \"SelectionChanged\" \"print a\"\n\n"
+        "3: \"-event\" \"SceneOpened\" \"noSuchThing\"\n\n");
+    QCOMPARE(m_host->Run("scriptJob -exists 1") + m_host->Run("scriptJob -exists 2"), "10");
 }
 
 void CallbackCommandsTest::AJobMayEndItself()
@@ -95,11 +93,11 @@ void CallbackCommandsTest::ProtectedJobsNeedForce()
     m_host->Run("scriptJob -permanent -event Redo \"print y\"");
     QVERIFY(m_host->Run("scriptJob -kill 1").startsWith("error: "));
     m_host->Run("scriptJob -killAll");
-    QCOMPARE(m_host->Run("size(`scriptJob -listJobs`)"), QString("2"));
-    QCOMPARE(m_host->Run("scriptJob -kill 1 -force; scriptJob -kill 99; scriptJob -exists 1;"),
-        QString("0"));
+    QCOMPARE(m_host->Run("size(`scriptJob -listJobs`)"), "2");
+    QCOMPARE(
+        m_host->Run("scriptJob -kill 1 -force; scriptJob -kill 99; scriptJob -exists 1;"), "0");
     m_host->Run("scriptJob -killAll -force");
-    QCOMPARE(m_host->Run("size(`scriptJob -listJobs`)"), QString("0"));
+    QCOMPARE(m_host->Run("size(`scriptJob -listJobs`)"), "0");
 }
 
 void CallbackCommandsTest::IdleJobsRunWhileNothingElseDoes()
@@ -108,14 +106,14 @@ void CallbackCommandsTest::IdleJobsRunWhileNothingElseDoes()
                 "scriptJob -event idle \"global int $turns; $turns += 100\";");
     QTRY_VERIFY(m_host->Run("int $now = $turns").toInt() >= 202);
     m_host->Run("scriptJob -kill 1 -kill 2");
-    QCOMPARE(m_host->Run("size(`scriptJob -listJobs`)"), QString("0"));
+    QCOMPARE(m_host->Run("size(`scriptJob -listJobs`)"), "0");
 }
 
 void CallbackCommandsTest::OptionVariableJobs()
 {
     m_host->Run("scriptJob -optionVarChanged \"size\" \"print(`optionVar -q size`)\"");
     QCOMPARE(Printed("optionVar -iv size 4; optionVar -iv other 1; optionVar -remove size"),
-        QString("print: 4|print: 0"));
+        "print: 4|print: 0");
 }
 
 void CallbackCommandsTest::BadJobsAreRefused_data()
@@ -133,7 +131,7 @@ void CallbackCommandsTest::BadJobsAreRefused()
     QFETCH(QString, text);
     QFETCH(QString, error);
     QCOMPARE(m_host->Run(text), "error: " + error);
-    QCOMPARE(m_host->Run("size(`scriptJob -listJobs`)"), QString("0"));
+    QCOMPARE(m_host->Run("size(`scriptJob -listJobs`)"), "0");
 }
 
 void CallbackCommandsTest::JobsEndWithTheSession()
@@ -148,15 +146,14 @@ void CallbackCommandsTest::JobsEndWithTheSession()
 void CallbackCommandsTest::RunTimeCommandsAreCalledLikeAnyOther()
 {
     m_host->Run("runTimeCommand -annotation \"Say it\" -command \"print hi; 3 + 4;\" Greet");
-    QCOMPARE(Printed("Greet"), QString("print: hi"));
-    QCOMPARE(m_host->Run("int $sum = `Greet`"), QString("7"));
-    QCOMPARE(m_host->Run("runTimeCommand -q -annotation Greet"), QString("Say it"));
-    QCOMPARE(m_host->Run("runTimeCommand -q -command Greet"), QString("print hi; 3 + 4;"));
-    QCOMPARE(m_host->Run("runTimeCommand -q -commandLanguage Greet"), QString("mel"));
+    QCOMPARE(Printed("Greet"), "print: hi");
+    QCOMPARE(m_host->Run("int $sum = `Greet`"), "7");
+    QCOMPARE(m_host->Run("runTimeCommand -q -annotation Greet"), "Say it");
+    QCOMPARE(m_host->Run("runTimeCommand -q -command Greet"), "print hi; 3 + 4;");
+    QCOMPARE(m_host->Run("runTimeCommand -q -commandLanguage Greet"), "mel");
     m_host->Run("runTimeCommand -command \"noSuchThing\" Fails");
     // The error is shown once, where it happened.
-    QCOMPARE(
-        Printed("Fails; print never;"), QString("error: Cannot find procedure \"noSuchThing\"."));
+    QCOMPARE(Printed("Fails; print never;"), "error: Cannot find procedure \"noSuchThing\".");
 }
 
 void CallbackCommandsTest::RunTimeCommandsAreEditedAndDeleted()
@@ -164,27 +161,27 @@ void CallbackCommandsTest::RunTimeCommandsAreEditedAndDeleted()
     m_host->Run("runTimeCommand -command \"print a\" -category Tools One;"
                 "runTimeCommand -default true -command \"print d\" Two;");
     m_host->Run("runTimeCommand -e -command \"print b\" -addKeyword x -addKeyword y One");
-    QCOMPARE(Printed("One"), QString("print: b"));
-    QCOMPARE(m_host->Run("runTimeCommand -q -keywords One"), QString("x,y"));
-    QCOMPARE(m_host->Run("runTimeCommand -q -commandArray"), QString("One Two"));
-    QCOMPARE(m_host->Run("runTimeCommand -q -userCommandArray"), QString("One"));
-    QCOMPARE(m_host->Run("runTimeCommand -q -categoryArray"), QString("Tools"));
+    QCOMPARE(Printed("One"), "print: b");
+    QCOMPARE(m_host->Run("runTimeCommand -q -keywords One"), "x,y");
+    QCOMPARE(m_host->Run("runTimeCommand -q -commandArray"), "One Two");
+    QCOMPARE(m_host->Run("runTimeCommand -q -userCommandArray"), "One");
+    QCOMPARE(m_host->Run("runTimeCommand -q -categoryArray"), "Tools");
     QVERIFY(m_host->Run("runTimeCommand -e -delete Two").startsWith("error: "));
     m_host->Run("runTimeCommand -e -delete One");
-    QCOMPARE(m_host->Run("runTimeCommand -exists One"), QString("0"));
-    QCOMPARE(m_host->Run("One"), QString("error: Cannot find procedure \"One\"."));
+    QCOMPARE(m_host->Run("runTimeCommand -exists One"), "0");
+    QCOMPARE(m_host->Run("One"), "error: Cannot find procedure \"One\".");
 }
 
 void CallbackCommandsTest::RunTimeCommandsGiveWayToNothing()
 {
     m_host->Run("runTimeCommand -command \"print a\" One");
     QCOMPARE(m_host->Run("runTimeCommand -command \"print b\" One"),
-        QString("error: The command 'One' already exists."));
+        "error: The command 'One' already exists.");
     QVERIFY(m_host->Run("runTimeCommand -command \"x\" about").startsWith("error: "));
     QVERIFY(m_host->Run("runTimeCommand -command \"x\" \"two words\"").startsWith("error: "));
     QVERIFY(m_host->Run("runTimeCommand -cl perl -command \"x\" P").startsWith("error: "));
     QVERIFY(m_host->Run("runTimeCommand -q -command Nobody").startsWith("error: "));
-    QCOMPARE(Printed("One"), QString("print: a"));
+    QCOMPARE(Printed("One"), "print: a");
 }
 
 void CallbackCommandsTest::SavedRunTimeCommandsComeBack()
@@ -197,9 +194,9 @@ void CallbackCommandsTest::SavedRunTimeCommandsComeBack()
     m_host->Restart();
     QCOMPARE(m_host->TakeMessages(), QStringList());
     QCOMPARE(m_host->Run("runTimeCommand -q -command Kept"), command);
-    QCOMPARE(m_host->Run("runTimeCommand -q -label Kept"), QString("A \"quoted\" label"));
-    QCOMPARE(Printed("Kept"), QString("print: back\\slash\n|print: 2"));
-    QCOMPARE(m_host->Run("runTimeCommand -exists Own"), QString("0"));
+    QCOMPARE(m_host->Run("runTimeCommand -q -label Kept"), "A \"quoted\" label");
+    QCOMPARE(Printed("Kept"), "print: back\\slash\n|print: 2");
+    QCOMPARE(m_host->Run("runTimeCommand -exists Own"), "0");
 }
 
 void CallbackCommandsTest::UseFakePlugins()
@@ -217,26 +214,26 @@ void CallbackCommandsTest::UseFakePlugins()
 void CallbackCommandsTest::PluginsAreLoadedOnce()
 {
     UseFakePlugins();
-    QCOMPARE(m_host->Run("loadPlugin tool"), QString("tool"));
-    QCOMPARE(Printed("loadPlugin tool"), QString("warning: Plug-in, \"tool\", is already loaded."));
+    QCOMPARE(m_host->Run("loadPlugin tool"), "tool");
+    QCOMPARE(Printed("loadPlugin tool"), "warning: Plug-in, \"tool\", is already loaded.");
     QCOMPARE(Printed("loadPlugin -quiet tool.so"), QString());
-    QCOMPARE(m_host->Run("loadPlugin broken"), QString("error: Cannot load broken."));
+    QCOMPARE(m_host->Run("loadPlugin broken"), "error: Cannot load broken.");
     QCOMPARE(m_host->Run("loadPlugin missing"),
-        QString("error: Plug-in, \"missing\", was not found on MAYA_PLUG_IN_PATH."));
-    QCOMPARE(m_host->Run("unloadPlugin tool"), QString("tool"));
+        "error: Plug-in, \"missing\", was not found on MAYA_PLUG_IN_PATH.");
+    QCOMPARE(m_host->Run("unloadPlugin tool"), "tool");
     QVERIFY(m_host->Run("unloadPlugin tool").startsWith("error: "));
 }
 
 void CallbackCommandsTest::PluginsAreAskedAbout()
 {
     UseFakePlugins();
-    QCOMPARE(m_host->Run("pluginInfo -q -loaded tool"), QString("0"));
+    QCOMPARE(m_host->Run("pluginInfo -q -loaded tool"), "0");
     QVERIFY(m_host->Run("pluginInfo -q -vendor tool").startsWith("error: "));
     m_host->Run("loadPlugin tool");
-    QCOMPARE(m_host->Run("pluginInfo -q -loaded tool"), QString("1"));
-    QCOMPARE(m_host->Run("pluginInfo -q -listPlugins"), QString("tool"));
-    QCOMPARE(m_host->Run("pluginInfo -q -vendor tool"), QString("Somebody"));
-    QCOMPARE(m_host->Run("pluginInfo -q -command tool"), QString("toolRun"));
+    QCOMPARE(m_host->Run("pluginInfo -q -loaded tool"), "1");
+    QCOMPARE(m_host->Run("pluginInfo -q -listPlugins"), "tool");
+    QCOMPARE(m_host->Run("pluginInfo -q -vendor tool"), "Somebody");
+    QCOMPARE(m_host->Run("pluginInfo -q -command tool"), "toolRun");
     QCOMPARE(m_host->Run("pluginInfo -q -path tool"), m_host->Path("plug-ins/tool.so"));
 }
 
@@ -248,11 +245,11 @@ void CallbackCommandsTest::AutoloadIsKept()
     m_host->Restart();
     m_host->GetEngine().plugins.SetLoader(std::make_unique<FakeLoader>());
     QCOMPARE(m_host->GetEngine().plugins.autoload, (QStringList{"tool", "other"}));
-    QCOMPARE(m_host->Run("pluginInfo -q -autoload other"), QString("1"));
+    QCOMPARE(m_host->Run("pluginInfo -q -autoload other"), "1");
     // The file is a script as well.
     m_host->Run("source \"" + m_host->Path("maya/2024/prefs/pluginPrefs.mel") + "\"");
     m_host->GetEngine().idle.Drain();
-    QCOMPARE(m_host->Run("pluginInfo -q -loaded tool"), QString("1"));
+    QCOMPARE(m_host->Run("pluginInfo -q -loaded tool"), "1");
     qunsetenv("MAYA_PLUG_IN_PATH");
 }
 

@@ -64,17 +64,17 @@ void FileFunctionsTest::WritesAndReadsText()
 {
     Run("int $f = `fopen ($d + \"a.txt\") \"w\"`; fprint $f \"one\\n\"; fprint($f, 1.0 / 3);"
         "fprint $f {\"x\", \"y\"}; fclose $f;");
-    QCOMPARE(Read(m_host->Path("a.txt")), QByteArray("one\n0.3333333333x\ny\n"));
+    QCOMPARE(Read(m_host->Path("a.txt")), "one\n0.3333333333x\ny\n");
     QCOMPARE(Printed("int $f = fopen($d + \"a.txt\", \"r\"); string $l = fgetline($f);"
                      "while (size($l) > 0) { print(\"[\" + $l + \"]\"); $l = fgetline($f); }"
                      "print(feof($f)); fclose($f);"),
-        QString("[one\n][0.3333333333x\n][y\n]1"));
+        "[one\n][0.3333333333x\n][y\n]1");
     Run("int $f = fopen($d + \"a.txt\", \"a\"); fprint($f, \"z\"); fclose($f);");
     QVERIFY(Read(m_host->Path("a.txt")).endsWith("y\nz"));
     // The end is known only after a read met it.
     QCOMPARE(Printed("int $f = fopen($d + \"a.txt\", \"r\"); print(feof($f)); frewind($f);"
                      "print(fgetword($f)); fclose($f);"),
-        QString("0one"));
+        "0one");
 }
 
 void FileFunctionsTest::ReadsWordsBetweenSeparators()
@@ -83,7 +83,7 @@ void FileFunctionsTest::ReadsWordsBetweenSeparators()
     QCOMPARE(Printed("int $f = fopen($d + \"w\", \"r\"); print(fgetword($f) + \"|\");"
                      "print(fgetword($f, \",\") + \"|\" + fgetword($f) + \"|\" + fgetword($f));"
                      "print(\"[\" + fgetword($f) + \"]\"); fclose($f);"),
-        QString("one|two|three|four[]"));
+        "one|two|three|four[]");
 }
 
 void FileFunctionsTest::BinaryValuesComeBack()
@@ -95,7 +95,7 @@ void FileFunctionsTest::BinaryValuesComeBack()
                      "$i = fread($f, $i); $x = fread($f, $x); $s = fread($f, $s);"
                      "$v = fread($f, $v); print($i + \" \" + $x + \" \" + $s + \" \" + $v);"
                      "print(\" \" + fread($f, $i)); fclose($f);"),
-        QString("-7 2.5 txt 1 2 3 0"));
+        "-7 2.5 txt 1 2 3 0");
 }
 
 void FileFunctionsTest::ReadingAndWritingMayAlternate()
@@ -103,8 +103,8 @@ void FileFunctionsTest::ReadingAndWritingMayAlternate()
     Run("fwriteAllText($d + \"rw\", \"aaaa\\nbbbb\\n\");");
     QCOMPARE(Printed("int $f = fopen($d + \"rw\", \"r+\"); print(fgetline($f));"
                      "fprint($f, \"XX\"); print(fgetline($f)); fclose($f);"),
-        QString("aaaa\nbb\n"));
-    QCOMPARE(Read(m_host->Path("rw")), QByteArray("aaaa\nXXbb\n"));
+        "aaaa\nbb\n");
+    QCOMPARE(Read(m_host->Path("rw")), "aaaa\nXXbb\n");
 }
 
 void FileFunctionsTest::OldFilesAreLatin1()
@@ -118,11 +118,11 @@ void FileFunctionsTest::OldFilesAreLatin1()
 
 void FileFunctionsTest::WholeFiles()
 {
-    QCOMPARE(Run("fwriteAllLines($d + \"l\", {\"a\", \"\", \"b\"});"), QString("1"));
-    QCOMPARE(Read(m_host->Path("l")), QByteArray("a\n\nb\n"));
-    QCOMPARE(Run("size(freadAllLines($d + \"l\"));"), QString("3"));
+    QCOMPARE(Run("fwriteAllLines($d + \"l\", {\"a\", \"\", \"b\"});"), "1");
+    QCOMPARE(Read(m_host->Path("l")), "a\n\nb\n");
+    QCOMPARE(Run("size(freadAllLines($d + \"l\"));"), "3");
     Run("fwriteAllText($d + \"l\", \"a\\r\\nb\");");
-    QCOMPARE(Printed("print(freadAllLines($d + \"l\"));"), QString("a\nb\n"));
+    QCOMPARE(Printed("print(freadAllLines($d + \"l\"));"), "a\nb\n");
 }
 
 void FileFunctionsTest::BadFilesAreReported_data()
@@ -152,37 +152,36 @@ void FileFunctionsTest::PipesCarryBothWays()
 {
     QCOMPARE(Printed("int $p = popen(\"printf 'a\\\\nb'\", \"r\"); print(fgetline($p));"
                      "print(fgetline($p)); print(feof($p)); pclose($p);"),
-        QString("a\nb1"));
+        "a\nb1");
     Run("int $p = popen(\"cat > '\" + $d + \"piped'\", \"w\"); fprint($p, \"through\");"
         "pclose($p);");
-    QCOMPARE(Read(m_host->Path("piped")), QByteArray("through"));
+    QCOMPARE(Read(m_host->Path("piped")), "through");
 }
 
 void FileFunctionsTest::ListsFolders()
 {
     Run("int $i; string $names[] = {\"b.mel\", \"a.mel\", \"c.txt\", \"B.MEL\"};"
         "for ($n in $names) fwriteAllText($d + $n, \"\"); sysFile -makeDir ($d + \"sub/deep\");");
-    QCOMPARE(
-        Run("string $l[] = `getFileList -folder $d -filespec \"*.mel\"`;"), QString("a.mel b.mel"));
-    QCOMPARE(Run("string $l[] = `getFileList -fld $d -fs \"[bs]*\"`;"), QString("b.mel sub"));
-    QCOMPARE(Run("size(`getFileList -folder ($d + \"none\")`);"), QString("0"));
+    QCOMPARE(Run("string $l[] = `getFileList -folder $d -filespec \"*.mel\"`;"), "a.mel b.mel");
+    QCOMPARE(Run("string $l[] = `getFileList -fld $d -fs \"[bs]*\"`;"), "b.mel sub");
+    QCOMPARE(Run("size(`getFileList -folder ($d + \"none\")`);"), "0");
 }
 
 void FileFunctionsTest::ChangesFiles()
 {
     Run("fwriteAllText($d + \"a\", \"text\"); fwriteAllText($d + \"b\", \"old\");");
-    QCOMPARE(Run("sysFile -copy ($d + \"b\") ($d + \"a\");"), QString("1"));
-    QCOMPARE(Read(m_host->Path("b")), QByteArray("text"));
-    QCOMPARE(Run("sysFile -copy ($d + \"a\") ($d + \"a\");"), QString("0"));
-    QCOMPARE(Run("sysFile -copy ($d + \"b\") ($d + \"none\");"), QString("0"));
-    QCOMPARE(Read(m_host->Path("b")), QByteArray("text"));
-    QCOMPARE(Run("sysFile -rename ($d + \"c\") ($d + \"a\");"), QString("1"));
-    QCOMPARE(Run("sysFile -move ($d + \"c\") ($d + \"a\");"), QString("0"));
-    QCOMPARE(Run("sysFile -makeDir ($d + \"x/y\");"), QString("1"));
-    QCOMPARE(Run("sysFile -delete ($d + \"x\");"), QString("0"));
-    QCOMPARE(Run("sysFile -removeEmptyDir ($d + \"x\");"), QString("0"));
-    QCOMPARE(Run("sysFile -red ($d + \"x/y\");"), QString("1"));
-    QCOMPARE(Run("sysFile -delete ($d + \"c\");"), QString("1"));
+    QCOMPARE(Run("sysFile -copy ($d + \"b\") ($d + \"a\");"), "1");
+    QCOMPARE(Read(m_host->Path("b")), "text");
+    QCOMPARE(Run("sysFile -copy ($d + \"a\") ($d + \"a\");"), "0");
+    QCOMPARE(Run("sysFile -copy ($d + \"b\") ($d + \"none\");"), "0");
+    QCOMPARE(Read(m_host->Path("b")), "text");
+    QCOMPARE(Run("sysFile -rename ($d + \"c\") ($d + \"a\");"), "1");
+    QCOMPARE(Run("sysFile -move ($d + \"c\") ($d + \"a\");"), "0");
+    QCOMPARE(Run("sysFile -makeDir ($d + \"x/y\");"), "1");
+    QCOMPARE(Run("sysFile -delete ($d + \"x\");"), "0");
+    QCOMPARE(Run("sysFile -removeEmptyDir ($d + \"x\");"), "0");
+    QCOMPARE(Run("sysFile -red ($d + \"x/y\");"), "1");
+    QCOMPARE(Run("sysFile -delete ($d + \"c\");"), "1");
     QVERIFY(Run("sysFile ($d + \"c\");").startsWith("error: "));
 }
 
@@ -201,16 +200,16 @@ void FileFunctionsTest::TestsFiles()
 
 void FileFunctionsTest::RunsPrograms()
 {
-    QCOMPARE(Run("system(\"printf 'a b'; exit 3\");"), QString("a b"));
+    QCOMPARE(Run("system(\"printf 'a b'; exit 3\");"), "a b");
     QCOMPARE(Run("system(\"cat < /dev/null\");"), QString());
     Run("exec(\"echo done > '\" + $d + \"background'\");");
-    QTRY_COMPARE(Read(m_host->Path("background")), QByteArray("done\n"));
+    QTRY_COMPARE(Read(m_host->Path("background")), "done\n");
 }
 
 void FileFunctionsTest::EnvironmentVariables()
 {
-    QCOMPARE(Run("putenv(\"TARNWICK_TEST\", \"a=b\");"), QString("a=b"));
-    QCOMPARE(Run("getenv(\"TARNWICK_TEST\");"), QString("a=b"));
+    QCOMPARE(Run("putenv(\"TARNWICK_TEST\", \"a=b\");"), "a=b");
+    QCOMPARE(Run("getenv(\"TARNWICK_TEST\");"), "a=b");
     QCOMPARE(Run("getenv(\"TARNWICK_NONE\");"), QString());
     QVERIFY(Run("putenv(\"A=B\", \"x\");").startsWith("error: "));
     qunsetenv("TARNWICK_TEST");

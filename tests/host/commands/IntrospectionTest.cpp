@@ -80,21 +80,21 @@ void IntrospectionTest::WhatIsNamesTheKind()
 void IntrospectionTest::AProcedureHidesACommand()
 {
     m_host->Run("global proc string about() { return \"mine\"; }");
-    QCOMPARE(m_host->Run("whatIs about"), QString("Mel procedure entered interactively."));
+    QCOMPARE(m_host->Run("whatIs about"), "Mel procedure entered interactively.");
 }
 
 void IntrospectionTest::HostScriptsBecomeProceduresWhenCalled()
 {
     const QString file = qEnvironmentVariable("TE2_BUILD_DIR") + "/scripts/others/startsWith.mel";
     QCOMPARE(m_host->Run("whatIs startsWith"), "Script found in: " + file);
-    QCOMPARE(m_host->Run("exists startsWith"), QString("1"));
-    QCOMPARE(m_host->Run("startsWith(\"ab\", \"a\")"), QString("1"));
+    QCOMPARE(m_host->Run("exists startsWith"), "1");
+    QCOMPARE(m_host->Run("startsWith(\"ab\", \"a\")"), "1");
     QCOMPARE(m_host->Run("whatIs startsWith"), "Mel procedure found in: " + file);
     // The user's own script of that name comes first in a new session.
     Write(m_host->Path("maya/2024/scripts/startsWith.mel"),
         "global proc int startsWith(string $a, string $b) { return 7; }");
     m_host->Restart();
-    QCOMPARE(m_host->Run("startsWith(\"ab\", \"a\")"), QString("7"));
+    QCOMPARE(m_host->Run("startsWith(\"ab\", \"a\")"), "7");
 }
 
 void IntrospectionTest::MelInfoHasEveryNameOnce()
@@ -113,17 +113,17 @@ void IntrospectionTest::MelInfoHasEveryNameOnce()
 void IntrospectionTest::ArgumentsOfProcedures()
 {
     m_host->Run("global proc typed(int $a, string $b[], vector $c) {}");
-    QCOMPARE(m_host->Run("getProcArguments typed"), QString("int string[] vector"));
+    QCOMPARE(m_host->Run("getProcArguments typed"), "int string[] vector");
     QVERIFY(m_host->Run("getProcArguments nobody").startsWith("error: "));
     m_host->Run("int $seen = 1; string $names[] = `env`;");
-    QCOMPARE(m_host->Run("stringArrayContains(\"$seen\", `env`)"), QString("1"));
+    QCOMPARE(m_host->Run("stringArrayContains(\"$seen\", `env`)"), "1");
 }
 
 void IntrospectionTest::LastErrorIsRemembered()
 {
     m_host->Run("error \"first\"");
     m_host->Run("catchQuiet(`noSuchThing`)");
-    QCOMPARE(m_host->Run("getLastError"), QString("Cannot find procedure \"noSuchThing\"."));
+    QCOMPARE(m_host->Run("getLastError"), "Cannot find procedure \"noSuchThing\".");
 }
 
 void IntrospectionTest::HelpListsFlagsInColumns()
@@ -160,8 +160,8 @@ void IntrospectionTest::HelpOfLessThanACommand()
 void IntrospectionTest::HelpFindsNames()
 {
     const QString found = m_host->Run("help -list \"encode.*\"");
-    QCOMPARE(found, QString("encodeString"));
-    QCOMPARE(m_host->Run("help -list \"enc*ing\""), QString("encodeString"));
+    QCOMPARE(found, "encodeString");
+    QCOMPARE(m_host->Run("help -list \"enc*ing\""), "encodeString");
     QCOMPARE(m_host->Run("help -list \"nothing[\""), QString());
     QVERIFY(m_host->Run("size(`help -list \".*\"`)").toInt() > 100);
 }
@@ -186,7 +186,7 @@ void IntrospectionTest::NoFlagNameStandsForTwo()
 
 void IntrospectionTest::PythonIsRefusedWithoutPython()
 {
-    QCOMPARE(m_host->Run("python(\"1\")"), QString("error: Python is not available."));
+    QCOMPARE(m_host->Run("python(\"1\")"), "error: Python is not available.");
 }
 
 TE2_TEST(IntrospectionTest)

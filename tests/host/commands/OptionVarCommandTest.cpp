@@ -55,9 +55,9 @@ void OptionVarCommandTest::StoresByType()
 
 void OptionVarCommandTest::AMissingNameIsZero()
 {
-    QCOMPARE(m_host->Run("optionVar -q nothing"), QString("0"));
-    QCOMPARE(m_host->Run("optionVar -exists nothing"), QString("0"));
-    QCOMPARE(m_host->Run("optionVar -arraySize nothing"), QString("0"));
+    QCOMPARE(m_host->Run("optionVar -q nothing"), "0");
+    QCOMPARE(m_host->Run("optionVar -exists nothing"), "0");
+    QCOMPARE(m_host->Run("optionVar -arraySize nothing"), "0");
     QVERIFY(m_host->Run("optionVar -q").startsWith("error: "));
     QVERIFY(m_host->Run("optionVar -iv v").startsWith("error: Flag '-intValue' must be passed"));
 }
@@ -78,13 +78,13 @@ void OptionVarCommandTest::RemovalsComeFirst()
 void OptionVarCommandTest::ListsAndSizes()
 {
     m_host->Run("optionVar -iv b 1 -iv a 2; optionVar -category films -iv c 3");
-    QCOMPARE(m_host->Run("optionVar -list"), QString("a b c"));
-    QCOMPARE(m_host->Run("optionVar -list -category films"), QString("c"));
-    QCOMPARE(m_host->Run("optionVar -listCategories"), QString("films"));
+    QCOMPARE(m_host->Run("optionVar -list"), "a b c");
+    QCOMPARE(m_host->Run("optionVar -list -category films"), "c");
+    QCOMPARE(m_host->Run("optionVar -listCategories"), "films");
     m_host->Run("optionVar -default -iv a 2; optionVar -default -iv b 1; optionVar -iv b 9");
-    QCOMPARE(m_host->Run("optionVar -listModified"), QString("b"));
+    QCOMPARE(m_host->Run("optionVar -listModified"), "b");
     m_host->Run("optionVar -iva n 1 -iva n 2");
-    QCOMPARE(m_host->Run("optionVar -arraySize n"), QString("2"));
+    QCOMPARE(m_host->Run("optionVar -arraySize n"), "2");
 }
 
 void OptionVarCommandTest::InitialValuesDoNotOverwrite()
@@ -107,9 +107,9 @@ void OptionVarCommandTest::StashedValuesComeBack()
 void OptionVarCommandTest::OnlyWhatLastsIsSaved()
 {
     m_host->Run("optionVar -iv lasting 1; optionVar -transient -iv passing 2");
-    QCOMPARE(m_host->Run("optionVar -q passing"), QString("2"));
+    QCOMPARE(m_host->Run("optionVar -q passing"), "2");
     m_host->Restart();
-    QCOMPARE(m_host->Run("optionVar -list"), QString("lasting"));
+    QCOMPARE(m_host->Run("optionVar -list"), "lasting");
 }
 
 void OptionVarCommandTest::PythonGivesTuplesAndLists()

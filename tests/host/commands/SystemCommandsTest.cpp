@@ -114,15 +114,15 @@ void SystemCommandsTest::SwitchesAnswerAsTheyWereSet()
     const EchoState& echo = m_host->GetEngine().echo;
     m_host->Run("commandEcho -state 1; stackTrace -state on; commandEcho -lineNumbers true;");
     QVERIFY(echo.echoAll && echo.stackTrace && echo.lineNumbers);
-    QCOMPARE(m_host->Run("commandEcho -q -state"), QString("1"));
+    QCOMPARE(m_host->Run("commandEcho -q -state"), "1");
     m_host->Run("commandEcho -state 0");
     QVERIFY(!echo.echoAll);
     QVERIFY(echo.lineNumbers);
-    QCOMPARE(m_host->Run("stackTrace -q -state"), QString("1"));
+    QCOMPARE(m_host->Run("stackTrace -q -state"), "1");
     m_host->Run("commandEcho -filter {\"ls\", \"print\"}; commandEcho -addFilter about ls");
-    QCOMPARE(m_host->Run("commandEcho -q -filter"), QString("ls print about"));
+    QCOMPARE(m_host->Run("commandEcho -q -filter"), "ls print about");
     m_host->Run("scriptEditorInfo -ssw 1");
-    QCOMPARE(m_host->Run("scriptEditorInfo -q -suppressStackWindow"), QString("1"));
+    QCOMPARE(m_host->Run("scriptEditorInfo -q -suppressStackWindow"), "1");
 }
 
 void SystemCommandsTest::SuppressedMessagesStayOutOfTheLog()
@@ -131,13 +131,13 @@ void SystemCommandsTest::SuppressedMessagesStayOutOfTheLog()
     m_host->Run("scriptEditorInfo -clearHistory; scriptEditorInfo -e -suppressWarnings true");
     engine.output.Warning("hidden");
     engine.output.Info("shown");
-    QCOMPARE(engine.history.Text(), QString("// shown //\n"));
+    QCOMPARE(engine.history.Text(), "// shown //\n");
     // Listeners such as plug-ins hear it all the same.
     QCOMPARE(m_host->TakeMessages(), (QStringList{"warning: hidden", "info: shown"}));
-    QCOMPARE(m_host->Run("scriptEditorInfo -q -suppressWarnings"), QString("1"));
+    QCOMPARE(m_host->Run("scriptEditorInfo -q -suppressWarnings"), "1");
     m_host->Run("scriptEditorInfo -e -sw false -ch");
     engine.output.Warning("again");
-    QCOMPARE(engine.history.Text(), QString("// Warning: again //\n"));
+    QCOMPARE(engine.history.Text(), "// Warning: again //\n");
 }
 
 void SystemCommandsTest::HistoryIsWrittenToTheFile()
@@ -159,7 +159,7 @@ void SystemCommandsTest::HistoryIsWrittenToTheFile()
     const QString refused
         = m_host->Run("scriptEditorInfo -e -hfn \"" + m_host->Path("none/log.txt") + "\" -wh 1");
     QVERIFY2(refused.startsWith("error: Cannot write history file"), qPrintable(refused));
-    QCOMPARE(m_host->Run("scriptEditorInfo -q -wh"), QString("0"));
+    QCOMPARE(m_host->Run("scriptEditorInfo -q -wh"), "0");
 }
 
 void SystemCommandsTest::DeferredTextsRunInOrderAndOnTheirOwn()
@@ -167,14 +167,13 @@ void SystemCommandsTest::DeferredTextsRunInOrderAndOnTheirOwn()
     m_host->Run("evalDeferred -lowestPriority \"print last\"; evalDeferred \"print a\";"
                 "evalDeferred \"noSuchThing\"; evalDeferred -lp \"print lower\";"
                 "evalDeferred \"print b\"; evalDeferred -evaluateNext \"print first\"; print now;");
-    QCOMPARE(
-        m_host->Run("string $waiting[] = `evalDeferred -list`; size($waiting);"), QString("6"));
+    QCOMPARE(m_host->Run("string $waiting[] = `evalDeferred -list`; size($waiting);"), "6");
     QCOMPARE(m_host->TakeMessages(), QStringList{"print: now"});
     m_host->GetEngine().idle.Drain();
     QCOMPARE(m_host->TakeMessages(),
         (QStringList{"print: first", "print: a", "error: Cannot find procedure \"noSuchThing\".",
             "print: b", "print: last", "print: lower"}));
-    QCOMPARE(m_host->Run("size(`evalDeferred -list`)"), QString("0"));
+    QCOMPARE(m_host->Run("size(`evalDeferred -list`)"), "0");
     QVERIFY(m_host->Run("evalDeferred").startsWith("error: "));
 }
 
@@ -218,10 +217,10 @@ void SystemCommandsTest::UndoHasNothingToUndo()
     QCOMPARE(m_host->TakeMessages(),
         (QStringList{"warning: There are no more commands to undo.",
             "warning: There are no more commands to redo."}));
-    QCOMPARE(m_host->Run("undoInfo -q -undoQueueEmpty"), QString("1"));
+    QCOMPARE(m_host->Run("undoInfo -q -undoQueueEmpty"), "1");
     QCOMPARE(
         m_host->Run("undoInfo -openChunk; undoInfo -closeChunk; undoInfo -q -undoName"), QString());
-    QCOMPARE(m_host->Run("undoInfo -state off; undoInfo -q -state"), QString("0"));
+    QCOMPARE(m_host->Run("undoInfo -state off; undoInfo -q -state"), "0");
 }
 
 void SystemCommandsTest::UndoTakesBackWhatWasRecorded()
@@ -235,19 +234,19 @@ void SystemCommandsTest::UndoTakesBackWhatWasRecorded()
     add("second", true);
     m_host->Run("undo");
     QCOMPARE(level, -1);
-    QCOMPARE(m_host->Run("undoInfo -q -undoName"), QString("first"));
-    QCOMPARE(m_host->Run("undoInfo -q -redoName"), QString("second"));
+    QCOMPARE(m_host->Run("undoInfo -q -undoName"), "first");
+    QCOMPARE(m_host->Run("undoInfo -q -redoName"), "second");
     m_host->Run("redo");
     QCOMPARE(level, 0);
     m_host->Run("undoInfo -stateWithoutFlush off");
     add("not recorded", true);
-    QCOMPARE(m_host->Run("undoInfo -q -undoName"), QString("second"));
+    QCOMPARE(m_host->Run("undoInfo -q -undoName"), "second");
     m_host->Run("undoInfo -state on");
     add("stuck", false);
-    QCOMPARE(m_host->Run("undo"), QString("error: The command could not be undone."));
-    QCOMPARE(m_host->Run("undoInfo -q -undoName"), QString("second"));
+    QCOMPARE(m_host->Run("undo"), "error: The command could not be undone.");
+    QCOMPARE(m_host->Run("undoInfo -q -undoName"), "second");
     m_host->Run("undoInfo -state off");
-    QCOMPARE(m_host->Run("undoInfo -q -undoQueueEmpty"), QString("1"));
+    QCOMPARE(m_host->Run("undoInfo -q -undoQueueEmpty"), "1");
 }
 
 void SystemCommandsTest::UnofferedFlagsAreRefused_data()
@@ -283,25 +282,24 @@ void SystemCommandsTest::ProjectsKeepTheirRules()
     m_host->Restart();
     m_host->Run("workspace -o \"" + root + "\"");
     QCOMPARE(m_host->Run("workspace -q -rootDirectory"), root + '/');
-    QCOMPARE(m_host->Run("workspace -q -fileRuleEntry \"images\""), QString("out/images"));
-    QCOMPARE(m_host->Run("workspace -q -fileRule"), QString("images out/images scene scenes"));
+    QCOMPARE(m_host->Run("workspace -q -fileRuleEntry \"images\""), "out/images");
+    QCOMPARE(m_host->Run("workspace -q -fileRule"), "images out/images scene scenes");
     QCOMPARE(m_host->Run("workspace -expandName \"a/../b\""), root + "/b");
-    QCOMPARE(m_host->Run("workspace -q -active"), QString("film"));
+    QCOMPARE(m_host->Run("workspace -q -active"), "film");
 }
 
 void SystemCommandsTest::DisplayStringsAreNotOverwrittenByChance()
 {
-    QCOMPARE(
-        m_host->Run("uiRes(\"m_WindowMenu.kGeneralEditorsLabel\")"), QString("General Editors"));
+    QCOMPARE(m_host->Run("uiRes(\"m_WindowMenu.kGeneralEditorsLabel\")"), "General Editors");
     m_host->Run("displayString -value \"One\" \"m_a.k\"");
     const QString refused = m_host->Run("displayString -value \"Two\" \"m_a.k\"");
     QVERIFY2(refused.startsWith("error: "), qPrintable(refused));
     m_host->Run("displayString -replace -value \"Three\" \"m_a.k\"");
-    QCOMPARE(m_host->Run("displayString -q -value \"m_a.k\""), QString("Three"));
-    QCOMPARE(m_host->Run("displayString -keys \"m_a*\""), QString("m_a.k"));
+    QCOMPARE(m_host->Run("displayString -q -value \"m_a.k\""), "Three");
+    QCOMPARE(m_host->Run("displayString -keys \"m_a*\""), "m_a.k");
     m_host->Run("displayString -delete \"m_a.k\"");
     m_host->TakeMessages();
-    QCOMPARE(m_host->Run("uiRes(\"m_a.k\")"), QString("m_a.k"));
+    QCOMPARE(m_host->Run("uiRes(\"m_a.k\")"), "m_a.k");
     QCOMPARE(m_host->TakeMessages(),
         QStringList{"warning: The interface text \"m_a.k\" does not exist."});
 }

@@ -115,7 +115,7 @@ void CallTest::FlagsStandAnywhereAmongObjects()
     const ReadCall read = ReadWords(command, MelWords("first -l Title second -fast third"));
     QVERIFY(!read.error);
     QCOMPARE(read.call.ObjectTexts(), (QStringList{"first", "second", "third"}));
-    QCOMPARE(read.call.Text("label"), QString("Title"));
+    QCOMPARE(read.call.Text("label"), "Title");
     QVERIFY(read.call.Bool("fast"));
     QVERIFY(read.call.IsCreate());
 }
@@ -180,8 +180,8 @@ void CallTest::ObjectsWantedAsTextKeepTheirSpelling()
 {
     const Command command(ROW);
     const ReadCall read = ReadWords(command, MelWords("-label 007 on"));
-    QCOMPARE(read.call.Text("label"), QString("007"));
-    QCOMPARE(read.call.ObjectText(0), QString("on"));
+    QCOMPARE(read.call.Text("label"), "007");
+    QCOMPARE(read.call.ObjectText(0), "on");
 }
 
 void CallTest::ArraysSpreadOverTheObjects()
@@ -217,7 +217,7 @@ void CallTest::ShortNameOfAFlagMayBeThatOfAMode()
     const ReadCall read = ReadWords(command, MelWords("-e idle act"));
     QVERIFY(!read.error);
     QVERIFY(read.call.IsCreate());
-    QCOMPARE(read.call.GetScript("event", 1).text, QString("act"));
+    QCOMPARE(read.call.GetScript("event", 1).text, "act");
 }
 
 void CallTest::PythonErrorsSpeakPython_data()
@@ -288,7 +288,7 @@ void CallTest::PythonFunctionsAreScripts()
     function.callable = std::make_shared<SomeFunction>();
     const ReadCall read = ReadKeywords(command, {}, {{"command", {{function}}}});
     QVERIFY(!read.error);
-    QCOMPARE(read.call.GetScript("command").Description(), QString("<function build>"));
+    QCOMPARE(read.call.GetScript("command").Description(), "<function build>");
     QVERIFY(ReadKeywords(command, {}, {{"label", {{function}}}}).error);
     // Text given from Python is a script in Python.
     const ReadCall text = ReadKeywords(command, {}, {{"command", {{Text("go()")}}}});

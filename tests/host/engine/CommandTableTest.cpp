@@ -50,7 +50,7 @@ void CommandTableTest::ReadsFlagRows()
     const Command command(ROWS[0]);
     QCOMPARE(command.GetFlags().size(), 2);
     const Flag& first = command.GetFlags().first();
-    QCOMPARE(first.longName, QString("beta"));
+    QCOMPARE(first.longName, "beta");
     QCOMPARE(first.arguments, (QVector<ArgumentType>{ArgumentType::Length, ArgumentType::Angle}));
     QCOMPARE(first.modes, int(Edit));
     const Flag* zeta = command.FindFlag("z");
@@ -68,8 +68,8 @@ void CommandTableTest::SharedFlagsJoinTheirOwn()
     for (const Flag& flag : command.GetFlags())
         names += flag.longName;
     QCOMPARE(names, (QStringList{"beta", "middle", "zeta"}));
-    QCOMPARE(command.FindFlag("m")->longName, QString("middle"));
-    QCOMPARE(command.FindFlag("zeta")->shortName, QString("z"));
+    QCOMPARE(command.FindFlag("m")->longName, "middle");
+    QCOMPARE(command.FindFlag("zeta")->shortName, "z");
 }
 
 void CommandTableTest::ReadsObjectSynopses_data()
@@ -109,7 +109,7 @@ void CommandTableTest::ReadsFunctionSignatures()
     QFETCH(int, acceptedMost);
     const QByteArray text = signature.toLatin1();
     const Function function({text.constData(), NoFunction});
-    QCOMPARE(function.name, QString("f"));
+    QCOMPARE(function.name, "f");
     QVERIFY(!function.Accepts(minimum - 1));
     QVERIFY(function.Accepts(minimum));
     QVERIFY(function.Accepts(acceptedMost));
@@ -157,7 +157,7 @@ void CommandTableTest::ARunningCommandSurvivesItsRemoval()
     QCOMPARE(outcome.GetValue(), Value(42));
     const Outcome refused = CommandRegistry::Run(ReadWords(*command, {Word::FlagNamed("nope")}));
     QVERIFY(!refused.Ok());
-    QCOMPARE(refused.GetError().text, QString("Invalid flag '-nope'"));
+    QCOMPARE(refused.GetError().text, "Invalid flag '-nope'");
 }
 
 TE2_TEST(CommandTableTest)

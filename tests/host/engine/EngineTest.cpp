@@ -163,7 +163,7 @@ void EngineTest::AFailedScriptIsShownAlready()
     m_mel.result.errorText = "broken";
     const Outcome outcome = Script{Language::Mel, "x", nullptr}.Run();
     QVERIFY(!outcome.Ok());
-    QCOMPARE(outcome.GetError().text, QString("broken"));
+    QCOMPARE(outcome.GetError().text, "broken");
     QVERIFY(outcome.GetError().shown);
 }
 

@@ -156,9 +156,9 @@ void OutputStreamTest::HistoryJoinsPrintsAndSelects()
     history.Append({MessageType::Display, "two\n", Language::Mel});
     history.Append({MessageType::Display, "three\n", Language::Python});
     history.Append({MessageType::Result, "5", Language::Mel});
-    QCOMPARE(history.Text(), QString("one two\nthree\n// Result: 5 //\n"));
+    QCOMPARE(history.Text(), "one two\nthree\n// Result: 5 //\n");
     const auto isMel = [](const Message& message) { return message.language == Language::Mel; };
-    QCOMPARE(history.Text(isMel), QString("one two\n// Result: 5 //\n"));
+    QCOMPARE(history.Text(isMel), "one two\n// Result: 5 //\n");
 }
 
 void OutputStreamTest::HistoryDropsTheOldestWhenFull()
@@ -182,7 +182,7 @@ void OutputStreamTest::ClearedHistoryStartsAnew()
     history.Clear();
     QCOMPARE(history.Text(), QString());
     history.Append({MessageType::Display, "after", Language::Mel});
-    QCOMPARE(history.Text(), QString("after"));
+    QCOMPARE(history.Text(), "after");
 }
 
 TE2_TEST(OutputStreamTest)

@@ -126,8 +126,7 @@ void PluginsTest::LoadsOnce()
     QCOMPARE(plugins.Find(At("one/tool.so"))->path, At("one/tool.so"));
     const Outcome missing = plugins.Load("nothing");
     QVERIFY(!missing.Ok());
-    QCOMPARE(missing.GetError().text,
-        QString("Plug-in, \"nothing\", was not found on MAYA_PLUG_IN_PATH."));
+    QCOMPARE(missing.GetError().text, "Plug-in, \"nothing\", was not found on MAYA_PLUG_IN_PATH.");
 }
 
 void PluginsTest::AFailedLoadLeavesNothing()

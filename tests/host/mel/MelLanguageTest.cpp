@@ -122,17 +122,17 @@ void MelLanguageTest::GlobalsOutliveTheirText()
 {
     MelFixture fixture;
     fixture.Run("$implicit = \"kept\"; int $list[] = {1, 2}; { int $hidden = 1; }");
-    QCOMPARE(fixture.Run("$list[1] + $implicit").resultText, QString("2kept"));
+    QCOMPARE(fixture.Run("$list[1] + $implicit").resultText, "2kept");
     // Declared again, they keep their values; initialised again at the top level, they change.
     fixture.Run("int $list[]; string $implicit; int $n = 1;");
-    QCOMPARE(fixture.Run("size($list) + $implicit").resultText, QString("2kept"));
+    QCOMPARE(fixture.Run("size($list) + $implicit").resultText, "2kept");
     QVERIFY(fixture.Run("print $hidden;").failed);
     // A global initialiser counts once.
     fixture.Run("global int $once = 5;");
     fixture.Run("global int $once = 7;");
-    QCOMPARE(fixture.Run("$once").resultText, QString("5"));
+    QCOMPARE(fixture.Run("$once").resultText, "5");
     QVERIFY(fixture.Run("string $once;").failed);
-    QCOMPARE(fixture.Run("eval(\"$once = 8\"); { $once += 1; } $once").resultText, QString("9"));
+    QCOMPARE(fixture.Run("eval(\"$once = 8\"); { $once += 1; } $once").resultText, "9");
 }
 
 void MelLanguageTest::FailedTextDeclaresNothing()
@@ -147,13 +147,13 @@ void MelLanguageTest::GlobalsCanBeReadAndWrittenFromOutside()
 {
     MelFixture fixture;
     QVERIFY(fixture.mel.SetGlobalVariable("$gMainWindow", QString("MayaWindow")));
-    QCOMPARE(fixture.Run("$tmp = $gMainWindow").resultText, QString("MayaWindow"));
+    QCOMPARE(fixture.Run("$tmp = $gMainWindow").resultText, "MayaWindow");
     fixture.Run("int $i = 1; string $s[] = {\"a\"}; $u = `split \"a b\" $s`;");
     QVERIFY(fixture.mel.SetGlobalVariable("$i", QString("7")));
     QCOMPARE(fixture.mel.GlobalVariable("$i"), Value(7));
     QVERIFY(!fixture.mel.SetGlobalVariable("$i", QStringList{"x"}));
     QVERIFY(fixture.mel.SetGlobalVariable("$s", QStringList{"x", "y"}));
-    QCOMPARE(fixture.Run("$s").resultText, QString("x y"));
+    QCOMPARE(fixture.Run("$s").resultText, "x y");
     QCOMPARE(fixture.mel.GlobalVariableKind("$s"), Value::Kind::StringArray);
     QCOMPARE(fixture.mel.GlobalVariableKind("$absent"), Value::Kind::None);
 }
@@ -187,10 +187,9 @@ void MelLanguageTest::LocalProceduresBelongToTheirFile()
     fixture.WriteScript("two.mel",
         "proc string helper() { return \"two\"; }\n"
         "global proc string two() { return helper(); }");
-    QCOMPARE(fixture.Run("source one; source two; one() + two()").resultText, QString("onetwo"));
-    QCOMPARE(fixture.Run("helper").errorText, QString("Cannot find procedure \"helper\"."));
-    QCOMPARE(fixture.Run("early; proc early() {}").errorText,
-        QString("Cannot find procedure \"early\"."));
+    QCOMPARE(fixture.Run("source one; source two; one() + two()").resultText, "onetwo");
+    QCOMPARE(fixture.Run("helper").errorText, "Cannot find procedure \"helper\".");
+    QCOMPARE(fixture.Run("early; proc early() {}").errorText, "Cannot find procedure \"early\".");
 }
 
 void MelLanguageTest::UnknownNamesAreLoadedFromTheScriptPath()
@@ -200,20 +199,19 @@ void MelLanguageTest::UnknownNamesAreLoadedFromTheScriptPath()
         "autoTool.mel", "print \"loaded \"; global proc int autoTool() { return 3; }");
     fixture.WriteScript("empty.mel", "print \"empty\";");
     fixture.WriteScript("selfish.mel", "selfish;");
-    QCOMPARE(fixture.Run("autoTool() + autoTool()").resultText, QString("6"));
-    QCOMPARE(fixture.Printed(), QString("loaded "));
-    QCOMPARE(fixture.Run("empty").errorText, QString("Cannot find procedure \"empty\"."));
-    QCOMPARE(fixture.Run("selfish").errorText, QString("Cannot find procedure \"selfish\"."));
+    QCOMPARE(fixture.Run("autoTool() + autoTool()").resultText, "6");
+    QCOMPARE(fixture.Printed(), "loaded ");
+    QCOMPARE(fixture.Run("empty").errorText, "Cannot find procedure \"empty\".");
+    QCOMPARE(fixture.Run("selfish").errorText, "Cannot find procedure \"selfish\".");
 }
 
 void MelLanguageTest::GlobalProcedureHidesACommand()
 {
     MelFixture fixture;
     fixture.engine.commands.Register(COMMANDS);
-    QCOMPARE(fixture.Run("global proc string other() { return \"p\"; } texts a").resultText,
-        QString("a"));
+    QCOMPARE(fixture.Run("global proc string other() { return \"p\"; } texts a").resultText, "a");
     fixture.Run("global proc string texts(string $a) { return \"hidden \" + $a; }");
-    QCOMPARE(fixture.Run("texts a").resultText, QString("hidden a"));
+    QCOMPARE(fixture.Run("texts a").resultText, "hidden a");
 }
 
 void MelLanguageTest::CommandsTakeWordsInEverySyntax_data()
@@ -301,11 +299,11 @@ void MelLanguageTest::RequestStopsAnEndlessLoop()
     MelFixture fixture;
     fixture.engine.interrupt.hook = [&] { fixture.engine.interrupt.Request(); };
     const ScriptResult result = fixture.Run(text + "print \"after\";");
-    QCOMPARE(result.errorText, QString("Execution was stopped."));
+    QCOMPARE(result.errorText, "Execution was stopped.");
     QCOMPARE(fixture.Printed(), QString());
     QVERIFY(fixture.Texts(MessageType::Error).last().endsWith("Execution was stopped."));
     fixture.engine.interrupt.hook = nullptr;
-    QCOMPARE(fixture.Run("1 + 1").resultText, QString("2"));
+    QCOMPARE(fixture.Run("1 + 1").resultText, "2");
 }
 
 void MelLanguageTest::StoppedScriptCannotCatchThat()
@@ -327,10 +325,10 @@ void MelLanguageTest::LongTextsAreBuiltAndReadInLinearTime()
     QVERIFY(!fixture.Run(head + text.repeated(4000)).failed);
     QCOMPARE(
         fixture.Run("string $l; for ($i = 0; $i < 100000; $i++) $l += \"x\"; size($l)").resultText,
-        QString("100000"));
+        "100000");
     QCOMPARE(
         fixture.Run("int $m[]; for ($i = 0; $i < 100000; $i++) $m[$i] = $i; size($m)").resultText,
-        QString("100000"));
+        "100000");
 }
 
 TE2_TEST(MelLanguageTest)

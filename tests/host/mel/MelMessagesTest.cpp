@@ -87,7 +87,7 @@ void MelMessagesTest::ErrorsOfCommandsAreLedByThePlace()
     fixture.engine.commands.Register(COMMANDS);
     const ScriptResult result = fixture.Run("doIt;\nrefuse foo;\nprint \"not reached\";");
     QCOMPARE(fixture.Log(), QStringList{"error: line 2: No object matches name: foo"});
-    QCOMPARE(result.errorText, QString("No object matches name: foo"));
+    QCOMPARE(result.errorText, "No object matches name: foo");
     fixture.Forget();
     fixture.Run("doIt -foo;");
     QCOMPARE(fixture.Log(), QStringList{"error: line 1: Invalid flag '-foo'"});
@@ -146,7 +146,7 @@ void MelMessagesTest::EvalEchoShowsTextAndResult()
     const ScriptResult result = fixture.Run("evalEcho(\"$e = 2\") + 1");
     const QStringList expected{"history: $e = 2;\\n", "result: 2"};
     QCOMPARE(fixture.Log(), expected);
-    QCOMPARE(result.resultText, QString("3"));
+    QCOMPARE(result.resultText, "3");
 }
 
 void MelMessagesTest::HiddenErrorsStillCountAsTheLast()
@@ -154,7 +154,7 @@ void MelMessagesTest::HiddenErrorsStillCountAsTheLast()
     MelFixture fixture;
     fixture.Run("catchQuiet(`error \"quiet\"`);");
     QCOMPARE(fixture.Log(), QStringList());
-    QCOMPARE(fixture.mel.LastError(), QString("quiet"));
+    QCOMPARE(fixture.mel.LastError(), "quiet");
 }
 
 /// A plug-in's command may run a text of its own while a script hides errors.

@@ -190,21 +190,21 @@ void MelParserTest::EveryLineEndCounts()
     QCOMPARE(source.LineOf(5), 3);
     QCOMPARE(source.LineOf(7), 4);
     QCOMPARE(source.ColumnOf(8), 2);
-    QCOMPARE(source.LineText(1), QString("a\n"));
-    QCOMPARE(source.LineText(2), QString("b\n"));
-    QCOMPARE(source.LineText(4), QString("d"));
+    QCOMPARE(source.LineText(1), "a\n");
+    QCOMPARE(source.LineText(2), "b\n");
+    QCOMPARE(source.LineText(4), "d");
 
     MelFixture fixture;
     fixture.Run("// comment\rprint \"cr\";\rerror \"three\";");
-    QCOMPARE(fixture.Printed(), QString("cr"));
+    QCOMPARE(fixture.Printed(), "cr");
     QCOMPARE(fixture.Texts(MessageType::Error), QStringList{"line 3: three"});
 }
 
 void MelParserTest::FileBytesAreDecoded()
 {
-    QCOMPARE(Source::Decode("\xEF\xBB\xBFprint \"\xC3\xA9\";"), QString("print \"\u00e9\";"));
-    QCOMPARE(Source::Decode("print \"\xE9\";"), QString("print \"\u00e9\";"));
-    QCOMPARE(Source(QString("\ufeff5")).Text(), QString("5"));
+    QCOMPARE(Source::Decode("\xEF\xBB\xBFprint \"\xC3\xA9\";"), "print \"\u00e9\";");
+    QCOMPARE(Source::Decode("print \"\xE9\";"), "print \"\u00e9\";");
+    QCOMPARE(Source(QString("\ufeff5")).Text(), "5");
 }
 
 void MelParserTest::NestingEndsWithAnErrorNotACrash_data()

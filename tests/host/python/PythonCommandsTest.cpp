@@ -186,7 +186,7 @@ void PythonCommandsTest::ShownErrorsAreNotShownAgain()
     m_host.TakeMessages();
     const ScriptResult result = m_host.Execute("cmds.fail('shown')");
     QVERIFY(result.failed);
-    QCOMPARE(result.errorText, QString("It failed."));
+    QCOMPARE(result.errorText, "It failed.");
     QCOMPARE(m_host.TakeTranscript(), QStringList());
 }
 

@@ -64,21 +64,21 @@ void PythonEndTest::DaemonThreadsMayPrintToTheEnd()
     m_host.reset();
     init();
     m_host->Execute("print('anew')");
-    QCOMPARE(m_shown, QString("anew\n"));
+    QCOMPARE(m_shown, "anew\n");
 }
 
 void PythonEndTest::ThreadsGetTimeToFinish()
 {
     QCOMPARE(RunToTheEnd("def work():\n    time.sleep(0.05)\n    print('finished')\n"
                          "threading.Thread(target=work).start()"),
-        QString("finished\n"));
+        "finished\n");
 }
 
 void PythonEndTest::ThreadsThatStayAreNamed()
 {
     QCOMPARE(RunToTheEnd("from maya import _session\n_session.THREAD_LIMIT = 0.05\n"
                          "threading.Thread(target=threading.Event().wait, name='sleeper').start()"),
-        QString("Python threads that did not end were left: sleeper"));
+        "Python threads that did not end were left: sleeper");
 }
 
 void PythonEndTest::WaitingThreadsAreToldAboutTheEnd()
@@ -88,7 +88,7 @@ void PythonEndTest::WaitingThreadsAreToldAboutTheEnd()
                          "    try: utils.executeInMainThreadWithResult(print, 'never')\n"
                          "    except RuntimeError as e: print(e)\n"
                          "threading.Thread(target=work).start()"),
-        QString("The host is closing: the call was not made.\n"));
+        "The host is closing: the call was not made.\n");
 }
 
 void PythonEndTest::ExitHandlersAreHeard()
@@ -109,7 +109,7 @@ void PythonEndTest::OpenFilesAreWritten()
     QCOMPARE(RunToTheEnd("f = open(r'" + path + "', 'w')\n_ = f.write('kept')"), QString());
     QFile file(path);
     QVERIFY(file.open(QIODevice::ReadOnly));
-    QCOMPARE(file.readAll(), QByteArray("kept"));
+    QCOMPARE(file.readAll(), "kept");
 }
 
 void PythonEndTest::WhatTheHostKeepsMayOutliveIt()
@@ -146,7 +146,7 @@ void PythonEndTest::OnlyPythonPathOfTheEnvironmentCounts()
         "import json, os, sys\n"
         "print(os.__file__, sys.executable, sys.getfilesystemencoding())\n"
         "print(sys.path.index('/some/folder') < sys.path.index('/usr/lib/python3.11'))");
-    QCOMPARE(m_shown, QString("/usr/lib/python3.11/os.py /usr/bin/python3.11 utf-8\nTrue\n"));
+    QCOMPARE(m_shown, "/usr/lib/python3.11/os.py /usr/bin/python3.11 utf-8\nTrue\n");
 }
 
 TE2_TEST(PythonEndTest)

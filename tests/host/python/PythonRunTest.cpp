@@ -163,7 +163,7 @@ void PythonRunTest::ErrorPlaceFollowsTheSwitches()
     QCOMPARE(m_host.Run("a b"), QStringList("Error: SyntaxError: invalid syntax"));
     const ScriptResult result = m_host.Execute("nope");
     QVERIFY(result.failed);
-    QCOMPARE(result.errorText, QString("name 'nope' is not defined"));
+    QCOMPARE(result.errorText, "name 'nope' is not defined");
 }
 
 void PythonRunTest::StackTraceHoldsEveryFrame()

@@ -76,8 +76,7 @@ void PythonThreadsTest::ErrorsNobodyCanCatchBecomeMessages()
     QCOMPARE(shown.size(), 2);
     QVERIFY2(shown[0].startsWith("Warning: Exception ignored in: <function A.__del__"),
         qPrintable(shown[0]));
-    QCOMPARE(shown[1],
-        QString("Error: ZeroDivisionError: file <maya console> line 2: division by zero"));
+    QCOMPARE(shown[1], "Error: ZeroDivisionError: file <maya console> line 2: division by zero");
 }
 
 void PythonThreadsTest::CommandsRefuseOtherThreads()
@@ -199,7 +198,7 @@ void PythonThreadsTest::StopReachesCallbacksWithinCommands()
                                          "    while True: pass\n"
                                          "cmds.runScript(command=callback)\n"
                                          "print('not reached')");
-    QCOMPARE(shown[0], QString("Display: ready"));
+    QCOMPARE(shown[0], "Display: ready");
     QVERIFY2(shown[1].startsWith("Error: KeyboardInterrupt: file <maya console> line 3"),
         qPrintable(shown[1]));
     QVERIFY(!shown.join("").contains("not reached"));

@@ -133,10 +133,10 @@ void ControlCommandsTest::CallbacksGetTheValue()
         "checkBox -cc \"print (\\\"changed #1;\\\")\" -onc \"print \\\"on;\\\"\" box;"
         "optionMenu -cc \"print \\\"chose #1;\\\"\" o; menuItem -l \"a\"; menuItem -l \"b\"");
     m_host->Widget<QCheckBox>("box")->click();
-    QCOMPARE(m_host->TakePrinted(), QString("on;changed 1;"));
+    QCOMPARE(m_host->TakePrinted(), "on;changed 1;");
     auto* options = m_host->Find("o")->GetWidget()->findChild<QComboBox*>();
     QTest::keyClick(options, Qt::Key_Down);
-    QCOMPARE(m_host->TakePrinted(), QString("chose b;"));
+    QCOMPARE(m_host->TakePrinted(), "chose b;");
 }
 
 void ControlCommandsTest::AControlMayDeleteItsOwnWindow()
@@ -144,8 +144,8 @@ void ControlCommandsTest::AControlMayDeleteItsOwnWindow()
     m_host->Run("window w; columnLayout c; button -c \"deleteUI w; print \\\"gone\\\"\" b");
     const QPointer<QPushButton> button = m_host->Widget<QPushButton>("b");
     button->click();
-    QCOMPARE(m_host->TakePrinted(), QString("gone"));
-    QCOMPARE(m_host->Run("window w; columnLayout c; button b"), QString("w|c|b"));
+    QCOMPARE(m_host->TakePrinted(), "gone");
+    QCOMPARE(m_host->Run("window w; columnLayout c; button b"), "w|c|b");
     UiFixture::DeleteDeferred();
     QVERIFY(!button);
     QVERIFY(m_host->Find("w|c|b"));
@@ -155,7 +155,7 @@ void ControlCommandsTest::ClosingRunsTheCommandAndRemovesTheWindow()
 {
     m_host->Run("window -cc \"print \\\"closed\\\"\" w; showWindow w");
     m_host->Widget<QMainWindow>("w")->close();
-    QCOMPARE(m_host->TakePrinted(), QString("closed"));
+    QCOMPARE(m_host->TakePrinted(), "closed");
     QVERIFY(!m_host->Find("w"));
 }
 
@@ -189,7 +189,7 @@ void ControlCommandsTest::TextFieldsTellOfEditsOnce()
     QTest::keyClicks(field, "ab");
     QTest::keyClick(field, Qt::Key_Return);
     QTest::keyClick(field, Qt::Key_Return);
-    QCOMPARE(m_host->TakePrinted(), QString("enter ab;change ab;enter ab;"));
+    QCOMPARE(m_host->TakePrinted(), "enter ab;change ab;enter ab;");
 }
 
 void ControlCommandsTest::ScriptedValuesDoNotCallBack()

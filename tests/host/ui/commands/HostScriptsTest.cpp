@@ -73,8 +73,8 @@ void HostScriptsTest::AScriptPutOnTheShelfRuns()
     const Element* button = m_host->Model().List(ControlKind, "shelfButton").value(0);
     QVERIFY(button);
     static_cast<QToolButton*>(button->GetWidget())->click();
-    QCOMPARE(m_host->TakePrinted(), QString("a\\bc"));
-    QCOMPARE(m_host->Run("shelfButton -q -stp " + button->FullName()), QString("mel"));
+    QCOMPARE(m_host->TakePrinted(), "a\\bc");
+    QCOMPARE(m_host->Run("shelfButton -q -stp " + button->FullName()), "mel");
 }
 
 void HostScriptsTest::ShelvesComeBackAfterARestart()
@@ -86,11 +86,11 @@ void HostScriptsTest::ShelvesComeBackAfterARestart()
     m_host->Restart();
     BuildShelves();
     QCOMPARE(Buttons("Mine"), (QStringList{"One", "Two"}));
-    QCOMPARE(m_host->Run("tabLayout -q -tl $gShelfTopLevel"), QString("General My Shelf odd-name"));
+    QCOMPARE(m_host->Run("tabLayout -q -tl $gShelfTopLevel"), "General My Shelf odd-name");
     const QVector<Element*> buttons = m_host->Model().List(ControlKind, "shelfButton");
     static_cast<QToolButton*>(buttons.value(0)->GetWidget())->click();
-    QCOMPARE(m_host->TakePrinted(), QString("tab\tquote\""));
-    QCOMPARE(buttons.value(1)->GetCallback("command").text, QString("x = 'a'\nprint(x)"));
+    QCOMPARE(m_host->TakePrinted(), "tab\tquote\"");
+    QCOMPARE(buttons.value(1)->GetCallback("command").text, "x = 'a'\nprint(x)");
     QCOMPARE(m_host->Model().List(ControlKind, "symbolButton").size(), 1);
 }
 
@@ -116,7 +116,7 @@ void HostScriptsTest::ShelfButtonsSpeakTheirLanguage()
     QCOMPARE(m_host->Find(button)->GetCallback("command").language, host::Language::Python);
     m_host->Run("shelfButton -e -stp \"mel\" b");
     QCOMPARE(m_host->Find(button)->GetCallback("command").language, host::Language::Mel);
-    QCOMPARE(m_host->Run("shelfButton -q -c b"), QString("print(2)"));
+    QCOMPARE(m_host->Run("shelfButton -q -c b"), "print(2)");
 }
 
 void HostScriptsTest::TheScriptEditorOpensOnce()
@@ -124,7 +124,7 @@ void HostScriptsTest::TheScriptEditorOpensOnce()
     QCOMPARE(m_host->Run("ScriptEditor"), QString());
     QCOMPARE(m_host->Run("ScriptEditor"), QString());
     QVERIFY(m_host->Widget<QMainWindow>("scriptEditorWindow")->isVisible());
-    QCOMPARE(m_host->Run("cmdScrollFieldReporter -exists $gCommandReporter"), QString("1"));
+    QCOMPARE(m_host->Run("cmdScrollFieldReporter -exists $gCommandReporter"), "1");
     QMenu* history = m_host->Find("scriptEditorHistory")->GetMenu();
     Q_EMIT history->aboutToShow();
     history->actions().first()->trigger();
@@ -132,8 +132,8 @@ void HostScriptsTest::TheScriptEditorOpensOnce()
     m_host->GetEngine().echo.echoAll = false;
     m_host->TakePrinted();
     m_host->Run("cmdScrollFieldExecuter -e -t \"print 7\" scriptEditorMel; scriptEditorExecute");
-    QCOMPARE(m_host->TakePrinted(), QString("7"));
-    QCOMPARE(m_host->Run("whatIs ScriptEditor"), QString("Run Time Command"));
+    QCOMPARE(m_host->TakePrinted(), "7");
+    QCOMPARE(m_host->Run("whatIs ScriptEditor"), "Run Time Command");
 }
 
 void HostScriptsTest::ThePluginManagerListsWhatThereIs()
@@ -146,7 +146,7 @@ void HostScriptsTest::ThePluginManagerListsWhatThereIs()
     qunsetenv("MAYA_PLUG_IN_PATH");
     const QMainWindow* window = m_host->Widget<QMainWindow>("pluginManagerWindow");
     QVERIFY(window && window->isVisible());
-    QCOMPARE(m_host->Run("text -q -l (`lsUI -type \"text\"`)"), QString("someTool"));
+    QCOMPARE(m_host->Run("text -q -l (`lsUI -type \"text\"`)"), "someTool");
     QCheckBox* autoload = window->findChildren<QCheckBox*>().value(1);
     autoload->click();
     QCOMPARE(m_host->GetEngine().plugins.autoload, QStringList{"someTool"});
@@ -186,21 +186,21 @@ void HostScriptsTest::TheDialogItselfAsks()
     });
     const QString ask
         = "promptDialog -m \"Name?\" -b \"OK\" -b \"Later\" -cb \"Later\" -ds \"closed\"";
-    QCOMPARE(m_host->Run(ask), QString("Later"));
-    QCOMPARE(m_host->Run("promptDialog -q -text"), QString("typed"));
+    QCOMPARE(m_host->Run(ask), "Later");
+    QCOMPARE(m_host->Run("promptDialog -q -text"), "typed");
     whenOpen([](QDialog* dialog) { QTest::keyClick(dialog, Qt::Key_Escape); });
-    QCOMPARE(m_host->Run(ask), QString("Later"));
+    QCOMPARE(m_host->Run(ask), "Later");
     whenOpen([](QDialog* dialog) { dialog->reject(); });
-    QCOMPARE(m_host->Run("promptDialog -b \"OK\" -ds \"closed\""), QString("closed"));
+    QCOMPARE(m_host->Run("promptDialog -b \"OK\" -ds \"closed\""), "closed");
 }
 
 void HostScriptsTest::OneProgressWindowAtATime()
 {
-    QCOMPARE(m_host->Run("progressWindow -max 10 -status \"Busy\""), QString("1"));
-    QCOMPARE(m_host->Run("progressWindow -max 10"), QString("0"));
-    QCOMPARE(m_host->Run("progressWindow -e -step 4; progressWindow -q -pr"), QString("4"));
+    QCOMPARE(m_host->Run("progressWindow -max 10 -status \"Busy\""), "1");
+    QCOMPARE(m_host->Run("progressWindow -max 10"), "0");
+    QCOMPARE(m_host->Run("progressWindow -e -step 4; progressWindow -q -pr"), "4");
     QCOMPARE(m_host->Run("progressWindow -ep; progressWindow -e -pr 1"),
-        QString("error: No progress window is open."));
+        "error: No progress window is open.");
 }
 
 TE2_TEST(HostScriptsTest)

@@ -65,7 +65,7 @@ void LayoutCommandsTest::FormChildrenHangOnTheirAttachments()
         child->setMinimumSize(first ? QSize(40, 30) : QSize(60, 20));
         child->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
     }
-    QCOMPARE(m_host->Run("formLayout -e " + attachments + " f"), QString("w|f"));
+    QCOMPARE(m_host->Run("formLayout -e " + attachments + " f"), "w|f");
     m_host->Find("f")->GetWidget()->resize(400, 300);
     m_host->Run("showWindow w");
     QTEST(Place("a"), "first");
@@ -85,10 +85,10 @@ void LayoutCommandsTest::AFormIsAsLargeAsItsChildrenNeed()
 void LayoutCommandsTest::FormsRefuseStrangers()
 {
     m_host->Run("formLayout f; button a");
-    QCOMPARE(m_host->Run("formLayout -e -af nobody \"left\" 0 f"),
-        QString("error: Object 'nobody' not found."));
+    QCOMPARE(
+        m_host->Run("formLayout -e -af nobody \"left\" 0 f"), "error: Object 'nobody' not found.");
     QCOMPARE(m_host->Run("formLayout -e -af a \"middle\" 0 f"),
-        QString("error: Edges are called left, top, right and bottom, not 'middle'."));
+        "error: Edges are called left, top, right and bottom, not 'middle'.");
 }
 
 void LayoutCommandsTest::AdjustableColumnsStretchTheirChildren()
@@ -107,14 +107,13 @@ void LayoutCommandsTest::TabsFollowTheirChildren()
     m_host->Run("tabLayout t; columnLayout a; setParent ..; columnLayout b; setParent ..;"
                 "tabLayout -e -tl a \"First\" -tl b \"Second\" t");
     auto* tabs = m_host->Widget<QTabWidget>("t");
-    QCOMPARE(tabs->tabText(1), QString("Second"));
-    QCOMPARE(m_host->Run("tabLayout -e -st b t; tabLayout -q -sti t"), QString("2"));
-    QCOMPARE(m_host->Run("tabLayout -e -sti 3 t"),
-        QString("error: Tab index 3 is not between 1 and 2."));
+    QCOMPARE(tabs->tabText(1), "Second");
+    QCOMPARE(m_host->Run("tabLayout -e -st b t; tabLayout -q -sti t"), "2");
+    QCOMPARE(m_host->Run("tabLayout -e -sti 3 t"), "error: Tab index 3 is not between 1 and 2.");
     m_host->Run("deleteUI a");
     QCOMPARE(tabs->count(), 1);
-    QCOMPARE(m_host->Run("tabLayout -q -st t"), QString("b"));
-    QCOMPARE(m_host->Run("tabLayout -q -tl t"), QString("Second"));
+    QCOMPARE(m_host->Run("tabLayout -q -st t"), "b");
+    QCOMPARE(m_host->Run("tabLayout -q -tl t"), "Second");
 }
 
 void LayoutCommandsTest::FoldingAFrameRunsItsCommands()
@@ -126,10 +125,10 @@ void LayoutCommandsTest::FoldingAFrameRunsItsCommands()
     QVERIFY(!m_host->Find("b")->GetWidget()->isVisible());
     header->click();
     QVERIFY(m_host->Find("b")->GetWidget()->isVisible());
-    QCOMPARE(m_host->TakePrinted(), QString("pre;in;out;"));
+    QCOMPARE(m_host->TakePrinted(), "pre;in;out;");
     m_host->Run("frameLayout -e -cl 1 f");
     QCOMPARE(m_host->TakePrinted(), QString());
-    QCOMPARE(m_host->Run("frameLayout -q -cl f"), QString("1"));
+    QCOMPARE(m_host->Run("frameLayout -q -cl f"), "1");
 }
 
 TE2_TEST(LayoutCommandsTest)

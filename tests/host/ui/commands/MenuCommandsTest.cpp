@@ -95,7 +95,7 @@ void MenuCommandsTest::ItemsGetTheirState()
     m_host->Run("menuItem -cb 0 -c \"print \\\"#1;\\\"\" a");
     m_host->Find("a")->GetAction()->trigger();
     m_host->Find("a")->GetAction()->trigger();
-    QCOMPARE(m_host->TakePrinted(), QString("1;0;"));
+    QCOMPARE(m_host->TakePrinted(), "1;0;");
 }
 
 void MenuCommandsTest::RadioItemsTakeTurns()
@@ -105,7 +105,7 @@ void MenuCommandsTest::RadioItemsTakeTurns()
     m_host->Find("b")->GetAction()->trigger();
     QCOMPARE(
         m_host->Run("`menuItem -q -rb a` + 10 * `menuItem -q -rb b` + 100 * `menuItem -q -rb c`"),
-        QString("110"));
+        "110");
 }
 
 void MenuCommandsTest::MenusFillThemselvesWhenTheyOpen()
@@ -115,7 +115,7 @@ void MenuCommandsTest::MenusFillThemselvesWhenTheyOpen()
         Q_EMIT m_host->Find(name)->GetMenu()->aboutToShow();
         Q_EMIT m_host->Find(name)->GetMenu()->aboutToShow();
     }
-    QCOMPARE(m_host->Run("`menu -q -ni m` * 10 + `menu -q -ni n`"), QString("21"));
+    QCOMPARE(m_host->Run("`menu -q -ni m` * 10 + `menu -q -ni n`"), "21");
 }
 
 void MenuCommandsTest::AnItemMayDeleteItself()
@@ -139,7 +139,7 @@ void MenuCommandsTest::WindowsMenuHasItsSubmenuOnce()
         "  return $found; }");
     m_host->Run("buildViewMenu m; buildViewMenu m");
     const QString submenu = m_host->Run("findSubmenu()");
-    QCOMPARE(submenu, QString("generalEditorsItem"));
+    QCOMPARE(submenu, "generalEditorsItem");
     QVERIFY(m_host->Run("buildObjectEdMenu " + submenu) != "error");
     const QString items = m_host->Run("menu -q -ia " + submenu);
     m_host->Run("setParent -menu " + submenu + "; menuItem -d 1; menuItem -l \"Mine\" mine");

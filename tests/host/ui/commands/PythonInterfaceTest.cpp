@@ -64,10 +64,10 @@ void PythonInterfaceTest::CallablesGetTheValue()
     auto* box = m_host->Widget<QCheckBox>("box");
     box->click();
     box->click();
-    QCOMPARE(m_host->TakePrinted(), QString("on\noff\n"));
+    QCOMPARE(m_host->TakePrinted(), "on\noff\n");
     Run("cmds.button('b', command=lambda *values: print(len(values)))");
     m_host->Widget<QPushButton>("b")->click();
-    QCOMPARE(m_host->TakePrinted(), QString("1\n"));
+    QCOMPARE(m_host->TakePrinted(), "1\n");
     QVERIFY(Value("cmds.button('b', q=True, command=True)").contains("<function <lambda>"));
 }
 
@@ -79,7 +79,7 @@ void PythonInterfaceTest::TextsArePythonUnlessSaidOtherwise()
         "cmds.menuItem('j', command='print \"mel\"', sourceType='mel')");
     m_host->Find("i")->GetAction()->trigger();
     m_host->Find("j")->GetAction()->trigger();
-    QCOMPARE(m_host->TakePrinted(), QString("pypy\npy\nmel"));
+    QCOMPARE(m_host->TakePrinted(), "pypy\npy\nmel");
 }
 
 void PythonInterfaceTest::ACallableMayDeleteItsControl()
@@ -87,7 +87,7 @@ void PythonInterfaceTest::ACallableMayDeleteItsControl()
     Run("def end(*_):\n    cmds.deleteUI('w')\n    print(cmds.window('w', exists=True))\n"
         "cmds.button('b', command=end)");
     m_host->Widget<QPushButton>("b")->click();
-    QCOMPARE(m_host->TakePrinted(), QString("False\n"));
+    QCOMPARE(m_host->TakePrinted(), "False\n");
 }
 
 void PythonInterfaceTest::AnErrorInACallableIsShown()

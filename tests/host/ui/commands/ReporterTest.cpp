@@ -43,9 +43,8 @@ void ReporterTest::TheWholeHistoryIsAnswered()
     m_host->Run("window w; columnLayout c; cmdScrollFieldReporter -fst \"\" r");
     m_host->Run("showWindow w");
     output.Warning("after");
-    QCOMPARE(
-        m_host->Run("cmdScrollFieldReporter -q -t r"), QString("before\n// Warning: after //\n"));
-    QTRY_COMPARE(View()->toPlainText(), QString("before\n// Warning: after //\n"));
+    QCOMPARE(m_host->Run("cmdScrollFieldReporter -q -t r"), "before\n// Warning: after //\n");
+    QTRY_COMPARE(View()->toPlainText(), "before\n// Warning: after //\n");
 }
 
 void ReporterTest::FiltersHideWhatTheyName_data()
@@ -97,8 +96,8 @@ void ReporterTest::ClearingEmptiesEveryView()
     m_host->GetEngine().output.Display("waiting\n");
     m_host->Run("cmdScrollFieldReporter -e -clear other");
     m_host->GetEngine().output.Display("new\n");
-    QTRY_COMPARE(View()->toPlainText(), QString("new\n"));
-    QCOMPARE(m_host->Run("cmdScrollFieldReporter -q -t r"), QString("new\n"));
+    QTRY_COMPARE(View()->toPlainText(), "new\n");
+    QCOMPARE(m_host->Run("cmdScrollFieldReporter -q -t r"), "new\n");
 }
 
 void ReporterTest::ManyLinesArriveInOrderAndBounded()
@@ -133,7 +132,7 @@ void ReporterTest::ATemporaryReporterReadsAndClearsTheHistory()
     QCOMPARE(m_host->Run(read
                  + "string $t = `cmdScrollFieldReporter -q -t $r`;"
                    "deleteUI -window qhTempReporterWnd; string $result = $t;"),
-        QString("old\n"));
+        "old\n");
     m_host->Run(read + "cmdScrollFieldReporter -e -clear $r; deleteUI -window qhTempReporterWnd");
     QCOMPARE(m_host->GetEngine().history.Text(), QString());
     QVERIFY(!m_host->Find("qhTempReporterWnd"));
@@ -144,10 +143,10 @@ void ReporterTest::TheExecuterRunsItsText()
     m_host->Run("window w; columnLayout c; cmdScrollFieldExecuter -st \"mel\" -t \"print 42\" e");
     m_host->Run("showWindow w");
     QTest::keyClick(m_host->Find("e")->GetWidget(), Qt::Key_Return, Qt::ControlModifier);
-    QCOMPARE(m_host->TakePrinted(), QString("42"));
+    QCOMPARE(m_host->TakePrinted(), "42");
     QCOMPARE(m_host->Run("cmdScrollFieldExecuter -q -t e"), QString());
     m_host->Run("cmdScrollFieldExecuter -e -t \"print 1; fred\" -execute 1 e");
-    QCOMPARE(m_host->Run("cmdScrollFieldExecuter -q -t e"), QString("print 1; fred"));
+    QCOMPARE(m_host->Run("cmdScrollFieldExecuter -q -t e"), "print 1; fred");
     QVERIFY(m_host->Run("cmdScrollFieldExecuter -e -ldf \"/nothing/here.mel\" e")
                 .startsWith("error: Cannot read file \"/nothing/here.mel\":"));
 }

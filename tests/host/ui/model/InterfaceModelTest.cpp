@@ -62,10 +62,9 @@ void InterfaceModelTest::DefaultNamesAreCountedAndUnique()
 {
     Element* layout = NewLayout("rows");
     m_model->Create(ControlKind, "button", "button2", layout);
-    QCOMPARE(m_model->Create(ControlKind, "button", {}, layout)->GetName(), QString("button1"));
-    QCOMPARE(m_model->Create(ControlKind, "button", {}, layout)->GetName(), QString("button3"));
-    QCOMPARE(m_model->Create(ControlKind, "button", "my button", layout)->GetName(),
-        QString("my_button"));
+    QCOMPARE(m_model->Create(ControlKind, "button", {}, layout)->GetName(), "button1");
+    QCOMPARE(m_model->Create(ControlKind, "button", {}, layout)->GetName(), "button3");
+    QCOMPARE(m_model->Create(ControlKind, "button", "my button", layout)->GetName(), "my_button");
     QVERIFY(!m_model->Create(ControlKind, "text", "button1", layout));
 }
 
@@ -86,7 +85,7 @@ void InterfaceModelTest::TheSameNameMayStandUnderTwoParents()
 void InterfaceModelTest::LastPartsOfAPathNameAnElement()
 {
     Element* button = m_model->Create(ControlKind, "button", "ok", NewLayout("rows"));
-    QCOMPARE(button->FullName(), QString("top|rows|ok"));
+    QCOMPARE(button->FullName(), "top|rows|ok");
     QCOMPARE(m_model->Find("rows|ok"), button);
     QVERIFY(!m_model->Find("ows|ok"));
     QVERIFY(!m_model->Find("ok", LayoutKind | MenuItemKind));
@@ -97,7 +96,7 @@ void InterfaceModelTest::AnElementGoesWithItsWidget()
     Element* layout = NewLayout("rows");
     auto* label = new QLabel;
     m_model->Create(ControlKind, "text", "words", layout)->SetWidget(label);
-    QCOMPARE(label->objectName(), QString("words"));
+    QCOMPARE(label->objectName(), "words");
     QSignalSpy removed(m_model.get(), &InterfaceModel::ElementRemoved);
     delete label;
     QCOMPARE(removed.count(), 1);
@@ -150,12 +149,10 @@ void InterfaceModelTest::ForeignWidgetsGetFreeNames()
     auto* unnamed = new QLabel;
     auto* named = new QLabel;
     named->setObjectName("QLabel1");
-    QCOMPARE(
-        m_model->AddWidgetNamed(unnamed, layout->GetContent(), {}), QString("top|rows|QLabel1"));
-    QCOMPARE(
-        m_model->AddWidgetNamed(named, layout->GetContent(), "panel"), QString("top|rows|QLabel2"));
-    QCOMPARE(named->objectName(), QString("QLabel2"));
-    QCOMPARE(named->property("hostControlType").toString(), QString("panel"));
+    QCOMPARE(m_model->AddWidgetNamed(unnamed, layout->GetContent(), {}), "top|rows|QLabel1");
+    QCOMPARE(m_model->AddWidgetNamed(named, layout->GetContent(), "panel"), "top|rows|QLabel2");
+    QCOMPARE(named->objectName(), "QLabel2");
+    QCOMPARE(named->property("hostControlType").toString(), "panel");
     QCOMPARE(named->parentWidget(), layout->GetContent());
     QCOMPARE(m_model->FindControl("QLabel2", m_window.get()), named);
     QVERIFY(!m_model->FindControl("QLabel2", unnamed));
@@ -167,10 +164,10 @@ void InterfaceModelTest::ForeignWidgetsMoveBetweenLayouts()
     Element* right = NewLayout("right");
     auto* label = new QLabel;
     m_model->AddWidget(label, left->GetContent(), {});
-    QCOMPARE(m_model->AddWidgetNamed(label, right->GetContent(), {}), QString("top|right|QLabel1"));
+    QCOMPARE(m_model->AddWidgetNamed(label, right->GetContent(), {}), "top|right|QLabel1");
     QVERIFY(left->GetChildren().isEmpty());
     m_model->Delete(left);
-    QCOMPARE(m_model->FullName(label), QString("top|right|QLabel1"));
+    QCOMPARE(m_model->FullName(label), "top|right|QLabel1");
 }
 
 void InterfaceModelTest::NothingIsAddedOutsideOfLayouts()

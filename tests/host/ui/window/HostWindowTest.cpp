@@ -97,15 +97,15 @@ void HostWindowTest::ScriptsFindTheMainWindow()
 void HostWindowTest::CommandLineRunsBothLanguagesNames()
 {
     auto* button = Child<QPushButton>("commandLineLanguage");
-    QCOMPARE(button->text(), QString("MEL"));
+    QCOMPARE(button->text(), "MEL");
     QTest::mouseClick(button, Qt::LeftButton);
-    QCOMPARE(button->text(), QString("Python"));
+    QCOMPARE(button->text(), "Python");
     QTest::mouseClick(button, Qt::LeftButton);
     auto* field = Child<QLineEdit>("commandLineField");
     auto* result = Child<QLineEdit>("commandLineResult");
     QTest::keyClicks(field, "2 * 3");
     QTest::keyClick(field, Qt::Key_Return);
-    QTRY_COMPARE(result->text(), QString("Result: 6"));
+    QTRY_COMPARE(result->text(), "Result: 6");
     const QColor calm = result->palette().color(QPalette::Base);
     QTest::keyClicks(field, "nonsense 1");
     QTest::keyClick(field, Qt::Key_Return);
@@ -120,7 +120,7 @@ void HostWindowTest::CommandLineShowsWhatTheHostSaysFromAnyThread()
             m_host->GetEngine().output.Display(QString("line %1\n").arg(i));
     });
     talker.join();
-    QTRY_COMPARE(Child<QLineEdit>("commandLineResult")->text(), QString("line 1999"));
+    QTRY_COMPARE(Child<QLineEdit>("commandLineResult")->text(), "line 1999");
 }
 
 void HostWindowTest::CommandLineBringsEarlierCommandsBack()
@@ -180,7 +180,7 @@ void HostWindowTest::EscapeStopsARunningScript()
     QTimer::singleShot(50, this, [this] { QTest::keyClick(&m_host->GetWindow(), Qt::Key_Escape); });
     QVERIFY(m_host->Run("while (1) {}").startsWith("error: "));
     QVERIFY(!m_host->GetEngine().interrupt.IsRequested());
-    QCOMPARE(m_host->Run("$x = 7"), QString("7"));
+    QCOMPARE(m_host->Run("$x = 7"), "7");
 }
 
 void HostWindowTest::InputIsDroppedWhileAScriptRuns()
@@ -193,7 +193,7 @@ void HostWindowTest::InputIsDroppedWhileAScriptRuns()
     });
     QSignalSpy quit(&m_host->GetWindow(), &ui::HostWindow::QuitAccepted);
     QVERIFY(m_host->Run("while (1) {}").startsWith("error: "));
-    QCOMPARE(button->text(), QString("MEL"));
+    QCOMPARE(button->text(), "MEL");
     QCOMPARE(quit.count(), 0);
     QVERIFY(m_host->GetWindow().isVisible());
 }

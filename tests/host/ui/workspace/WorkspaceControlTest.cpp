@@ -133,11 +133,10 @@ void WorkspaceControlTest::CommandsAnswer()
 
 void WorkspaceControlTest::NewControlIsTheCurrentParent()
 {
-    QCOMPARE(m_host->Run("workspaceControl -floating 1 -visible 0 p; setParent -q"), QString("p"));
+    QCOMPARE(m_host->Run("workspaceControl -floating 1 -visible 0 p; setParent -q"), "p");
     QCOMPARE(m_host->GetWindow().CurrentParent(), m_host->Panel("p"));
-    QCOMPARE(m_host->Panel("p")->objectName(), QString("p"));
-    QCOMPARE(
-        m_host->Run("workspaceControl -uiScript \"columnLayout c\" q; setParent -q"), QString("q"));
+    QCOMPARE(m_host->Panel("p")->objectName(), "p");
+    QCOMPARE(m_host->Run("workspaceControl -uiScript \"columnLayout c\" q; setParent -q"), "q");
 }
 
 void WorkspaceControlTest::UiScriptRunsOnceWhenShownEmpty()
@@ -149,7 +148,7 @@ void WorkspaceControlTest::UiScriptRunsOnceWhenShownEmpty()
     m_host->Run("workspaceControl -e -visible 0 p; workspaceControl -e -restore p");
     QCoreApplication::processEvents();
     m_host->RunIdle();
-    QCOMPARE(m_host->Run("$x = $runs"), QString("1"));
+    QCOMPARE(m_host->Run("$x = $runs"), "1");
     QVERIFY(m_host->Panel("b") && m_host->Panel("p")->isAncestorOf(m_host->Panel("b")));
 }
 
@@ -158,10 +157,10 @@ void WorkspaceControlTest::UiScriptGivenLaterWaitsUntilShown()
     m_host->Run("int $runs = 0; workspaceControl -visible 0 p; "
                 "workspaceControl -e -uiScript \"$runs++; columnLayout c\" p");
     m_host->RunIdle();
-    QCOMPARE(m_host->Run("$x = $runs"), QString("0"));
+    QCOMPARE(m_host->Run("$x = $runs"), "0");
     m_host->Run("workspaceControl -e -restore p");
     m_host->RunIdle();
-    QCOMPARE(m_host->Run("$x = $runs"), QString("1"));
+    QCOMPARE(m_host->Run("$x = $runs"), "1");
 }
 
 void WorkspaceControlTest::CloseHidesOrDeletes()
@@ -169,7 +168,7 @@ void WorkspaceControlTest::CloseHidesOrDeletes()
     m_host->Run("workspaceControl -floating 1 -closeCommand \"print \\\"bye \\\"\" a; "
                 "workspaceControl -retain 0 -closeCommand \"print \\\"gone \\\"\" b");
     m_host->Run("workspaceControl -e -close a; workspaceControl -e -close b");
-    QCOMPARE(m_host->TakePrinted(), QString("bye gone "));
+    QCOMPARE(m_host->TakePrinted(), "bye gone ");
     QVERIFY(m_host->Panel("a") && !m_host->Panel("a")->isVisible());
     QVERIFY(!m_host->GetControls().Contains("b"));
     m_host->Run("workspaceControl -e -close a");
@@ -185,8 +184,8 @@ void WorkspaceControlTest::FramesApplyToTheWindow()
     m_host->Run("workspaceControlState -e -tlc 70 80 p");
     QCOMPARE(window->geometry(), QRect(80, 70, 420, 310));
     window->setGeometry(11, 22, 333, 244);
-    QTRY_COMPARE(m_host->Run("workspaceControlState -q -wh p"), QString("333 244"));
-    QCOMPARE(m_host->Run("workspaceControlState -q -tlc p"), QString("22 11"));
+    QTRY_COMPARE(m_host->Run("workspaceControlState -q -wh p"), "333 244");
+    QCOMPARE(m_host->Run("workspaceControlState -q -tlc p"), "22 11");
 }
 
 void WorkspaceControlTest::FloatingWindowIsNotTheMainWindow()
@@ -203,7 +202,7 @@ void WorkspaceControlTest::ForeignWidgetsDieWithTheControl()
     m_host->Run("workspaceControl -retain 0 p");
     const QPointer<QWidget> foreign = new QWidget;
     foreign->setObjectName("foreign");
-    QCOMPARE(m_host->GetWindow().AddWidget(foreign, m_host->Panel("p"), {}), QString("p|foreign"));
+    QCOMPARE(m_host->GetWindow().AddWidget(foreign, m_host->Panel("p"), {}), "p|foreign");
     QVERIFY(m_host->Panel("p")->isAncestorOf(foreign));
     m_host->Run("workspaceControl -e -close p");
     QTRY_VERIFY(!foreign);
@@ -218,19 +217,19 @@ void WorkspaceControlTest::PanelsComeBackAfterARestart()
     m_host->Restart();
     m_host->RunIdle();
     QCOMPARE(m_host->TakeWarnings(), QStringList());
-    QCOMPARE(m_host->Run("workspaceControl -q -label one"), QString("One"));
+    QCOMPARE(m_host->Run("workspaceControl -q -label one"), "One");
     QTRY_VERIFY((m_host->RunIdle(), m_host->Panel("t1") != nullptr));
     QCOMPARE(m_host->Panel("two")->window()->geometry(), QRect(90, 60, 420, 310));
-    QCOMPARE(m_host->Run("workspaceControl -q -floating three"), QString("0"));
+    QCOMPARE(m_host->Run("workspaceControl -q -floating three"), "0");
     QVERIFY(m_host->Panel("three")->isVisible());
-    QCOMPARE(m_host->Run("workspaceControl -q -visible four"), QString("0"));
+    QCOMPARE(m_host->Run("workspaceControl -q -visible four"), "0");
 }
 
 void WorkspaceControlTest::MissingPluginKeepsThePlace()
 {
     m_host->Run("workspaceControl -requiredPlugin notThere -label Kept p");
     m_host->Restart();
-    QCOMPARE(m_host->Run("workspaceControl -exists p"), QString("0"));
+    QCOMPARE(m_host->Run("workspaceControl -exists p"), "0");
     m_host->Restart();
     QFile file(m_host->WorkspacePath());
     QVERIFY(file.open(QIODevice::ReadOnly));

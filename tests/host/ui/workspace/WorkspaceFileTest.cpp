@@ -73,8 +73,8 @@ void WorkspaceFileTest::BadEntriesCostOnlyThemselves()
     const SavedWorkspace read = ReadWorkspace(text.arg(entry).toUtf8(), problems);
     QCOMPARE(problems.size(), 1);
     QCOMPARE(read.controls.size(), 2);
-    QCOMPARE(read.controls[0].label, QString("G"));
-    QCOMPARE(read.controls[1].name, QString("Last"));
+    QCOMPARE(read.controls[0].label, "G");
+    QCOMPARE(read.controls[1].name, "Last");
 }
 
 void WorkspaceFileTest::BadValuesKeepTheDefault_data()
@@ -106,10 +106,10 @@ void WorkspaceFileTest::StateStringKeepsTheName()
     record.name = "Mine";
     record.label = "before";
     QVERIFY(!ReadControlState("no state", record));
-    QCOMPARE(record.label, QString("before"));
+    QCOMPARE(record.label, "before");
     QVERIFY(ReadControlState(R"({"name": "Other", "label": "after"})", record));
-    QCOMPARE(record.name, QString("Mine"));
-    QCOMPARE(record.label, QString("after"));
+    QCOMPARE(record.name, "Mine");
+    QCOMPARE(record.label, "after");
 }
 
 TE2_TEST(WorkspaceFileTest)

@@ -72,16 +72,16 @@ void WorkspaceMouseTest::DragTitle(const QPoint& target)
 void WorkspaceMouseTest::DoubleClickFloatsAndDocks()
 {
     QTest::mouseDClick(Title(), Qt::LeftButton, {}, QPoint(60, 15));
-    QCOMPARE(Floating(), QString("0"));
+    QCOMPARE(Floating(), "0");
     QTest::mouseDClick(Strip(), Qt::LeftButton, {}, Strip()->tabRect(1).center());
-    QCOMPARE(Floating(), QString("1"));
+    QCOMPARE(Floating(), "1");
     QCOMPARE(Window()->geometry(), QRect(150, 200, 400, 300));
 }
 
 void WorkspaceMouseTest::TitleDroppedOnTheStripDocks()
 {
     DragTitle(Strip()->mapToGlobal(QPoint(300, 12)));
-    QCOMPARE(Floating(), QString("0"));
+    QCOMPARE(Floating(), "0");
     QCOMPARE(Strip()->count(), 2);
     QCOMPARE(Strip()->currentIndex(), 1);
     // The way to the strip is not where the window stood.
@@ -93,7 +93,7 @@ void WorkspaceMouseTest::TitleDroppedElsewhereOnlyMoves()
 {
     const QPoint target = m_workspace->mapToGlobal(m_workspace->rect().center());
     DragTitle(target);
-    QCOMPARE(Floating(), QString("1"));
+    QCOMPARE(Floating(), "1");
     QVERIFY(Window()->geometry().topLeft() != QPoint(150, 200));
     QCOMPARE(m_host->Run("workspaceControlState -q -leftEdge p").toInt(), Window()->x());
 }
@@ -108,7 +108,7 @@ void WorkspaceMouseTest::TabDraggedOutFloats()
     QMouseEvent move(QEvent::MouseMove, target, strip->mapToGlobal(target), Qt::NoButton,
         Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(strip, &move);
-    QCOMPARE(Floating(), QString("1"));
+    QCOMPARE(Floating(), "1");
     QCOMPARE(Window()->size(), QSize(400, 300));
     QVERIFY(Title()->rect().contains(Title()->mapFromGlobal(strip->mapToGlobal(target))));
     QTest::mouseRelease(Title(), Qt::LeftButton);
@@ -121,16 +121,16 @@ void WorkspaceMouseTest::TitleButtonsAct()
         QTest::mouseClick(Title()->findChild<QToolButton*>(name), Qt::LeftButton);
     };
     click("collapseButton");
-    QCOMPARE(m_host->Run("workspaceControl -q -collapse p"), QString("1"));
+    QCOMPARE(m_host->Run("workspaceControl -q -collapse p"), "1");
     click("collapseButton");
     QCOMPARE(Window()->geometry(), QRect(150, 200, 400, 300));
     click("maximizeButton");
     QVERIFY(Window()->IsFilling());
-    QCOMPARE(m_host->Run("workspaceControlState -q -maximized p"), QString("1"));
+    QCOMPARE(m_host->Run("workspaceControlState -q -maximized p"), "1");
     click("maximizeButton");
     QCOMPARE(Window()->geometry(), QRect(150, 200, 400, 300));
     click("closeButton");
-    QCOMPARE(m_host->Run("workspaceControl -q -visible p"), QString("0"));
+    QCOMPARE(m_host->Run("workspaceControl -q -visible p"), "0");
 }
 
 void WorkspaceMouseTest::TabCrossCloses()
@@ -138,7 +138,7 @@ void WorkspaceMouseTest::TabCrossCloses()
     m_host->Run("workspaceControl -e -floating 0 p");
     const QRect tab = Strip()->tabRect(1);
     QTest::mouseClick(Strip(), Qt::LeftButton, {}, QPoint(tab.right() - 10, tab.center().y()));
-    QCOMPARE(m_host->Run("workspaceControl -q -visible p"), QString("0"));
+    QCOMPARE(m_host->Run("workspaceControl -q -visible p"), "0");
     QCOMPARE(Strip()->count(), 1);
 }
 
@@ -160,7 +160,7 @@ void WorkspaceMouseTest::PanelDeletedInsideItsAreaLeavesNoTab()
     m_host->Run("workspaceControl -e -floating 0 p");
     delete m_host->Panel("p");
     QTRY_COMPARE(Strip()->count(), 1);
-    QCOMPARE(m_host->Run("workspaceControl -exists p"), QString("0"));
+    QCOMPARE(m_host->Run("workspaceControl -exists p"), "0");
 }
 
 TE2_TEST(WorkspaceMouseTest)
