@@ -94,6 +94,8 @@ public:
     int GetTabBarScrollValue() const;
     void SetTabBarScrollValue(int value);
     void FocusCurrentCodeEditor();
+    /// The tab's own menu, at a point of the screen.
+    void ShowTabContextMenu(int index, const QPoint& globalPoint);
 
     // Find and replace in the current editor
     /// `takeSearchText`: seek what is selected or under the cursor.

@@ -16,6 +16,7 @@ public:
     CodeEditorType GetTabType(int index) const;
     void SetTabLanguage(int index, CodeEditorLanguage language);
     static QString GetLanguageIconName(CodeEditorLanguage language);
+    void ShowContextMenu(int index, const QPoint& point) override;
 
 Q_SIGNALS:
     void CloseOthersRequested(int index);
@@ -25,7 +26,6 @@ Q_SIGNALS:
     void ShowInSideBarRequested(int index);
 
 protected:
-    void ShowContextMenu(int index, const QPoint& point) override;
     void wheelEvent(QWheelEvent* event) override;
 
 private:

@@ -197,6 +197,12 @@ void CodeEditorGroup::ConnectTabBarRequests()
     connect(m_tabBar, &B::EmptyZoneContextMenuSelected, this, &G::ShowMiniToolbarContextMenu);
 }
 
+void CodeEditorGroup::ShowTabContextMenu(int index, const QPoint& globalPoint)
+{
+    if (GetCodeEditor(index))
+        m_tabBar->ShowContextMenu(index, globalPoint);
+}
+
 void CodeEditorGroup::OnMoveRequested(int sourceGroupId, int sourceIndex, int target)
 {
     Q_EMIT MoveTabRequested(sourceGroupId, sourceIndex, m_id, target);

@@ -81,27 +81,27 @@ bool FileTasks::CreateFolder(const QString& path, QString& reason)
     return Answer(mkdir(QFile::encodeName(path).constData(), ACCESSPERMS) == 0, reason);
 }
 
-bool FileTasks::Move(const QString& from, const QString& to, QString& reason)
+bool FileTasks::Rename(const QString& from, const QString& to, QString& reason)
 {
-    if (RenameOnly(QFile::encodeName(from), QFile::encodeName(to)))
-        return true;
+    const bool succeeded = RenameOnly(QFile::encodeName(from), QFile::encodeName(to));
     const int error = errno;
-    const QFileInfo info(from);
-    const bool canCopy = error == EXDEV && info.isFile() && !info.isSymLink();
-    if (canCopy) {
-        QFile file(from);
-        if (file.rename(to))
-            return true;
-        reason = file.errorString();
-        return false;
-    }
+    Answer(succeeded, reason);
     errno = error;
-    return Answer(false, reason);
+    return succeeded;
 }
 
-bool FileTasks::MoveToTrash(const QString& path)
+bool FileTasks::Move(const QString& from, const QString& to, QString& reason)
 {
-    return QFile::moveToTrash(path);
+    if (Rename(from, to, reason))
+        return true;
+    const QFileInfo info(from);
+    if (errno != EXDEV || !info.isFile() || info.isSymLink())
+        return false;
+    QFile file(from);
+    if (file.rename(to))
+        return true;
+    reason = file.errorString();
+    return false;
 }
 
 bool FileTasks::Remove(const QString& path, QString& reason)

@@ -17,8 +17,8 @@ bool CreateFolder(const QString& path, QString& reason);
 /// Gives a file, folder or link another path. Only files go to another file system.
 bool Move(const QString& from, const QString& to, QString& reason);
 
-/// False also where there is no trash; then the thing is still there.
-bool MoveToTrash(const QString& path);
+/// The same within one file system alone; `errno` tells why it failed.
+bool Rename(const QString& from, const QString& to, QString& reason);
 /// For good, a folder with all that is in it. Links go, not what they lead to.
 bool Remove(const QString& path, QString& reason);
 

@@ -1,16 +1,14 @@
 #include "views/OpenEditorsView.h"
 
-#include "plugin/MayaUtil.h"
+#include "settings/KeyBindings.h"
 #include "settings/Settings.h"
 #include "views/SideBarTree.h"
 #include "views/SubViewHeader.h"
+#include "window/chrome/FlatButton.h"
 #include "window/chrome/Theme.h"
 
-#include <QApplication>
-#include <QClipboard>
 #include <QDir>
 #include <QFileInfo>
-#include <QMenu>
 #include <QSet>
 #include <QVBoxLayout>
 
@@ -33,6 +31,25 @@ QIcon LanguageIcon(CodeEditorLanguage language)
 
 } // namespace
 
+/// A button of the header, which asks for one of the window's actions.
+struct OpenEditorsView::Tool
+{
+    FlatButton* OpenEditorsView::*button;
+    const char* name;
+    const char* icon;
+    const char* label;
+    int binding;
+    void (OpenEditorsView::*signal)();
+};
+
+// clang-format off
+const OpenEditorsView::Tool OpenEditorsView::TOOLS[] = {
+    {&OpenEditorsView::m_newButton,      "m_newButton",      "new_file",  QT_TR_NOOP("New..."),          KeyBindings::NewBuffer,     &OpenEditorsView::NewRequested},
+    {&OpenEditorsView::m_saveAllButton,  "m_saveAllButton",  "save_all",  QT_TR_NOOP("Save All"),        KeyBindings::SaveAll,       &OpenEditorsView::SaveAllRequested},
+    {&OpenEditorsView::m_closeAllButton, "m_closeAllButton", "close_all", QT_TR_NOOP("Close All Files"), KeyBindings::CloseAllFiles, &OpenEditorsView::CloseAllRequested},
+};
+// clang-format on
+
 struct OpenEditorsView::Row
 {
     QString key;
@@ -48,13 +65,46 @@ OpenEditorsView::OpenEditorsView(QWidget* parent)
     m_tree->setAccessibleName(tr("Open Editors"));
     m_tree->setRootIsDecorated(false);
     m_tree->setContextMenuPolicy(Qt::CustomContextMenu);
+    m_tree->SetDragging([this](const QTreeWidgetItem& item) {
+        const DraggedTab tab = TabOf(item.data(0, KEY_ROLE).toString());
+        return tab.index < 0 ? nullptr : new TabDragData(tab);
+    });
     SetContent(CreatePage(m_tree));
+    CreateTools();
     connect(m_tree, &QTreeWidget::itemClicked, this, &OpenEditorsView::OnActivated);
     connect(m_tree, &QTreeWidget::itemActivated, this, &OpenEditorsView::OnActivated);
     connect(m_tree, &SideBarTree::CloseRequested, this, [this](const QTreeWidgetItem* item) {
         Q_EMIT CloseRequested(item->data(0, KEY_ROLE).toString());
     });
     connect(m_tree, &QWidget::customContextMenuRequested, this, &OpenEditorsView::ShowContextMenu);
+}
+
+void OpenEditorsView::CreateTools()
+{
+    for (const Tool& tool : TOOLS) {
+        FlatButton* const button
+            = AddTool(QLatin1String(tool.icon), tr(tool.label), QLatin1String(tool.name));
+        connect(button, &QAbstractButton::clicked, this, tool.signal);
+        this->*tool.button = button;
+    }
+}
+
+void OpenEditorsView::UpdateKeyBindings(const KeyBindings* keyBindings)
+{
+    for (const Tool& tool : TOOLS)
+        (this->*tool.button)->SetToolTip(keyBindings->GetToolTip(tool.binding, tr(tool.label)));
+}
+
+/// By its group and its place there; -1 for what has none.
+DraggedTab OpenEditorsView::TabOf(const QString& path) const
+{
+    QHash<int, int> counts;
+    for (const Editor& editor : m_editors) {
+        const int index = counts[editor.group]++;
+        if (editor.properties.filePath == path)
+            return {editor.group, index};
+    }
+    return {};
 }
 
 void OpenEditorsView::SetEditors(const QVector<Editor>& editors)
@@ -156,7 +206,8 @@ void OpenEditorsView::ApplyRow(QTreeWidgetItem* item, const Row& row)
     const bool file = properties.type == CodeEditorType::File;
     // A dot says that something could be lost; buffers keep their text by themselves.
     const bool dot = file && row.editor->modified;
-    item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemNeverHasChildren);
+    item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsDragEnabled
+        | Qt::ItemNeverHasChildren);
     item->setText(0, properties.label);
     item->setIcon(0, LanguageIcon(properties.language));
     item->setToolTip(0, file ? properties.filePath : QString());
@@ -212,16 +263,6 @@ void OpenEditorsView::ShowContextMenu(const QPoint& point)
         Q_EMIT HeaderMenuRequested(m_tree->viewport()->mapToGlobal(point));
         return;
     }
-    const QString path = item->data(0, KEY_ROLE).toString();
-    auto* menu = new QMenu(this);
-    menu->setAttribute(Qt::WA_DeleteOnClose);
-    menu->addAction(tr("Close"), this, [this, path] { Q_EMIT CloseRequested(path); });
-    // A buffer's file is the program's own affair.
-    if (item->data(0, Qt::ToolTipRole).toString() == path) {
-        menu->addSeparator();
-        menu->addAction(
-            tr("Copy Path"), this, [path] { QApplication::clipboard()->setText(path); });
-        menu->addAction(tr("Reveal in Folder"), this, [path] { MayaUtil::RevealInFolder(path); });
-    }
-    menu->popup(m_tree->viewport()->mapToGlobal(point));
+    Q_EMIT MenuRequested(
+        item->data(0, KEY_ROLE).toString(), m_tree->viewport()->mapToGlobal(point));
 }

@@ -2,9 +2,12 @@
 
 #include "editor/CodeEditorProperties.h"
 #include "views/SubView.h"
+#include "window/chrome/TabDragData.h"
 
 #include <QVector>
 
+class FlatButton;
+class KeyBindings;
 class QTreeWidgetItem;
 class SideBarTree;
 
@@ -32,10 +35,16 @@ public:
     /// Selects the row of that path and moves the focus to it.
     void Reveal(const QString& path);
     int GetNaturalHeight() const override;
+    void UpdateKeyBindings(const KeyBindings* keyBindings);
 
 Q_SIGNALS:
     void ActivateRequested(const QString& path);
     void CloseRequested(const QString& path);
+    /// For the menu of the editor's tab.
+    void MenuRequested(const QString& path, const QPoint& globalPoint);
+    void NewRequested();
+    void SaveAllRequested();
+    void CloseAllRequested();
 
 protected:
     void Refresh() override;
@@ -50,7 +59,15 @@ private:
     QTreeWidgetItem* ItemOf(const QString& path) const;
     void OnActivated(QTreeWidgetItem* item);
     void ShowContextMenu(const QPoint& point);
+    void CreateTools();
+    DraggedTab TabOf(const QString& path) const;
 
+    struct Tool;
+    static const Tool TOOLS[];
+
+    FlatButton* m_newButton = nullptr;
+    FlatButton* m_saveAllButton = nullptr;
+    FlatButton* m_closeAllButton = nullptr;
     SideBarTree* m_tree;
     QVector<Editor> m_editors;
     QString m_activePath;

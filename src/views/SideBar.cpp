@@ -176,6 +176,7 @@ void SideBar::UpdateKeyBindings(const KeyBindings* keyBindings)
 {
     m_keyBindings = keyBindings;
     m_search->UpdateKeyBindings(keyBindings);
+    GetOpenEditors()->UpdateKeyBindings(keyBindings);
     if (m_quickHelp)
         m_quickHelp->UpdateKeyBindings(keyBindings);
 }

@@ -2,6 +2,8 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QDrag>
+#include <QMimeData>
 #include <QMouseEvent>
 
 namespace {
@@ -24,6 +26,24 @@ SideBarTree::SideBarTree(QWidget* parent)
     , SideBarRows(static_cast<QTreeView&>(*this))
 {
     FollowModel();
+}
+
+void SideBarTree::SetDragging(std::function<QMimeData*(const QTreeWidgetItem&)> carry)
+{
+    m_carry = std::move(carry);
+    setDragEnabled(true);
+}
+
+void SideBarTree::startDrag(Qt::DropActions)
+{
+    const QTreeWidgetItem* const item = currentItem();
+    QMimeData* const payload = item && m_carry ? m_carry(*item) : nullptr;
+    if (!payload)
+        return;
+    auto* const drag = new QDrag(this);
+    drag->setMimeData(payload);
+    drag->setPixmap(DragPicture(item->text(0)));
+    drag->exec(Qt::MoveAction);
 }
 
 int SideBarTree::GetRowsHeight() const

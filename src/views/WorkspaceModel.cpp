@@ -109,7 +109,7 @@ bool WorkspaceModel::IsExpandable(const QModelIndex& index) const
 bool WorkspaceModel::IsRead(const QModelIndex& folder) const
 {
     const Folder* const known = KnownFolderOf(folder);
-    return known && known->isRead;
+    return known && known->isRead && !known->isAwaited;
 }
 
 QModelIndex WorkspaceModel::IndexBelow(QModelIndex root, const QString& path) const

@@ -39,6 +39,7 @@ public:
     Kind KindOf(const QModelIndex& index) const;
     bool IsFolder(const QModelIndex& index) const;
     bool IsExpandable(const QModelIndex& index) const;
+    /// And not being read again.
     bool IsRead(const QModelIndex& folder) const;
     /// Invalid for what is not read. Where roots lie within each other that of the innermost one.
     QModelIndex IndexOf(const QString& path) const;

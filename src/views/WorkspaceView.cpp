@@ -148,6 +148,7 @@ bool WorkspaceView::Load(const QString& path)
                 .arg(path));
     }
     m_modified = false;
+    m_isChosenHere = false;
     m_keepsUnreadable = false;
     Settings::workspaceFolders = m_file.GetFolders();
     return true;
@@ -169,6 +170,9 @@ void WorkspaceView::SaveWorkspace()
     const QString path = Settings::GetWorkspacePath();
     if (!m_modified || m_file.IsNewer() || path.isEmpty())
         return;
+    // Another host works with this file.
+    if (!Settings::ownsUserConfig && !m_isChosenHere)
+        return;
     // What could not be read may still be worth something to somebody.
     if (m_keepsUnreadable && !QFile::copy(path, path + QStringLiteral(".broken"))
         && !QFileInfo::exists(path + QStringLiteral(".broken"))) {
@@ -183,7 +187,10 @@ void WorkspaceView::SaveWorkspaceAs(const QString& path)
     if (path.isEmpty() || !Write(path))
         return;
     Settings::workspacePath = IsDefaultWorkspace(path) ? QString() : CleanPath(path);
+    // Written by this version, whatever the file came from.
+    m_file.Read(path);
     m_modified = false;
+    m_isChosenHere = true;
     UpdateTitle();
 }
 

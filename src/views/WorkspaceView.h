@@ -94,6 +94,7 @@ private:
     WorkspaceFile m_file;
     QHash<QString, bool> m_openFiles;
     bool m_modified = false;
+    bool m_isChosenHere = false; ///< the file was named by the user of this very window
     bool m_keepsUnreadable = false; ///< the file at the path is none of ours to write over
     bool m_readsAll = true; ///< on the next refresh
 };

@@ -1,6 +1,7 @@
 // What is done to the files of the workspace on the disk.
 
 #include "files/FileTasks.h"
+#include "files/Trash.h"
 #include "plugin/Logger.h"
 #include "settings/Settings.h"
 #include "views/WorkspacePaths.h"
@@ -116,7 +117,7 @@ void WorkspaceView::Delete(const QStringList& paths)
     QStringList deleted;
     QStringList kept;
     for (const QString& path : paths) {
-        if (FileTasks::MoveToTrash(path))
+        if (Trash::Take(path))
             deleted.append(path);
         else
             kept.append(path);

@@ -11,6 +11,7 @@
 #include "output/OutputTextEdit.h"
 #include "plugin/MayaUtil.h"
 #include "settings/Settings.h"
+#include "views/OpenEditorsView.h"
 #include "views/SearchView.h"
 #include "views/SideBar.h"
 #include "window/PanelGroup.h"

@@ -11,6 +11,7 @@
 #include "window/PythonName.h"
 #include "window/TarnwickEditor.h"
 
+#include <QAction>
 #include <QFileDialog>
 #include <QTextBlock>
 
@@ -52,6 +53,13 @@ void TarnwickEditor::ConnectSideBar()
         if (CodeEditorGroup* const group = GetCodeEditorGroupByPath(path))
             Q_EMIT group->CloseTabRequested(group, group->GetCodeEditorIndex(path));
     });
+    connect(openEditors, &O::MenuRequested, this, [this](const QString& path, const QPoint& point) {
+        if (CodeEditorGroup* const group = GetCodeEditorGroupByPath(path))
+            group->ShowTabContextMenu(group->GetCodeEditorIndex(path), point);
+    });
+    connect(openEditors, &O::NewRequested, m_actions.newBuffer, &QAction::trigger);
+    connect(openEditors, &O::SaveAllRequested, m_actions.saveAll, &QAction::trigger);
+    connect(openEditors, &O::CloseAllRequested, m_actions.closeAllFiles, &QAction::trigger);
     connect(
         m_sideBar->GetOutline(), &OutlineView::SelectionChanged, this, [this](int start, int end) {
             if (CodeEditor* const editor = GetActiveCodeEditor())
