@@ -315,7 +315,10 @@ int SideBarRows::LabelLeft(const QModelIndex& index)
 
 void SideBarRows::NoteFocus(const QFocusEvent& event)
 {
-    if (event.gotFocus())
+    // Coming back from a menu or another window changes nothing.
+    const bool isBack
+        = event.reason() == Qt::PopupFocusReason || event.reason() == Qt::ActiveWindowFocusReason;
+    if (event.gotFocus() && !isBack)
         m_focusByKey = IsKeyboardFocus(event.reason());
     m_view.viewport()->update();
 }
