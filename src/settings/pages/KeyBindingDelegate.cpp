@@ -52,10 +52,11 @@ KeyBindingDelegate::KeyBindingDelegate(QObject* parent)
     : QStyledItemDelegate(parent)
 { }
 
-void KeyBindingDelegate::SetEdited(int row, int place)
+void KeyBindingDelegate::SetEdited(int row, int place, int left)
 {
     m_editedRow = row;
     m_editedPlace = place;
+    m_editedLeft = left;
 }
 
 QVector<QRect> KeyBindingDelegate::PlaceKeys(
@@ -116,7 +117,7 @@ void KeyBindingDelegate::PaintKeys(
     const bool isEdited = index.row() == m_editedRow;
     for (int i = 0; i < sequences.size(); ++i) {
         QRect area = places[i];
-        area.setRight(qMin(area.right(), option.rect.right()));
+        area.setRight(isEdited ? m_editedLeft - 1 : option.rect.right());
         if (area.isEmpty() || (isEdited && i >= m_editedPlace))
             return;
         if (hasPlace && i == m_place && !isEdited) {
@@ -125,7 +126,7 @@ void KeyBindingDelegate::PaintKeys(
                 painter, area.adjusted(-padding, padding, padding, -padding), KEY_RADIUS);
         }
         PaintText(painter, area, M::ShownText(sequences[i]));
-        if (i + 1 < sequences.size()) {
+        if (i + 1 < sequences.size() && places[i].right() < area.right()) {
             painter.drawText(places[i].right() + 1, option.rect.top(), option.rect.width(),
                 option.rect.height(), Qt::AlignLeft | Qt::AlignVCenter, QStringLiteral(","));
         }

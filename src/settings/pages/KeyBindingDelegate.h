@@ -14,8 +14,9 @@ public:
 
     /// Which of the keys of the current row is the current one; -1 shows none.
     void SetPlace(int place) { m_place = place; }
-    /// Which of the keys is not drawn because a field stands there; row -1 for none.
-    void SetEdited(int row, int place);
+    /// From where on a field covers the keys of a row, and the first one that is not drawn; row -1
+    /// for none.
+    void SetEdited(int row, int place, int left);
     /// Searched text, which is shown on a ground of its own; empty for none.
     void SetMatch(const QString& text) { m_match = text; }
 
@@ -36,4 +37,5 @@ private:
     int m_place = -1;
     int m_editedRow = -1;
     int m_editedPlace = -1;
+    int m_editedLeft = 0;
 };

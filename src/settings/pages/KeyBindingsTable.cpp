@@ -18,12 +18,13 @@ namespace {
 
 // Design pixels.
 constexpr int FIELD_WIDTH = 150;
+constexpr int LEAST_FIELD_WIDTH = 110;
 constexpr int FIELD_MARGIN = 1; ///< above and below
 constexpr int TEXT_INSET = 7; ///< of the field
 
 // Shares of the width, in percent; the rest is the marks'.
-constexpr int COMMAND_SHARE = 40;
-constexpr int SHORTCUT_SHARE = 34;
+constexpr int COMMAND_SHARE = 39;
+constexpr int SHORTCUT_SHARE = 32;
 
 using M = KeyBindingsModel;
 
@@ -125,7 +126,6 @@ void KeyBindingsTable::Edit(int place)
     m_editedRow = row;
     m_before = m_model->GetSequences(row);
     m_place = qBound(0, place, m_before.size());
-    m_delegate->SetEdited(row, m_place);
     m_field = new KeyCaptureField(viewport());
     m_field->setObjectName(QStringLiteral("m_field"));
     m_field->setAccessibleName(tr("Keys for %1").arg(m_model->GetBindings()[row].label));
@@ -148,11 +148,14 @@ void KeyBindingsTable::PlaceField()
         return;
     const QModelIndex index = m_model->index(m_editedRow, M::SHORTCUT);
     const QRect cell = visualRect(index);
-    const int width = qMin(Theme::Dp(FIELD_WIDTH), cell.width());
     const QVector<QRect> places = m_delegate->PlaceKeys(cell, font(), index);
     const int keys = places[qMin(m_place, places.size() - 1)].left() - Theme::Dp(TEXT_INSET);
-    const int left = qMax(cell.left(), qMin(keys, cell.right() + 1 - width));
+    const int end = cell.right() + 1;
+    const int left
+        = qBound(cell.left(), keys, qMax(cell.left(), end - Theme::Dp(LEAST_FIELD_WIDTH)));
+    const int width = qMin(Theme::Dp(FIELD_WIDTH), end - left);
     const int margin = Theme::Dp(FIELD_MARGIN);
+    m_delegate->SetEdited(m_editedRow, m_place, left);
     m_field->setGeometry(left, cell.top() + margin, width, cell.height() - 2 * margin);
 }
 
@@ -186,7 +189,7 @@ void KeyBindingsTable::CloseField()
 {
     KeyCaptureField* const field = std::exchange(m_field, nullptr);
     const bool hadFocus = field->hasFocus() || field->isAncestorOf(QApplication::focusWidget());
-    m_delegate->SetEdited(-1, -1);
+    m_delegate->SetEdited(-1, -1, 0);
     m_editedRow = -1;
     m_model->SetEditedRow(-1);
     SetPlace(qMin(m_place, qMax(0, CountKeys() - 1)));

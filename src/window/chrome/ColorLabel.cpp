@@ -27,8 +27,9 @@ void ColorLabel::SetColor(const QColor& color)
 {
     m_color = color;
     // For those who cannot see it.
-    setAccessibleDescription(color.name());
-    setToolTip(color.name());
+    const QString text = color.isValid() ? color.name() : tr("none");
+    setAccessibleDescription(text);
+    setToolTip(text);
     update();
 }
 
@@ -45,10 +46,14 @@ void ColorLabel::paintEvent(QPaintEvent*)
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(QPen(Theme::Color(isEnabled() ? edge : R::DisabledEdge), hairline));
-    painter.setBrush(m_color);
+    painter.setBrush(m_color.isValid() ? m_color : Theme::Color(R::Field));
     const double half = hairline / 2;
     painter.drawRoundedRect(
         QRectF(rect()).adjusted(half, half, -half, -half), Theme::Dp(RADIUS), Theme::Dp(RADIUS));
+    if (m_color.isValid())
+        return;
+    painter.setPen(Theme::Color(R::Faint));
+    painter.drawText(rect(), Qt::AlignCenter, tr("none"));
 }
 
 void ColorLabel::mousePressEvent(QMouseEvent* event)

@@ -12,6 +12,7 @@ class ColorLabel : public QWidget
 public:
     explicit ColorLabel(QWidget* parent);
 
+    /// An invalid colour is shown as "none".
     void SetColor(const QColor& color);
     QColor GetColor() const { return m_color; }
 
