@@ -621,7 +621,10 @@ void CodeEditorTest::ADroppedFlagIsWrittenAsTheLanguageDoes()
     QMimeData flag;
     flag.setText("-type");
     flag.setData("text/tarnwickEditorFlag", "type");
-    QDropEvent drop(editor.cursorRect(target).center(), Qt::CopyAction, &flag, Qt::LeftButton, {});
+    const QPoint place = editor.cursorRect(target).center();
+    QDragEnterEvent enter(place, Qt::CopyAction, &flag, Qt::LeftButton, {});
+    QCoreApplication::sendEvent(editor.viewport(), &enter);
+    QDropEvent drop(place, Qt::CopyAction, &flag, Qt::LeftButton, {});
     QCoreApplication::sendEvent(editor.viewport(), &drop);
     QCOMPARE(editor.GetText(), QString("cmds.ls(long=True, type=)"));
     editor.undo();

@@ -305,7 +305,8 @@ void WorkspaceViewTest::RootsAreAddedMovedAndRemoved()
     QCOMPARE(m_tree->currentIndex().data().toString(), QString("tools"));
     m_view->MoveFolder(other, -1);
     m_view->MoveFolder(other, -1);
-    QCOMPARE(Rows(), (QStringList{"other", "  o.txt", "tools", "  rigs", "  a2.py", "  a10.mel"}));
+    QTRY_COMPARE(
+        Rows(), (QStringList{"other", "  o.txt", "tools", "  rigs", "  a2.py", "  a10.mel"}));
     m_view->RemoveFolder(other);
     m_view->RemoveFolder(Tools());
     QVERIFY(Settings::workspaceFolders.isEmpty());
