@@ -92,7 +92,6 @@ void OutputHighlightingWidget::CreateList()
     m_list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_list->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
     m_list->setContextMenuPolicy(Qt::ActionsContextMenu);
-    setFocusProxy(m_list);
     using W = OutputHighlightingWidget;
     connect(m_list, &QListWidget::itemDoubleClicked, this, &W::EditItem);
     connect(m_list, &QListWidget::itemChanged, this, &W::OnItemChanged);

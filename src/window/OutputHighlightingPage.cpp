@@ -12,7 +12,6 @@ OutputHighlightingPage::OutputHighlightingPage(QWidget* parent)
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_outputHighlighting);
-    setFocusProxy(m_outputHighlighting);
     connect(m_outputHighlighting, &OutputHighlightingWidget::Changed, this,
         &OutputHighlightingPage::Changed);
 }

@@ -1,9 +1,12 @@
 #include "window/PreferencesDialog.h"
 
+#include "language/PythonForcedImports.h"
 #include "settings/Settings.h"
+#include "settings/pages/FontPage.h"
 #include "settings/pages/OptionCopies.h"
 #include "settings/pages/OptionTable.h"
 #include "settings/pages/OptionsPage.h"
+#include "settings/pages/PylintPage.h"
 #include "window/OutputHighlightingPage.h"
 #include "window/PreferencesPageDelegate.h"
 #include "window/Question.h"
@@ -44,6 +47,14 @@ struct Look
     double scale = 0;
 };
 Look lastLook;
+
+QString ForcedImportsFault(const QString& text)
+{
+    const QStringList rejected = PythonForcedImports::Parse(text).rejected;
+    return rejected.isEmpty()
+        ? QString()
+        : PreferencesDialog::tr("This is no import: %1").arg(rejected.constFirst());
+}
 
 QScrollArea* Scrolled(PreferencesPage* page, QWidget* parent)
 {
@@ -93,8 +104,17 @@ PreferencesDialog::~PreferencesDialog()
 
 void PreferencesDialog::CreatePages()
 {
-    for (const OptionPage* page : OptionTable::GetPages())
-        AddPage(new OptionsPage(*page, *m_copies, this));
+    m_copies->SetCheck("pythonForcedImports", ForcedImportsFault);
+    AddPage(new OptionsPage(OptionTable::General(), *m_copies, this));
+    AddPage(new OptionsPage(OptionTable::Interface(), *m_copies, this));
+    AddPage(new FontPage(
+        OptionTable::CodeEditor(), "codeEditorFontFamily", "codeEditorFontSize", *m_copies, this));
+    AddPage(new OptionsPage(OptionTable::Indentation(), *m_copies, this));
+    AddPage(new OptionsPage(OptionTable::Mel(), *m_copies, this));
+    AddPage(new OptionsPage(OptionTable::Python(), *m_copies, this));
+    AddPage(new PylintPage(*m_copies, this));
+    AddPage(
+        new FontPage(OptionTable::Output(), "outputFontFamily", "outputFontSize", *m_copies, this));
     AddPage(new OutputHighlightingPage(this));
     m_nothingFound = new QLabel(m_stack);
     m_nothingFound->setObjectName(QStringLiteral("m_nothingFound"));
@@ -199,16 +219,14 @@ QLabel* PreferencesDialog::CreateSessionNote()
 
 void PreferencesDialog::CreateLayout()
 {
-    const auto groove = [this](QFrame::Shape shape) {
-        auto* line = new QFrame(this);
-        line->setObjectName(QStringLiteral("groove"));
-        line->setFrameShape(shape);
-        return line;
-    };
+    auto* upright = new QFrame(this);
+    auto* flat = new QFrame(this);
+    for (QFrame* groove : {upright, flat})
+        groove->setObjectName(QStringLiteral("groove"));
     auto* pages = new QHBoxLayout;
     pages->setSpacing(0);
     pages->addWidget(CreateSide());
-    pages->addWidget(groove(QFrame::VLine));
+    pages->addWidget(upright);
     pages->addWidget(m_stack, 1);
     auto* foot = new QVBoxLayout;
     if (!Settings::ownsUserConfig)
@@ -218,14 +236,14 @@ void PreferencesDialog::CreateLayout()
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
     layout->addLayout(pages, 1);
-    layout->addWidget(groove(QFrame::HLine));
+    layout->addWidget(flat);
     layout->addLayout(foot);
-    FollowLook(this, [this, foot] {
+    FollowLook(this, [upright, flat, foot] {
         const int margin = Theme::Dp(BUTTON_MARGIN);
         foot->setContentsMargins(margin, margin, margin, margin);
         foot->setSpacing(margin);
-        for (QWidget* line : findChildren<QWidget*>(QStringLiteral("groove")))
-            line->setMinimumSize(Theme::Hairline(), Theme::Hairline());
+        upright->setFixedWidth(Theme::Hairline());
+        flat->setFixedHeight(Theme::Hairline());
     });
 }
 

@@ -17,7 +17,6 @@ LinesField::LinesField(const OptionRow& row, QWidget* parent)
 {
     m_lines->setTabChangesFocus(true);
     m_lines->setLineWrapMode(QPlainTextEdit::NoWrap);
-    m_lines->setPlaceholderText(tr("import maya.cmds as cmds"));
     AddControl(m_lines, true);
     connect(m_lines, &QPlainTextEdit::textChanged, this, &LinesField::Changed);
     FollowLook(this, [this] { m_lines->setFixedHeight(Theme::Dp(HEIGHT)); });

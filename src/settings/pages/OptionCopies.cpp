@@ -119,6 +119,8 @@ QString OptionCopies::GetFault(const OptionRow& row) const
                               : PathFault(row.kind, text);
     case K::File:
     case K::Folder: return text.isEmpty() ? QString() : PathFault(row.kind, text);
-    default: return {};
+    default: break;
     }
+    const Check check = m_checks.value(QLatin1String(row.key));
+    return check ? check(text) : QString();
 }

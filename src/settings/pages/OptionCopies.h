@@ -6,6 +6,8 @@
 #include <QObject>
 #include <QString>
 
+#include <functional>
+
 /// What the pages of the preferences would make of their options. Owned by the dialog; nothing
 /// outside changes before Apply. No widgets.
 class OptionCopies : public QObject
@@ -26,6 +28,12 @@ public:
 
     /// Empty when the option has an effect at present.
     QString WhyIdle(const OptionRow& row) const;
+    /// Asks what is wrong with values of that option; empty when nothing is.
+    using Check = std::function<QString(const QString& value)>;
+    void SetCheck(const char* key, const Check& check)
+    {
+        m_checks.insert(QLatin1String(key), check);
+    }
     /// What is wrong with the value in one line; empty when it can be applied.
     QString GetFault(const OptionRow& row) const;
 
@@ -35,4 +43,5 @@ Q_SIGNALS:
 
 private:
     QHash<QString, QVariant> m_values; ///< by key
+    QHash<QString, Check> m_checks; ///< by key
 };

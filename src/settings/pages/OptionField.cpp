@@ -21,11 +21,21 @@ namespace {
 // Design pixels.
 constexpr int LABEL_GAP = 10;
 constexpr int ROW_HEIGHT = 24;
+constexpr int FIELD_GAP = 3;
 constexpr int RADIUS = 4;
 constexpr int MATCH_MARGIN = 4;
 
 constexpr double MATCH_FILL = 0.17; // of the accent
 constexpr double MATCH_EDGE = 0.55;
+
+void SetInvalid(QWidget& widget, bool invalid)
+{
+    if (widget.property("invalid").toBool() == invalid)
+        return;
+    widget.setProperty("invalid", invalid);
+    widget.style()->unpolish(&widget);
+    widget.style()->polish(&widget);
+}
 
 } // namespace
 
@@ -49,22 +59,31 @@ OptionField::OptionField(const OptionRow& row, QWidget* parent)
     : QWidget(parent)
     , m_row(row)
     , m_line(new QHBoxLayout)
-    , m_faultLabel(new ElidedLabel(this))
+    , m_remarkIndent(new QSpacerItem(0, 0, QSizePolicy::Fixed, QSizePolicy::Fixed))
+    , m_remark(new ElidedLabel(this))
 {
     setObjectName(QLatin1String(row.key));
-    m_faultLabel->setObjectName(QStringLiteral("m_faultLabel"));
-    m_faultLabel->hide();
+    m_remark->setObjectName(QStringLiteral("m_remark"));
+    m_remark->hide();
     auto* layout = new QVBoxLayout(this);
     layout->addLayout(m_line);
-    layout->addWidget(m_faultLabel);
+    auto* remark = new QHBoxLayout;
+    remark->setSpacing(0);
+    remark->addSpacerItem(m_remarkIndent);
+    remark->addWidget(m_remark);
+    layout->addLayout(remark);
     FollowLook(this, [this, layout] {
         const int margin = Theme::Dp(MATCH_MARGIN);
-        layout->setContentsMargins(margin, 0, margin, 0);
+        // A check box brings the room for its ring along.
+        const bool isCheck = m_row.kind == OptionRow::Kind::Check;
+        const int gap = isCheck ? 0 : Theme::Dp(FIELD_GAP);
+        layout->setContentsMargins(isCheck ? Theme::Hairline() : margin, gap, margin, gap);
         layout->setSpacing(Theme::Hairline());
         m_line->setSpacing(Theme::Dp(LABEL_GAP));
         m_line->setContentsMargins(0, 0, 0, 0);
-        m_faultLabel->setFont(Theme::SmallFont(font()));
-        setMinimumHeight(Theme::Dp(ROW_HEIGHT));
+        m_remark->setFont(Theme::SmallFont(font()));
+        if (isCheck)
+            setMinimumHeight(Theme::Dp(ROW_HEIGHT));
     });
 }
 
@@ -108,8 +127,11 @@ int OptionField::GetLabelWidth() const
 
 void OptionField::SetLabelWidth(int width)
 {
-    if (GetLabelWidth() > 0)
-        m_label->setMinimumWidth(width);
+    if (GetLabelWidth() == 0)
+        return;
+    m_label->setMinimumWidth(width);
+    m_remarkIndent->changeSize(
+        width + Theme::Dp(LABEL_GAP), 0, QSizePolicy::Fixed, QSizePolicy::Fixed);
 }
 
 void OptionField::SetIdle(const QString& reason)
@@ -123,14 +145,26 @@ void OptionField::SetIdle(const QString& reason)
 
 void OptionField::SetFault(const QString& fault)
 {
-    if (m_faultLabel->GetText() == fault)
+    if (m_fault == fault)
         return;
-    m_faultLabel->SetText(fault);
-    m_faultLabel->setVisible(!fault.isEmpty());
-    QWidget* const control = GetControl();
-    control->setProperty("invalid", !fault.isEmpty());
-    control->style()->unpolish(control);
-    control->style()->polish(control);
+    m_fault = fault;
+    SetInvalid(*GetControl(), !fault.isEmpty());
+    UpdateRemark();
+}
+
+void OptionField::SetNote(const QString& note)
+{
+    m_note = note;
+    UpdateRemark();
+}
+
+void OptionField::UpdateRemark()
+{
+    const QString text = m_fault.isEmpty() ? m_note : m_fault;
+    m_remark->SetText(text);
+    m_remark->setToolTip(text.toHtmlEscaped());
+    m_remark->setVisible(!text.isEmpty());
+    SetInvalid(*m_remark, !m_fault.isEmpty());
     UpdateToolTip();
 }
 
@@ -145,8 +179,8 @@ void OptionField::UpdateToolTip()
     QString text = OptionTable::Describe(m_row);
     if (!m_reason.isEmpty())
         text = tr("%1\nWithout effect: %2").arg(text, m_reason);
-    if (!m_faultLabel->GetText().isEmpty())
-        text = m_faultLabel->GetText() + QLatin1Char('\n') + text;
+    if (!m_fault.isEmpty())
+        text = m_fault + QLatin1Char('\n') + text;
     setToolTip(text);
     GetControl()->setAccessibleDescription(text);
 }

@@ -7,6 +7,7 @@
 class ElidedLabel;
 class QBoxLayout;
 class QLabel;
+class QSpacerItem;
 
 /// One option of the preferences: its label and what changes its value. Owned by the page.
 class OptionField : public QWidget
@@ -28,6 +29,11 @@ public:
     void SetIdle(const QString& reason);
     /// Marks the control and says under it what is wrong; an empty text takes the mark away.
     void SetFault(const QString& fault);
+    QString GetFault() const { return m_fault; }
+    /// Stands under the control while nothing is wrong.
+    void SetNote(const QString& note);
+    /// Behind the control.
+    void AddBeside(QWidget* widget);
     /// The option is one that was searched for.
     void SetMatched(bool matched);
     bool IsMatched() const { return m_matched; }
@@ -44,19 +50,21 @@ protected:
 
     /// Puts the control behind the label, or under it, and names it after the option. Called once.
     void AddControl(QWidget* control, bool underLabel = false);
-    /// Behind the control.
-    void AddBeside(QWidget* widget);
     void AddStretch();
     void paintEvent(QPaintEvent* event) override;
 
 private:
     void AddLabel(bool underLabel);
+    void UpdateRemark();
     void UpdateToolTip();
 
     const OptionRow& m_row;
     QBoxLayout* m_line;
     QLabel* m_label = nullptr;
-    ElidedLabel* m_faultLabel;
+    QSpacerItem* m_remarkIndent; ///< so that the remark stands under the control
+    ElidedLabel* m_remark; ///< what is wrong, or else the note
     QString m_reason;
+    QString m_fault;
+    QString m_note;
     bool m_matched = false;
 };

@@ -87,6 +87,13 @@ const char* OptionReasons::PylintOff(const OptionCopies& copies)
     return copies.IsOn("pylintEnabled") ? nullptr : QT_TR_NOOP("Pylint is not used.");
 }
 
+const char* OptionReasons::OutputPlain(const OptionCopies& copies)
+{
+    return copies.IsOn("outputSyntaxHighlightingEnabled")
+        ? nullptr
+        : QT_TR_NOOP("The output is not highlighted.");
+}
+
 const char* OptionReasons::EchoesAll(const OptionCopies&)
 {
     return MayaUtil::EchoAllCommandsEnabled() ? QT_TR_NOOP("The host echoes all commands.")

@@ -18,6 +18,7 @@ const char* NoPythonLetters(const OptionCopies& copies);
 const char* NoPythonCompletion(const OptionCopies& copies);
 const char* NoPythonErrors(const OptionCopies& copies);
 const char* PylintOff(const OptionCopies& copies);
+const char* OutputPlain(const OptionCopies& copies);
 const char* EchoesAll(const OptionCopies& copies);
 
 } // namespace OptionReasons

@@ -91,9 +91,9 @@ const OptionPage& OptionTable::CodeEditor()
         {QT_TR_NOOP("Font"), Side::Below, {
             {"codeEditorFontFamily", &EDITOR_FONT_FAMILY, K::FontFamily, P::Wide, QT_TR_NOOP("Font")},
             {"codeEditorFontSize", &EDITOR_FONT_SIZE, K::Number, P::Wide, QT_TR_NOOP("Size"), nullptr, FONT_SIZES},
-            {"codeEditorMouseWheelChangesFontSize", &S::codeEditorMouseWheelChangesFontSize, K::Check, P::Wide, QT_TR_NOOP("Change the size with Ctrl and the mouse wheel")},
         }},
         {QT_TR_NOOP("Editing"), Side::Below, {
+            {"codeEditorMouseWheelChangesFontSize", &S::codeEditorMouseWheelChangesFontSize, K::Check, P::Wide, QT_TR_NOOP("Change the font size with Ctrl and the mouse wheel")},
             {"codeEditorBackspaceToTabStop", &S::codeEditorBackspaceToTabStop, K::Check, P::Wide, QT_TR_NOOP("Backspace in front of a line goes to the tab stop")},
             {"codeEditorDisplayIndentationGuides", &S::codeEditorDisplayIndentationGuides, K::Check, P::Wide, QT_TR_NOOP("Show indentation guides")},
             {"codeEditorMatchedSelectionWordsOnly", &S::codeEditorMatchedSelectionWordsOnly, K::Check, P::Wide, QT_TR_NOOP("Mark what is selected elsewhere only where it is a whole word")},
@@ -175,7 +175,7 @@ const OptionPage& OptionTable::Python()
             {"pythonIncludeKeywords", &S::pythonIncludeKeywords, K::Check, P::Right, QT_TR_NOOP("Include keywords"), Why::NoPythonLetters},
             {"pythonIncludeBuiltins", &S::pythonIncludeBuiltins, K::Check, P::Right, QT_TR_NOOP("Include builtins"), Why::NoPythonLetters},
             {"pythonAutoCompleteToQuickHelp", &S::pythonAutoCompleteToQuickHelp, K::Check, P::Wide, QT_TR_NOOP("Send completion to Quick Help"), Why::NoPythonCompletion},
-            {"pythonForcedImports", &S::pythonForcedImports, K::Lines, P::Wide, QT_TR_NOOP("Forced imports")},
+            {"pythonForcedImports", &S::pythonForcedImports, K::Lines, P::Wide, QT_TR_NOOP("Forced imports, a module or an import statement on each line")},
         }},
         {QT_TR_NOOP("Module state"), Side::Below, {
             {"pythonConfirmOverwriteModuleState", &S::pythonConfirmOverwriteModuleState, K::Check, P::Wide, QT_TR_NOOP("Confirm before overwriting the module state")},
@@ -214,13 +214,13 @@ const OptionPage& OptionTable::Output()
         {QT_TR_NOOP("Font"), Side::Below, {
             {"outputFontFamily", &OUTPUT_FONT_FAMILY, K::FontFamily, P::Wide, QT_TR_NOOP("Font")},
             {"outputFontSize", &OUTPUT_FONT_SIZE, K::Number, P::Wide, QT_TR_NOOP("Size"), nullptr, FONT_SIZES},
-            {"outputMouseWheelChangesFontSize", &S::outputMouseWheelChangesFontSize, K::Check, P::Wide, QT_TR_NOOP("Change the size with Ctrl and the mouse wheel")},
         }},
         {QT_TR_NOOP("Console"), Side::Below, {
             {"outputBufferSize", &S::outputBufferSize, K::Number, P::Wide, QT_TR_NOOP("Keep at most"), nullptr, BUFFER_SIZES},
             {"outputWordWrapEnabled", &S::outputWordWrapEnabled, K::Check, P::Wide, QT_TR_NOOP("Wrap long lines")},
-            {"outputSyntaxHighlightingEnabled", &S::outputSyntaxHighlightingEnabled, K::Check, P::Wide, QT_TR_NOOP("Highlight the output by the rules of Output Highlighting")},
-            {"outputMatchedSelectionWordsOnly", &S::outputMatchedSelectionWordsOnly, K::Check, P::Wide, QT_TR_NOOP("Mark what is selected elsewhere only where it is a whole word")},
+            {"outputMouseWheelChangesFontSize", &S::outputMouseWheelChangesFontSize, K::Check, P::Wide, QT_TR_NOOP("Change the font size with Ctrl and the mouse wheel")},
+            {"outputSyntaxHighlightingEnabled", &S::outputSyntaxHighlightingEnabled, K::Check, P::Wide, QT_TR_NOOP("Highlight the output, what is selected and what is found")},
+            {"outputMatchedSelectionWordsOnly", &S::outputMatchedSelectionWordsOnly, K::Check, P::Wide, QT_TR_NOOP("Mark what is selected elsewhere only where it is a whole word"), Why::OutputPlain},
             {"outputDoubleClickIncludesDollarSign", &S::outputDoubleClickIncludesDollarSign, K::Check, P::Wide, QT_TR_NOOP("Double-click on a variable selects its dollar sign, too")},
         }},
         {QT_TR_NOOP("Host"), Side::Below, {

@@ -16,6 +16,7 @@ namespace {
 // Design pixels.
 constexpr int GROUP_GAP = 12;
 constexpr int COLUMN_GAP = 4;
+constexpr int HEADING_INDENT = 4; ///< as the fields have for their marks
 constexpr int HEADING_HEIGHT = 24;
 
 QLabel* CreateHeading(const OptionGroup& group, QWidget* parent)
@@ -27,6 +28,7 @@ QLabel* CreateHeading(const OptionGroup& group, QWidget* parent)
         font.setWeight(QFont::DemiBold);
         heading->setFont(font);
         heading->setFixedHeight(Theme::Dp(HEADING_HEIGHT));
+        heading->setIndent(Theme::Dp(HEADING_INDENT));
     });
     return heading;
 }
@@ -119,6 +121,12 @@ QString OptionsPage::GetIconName() const
     return QLatin1String(m_page.icon);
 }
 
+void OptionsPage::AddBelow(const OptionField& field, QWidget* widget)
+{
+    auto* const grid = static_cast<QGridLayout*>(field.parentWidget()->layout());
+    grid->addWidget(widget, grid->rowCount(), 0, 1, 2);
+}
+
 bool OptionsPage::IsChanged() const
 {
     return m_copies.IsChanged(m_page);
@@ -154,6 +162,9 @@ void OptionsPage::UpdateFields()
 
 QWidget* OptionsPage::FindWrongField() const
 {
+    // What was wrong before holds nobody up.
+    if (!IsChanged())
+        return nullptr;
     for (const OptionField* field : m_fields) {
         if (!m_copies.GetFault(field->GetRow()).isEmpty())
             return field->GetControl();

@@ -32,6 +32,8 @@ public:
 
 protected:
     OptionField* GetField(const char* key) const;
+    /// Puts a widget at the end of the field's group.
+    void AddBelow(const OptionField& field, QWidget* widget);
     const OptionCopies& GetCopies() const { return m_copies; }
 
 private Q_SLOTS:
