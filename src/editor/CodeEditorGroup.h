@@ -2,6 +2,7 @@
 
 #include "editor/CodeEditorProperties.h"
 #include "editor/TabDropZone.h"
+#include "language/PylintOptions.h"
 
 #include <QPointer>
 #include <QRegularExpression>
@@ -172,6 +173,8 @@ Q_SIGNALS:
     void FileChanged(const QString& path);
     /// To the worker thread, as copies.
     void PylintSourceCode(const QString& text, const QString& path, const QString& pythonPath);
+    /// Sent before the text that they are for.
+    void PylintOptionsTaken(const PylintOptions& options);
     void OpenFilesRequested(int groupId, TabDropZone zone, const QStringList& paths);
     /// Null when there is nothing to show; otherwise to be read at once.
     void ParserUpdated(BaseParser* parser);

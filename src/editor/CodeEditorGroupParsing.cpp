@@ -100,6 +100,7 @@ void CodeEditorGroup::RequestPylint(const QString& text, const QString& path)
     // Nobody waits for threads that most people never use.
     if (!m_workerThread->isRunning())
         m_workerThread->start(QThread::InheritPriority);
+    Q_EMIT PylintOptionsTaken(PylintOptions::FromSettings());
     Q_EMIT PylintSourceCode(text, path, Settings::pylintPythonPath);
 }
 
@@ -129,6 +130,8 @@ void CodeEditorGroup::CreateWorkerThread()
     m_workerThread->setObjectName(QStringLiteral("pylintThread%1").arg(m_id));
     m_pylintWorker = new PylintWorker;
     connect(this, &CodeEditorGroup::ShutdownWorkers, m_pylintWorker, &PylintWorker::Shutdown);
+    qRegisterMetaType<PylintOptions>("PylintOptions");
+    connect(this, &CodeEditorGroup::PylintOptionsTaken, m_pylintWorker, &PylintWorker::SetOptions);
     connect(this, &CodeEditorGroup::PylintSourceCode, m_pylintWorker, &PylintWorker::Pylint);
     connect(m_pylintWorker, &PylintWorker::PylintOutput, this, &CodeEditorGroup::OnPylintOutput);
     connect(m_pylintWorker, &PylintWorker::PylintFailed, this, &CodeEditorGroup::OnPylintFailed);

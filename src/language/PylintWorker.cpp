@@ -80,51 +80,56 @@ void PylintWorker::Pylint(const QString& source, const QString& filePath, const 
         return;
     }
     m_filePath = filePath;
-    if (!Settings::pylintEnabled)
+    const PylintOptions options = GetOptions();
+    if (!options.isEnabled)
         return;
-    if (!IsExecutableThere()) {
+    if (!IsExecutableThere(options.path)) {
         Q_EMIT PylintFailed(m_filePath);
         return;
     }
     WriteToTempFile(source);
-    StartProcess(pythonPath);
+    StartProcess(options, pythonPath);
 }
 
-bool PylintWorker::IsExecutableThere()
+PylintOptions PylintWorker::GetOptions() const
 {
-    if (QFileInfo::exists(Settings::pylintPath))
+    return m_options ? *m_options : PylintOptions::FromSettings();
+}
+
+bool PylintWorker::IsExecutableThere(const QString& path)
+{
+    if (QFileInfo::exists(path))
         return true;
-    if (sShowPylintExeNotFoundError.exchange(false)) {
-        Logger::Error(QStringLiteral("Pylint executable not found: %1").arg(Settings::pylintPath));
-    }
+    if (sShowPylintExeNotFoundError.exchange(false))
+        Logger::Error(QStringLiteral("Pylint executable not found: %1").arg(path));
     return false;
 }
 
-QString PylintWorker::CommandLine() const
+QString PylintWorker::CommandLine(const PylintOptions& options) const
 {
     const QString messageTemplate = QStringLiteral("::{C}:{line}:{column}:[{msg_id}]:{msg}::");
     const QString reducedCheckers = QStringLiteral(
         "--disable=W,R,C,E1111 --enable=import-error,unreachable,duplicate-key,"
         "unnecessary-semicolon,global-variable-not-assigned,unused-variable,binary-op-exception,"
         "bad-format-string,anomalous-backslash-in-string,bad-open-mode");
-    QString command = QStringLiteral("%1 --msg-template='%2'")
-                          .arg(Quoted(Settings::pylintPath), messageTemplate);
-    if (Settings::pylintUseMinimalCheckers)
+    QString command
+        = QStringLiteral("%1 --msg-template='%2'").arg(Quoted(options.path), messageTemplate);
+    if (options.usesMinimalCheckers)
         command = QStringLiteral("%1 %2").arg(command, reducedCheckers);
-    else if (!Settings::pylintConfigPath.isEmpty())
-        command = QStringLiteral("%1 --rcfile=%2").arg(command, Quoted(Settings::pylintConfigPath));
+    else if (!options.configPath.isEmpty())
+        command = QStringLiteral("%1 --rcfile=%2").arg(command, Quoted(options.configPath));
     return QStringLiteral("%1 %2").arg(command, Quoted(m_tempFilePath));
 }
 
-void PylintWorker::StartProcess(const QString& pythonPath)
+void PylintWorker::StartProcess(const PylintOptions& options, const QString& pythonPath)
 {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert(QStringLiteral("PYTHONPATH"), pythonPath);
-    if (!Settings::pylintPythonHomePath.isEmpty())
-        environment.insert(QStringLiteral("PYTHONHOME"), Settings::pylintPythonHomePath);
+    if (!options.pythonHomePath.isEmpty())
+        environment.insert(QStringLiteral("PYTHONHOME"), options.pythonHomePath);
     m_process->setProcessEnvironment(environment);
 
-    QStringList arguments = QProcess::splitCommand(CommandLine());
+    QStringList arguments = QProcess::splitCommand(CommandLine(options));
     const QString program = arguments.takeFirst();
     m_runningRequest = m_requestCounter;
     m_process->start(program, arguments, QIODevice::ReadWrite);
@@ -146,7 +151,7 @@ void PylintWorker::ProcessPylintOutput(int exitCode)
 {
     const QString output = QString::fromUtf8(m_process->readAllStandardOutput());
     const QString errors = QString::fromUtf8(m_process->readAllStandardError());
-    if (Settings::pylintShowErrors && !errors.isEmpty())
+    if (GetOptions().showsErrors && !errors.isEmpty())
         Logger::Error(errors);
     // pylint says something whenever it finds something; silence with a code is no result.
     const bool failed = m_process->exitStatus() == QProcess::CrashExit || exitCode >= USAGE_ERROR

@@ -1,7 +1,11 @@
 #pragma once
 
+#include "language/PylintOptions.h"
+
 #include <QObject>
 #include <QStringList>
+
+#include <optional>
 
 class QProcess;
 
@@ -26,6 +30,9 @@ public:
     QString GetTempFilePath() const { return m_tempFilePath; }
 
 public Q_SLOTS:
+    /// For the requests that follow. Without them a worker goes by the settings, which only the
+    /// interface thread may read.
+    void SetOptions(const PylintOptions& options) { m_options = options; }
     /// Checks `source`, the text of `filePath`. `pythonPath` is pylint's module search path.
     void Pylint(const QString& source, const QString& filePath, const QString& pythonPath);
     /// Stops the run and ends the event loop of the thread.
@@ -40,13 +47,15 @@ Q_SIGNALS:
 private:
     void CreateTempFile();
     void WriteToTempFile(const QString& source);
-    bool IsExecutableThere();
-    QString CommandLine() const;
-    void StartProcess(const QString& pythonPath);
+    PylintOptions GetOptions() const;
+    static bool IsExecutableThere(const QString& path);
+    QString CommandLine(const PylintOptions& options) const;
+    void StartProcess(const PylintOptions& options, const QString& pythonPath);
     void OnProcessFinished(int exitCode);
     void ProcessPylintOutput(int exitCode);
 
     int m_workerId;
+    std::optional<PylintOptions> m_options;
     QProcess* m_process;
     QString m_tempFilePath;
     QString m_filePath; ///< of the editor whose text was sent last

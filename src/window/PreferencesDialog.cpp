@@ -260,8 +260,7 @@ void PreferencesDialog::RestoreLook()
 
 void PreferencesDialog::RememberLook() const
 {
-    lastLook = {m_pages[qBound(0, m_list->currentRow(), m_pages.size() - 1)]->GetTitle(), size(),
-        Settings::customScaleValue};
+    lastLook = {m_list->currentItem()->text(), size(), Settings::customScaleValue};
 }
 
 void PreferencesDialog::ShowPage(const QString& title)
@@ -279,8 +278,9 @@ PreferencesPage* PreferencesDialog::GetCurrentPage() const
 
 void PreferencesDialog::OnPageChosen(int row)
 {
-    m_stack->setCurrentIndex(row < 0 ? m_pages.size() : row);
-    m_restoreButton->setEnabled(row >= 0);
+    const bool isShown = row >= 0 && !m_list->item(row)->isHidden();
+    m_stack->setCurrentIndex(isShown ? row : m_pages.size());
+    m_restoreButton->setEnabled(isShown);
     ShowFirstMatch();
 }
 
@@ -297,8 +297,8 @@ void PreferencesDialog::OnSearchChanged(const QString& text)
             firstShown = row;
     }
     m_nothingFound->setText(tr("No option has “%1” in its label or key.").arg(wanted));
-    const QListWidgetItem* const current = m_list->currentItem();
-    if (!current || current->isHidden())
+    // Where nothing is found the page is kept for when the text goes.
+    if (firstShown >= 0 && m_list->currentItem()->isHidden())
         m_list->setCurrentRow(firstShown);
     OnPageChosen(m_list->currentRow());
 }
@@ -352,6 +352,7 @@ bool PreferencesDialog::FocusWrongField()
         m_search->clear();
         m_list->setCurrentRow(row);
         field->setFocus(Qt::ShortcutFocusReason);
+        static_cast<QScrollArea*>(m_stack->currentWidget())->ensureWidgetVisible(field);
         return true;
     }
     return false;

@@ -25,6 +25,7 @@ FontField::FontField(const OptionRow& row, QWidget* parent)
     AddFamilies();
     GuardFromWheel(m_family);
     AddControl(m_family);
+    m_family->lineEdit()->setAccessibleName(m_family->accessibleName());
     AddStretch();
     connect(m_family, &QComboBox::editTextChanged, this, &FontField::Changed);
     FollowLook(m_family, [this] { m_family->setMinimumWidth(Theme::Dp(WIDTH)); });

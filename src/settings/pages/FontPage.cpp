@@ -6,6 +6,7 @@
 #include "window/chrome/TextLook.h"
 #include "window/chrome/Theme.h"
 
+#include <QFontDatabase>
 #include <QLabel>
 
 namespace {
@@ -35,8 +36,11 @@ FontPage::FontPage(const OptionPage& page, const char* familyKey, const char* si
 
 void FontPage::UpdateSample()
 {
+    const QString family = m_family->GetValue().toString();
+    const bool isInstalled = QFontDatabase().families().contains(family, Qt::CaseInsensitive);
+    m_family->SetNote(isInstalled ? QString() : tr("Not installed here: another font stands in."));
     QFont font = m_sample->font();
-    font.setFamily(m_family->GetValue().toString());
+    font.setFamily(family);
     font.setStyleHint(QFont::TypeWriter);
     font.setPointSize(m_size->GetValue().toInt());
     int noZoom = 0;

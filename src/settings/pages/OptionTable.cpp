@@ -137,7 +137,7 @@ const OptionPage& OptionTable::Mel()
             {"melIndentToParentheses", &S::melIndentToParentheses, K::Check, P::Left, QT_TR_NOOP("Indent to parentheses"), Why::NoMelAutoIndent},
             {"melInsertClosingParentheses", &S::melInsertClosingParentheses, K::Check, P::Left, QT_TR_NOOP("Insert closing parentheses")},
             {"melInsertClosingQuotes", &S::melInsertClosingQuotes, K::Check, P::Left, QT_TR_NOOP("Insert closing quotes")},
-            {"melDoubleClickIncludesDollarSign", &S::melDoubleClickIncludesDollarSign, K::Check, P::Wide, QT_TR_NOOP("Double-click on a variable selects its dollar sign, too")},
+            {"melDoubleClickIncludesDollarSign", &S::melDoubleClickIncludesDollarSign, K::Check, P::Wide, QT_TR_NOOP("Double-click selects the dollar sign")},
         }},
         {QT_TR_NOOP("Saving"), Side::Beside, {
             {"melTrimTrailingWhiteSpacesOnSave", &S::melTrimTrailingWhiteSpacesOnSave, K::Check, P::Left, QT_TR_NOOP("Trim trailing white space on save")},
@@ -221,7 +221,7 @@ const OptionPage& OptionTable::Output()
             {"outputMouseWheelChangesFontSize", &S::outputMouseWheelChangesFontSize, K::Check, P::Wide, QT_TR_NOOP("Change the font size with Ctrl and the mouse wheel")},
             {"outputSyntaxHighlightingEnabled", &S::outputSyntaxHighlightingEnabled, K::Check, P::Wide, QT_TR_NOOP("Highlight the output, what is selected and what is found")},
             {"outputMatchedSelectionWordsOnly", &S::outputMatchedSelectionWordsOnly, K::Check, P::Wide, QT_TR_NOOP("Mark what is selected elsewhere only where it is a whole word"), Why::OutputPlain},
-            {"outputDoubleClickIncludesDollarSign", &S::outputDoubleClickIncludesDollarSign, K::Check, P::Wide, QT_TR_NOOP("Double-click on a variable selects its dollar sign, too")},
+            {"outputDoubleClickIncludesDollarSign", &S::outputDoubleClickIncludesDollarSign, K::Check, P::Wide, QT_TR_NOOP("Double-click selects the dollar sign")},
         }},
         {QT_TR_NOOP("Host"), Side::Below, {
             {"outputMinimalTrace", &S::outputMinimalTrace, K::Check, P::Wide, QT_TR_NOOP("Leave out the commands that are executed"), Why::EchoesAll},

@@ -52,6 +52,7 @@ void OptionsPage::CreateFields()
     for (const OptionGroup& group : m_page.groups) {
         if (!line || group.side == OptionGroup::Side::Below) {
             line = new QHBoxLayout;
+            line->setSpacing(0);
             layout->addLayout(line);
         }
         line->addWidget(CreateGroup(group), 1, Qt::AlignTop);
@@ -175,10 +176,14 @@ QWidget* OptionsPage::FindWrongField() const
 int OptionsPage::MarkMatches(const QString& text)
 {
     int count = 0;
-    for (OptionField* field : qAsConst(m_fields)) {
-        const bool matches = !text.isEmpty() && OptionTable::Matches(field->GetRow(), text);
-        field->SetMatched(matches);
-        count += matches ? 1 : 0;
+    auto field = m_fields.cbegin();
+    for (const OptionGroup& group : m_page.groups) {
+        const bool isWanted = OptionTable::tr(group.title).contains(text, Qt::CaseInsensitive);
+        for (const OptionRow& row : group.rows) {
+            const bool matches = !text.isEmpty() && (isWanted || OptionTable::Matches(row, text));
+            (*field++)->SetMatched(matches);
+            count += matches ? 1 : 0;
+        }
     }
     return count;
 }
