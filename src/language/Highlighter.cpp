@@ -14,13 +14,22 @@ namespace {
 
 constexpr int AT_ONCE_LINES = 2000;
 constexpr int LINES_PER_LOOK_AT_THE_CLOCK = 64;
-constexpr int TURN_MILLISECONDS = 4; // so that a turn with its paint stays below 8
+/// Of all documents together, so that a turn with its paint stays below 8 ms.
+constexpr int TURN_NANOSECONDS = 4'000'000;
 /// With a view that asks for its lines, longer documents are not coloured where nobody looks.
 constexpr int BACKGROUND_LINES = 50000;
 /// New colours have the whole view painted, so lines about to scroll into it are coloured with it.
 constexpr int LINES_AROUND_VIEW = 64;
 
 constexpr int NOT_COLOURED = 0;
+
+int workingHighlighters = 0; ///< whose timers run
+
+/// The timers of all documents fire in the same turns of the event loop.
+bool HasTime(const QElapsedTimer& clock)
+{
+    return clock.nsecsElapsed() < TURN_NANOSECONDS / qMax(1, workingHighlighters);
+}
 
 /// Block data that knows what it was filled for, and whether the line was coloured, too.
 class ColouredBlockData : public CodeEditorBlockData
@@ -80,6 +89,7 @@ Highlighter::Highlighter(QTextDocument* document, const QVector<MultiLineHighlig
 
 Highlighter::~Highlighter()
 {
+    StopWork();
     // The toolkit takes the colours away, which changes the document once more.
     if (document())
         document()->disconnect(this);
@@ -105,13 +115,14 @@ void Highlighter::Rehighlight()
     UpdateFormats();
     m_generation = NextGeneration();
     m_nextToColour = 0;
-    if (m_lineCount <= AT_ONCE_LINES && m_pending.IsEmpty()) {
+    // Many documents get new colours at one time: nobody waits for more than is in view.
+    if (m_hasView) {
+        ColourLines(m_view.first, m_view.end - 1);
+    } else if (m_lineCount <= AT_ONCE_LINES && m_pending.IsEmpty()) {
         ColourLines(0, m_lineCount - 1);
         m_nextToColour = m_lineCount;
         return;
     }
-    if (m_hasView)
-        ColourLines(m_view.first, m_view.end - 1);
     WorkLater();
 }
 
@@ -206,8 +217,18 @@ bool Highlighter::CarryStatesOn(LineSpan& span, int maximumLines, bool colour)
 
 void Highlighter::WorkLater()
 {
+    if (m_timer->isActive())
+        return;
+    m_timer->start();
+    ++workingHighlighters;
+}
+
+void Highlighter::StopWork()
+{
     if (!m_timer->isActive())
-        m_timer->start();
+        return;
+    m_timer->stop();
+    --workingHighlighters;
 }
 
 void Highlighter::Work()
@@ -216,14 +237,14 @@ void Highlighter::Work()
     m_settledRevision = document()->revision();
     QElapsedTimer clock;
     clock.start();
-    while (!m_pending.IsEmpty() && clock.elapsed() < TURN_MILLISECONDS)
+    while (!m_pending.IsEmpty() && HasTime(clock))
         CarryPendingStatesOn(LINES_PER_LOOK_AT_THE_CLOCK);
     if (m_pending.IsEmpty() && m_hasView)
         ColourLines(m_view.first, qMin(m_view.end, m_lineCount) - 1);
     ColourInTheBackground(clock);
     if (!m_pending.IsEmpty() || (m_nextToColour < m_lineCount && !LeavesTheRest()))
         return;
-    m_timer->stop();
+    StopWork();
     Q_EMIT Completed();
 }
 
@@ -242,8 +263,7 @@ void Highlighter::ColourInTheBackground(const QElapsedTimer& clock)
 {
     if (LeavesTheRest())
         return;
-    while (m_pending.IsEmpty() && m_nextToColour < m_lineCount
-        && clock.elapsed() < TURN_MILLISECONDS) {
+    while (m_pending.IsEmpty() && m_nextToColour < m_lineCount && HasTime(clock)) {
         const int end = qMin(m_nextToColour + LINES_PER_LOOK_AT_THE_CLOCK, m_lineCount);
         ColourLines(m_nextToColour, end - 1);
         m_nextToColour = end;

@@ -66,6 +66,7 @@ private:
     void CarryPendingStatesOn(int maximumLines);
     void ColourInTheBackground(const QElapsedTimer& clock);
     void WorkLater();
+    void StopWork();
     bool LeavesTheRest() const;
 
     // One line

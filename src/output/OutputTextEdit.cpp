@@ -224,6 +224,11 @@ void OutputTextEdit::UpdateFont()
 
 void OutputTextEdit::UpdateTextOptions()
 {
-    document()->setDefaultTextOption(
-        TextLook::Option(font(), Settings::tabsSizeDefault, Settings::outputWordWrapEnabled));
+    const QTextOption option
+        = TextLook::Option(font(), Settings::tabsSizeDefault, Settings::outputWordWrapEnabled);
+    // Setting it lays out the whole text anew, whatever it was before.
+    const QTextOption old = document()->defaultTextOption();
+    if (old.wrapMode() != option.wrapMode()
+        || !qFuzzyCompare(1.0 + old.tabStopDistance(), 1.0 + option.tabStopDistance()))
+        document()->setDefaultTextOption(option);
 }
