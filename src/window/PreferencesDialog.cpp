@@ -2,7 +2,9 @@
 
 #include "language/PythonForcedImports.h"
 #include "settings/Settings.h"
+#include "settings/pages/ColorsPage.h"
 #include "settings/pages/FontPage.h"
+#include "settings/pages/KeyBindingsPage.h"
 #include "settings/pages/OptionCopies.h"
 #include "settings/pages/OptionTable.h"
 #include "settings/pages/OptionsPage.h"
@@ -77,7 +79,7 @@ QScrollArea* Scrolled(PreferencesPage* page, QWidget* parent)
 
 } // namespace
 
-PreferencesDialog::PreferencesDialog(QWidget* parent)
+PreferencesDialog::PreferencesDialog(KeyBindings* keyBindings, QWidget* parent)
     : QDialog(parent)
     , m_copies(new OptionCopies(OptionTable::GetPages(), this))
 {
@@ -90,7 +92,7 @@ PreferencesDialog::PreferencesDialog(QWidget* parent)
     CreateList();
     m_stack = new QStackedWidget(this);
     m_stack->setObjectName(QStringLiteral("m_stack"));
-    CreatePages();
+    CreatePages(keyBindings);
     CreateButtons();
     CreateLayout();
     RestoreLook();
@@ -102,7 +104,7 @@ PreferencesDialog::~PreferencesDialog()
     RememberLook();
 }
 
-void PreferencesDialog::CreatePages()
+void PreferencesDialog::CreatePages(KeyBindings* keyBindings)
 {
     m_copies->SetCheck("pythonForcedImports", ForcedImportsFault);
     AddPage(new OptionsPage(OptionTable::General(), *m_copies, this));
@@ -116,6 +118,8 @@ void PreferencesDialog::CreatePages()
     AddPage(
         new FontPage(OptionTable::Output(), "outputFontFamily", "outputFontSize", *m_copies, this));
     AddPage(new OutputHighlightingPage(this));
+    AddPage(new ColorsPage(this));
+    AddPage(new KeyBindingsPage(keyBindings, this));
     m_nothingFound = new QLabel(m_stack);
     m_nothingFound->setObjectName(QStringLiteral("m_nothingFound"));
     m_nothingFound->setTextFormat(Qt::PlainText);

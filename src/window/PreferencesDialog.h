@@ -22,7 +22,8 @@ class PreferencesDialog : public QDialog
     Q_OBJECT
 
 public:
-    explicit PreferencesDialog(QWidget* parent);
+    /// The bindings are not owned and outlive the dialog.
+    PreferencesDialog(KeyBindings* keyBindings, QWidget* parent);
     ~PreferencesDialog() override;
 
     /// By the title in the list; nothing happens when there is none.
@@ -48,7 +49,7 @@ private Q_SLOTS:
     void OnSearchChanged(const QString& text);
 
 private:
-    void CreatePages();
+    void CreatePages(KeyBindings* keyBindings);
     void AddPage(PreferencesPage* page);
     void CreateSearch();
     void CreateList();

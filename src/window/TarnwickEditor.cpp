@@ -87,7 +87,10 @@ void TarnwickEditor::ApplyTheme()
         m_style = std::make_unique<TarnwickStyle>();
         setStyle(m_style.get());
     }
-    setStyleSheet(Theme::StyleSheet());
+    // To set even the same sheet has every widget laid out anew.
+    const QString sheet = Theme::StyleSheet();
+    if (sheet != styleSheet())
+        setStyleSheet(sheet);
 }
 
 void TarnwickEditor::ApplyPreferences()

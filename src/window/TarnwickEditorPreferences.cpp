@@ -15,7 +15,7 @@
 
 void TarnwickEditor::ShowPreferencesDialog()
 {
-    auto* dialog = new PreferencesDialog(this);
+    auto* dialog = new PreferencesDialog(&m_keyBindings, this);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     connect(dialog, &PreferencesDialog::Applied, this, &TarnwickEditor::OnPreferencesApplied);
     dialog->open();
@@ -25,6 +25,7 @@ void TarnwickEditor::ShowPreferencesDialog()
 void TarnwickEditor::OnPreferencesApplied()
 {
     MayaUtil::UpdatePylintPythonPath();
+    ApplyTheme();
     ApplyPreferences();
     UpdateOverrideScriptEditorButton();
     ShowBoundKeys();
@@ -32,6 +33,9 @@ void TarnwickEditor::OnPreferencesApplied()
         group->UpdateParser();
     m_actions.revertModuleStateOnExecute->setChecked(Settings::pythonRevertModuleStateOnExecute);
     UpdateRecentFilesMenu();
+    // Colors are asked for with each painting, also where nothing else has changed.
+    for (QWidget* widget : findChildren<QWidget*>())
+        widget->update();
     if (IsGuest())
         return;
     Settings::WriteUserConfig();

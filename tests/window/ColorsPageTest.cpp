@@ -1,18 +1,26 @@
 #include "settings/pages/ColorsPage.h"
 
+#include "editor/CodeEditor.h"
+#include "editor/CodeEditorGroup.h"
+#include "output/OutputTextEdit.h"
 #include "settings/ColorSettings.h"
 #include "settings/Settings.h"
 #include "settings/pages/ColorRoleList.h"
 #include "settings/pages/ColorSampleView.h"
 #include "support/TestMain.h"
 #include "window/DialogAnswers.h"
+#include "window/PanelGroup.h"
+#include "window/PreferencesDialog.h"
+#include "window/TarnwickEditor.h"
 #include "window/WindowFixture.h"
 #include "window/chrome/ColorLabel.h"
 
 #include <QCheckBox>
 #include <QColorDialog>
+#include <QDialogButtonBox>
 #include <QFile>
 #include <QPushButton>
+#include <QScreen>
 #include <QtTest>
 
 #include <memory>
@@ -61,6 +69,8 @@ private Q_SLOTS:
     void AClickInTheSampleChoosesARole();
     void ChangesARoleByKeyboard();
     void TheListsShareOneChoice();
+    void NewColorsAreOnTheScreenAtOnce_data();
+    void NewColorsAreOnTheScreenAtOnce();
 
 private:
     std::unique_ptr<WindowFixture> m_host;
@@ -236,6 +246,81 @@ void ColorsPageTest::TheListsShareOneChoice()
     QCOMPARE(output->selectedItems().value(0)->text(), QString("Plain Text"));
     QCOMPARE(page.findChild<ColorSampleView*>()->GetText(), ColorSample::Text::Console);
     QCOMPARE(page.MarkMatches("FIND"), 5);
+}
+
+void ColorsPageTest::NewColorsAreOnTheScreenAtOnce_data()
+{
+    QTest::addColumn<int>("surface");
+    QTest::addColumn<QString>("key");
+    QTest::addColumn<QString>("label"); // of the page
+    const auto row = [](ColorRole::Surface surface, const QString& key, const char* label) {
+        const QString text
+            = QString("%1 %2").arg(surface == ColorRole::Output ? "output" : "editor", key);
+        QTest::newRow(qPrintable(text)) << int(surface) << key << label;
+    };
+    row(ColorRole::CodeEditor, C::PLAIN_TEXT, "m_background");
+    row(ColorRole::CodeEditor, C::CURRENT_LINE, "m_background");
+    row(ColorRole::CodeEditor, C::MATCHING_BRACES, "m_background");
+    row(ColorRole::CodeEditor, C::MATCHING_SELECTION, "m_background");
+    row(ColorRole::CodeEditor, C::SELECTED_TEXT, "m_background");
+    row(ColorRole::CodeEditor, C::INDENTATION_GUIDES, "m_foreground");
+    row(ColorRole::CodeEditor, C::LINE_NUMBERS, "m_background");
+    row(ColorRole::CodeEditor, C::GUTTER, "m_background");
+    row(ColorRole::CodeEditor, C::PYTHON_KEYWORDS, "m_background");
+    row(ColorRole::Output, C::PLAIN_TEXT, "m_background");
+    row(ColorRole::Output, C::MATCHING_SELECTION, "m_background");
+    row(ColorRole::Output, C::SELECTED_TEXT, "m_background");
+}
+
+/// In the editor that is shown and in one that is behind it, without a key or a click.
+void ColorsPageTest::NewColorsAreOnTheScreenAtOnce()
+{
+    QFETCH(int, surface);
+    QFETCH(QString, key);
+    QFETCH(QString, label);
+    const QColor color(12, 250, 34);
+    TarnwickEditor window;
+    window.resize(900, 700);
+    window.show();
+    auto* const output = window.findChild<PanelGroup*>()->GetOutput();
+    output->setPlainText("mesh mesh");
+    output->moveCursor(QTextCursor::EndOfWord, QTextCursor::KeepAnchor);
+    for (int i = 0; i < 2; ++i) {
+        window.NewPythonBuffer();
+        CodeEditor* const editor = window.GetActiveCodeEditor();
+        editor->setPlainText("if mesh:\n    print(mesh)\n");
+        editor->moveCursor(QTextCursor::End);
+        editor->find("mesh", QTextDocument::FindBackward);
+        if (key == C::MATCHING_BRACES)
+            editor->moveCursor(QTextCursor::EndOfLine);
+    }
+    const auto isOnScreen = [&] {
+        const QImage picture = window.screen()->grabWindow(window.winId()).toImage();
+        for (int y = 0; y < picture.height(); ++y) {
+            for (int x = 0; x < picture.width(); ++x) {
+                if (picture.pixelColor(x, y) == color)
+                    return true;
+            }
+        }
+        return false;
+    };
+    QVERIFY(!isOnScreen());
+    window.ShowPreferencesDialog();
+    auto* const dialog = window.findChild<PreferencesDialog*>();
+    auto* const page = dialog->findChild<ColorsPage*>();
+    dialog->ShowPage(page->GetTitle());
+    page->ShowRole({ColorRole::Surface(surface), key});
+    DialogAnswers answers;
+    answers.Do([&](QDialog* picker) {
+        static_cast<QColorDialog*>(picker)->setCurrentColor(color);
+        picker->accept();
+    });
+    QTest::keyClick(page->findChild<ColorLabel*>(label), Qt::Key_Space);
+    dialog->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok)->click();
+    QTRY_VERIFY(isOnScreen());
+    auto* const group = window.GetActiveCodeEditorGroup();
+    group->SetCurrentIndex(group->GetCurrentIndex() - 1);
+    QTRY_VERIFY(isOnScreen());
 }
 
 TE2_TEST(ColorsPageTest)

@@ -168,12 +168,13 @@ int ColorRoleList::MarkMatches(const QString& text)
 {
     static_cast<ColorRoleDelegate*>(itemDelegate())->match = text;
     viewport()->update();
+    m_firstMatch = -1;
     int matches = 0;
     for (int row = 0; row < count() && !text.isEmpty(); ++row) {
         const bool isMatch = item(row)->text().contains(text, Qt::CaseInsensitive)
             || GetRole(row).key.contains(text, Qt::CaseInsensitive);
         if (isMatch && matches++ == 0)
-            scrollToItem(item(row));
+            m_firstMatch = row;
     }
     return matches;
 }

@@ -20,9 +20,10 @@ public:
     void ShowRole(const ColorRole& role);
     /// After the scheme changed.
     void UpdateRoles();
-    /// Marks the roles whose label or key contains the text and shows the first of them; how many
-    /// there are.
+    /// Marks the roles whose label or key contains the text; how many there are.
     int MarkMatches(const QString& text);
+    /// Of those that are marked; one without a key when there is none.
+    ColorRole GetFirstMatch() const { return GetRole(m_firstMatch); }
 
 Q_SIGNALS:
     void RoleChosen(const ColorRole& role);
@@ -36,4 +37,5 @@ private Q_SLOTS:
 private:
     const ColorScheme* m_scheme; ///< not owned
     const ColorRole::Surface m_surface;
+    int m_firstMatch = -1;
 };

@@ -205,7 +205,20 @@ QString ColorsPage::GetRestoreQuestion() const
 
 int ColorsPage::MarkMatches(const QString& text)
 {
-    return m_codeEditorRoles->MarkMatches(text) + m_outputRoles->MarkMatches(text);
+    const int inCodeEditor = m_codeEditorRoles->MarkMatches(text);
+    const int inOutput = m_outputRoles->MarkMatches(text);
+    ColorRoleList* const first = inCodeEditor > 0 ? m_codeEditorRoles
+        : inOutput > 0                            ? m_outputRoles
+                                                  : nullptr;
+    m_firstMatch = first;
+    if (first)
+        ShowRole(first->GetFirstMatch());
+    return inCodeEditor + inOutput;
+}
+
+QWidget* ColorsPage::FindFirstMatch() const
+{
+    return m_firstMatch;
 }
 
 void ColorsPage::ShowRole(const ColorRole& role)

@@ -30,6 +30,7 @@ public:
     void RestoreDefaults() override;
     QString GetRestoreQuestion() const override;
     int MarkMatches(const QString& text) override;
+    QWidget* FindFirstMatch() const override;
 
     /// Its parts can be changed from now on.
     void ShowRole(const ColorRole& role);
@@ -71,4 +72,5 @@ private:
     QPushButton* m_resetAllButton = nullptr;
     ColorSampleView* m_sample = nullptr;
     QLabel* m_hint = nullptr;
+    QWidget* m_firstMatch = nullptr;
 };

@@ -208,7 +208,14 @@ void KeyBindingsPage::ResetAll()
 
 int KeyBindingsPage::MarkMatches(const QString& text)
 {
-    return m_table->MarkMatches(text);
+    const int matches = m_table->MarkMatches(text);
+    m_hasMatches = matches > 0;
+    return matches;
+}
+
+QWidget* KeyBindingsPage::FindFirstMatch() const
+{
+    return m_hasMatches ? m_table : nullptr;
 }
 
 void KeyBindingsPage::UpdateFilterMode()

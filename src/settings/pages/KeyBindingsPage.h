@@ -32,6 +32,7 @@ public:
     void RestoreDefaults() override;
     QString GetRestoreQuestion() const override;
     int MarkMatches(const QString& text) override;
+    QWidget* FindFirstMatch() const override;
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -61,6 +62,7 @@ private:
     FlatButton* m_pressKeysButton = nullptr;
     KeyBindingsTable* m_table = nullptr;
     QLabel* m_hint = nullptr;
+    bool m_hasMatches = false;
     QVector<QAction*> m_actions; ///< as in COMMANDS
     QVector<QPushButton*> m_buttons; ///< null for a command without one
 };

@@ -101,7 +101,7 @@ int KeyBindingsTable::MarkMatches(const QString& text)
     int matches = 0;
     for (int row = 0; row < m_model->rowCount() && !text.isEmpty(); ++row) {
         if (m_model->ContainsText(row, text) && matches++ == 0)
-            scrollTo(m_model->index(row, M::COMMAND), PositionAtTop);
+            setCurrentIndex(m_model->index(row, M::COMMAND));
     }
     return matches;
 }

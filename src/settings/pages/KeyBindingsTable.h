@@ -24,7 +24,7 @@ public:
     bool IsEditing() const { return m_field != nullptr; }
     /// Rows for which `isShown` answers false disappear; when all do, `emptyText` stands instead.
     void ShowRows(const std::function<bool(int row)>& isShown, const QString& emptyText);
-    /// Marks the rows that contain the text and shows the first of them; how many there are.
+    /// Marks the rows that contain the text and goes to the first of them; how many there are.
     int MarkMatches(const QString& text);
 
 public Q_SLOTS:
