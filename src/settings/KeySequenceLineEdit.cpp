@@ -29,17 +29,6 @@ bool IsKnown(int key)
     return key != 0 && key != Qt::Key_unknown;
 }
 
-/// Shift is a part of how some characters are typed; a shortcut that names it as well as the
-/// character is never met by a keyboard's keys. Letters are named without it.
-bool IsTypedWithShift(const QKeyEvent& event)
-{
-    const bool isCharacter = event.key() > Qt::Key_Space && event.key() < Qt::Key_Escape
-        && !QChar::isLetter(uint(event.key()));
-    const bool isOfKeyboard
-        = event.nativeScanCode() != 0 && !(event.modifiers() & Qt::KeypadModifier);
-    return isCharacter && isOfKeyboard && event.modifiers() & Qt::ShiftModifier;
-}
-
 } // namespace
 
 KeySequenceLineEdit::KeySequenceLineEdit(QWidget* parent)
@@ -47,6 +36,17 @@ KeySequenceLineEdit::KeySequenceLineEdit(QWidget* parent)
 {
     // For the ways past the keys: paste, drop and input methods.
     setReadOnly(true);
+}
+
+/// Shift is a part of how some characters are typed; a shortcut that names it as well as the
+/// character is never met by a keyboard's keys. Letters are named without it.
+bool KeySequenceLineEdit::IsTypedWithShift(const QKeyEvent& event)
+{
+    const bool isCharacter = event.key() > Qt::Key_Space && event.key() < Qt::Key_Escape
+        && !QChar::isLetter(uint(event.key()));
+    const bool isOfKeyboard
+        = event.nativeScanCode() != 0 && !(event.modifiers() & Qt::KeypadModifier);
+    return isCharacter && isOfKeyboard && event.modifiers() & Qt::ShiftModifier;
 }
 
 bool KeySequenceLineEdit::event(QEvent* event)

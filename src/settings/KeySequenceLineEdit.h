@@ -14,6 +14,9 @@ public:
     explicit KeySequenceLineEdit(QWidget* parent = nullptr);
 
 protected:
+    /// Whether a keyboard sent a character for which Shift is held.
+    static bool IsTypedWithShift(const QKeyEvent& event);
+
     bool event(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 };

@@ -1,14 +1,23 @@
 #include "settings/pages/KeyBindingsPage.h"
 
+#include "editor/CodeEditor.h"
+#include "output/OutputTextEdit.h"
 #include "settings/KeyBindings.h"
 #include "settings/pages/KeyBindingsModel.h"
 #include "settings/pages/KeyBindingsTable.h"
 #include "support/TestMain.h"
+#include "window/PanelGroup.h"
+#include "window/PreferencesDialog.h"
+#include "window/TarnwickEditor.h"
 #include "window/WindowFixture.h"
 
 #include <QAction>
+#include <QContextMenuEvent>
+#include <QDialogButtonBox>
 #include <QFile>
 #include <QLineEdit>
+#include <QMenu>
+#include <QPushButton>
 #include <QToolButton>
 #include <QtTest>
 
@@ -55,6 +64,7 @@ private Q_SLOTS:
     void FiltersByTextAndByKeys_data();
     void FiltersByTextAndByKeys();
     void KeepsWhatItAppliesInTheFile();
+    void NewKeysAreShownEverywhere();
 
 private:
     void Select(int id);
@@ -263,7 +273,11 @@ void KeyBindingsPageTest::FiltersByTextAndByKeys()
     if (button->isChecked())
         Press(Qt::Key_Escape);
     QVERIFY(!button->isChecked());
-    m_page->findChild<QLineEdit*>("m_filter")->clear();
+    auto* const filter = m_page->findChild<QLineEdit*>("m_filter");
+    QKeyEvent press(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
+    QApplication::sendEvent(filter, &press);
+    QVERIFY(m_table->hasFocus());
+    filter->clear();
     QCOMPARE(ShownCommands().size(), Model().rowCount());
 }
 
@@ -291,6 +305,49 @@ void KeyBindingsPageTest::KeepsWhatItAppliesInTheFile()
     m_page->Apply();
     QCOMPARE(m_bindings->GetShortcut(K::Find), QKeySequence("Ctrl+F"));
     QCOMPARE(m_bindings->GetShortcut(K::SaveAs), QKeySequence());
+}
+
+void KeyBindingsPageTest::NewKeysAreShownEverywhere()
+{
+    const QVector<QPair<int, QString>> keys{{K::ExecuteAll, "F5"}, {K::ClearOutput, "F6"},
+        {K::FindNext, "F7"}, {K::FindInFiles, "F8"}, {K::ToggleWriteOutputToFile, "F9"},
+        {K::ReplaceInFiles, "F10"}, {K::Preferences, "F11"}, {K::NewPythonBuffer, "F12"}};
+    TarnwickEditor window;
+    window.show();
+    window.ShowPreferencesDialog();
+    auto* const dialog = window.findChild<PreferencesDialog*>();
+    auto* const table = dialog->findChild<KeyBindingsTable*>();
+    auto* const model = static_cast<M*>(table->model());
+    for (const auto& key : keys)
+        model->SetSequences(RowOf(key.first), Sequences({key.second}));
+    dialog->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok)->click();
+    QStringList toolTips;
+    for (const QWidget* widget : window.findChildren<QWidget*>())
+        toolTips += widget->toolTip();
+    for (const char* const toolTip : {"Execute All (F5)", "Clear (F6)", "Next Match (F7)",
+             "Write to File (F9)", "Toggle Replace (F10)", "Search (F8)", "Preferences (F11)"})
+        QVERIFY2(toolTips.contains(toolTip), toolTip);
+    QVERIFY(!toolTips.contains("Execute All (Ctrl+Shift+Return)"));
+    QStringList shortcuts;
+    const auto readMenu = [&] {
+        auto* const menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+        for (const QAction* action : menu->actions())
+            shortcuts += action->text() + " " + action->shortcut().toString();
+        menu->close();
+    };
+    CodeEditor* const editor = window.GetActiveCodeEditor();
+    Q_EMIT editor->customContextMenuRequested({5, 5});
+    readMenu();
+    QVERIFY2(shortcuts.contains("Execute All F5"), qPrintable(shortcuts.join('\n')));
+    QTimer::singleShot(0, &window, readMenu);
+    OutputTextEdit* const output = window.findChild<PanelGroup*>()->GetOutput();
+    QContextMenuEvent event(QContextMenuEvent::Mouse, {5, 5}, output->mapToGlobal({5, 5}));
+    QApplication::sendEvent(output->viewport(), &event);
+    QVERIFY2(shortcuts.contains("Clear Output F6"), qPrintable(shortcuts.join('\n')));
+    KeyBindings read;
+    read.ReadUserKeyBindings();
+    for (const auto& key : keys)
+        QCOMPARE(read.GetShortcut(key.first), QKeySequence(key.second));
 }
 
 TE2_TEST(KeyBindingsPageTest)

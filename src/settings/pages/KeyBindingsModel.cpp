@@ -46,6 +46,14 @@ const QList<QKeySequence>& KeyBindingsModel::GetSequences(int row) const
     return m_bindings[row].GetSequencesInForce();
 }
 
+QList<QKeySequence> KeyBindingsModel::GetAllSequences() const
+{
+    QList<QKeySequence> all;
+    for (const KeyBinding& binding : m_bindings)
+        all += binding.GetSequencesInForce();
+    return WithoutEmpty(all);
+}
+
 bool KeyBindingsModel::IsChanged(int row) const
 {
     return GetSequences(row) != m_bindings[row].defaultSequences;

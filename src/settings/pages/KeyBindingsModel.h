@@ -28,6 +28,8 @@ public:
 
     const QList<KeyBinding>& GetBindings() const { return m_bindings; }
     const QList<QKeySequence>& GetSequences(int row) const;
+    /// Those of all rows.
+    QList<QKeySequence> GetAllSequences() const;
     bool IsFixed(int row) const { return m_bindings[row].fixed; }
     bool IsChanged(int row) const;
     /// Who else wants the key.

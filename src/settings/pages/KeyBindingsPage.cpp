@@ -221,6 +221,7 @@ QWidget* KeyBindingsPage::FindFirstMatch() const
 void KeyBindingsPage::UpdateFilterMode()
 {
     const bool pressesKeys = m_pressKeysButton->isChecked();
+    m_keyFilter->SetKnownSequences(m_model->GetAllSequences());
     m_filters->setCurrentWidget(pressesKeys ? static_cast<QWidget*>(m_keyFilter) : m_filter);
     UpdateFilter();
 }
@@ -280,14 +281,14 @@ void KeyBindingsPage::UpdateActions()
     m_hint->setText(GetHint());
 }
 
-/// In the text's field Down leads to what was found, and Escape shows everything again before it
-/// closes the dialog.
+/// In the text's field Down and Return lead to what was found, and Escape shows everything again,
+/// before they end the dialog.
 bool KeyBindingsPage::eventFilter(QObject* watched, QEvent* event)
 {
     if (watched != m_filter || event->type() != QEvent::KeyPress)
         return PreferencesPage::eventFilter(watched, event);
     const int key = static_cast<QKeyEvent*>(event)->key();
-    if (key == Qt::Key_Down) {
+    if (key == Qt::Key_Down || key == Qt::Key_Return || key == Qt::Key_Enter) {
         m_table->setFocus(Qt::TabFocusReason);
         return true;
     }

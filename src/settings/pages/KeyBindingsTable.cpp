@@ -129,6 +129,7 @@ void KeyBindingsTable::Edit(int place)
     m_field = new KeyCaptureField(viewport());
     m_field->setObjectName(QStringLiteral("m_field"));
     m_field->setAccessibleName(tr("Keys for %1").arg(m_model->GetBindings()[row].label));
+    m_field->SetKnownSequences(m_model->GetAllSequences());
     if (m_place < m_before.size())
         m_field->setText(m_before[m_place].toString(QKeySequence::PortableText));
     m_field->selectAll();

@@ -5,6 +5,7 @@
 #include "window/chrome/Theme.h"
 
 #include <QKeyEvent>
+#include <QShortcut>
 
 namespace {
 
@@ -29,6 +30,41 @@ KeyCaptureField::KeyCaptureField(QWidget* parent)
         Q_EMIT textEdited(QString());
     });
     FollowLook(this, [this] { PlaceButton(); });
+}
+
+/// Which characters share a key only the toolkit knows, and it tells by what it triggers.
+void KeyCaptureField::SetKnownSequences(const QList<QKeySequence>& sequences)
+{
+    qDeleteAll(findChildren<QShortcut*>(QString(), Qt::FindDirectChildrenOnly));
+    for (const QKeySequence& sequence : sequences) {
+        const int key = sequence.count() == 1 ? sequence[0] : 0;
+        const int character = key & ~int(Qt::KeyboardModifierMask);
+        const bool isCharacter = character > Qt::Key_Space && character < Qt::Key_Escape
+            && !QChar::isLetter(uint(character));
+        if (!isCharacter || !(key & Qt::SHIFT))
+            continue;
+        auto* shortcut = new QShortcut(sequence, this);
+        shortcut->setContext(Qt::WidgetShortcut);
+        const auto capture = [this, sequence] { Capture(sequence); };
+        connect(shortcut, &QShortcut::activated, this, capture);
+        connect(shortcut, &QShortcut::activatedAmbiguously, this, capture);
+    }
+}
+
+void KeyCaptureField::Capture(const QKeySequence& sequence)
+{
+    setText(sequence.toString(QKeySequence::PortableText));
+    Q_EMIT textEdited(text());
+}
+
+bool KeyCaptureField::event(QEvent* event)
+{
+    if (event->type() == QEvent::ShortcutOverride
+        && IsTypedWithShift(*static_cast<QKeyEvent*>(event))) {
+        event->ignore();
+        return false;
+    }
+    return KeySequenceLineEdit::event(event);
 }
 
 QKeySequence KeyCaptureField::GetSequence() const

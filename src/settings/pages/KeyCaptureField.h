@@ -15,16 +15,21 @@ public:
     explicit KeyCaptureField(QWidget* parent);
 
     QKeySequence GetSequence() const;
+    /// Sequences that may be another name of the keys that are pressed: "Ctrl+Shift+/" where "?"
+    /// is on the same key. Whoever presses such keys gets the name that is known.
+    void SetKnownSequences(const QList<QKeySequence>& sequences);
 
 Q_SIGNALS:
     void Accepted();
     void Cancelled();
 
 protected:
+    bool event(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
 private:
+    void Capture(const QKeySequence& sequence);
     void PlaceButton();
 
     FlatButton* m_clearButton;
