@@ -274,9 +274,10 @@ void KeyBindingsPageTest::FiltersByTextAndByKeys()
         Press(Qt::Key_Escape);
     QVERIFY(!button->isChecked());
     auto* const filter = m_page->findChild<QLineEdit*>("m_filter");
-    QKeyEvent press(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
-    QApplication::sendEvent(filter, &press);
+    filter->setFocus();
+    Press(Qt::Key_Return);
     QVERIFY(m_table->hasFocus());
+    QVERIFY(!m_table->IsEditing());
     filter->clear();
     QCOMPARE(ShownCommands().size(), Model().rowCount());
 }
