@@ -150,6 +150,8 @@ QVector<OpenEditorsView::Row> OpenEditorsView::WantedRows() const
         ++labels[editor.properties.label];
     }
     QVector<Row> rows;
+    if (m_editors.isEmpty())
+        rows.append({tr("No editor is open"), nullptr, QString()});
     int group = -1;
     for (const Editor& editor : m_editors) {
         if (groups.size() > 1 && editor.group != group)

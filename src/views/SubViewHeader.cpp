@@ -42,13 +42,19 @@ int SubViewHeader::Height()
 void SubViewHeader::SetTitle(const QString& title)
 {
     m_title = title;
-    setAccessibleName(title);
+    UpdateAccessibleName();
     update();
+}
+
+void SubViewHeader::UpdateAccessibleName()
+{
+    setAccessibleName(m_note.isEmpty() ? m_title : QStringLiteral("%1, %2").arg(m_title, m_note));
 }
 
 void SubViewHeader::SetNote(const QString& note)
 {
     m_note = note;
+    UpdateAccessibleName();
     update();
 }
 

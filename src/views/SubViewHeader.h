@@ -44,6 +44,7 @@ protected:
 
 private:
     void UpdateLook();
+    void UpdateAccessibleName();
 
     QString m_title;
     QString m_note;

@@ -33,6 +33,9 @@ public:
     void CheckPresence(const QModelIndex& root);
     /// Their names are bold; those with `true` have a dot.
     void SetOpenFiles(const QHash<QString, bool>& modifiedByPath);
+    /// What this program itself has done on the disk shows before anything is read again.
+    void NoteMade(const QString& path, bool isFolder);
+    void NoteGone(const QString& path);
     void SetFolderOpen(const QModelIndex& folder, bool open);
 
     QString PathOf(const QModelIndex& index) const;

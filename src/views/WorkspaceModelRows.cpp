@@ -246,6 +246,33 @@ void WorkspaceModel::InsertRows(Folder& folder, int first, const QVector<Entry>&
     endInsertRows();
 }
 
+void WorkspaceModel::NoteGone(const QString& path)
+{
+    const QModelIndexList indexes = IndexesOf(path);
+    for (const QModelIndex& index : indexes) {
+        if (KindOf(index) != Kind::Root)
+            RemoveRows(*ParentOf(index), index.row(), 1);
+    }
+}
+
+void WorkspaceModel::NoteMade(const QString& path, bool isFolder)
+{
+    const QFileInfo info(path);
+    const Entry entry{info.fileName(), isFolder, isFolder};
+    const bool isHidden = Settings::pythonHideCompiledFiles
+        && FolderListing::IsCompiledPython(entry.name, isFolder);
+    const QModelIndexList parents = isHidden ? QModelIndexList() : IndexesOf(info.path());
+    for (const QModelIndex& parent : parents) {
+        Folder* const folder = FolderOf(parent);
+        if (!folder || !folder->isRead)
+            continue;
+        const auto place = std::lower_bound(
+            folder->entries.cbegin(), folder->entries.cend(), entry, &FolderListing::Less);
+        if (place == folder->entries.cend() || !SameEntry(*place, entry))
+            InsertRows(*folder, static_cast<int>(place - folder->entries.cbegin()), {entry});
+    }
+}
+
 /// All rows change places in one step, however many there are.
 void WorkspaceModel::MergeAtOnce(
     Folder& folder, const QVector<Entry>& entries, const std::vector<int>& oldRows)

@@ -1,7 +1,9 @@
 #pragma once
 
+#include "window/chrome/TabDragData.h"
+
 #include <QFileInfo>
-#include <QString>
+#include <QStringList>
 
 /// Absolute, clean paths and how they lie to each other.
 namespace WorkspacePaths {
@@ -29,6 +31,18 @@ inline QString NearestFolderAbove(const QString& path)
     while (above != QLatin1String("/") && !QFileInfo::exists(above))
         above = QFileInfo(above).path();
     return above;
+}
+
+/// The local folders among the dragged places.
+inline QStringList DroppedFolders(const QMimeData* data)
+{
+    QStringList folders;
+    const QStringList paths = TabDragData::LocalFiles(data);
+    for (const QString& path : paths) {
+        if (QFileInfo(path).isDir())
+            folders.append(path);
+    }
+    return folders;
 }
 
 /// Where what was at `path` is now that `from` has become `to`.

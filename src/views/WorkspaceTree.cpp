@@ -82,9 +82,11 @@ void WorkspaceTree::RestoreExpanded(const QModelIndex& folder)
 {
     if (m_expandedHashes.isEmpty())
         return;
-    for (int row = 0; row < m_model->rowCount(folder); ++row) {
-        const QModelIndex inner = m_model->index(row, 0, folder);
-        if (!m_model->IsFolder(inner))
+    // Expanding reads, and what is read moves rows.
+    const QPersistentModelIndex parent = folder;
+    for (int row = 0; row < m_model->rowCount(parent); ++row) {
+        const QModelIndex inner = m_model->index(row, 0, parent);
+        if (!m_model->IsFolder(inner) || parent.isValid() != folder.isValid())
             return; // folders come first
         if (m_model->IsExpandable(inner) && !isExpanded(inner)
             && m_expandedHashes.contains(FolderListing::Hash(m_model->PathOf(inner))))
@@ -143,14 +145,15 @@ void WorkspaceTree::SelectPath(const QString& path)
 void WorkspaceTree::Reveal()
 {
     const QString path = m_revealedPath;
-    QModelIndex above = m_model->RootOf(path);
+    QPersistentModelIndex above = m_model->RootOf(path);
     while (above.isValid() && m_model->PathOf(above) != path) {
         expand(above);
-        if (!m_model->IsRead(above))
-            return;
         const QString name = path.mid(ChildPath(m_model->PathOf(above), QString()).size())
                                  .section(QLatin1Char('/'), 0, 0);
-        above = m_model->IndexOf(ChildPath(m_model->PathOf(above), name));
+        const QModelIndex next = m_model->IndexOf(ChildPath(m_model->PathOf(above), name));
+        if (!next.isValid() && !m_model->IsRead(above))
+            return;
+        above = next;
     }
     // Reading may have come here again and be through with it.
     if (m_revealedPath != path)
@@ -207,6 +210,21 @@ void WorkspaceTree::RefreshFolder(const QString& path)
         if (folder.isValid())
             m_model->Read(folder);
     }
+}
+
+void WorkspaceTree::NoteMade(const QString& path, bool isFolder)
+{
+    m_model->NoteMade(path, isFolder);
+    RestoreExpanded(m_model->IndexOf(ParentPath(path)));
+    RestoreTop();
+    RefreshFolder(ParentPath(path));
+}
+
+void WorkspaceTree::NoteGone(const QString& path)
+{
+    m_model->NoteGone(path);
+    RestoreTop();
+    RefreshFolder(ParentPath(path));
 }
 
 void WorkspaceTree::CollapseFolders()

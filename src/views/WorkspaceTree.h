@@ -34,6 +34,9 @@ public:
     void RefreshChanged();
     /// Reads this one again, where it is shown.
     void RefreshFolder(const QString& path);
+    /// What has been done on the disk shows at once, however long reading takes.
+    void NoteMade(const QString& path, bool isFolder);
+    void NoteGone(const QString& path);
     void CollapseFolders();
     /// Expands down to the path, selects and centres it; also later, when folders on the way take
     /// long to read. Nothing happens for what is not there.

@@ -3,12 +3,10 @@
 #include "views/WorkspaceNameDelegate.h"
 #include "views/WorkspacePaths.h"
 #include "views/WorkspaceTree.h"
-#include "window/chrome/TabDragData.h"
 
 #include <QApplication>
 #include <QClipboard>
 #include <QDrag>
-#include <QFileInfo>
 #include <QKeyEvent>
 #include <QMimeData>
 
@@ -25,17 +23,6 @@ bool IsTreeKey(const QEvent& event)
     const bool isEnter = press.key() == Qt::Key_Return || press.key() == Qt::Key_Enter;
     return (press.key() == Qt::Key_F2 && press.modifiers() == Qt::NoModifier)
         || (isEnter && !(press.modifiers() & ~(Qt::ControlModifier | Qt::KeypadModifier)));
-}
-
-QStringList DroppedFolders(const QDropEvent& event)
-{
-    QStringList folders;
-    const QStringList paths = TabDragData::LocalFiles(event.mimeData());
-    for (const QString& path : paths) {
-        if (QFileInfo(path).isDir())
-            folders.append(path);
-    }
-    return folders;
 }
 
 } // namespace
@@ -249,7 +236,7 @@ QModelIndex WorkspaceTree::DropFolderAt(const QDropEvent& event) const
 bool WorkspaceTree::IsTaking(const QDropEvent& event) const
 {
     if (event.source() != this)
-        return !DroppedFolders(event).isEmpty();
+        return !DroppedFolders(event.mimeData()).isEmpty();
     const QModelIndex target = DropFolderAt(event);
     const QString folder = m_model->PathOf(target);
     const QStringList paths = GetSelectedPaths();
@@ -264,7 +251,7 @@ bool WorkspaceTree::IsTaking(const QDropEvent& event) const
 
 void WorkspaceTree::dragEnterEvent(QDragEnterEvent* event)
 {
-    if (event->source() == this || !DroppedFolders(*event).isEmpty())
+    if (event->source() == this || !DroppedFolders(event->mimeData()).isEmpty())
         event->accept();
     else
         event->ignore();
@@ -302,7 +289,7 @@ void WorkspaceTree::dropEvent(QDropEvent* event)
     event->setDropAction(Qt::CopyAction);
     event->accept();
     if (event->source() != this)
-        Q_EMIT FoldersDropped(DroppedFolders(*event));
+        Q_EMIT FoldersDropped(DroppedFolders(event->mimeData()));
     else
         Q_EMIT MoveRequested(GetSelectedPaths(), m_model->PathOf(DropFolderAt(*event)));
 }

@@ -4,18 +4,23 @@
 #include "settings/Settings.h"
 #include "views/FolderListing.h"
 #include "views/SubViewHeader.h"
+#include "views/WorkspacePaths.h"
 #include "views/WorkspaceTree.h"
 #include "window/chrome/FlatButton.h"
 #include "window/chrome/LookFollower.h"
 #include "window/chrome/Theme.h"
 
+#include <QApplication>
 #include <QDir>
+#include <QDropEvent>
 #include <QFileDialog>
 #include <QLabel>
 #include <QPushButton>
 #include <QScrollArea>
 #include <QStackedWidget>
 #include <QVBoxLayout>
+
+using WorkspacePaths::DroppedFolders;
 
 namespace {
 
@@ -45,6 +50,10 @@ QScrollArea* Scrolled(QWidget* page)
     area->setWidget(page);
     area->viewport()->setAutoFillBackground(false);
     page->setAutoFillBackground(false);
+    QObject::connect(qApp, &QApplication::focusChanged, area, [area](QWidget*, QWidget* now) {
+        if (now && area->isAncestorOf(now))
+            area->ensureWidgetVisible(now);
+    });
     return area;
 }
 
@@ -69,7 +78,24 @@ WorkspaceView::WorkspaceView(QWidget* parent)
     connect(add, &QAbstractButton::clicked, this, &WorkspaceView::ShowAddFolderDialog);
     connect(collapse, &QAbstractButton::clicked, m_tree, &WorkspaceTree::CollapseFolders);
     ConnectTree();
+    setAcceptDrops(true);
     LoadAtStart();
+}
+
+/// Folders that somebody brings, also where there is no tree yet.
+void WorkspaceView::dragEnterEvent(QDragEnterEvent* event)
+{
+    if (event->source() != m_tree && !DroppedFolders(event->mimeData()).isEmpty()) {
+        event->setDropAction(Qt::CopyAction);
+        event->accept();
+    }
+}
+
+void WorkspaceView::dropEvent(QDropEvent* event)
+{
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+    AddFolders(DroppedFolders(event->mimeData()));
 }
 
 void WorkspaceView::ConnectTree()
@@ -277,7 +303,8 @@ void WorkspaceView::AddFolders(const QStringList& paths)
     if (paths.isEmpty())
         return;
     m_tree->SelectPath(CleanPath(paths.last()));
-    m_tree->expand(m_tree->currentIndex());
+    if (m_tree->GetCurrentPath() == CleanPath(paths.last()))
+        m_tree->expand(m_tree->currentIndex());
 }
 
 void WorkspaceView::RemoveFolder(const QString& path)

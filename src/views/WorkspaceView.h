@@ -56,6 +56,8 @@ Q_SIGNALS:
 
 protected:
     void Refresh() override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
 
 private:
     QWidget* CreateEmptyState();

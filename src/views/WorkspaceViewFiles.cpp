@@ -48,7 +48,7 @@ void WorkspaceView::Create(const QString& folder, const QString& name, bool isFo
         Logger::Error(QStringLiteral("Failed to create: %1 (%2)").arg(path, reason));
         return;
     }
-    m_tree->RefreshFolder(folder);
+    m_tree->NoteMade(path, isFolder);
     m_tree->SelectPath(path);
     if (!isFolder && IsScriptName(name))
         Q_EMIT OpenFileRequested(path);
@@ -91,8 +91,8 @@ void WorkspaceView::MoveOne(const QString& from, const QString& to)
         folder = Moved(folder, from, to);
     if (folders != Settings::workspaceFolders)
         SetFolders(folders);
-    m_tree->RefreshFolder(ParentPath(from));
-    m_tree->RefreshFolder(ParentPath(to));
+    m_tree->NoteGone(from);
+    m_tree->NoteMade(to, QFileInfo(to).isDir());
     Q_EMIT PathMoved(from, to);
     m_tree->SelectPath(to);
 }
@@ -152,7 +152,7 @@ void WorkspaceView::DeleteForGood(const QStringList& paths)
 void WorkspaceView::FinishDeleting(const QStringList& paths)
 {
     for (const QString& path : paths) {
-        m_tree->RefreshFolder(ParentPath(path));
+        m_tree->NoteGone(path);
         Q_EMIT PathDeleted(path);
     }
 }

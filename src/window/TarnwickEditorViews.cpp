@@ -133,10 +133,13 @@ void TarnwickEditor::ShowInSideBar(const QString& path)
     ShowSideBarPage(SideBar::Page::Explorer);
     WorkspaceView* const workspace = m_sideBar->GetWorkspace();
     workspace->SetExpanded(true);
-    if (workspace->SelectPath(path))
+    if (workspace->SelectPath(path)) {
         workspace->FocusContent(Qt::ShortcutFocusReason);
-    else
-        m_sideBar->GetOpenEditors()->Reveal(path);
+        return;
+    }
+    Settings::openEditorsVisible = true;
+    m_sideBar->UpdatePreferences();
+    m_sideBar->GetOpenEditors()->Reveal(path);
 }
 
 void TarnwickEditor::UpdateOpenEditors()

@@ -64,7 +64,8 @@ void FolderListingTest::ListsFoldersFirst()
     for (const char* name : {"b2.mel", "a.py", "a.PYC", "a.pyo", ".hidden"})
         QVERIFY(QFile(folder.filePath(name)).open(QIODevice::WriteOnly));
     QStringList names;
-    for (const FolderListing::Entry& entry : FolderListing::Read(folder.path(), hideCompiled).entries)
+    for (const FolderListing::Entry& entry :
+        FolderListing::Read(folder.path(), hideCompiled).entries)
         names += entry.name + (entry.folder ? "/" : "");
     QTEST(names, "names");
 }

@@ -43,7 +43,7 @@ private:
     QStringList Rows() const;
     void AppendRows(const QModelIndex& parent, const QString& indent, QStringList& rows) const;
     QModelIndex Item(const QString& name) const;
-    void Expand(const QString& name) { m_tree->expand(Item(name)); }
+    void Expand(const QString& name);
 
     std::unique_ptr<WindowFixture> m_host;
     std::unique_ptr<QTemporaryDir> m_directory;
@@ -64,6 +64,7 @@ void WorkspaceViewTest::init()
         Touch(name);
     Restart();
     m_view->AddFolder(Tools());
+    QTRY_COMPARE(Rows().size(), 4);
     m_host->TakeMessages(host::MessageType::Error);
 }
 
@@ -113,12 +114,19 @@ QModelIndex WorkspaceViewTest::Item(const QString& name) const
         .value(0);
 }
 
+void WorkspaceViewTest::Expand(const QString& name)
+{
+    QTRY_VERIFY(Item(name).isValid());
+    m_tree->expand(Item(name));
+    QTRY_VERIFY(m_tree->GetModel()->IsRead(Item(name)));
+}
+
 void WorkspaceViewTest::ReadsFoldersWhenTheyAreExpanded()
 {
-    QCOMPARE(Rows(), (QStringList{"tools", "  rigs", "  a2.py", "  a10.mel"}));
+    QTRY_COMPARE(Rows(), (QStringList{"tools", "  rigs", "  a2.py", "  a10.mel"}));
     QCOMPARE(m_tree->model()->rowCount(Item("rigs")), 0);
     Expand("rigs");
-    QCOMPARE(Rows(), (QStringList{"tools", "  rigs", "    deep", "  a2.py", "  a10.mel"}));
+    QTRY_COMPARE(Rows(), (QStringList{"tools", "  rigs", "    deep", "  a2.py", "  a10.mel"}));
 }
 
 void WorkspaceViewTest::RemembersExpandedFolders()
@@ -133,9 +141,9 @@ void WorkspaceViewTest::RemembersExpandedFolders()
     Settings::workspaceFolders.clear();
     Restart();
     QCOMPARE(Settings::workspaceFolders, QStringList(Tools()));
-    QCOMPARE(Rows(), rows);
+    QTRY_COMPARE(Rows(), rows);
     m_tree->CollapseFolders();
-    QCOMPARE(Rows(), QStringList("tools"));
+    QTRY_COMPARE(Rows(), QStringList("tools"));
     QVERIFY(Settings::workspaceExpandedFolderHashes.isEmpty());
 }
 
@@ -169,7 +177,7 @@ void WorkspaceViewTest::AFolderComesBack()
 {
     QVERIFY(QDir().rename(Tools(), Tools() + "-away"));
     QTRY_COMPARE(Item("tools").data(Qt::ToolTipRole).toString(), QString("not found"));
-    QCOMPARE(Rows(), QStringList("tools"));
+    QTRY_COMPARE(Rows(), QStringList("tools"));
     QVERIFY(QDir().rename(Tools() + "-away", Tools()));
     QTRY_COMPARE(Rows().size(), 4);
     QCOMPARE(Item("tools").data(Qt::ToolTipRole).toString(), Tools());
@@ -216,7 +224,7 @@ void WorkspaceViewTest::ShowsWhatIsOpen()
 void WorkspaceViewTest::FindsAFileDeepDown()
 {
     QVERIFY(m_view->SelectPath(Tools() + "/rigs/deep/x.py"));
-    QCOMPARE(m_tree->currentIndex().data().toString(), QString("x.py"));
+    QTRY_COMPARE(m_tree->currentIndex().data().toString(), QString("x.py"));
     QVERIFY(!m_view->SelectPath(Tools() + "/rigs/deep/y.py"));
     QVERIFY(!m_view->SelectPath(Tools() + "-beside/x.py"));
 }
@@ -253,7 +261,7 @@ void WorkspaceViewTest::ABrokenWorkspaceChangesNothing()
     }
     QCOMPARE(Settings::workspaceFolders, QStringList(Tools()));
     QVERIFY(Settings::workspacePath.isEmpty());
-    QCOMPARE(Rows(), rows);
+    QTRY_COMPARE(Rows(), rows);
     QVERIFY(modified.isEmpty());
 }
 
