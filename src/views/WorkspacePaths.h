@@ -1,9 +1,9 @@
 #pragma once
 
-#include "window/chrome/TabDragData.h"
-
 #include <QFileInfo>
+#include <QMimeData>
 #include <QStringList>
+#include <QUrl>
 
 /// Absolute, clean paths and how they lie to each other.
 namespace WorkspacePaths {
@@ -37,10 +37,10 @@ inline QString NearestFolderAbove(const QString& path)
 inline QStringList DroppedFolders(const QMimeData* data)
 {
     QStringList folders;
-    const QStringList paths = TabDragData::LocalFiles(data);
-    for (const QString& path : paths) {
-        if (QFileInfo(path).isDir())
-            folders.append(path);
+    const QList<QUrl> urls = data->urls();
+    for (const QUrl& url : urls) {
+        if (url.isLocalFile() && QFileInfo(url.toLocalFile()).isDir())
+            folders.append(url.toLocalFile());
     }
     return folders;
 }

@@ -6,6 +6,8 @@
 #include "views/SideBarTree.h"
 #include "views/SubViewHeader.h"
 
+#include <QAbstractButton>
+#include <QContextMenuEvent>
 #include <QSignalSpy>
 #include <QtTest>
 
@@ -59,6 +61,7 @@ private Q_SLOTS:
     void FollowsTheActiveEditor();
     void AnswersToMouseAndKeys();
     void ClosesByMouseAndKeys();
+    void AsksForTheWindowsActions();
     void WorksOnlyWhileSeen();
     void TakesTheHeightOfItsRows();
     void HeaderExpandsAndCollapses();
@@ -177,6 +180,27 @@ void OpenEditorsViewTest::ClosesByMouseAndKeys()
         paths += arguments.first().toString();
     QCOMPARE(paths, (QStringList{"/1.py", "/2.py", "/1.py"}));
     QVERIFY(activated.isEmpty());
+}
+
+void OpenEditorsViewTest::AsksForTheWindowsActions()
+{
+    View()->SetEditors({File("/1.py"), File("/2.py")});
+    // The menu that a key opens belongs to the current row, not to what is in the middle.
+    QSignalSpy menus(View(), &OpenEditorsView::MenuRequested);
+    Tree()->setCurrentItem(Tree()->topLevelItem(1));
+    QContextMenuEvent key(QContextMenuEvent::Keyboard, QPoint(1, 1));
+    QCoreApplication::sendEvent(Tree(), &key);
+    QCOMPARE(menus.size(), 1);
+    QCOMPARE(menus.first().first().toString(), QString("/2.py"));
+    const QPair<const char*, void (OpenEditorsView::*)()> tools[]
+        = {{"m_newButton", &OpenEditorsView::NewRequested},
+            {"m_saveAllButton", &OpenEditorsView::SaveAllRequested},
+            {"m_closeAllButton", &OpenEditorsView::CloseAllRequested}};
+    for (const auto& tool : tools) {
+        QSignalSpy asked(View(), tool.second);
+        View()->findChild<QAbstractButton*>(tool.first)->click();
+        QCOMPARE(asked.size(), 1);
+    }
 }
 
 void OpenEditorsViewTest::WorksOnlyWhileSeen()

@@ -5,6 +5,7 @@
 #include "files/SessionLock.h"
 #include "settings/Settings.h"
 #include "support/TestMain.h"
+#include "views/WorkspaceView.h"
 #include "window/FilesFixture.h"
 #include "window/RecoveryNotice.h"
 
@@ -21,6 +22,7 @@ private Q_SLOTS:
     void init() { Start(); }
     void cleanup();
     void LeavesTheConfigurationAlone();
+    void LeavesTheWorkspaceAlone();
     void BuffersComeBack_data();
     void BuffersComeBack();
     void IsNotOfferedTheBuffersOfOthers();
@@ -85,6 +87,25 @@ void GuestSessionTest::LeavesTheConfigurationAlone()
     QCOMPARE(m_window->GetCodeEditorPaths(), owned);
     QCOMPARE(Settings::recentFiles, QStringList({Path("open.py"), Path("closed.py")}));
     QVERIFY(!Settings::wordWrapEnabled);
+}
+
+void GuestSessionTest::LeavesTheWorkspaceAlone()
+{
+    const QString shared = Settings::GetDefaultWorkspacePath();
+    const auto view = [this] { return m_window->findChild<WorkspaceView*>(); };
+    view()->AddFolder(Path(""));
+    const QByteArray before = Content(shared);
+    QVERIFY(before.contains("folders"));
+    StartAsGuest();
+    view()->AddFolder("/tmp");
+    m_window->Shutdown();
+    QCOMPARE(Content(shared), before);
+    // What it makes itself is its own.
+    const QString own = Path("own.te2-workspace");
+    view()->SaveWorkspaceAs(own);
+    view()->RemoveFolder("/tmp");
+    QVERIFY(!Content(own).contains("/tmp"));
+    QFile::remove(shared);
 }
 
 void GuestSessionTest::BuffersComeBack_data()

@@ -1,6 +1,7 @@
 #include "editor/CodeEditor.h"
 #include "editor/CodeEditorGroup.h"
 #include "settings/Settings.h"
+#include "support/Rows.h"
 #include "support/TestMain.h"
 #include "views/FolderListing.h"
 #include "views/WorkspaceTree.h"
@@ -120,33 +121,24 @@ QStringList WorkspaceFilesTest::OnDisk() const
 
 void WorkspaceFilesTest::TakesTypedNames_data()
 {
-    QTest::addColumn<QString>("start"); // current row; an entry of its menu
-    QTest::addColumn<QString>("entry");
-    QTest::addColumn<QString>("typed");
-    QTest::addColumn<bool>("refused");
-    QTest::addColumn<QString>("gone");
-    QTest::addColumn<QString>("made");
-    QTest::addColumn<bool>("opened");
-    const auto row
-        = [](const char* name, const char* start, const char* entry, const QString& typed,
-              bool refused, const char* gone, const char* made, bool opened = false) {
-              QTest::newRow(name) << start << entry << typed << refused << gone << made << opened;
-          };
-    row("file", "", "New File...", "n.txt", false, "", "n.txt");
-    row("script", "rigs", "New File...", "n.py", false, "", "rigs/n.py", true);
-    row("upper case script", "", "New File...", "N.MEL", false, "", "N.MEL", true);
-    row("folder", "rigs/deep", "New Folder...", "in", false, "", "rigs/deep/in");
-    row("no name", "", "New File...", "", false, "", "");
-    row("blanks", "", "New File...", "  ", true, "", "");
-    row("slash", "", "New Folder...", "x/y", true, "", "");
-    row("dots", "", "New Folder...", "..", true, "", "");
-    row("too long", "", "New File...", QString(256, 'x'), true, "", "");
-    row("taken", "", "New File...", "a.py", true, "", "");
-    row("rename", "a.py", "Rename...", "c.py", false, "a.py", "c.py");
-    row("rename a folder", "rigs/deep", "Rename...", "flat", false, "rigs/deep", "rigs/flat");
-    row("rename to itself", "a.py", "Rename...", "a.py", false, "", "");
-    row("rename to taken", "a.py", "Rename...", "b.mel", true, "", "");
-    row("rename in another case", "a.py", "Rename...", "A.py", false, "a.py", "A.py");
+    // The current row, an entry of its menu, and what becomes of the name.
+    Columns<QString, QString, QString, bool, QString, QString, bool>(
+        "start", "entry", "typed", "refused", "gone", "made", "opened");
+    Row("file", "", "New File...", "n.txt", false, "", "n.txt", false);
+    Row("script", "rigs", "New File...", "n.py", false, "", "rigs/n.py", true);
+    Row("upper case script", "", "New File...", "N.MEL", false, "", "N.MEL", true);
+    Row("folder", "rigs/deep", "New Folder...", "in", false, "", "rigs/deep/in", false);
+    Row("no name", "", "New File...", "", false, "", "", false);
+    Row("blanks", "", "New File...", "  ", true, "", "", false);
+    Row("slash", "", "New Folder...", "x/y", true, "", "", false);
+    Row("dots", "", "New Folder...", "..", true, "", "", false);
+    Row("too long", "", "New File...", QString(256, 'x'), true, "", "", false);
+    Row("taken", "", "New File...", "a.py", true, "", "", false);
+    Row("rename", "a.py", "Rename...", "c.py", false, "a.py", "c.py", false);
+    Row("folder renamed", "rigs/deep", "Rename...", "flat", false, "rigs/deep", "rigs/flat", false);
+    Row("rename to itself", "a.py", "Rename...", "a.py", false, "", "", false);
+    Row("rename to taken", "a.py", "Rename...", "b.mel", true, "", "", false);
+    Row("rename in another case", "a.py", "Rename...", "A.py", false, "a.py", "A.py", false);
 }
 
 void WorkspaceFilesTest::TakesTypedNames()
@@ -214,16 +206,11 @@ void WorkspaceFilesTest::EditorsFollowAFolder()
 
 void WorkspaceFilesTest::RefusesWhatIsInTheWay_data()
 {
-    QTest::addColumn<QString>("from");
-    QTest::addColumn<QString>("folder");
-    QTest::newRow("a file of that name") << "a.py"
-                                         << "rigs";
-    QTest::newRow("into itself") << "rigs"
-                                 << "rigs/deep";
-    QTest::newRow("vanished") << "gone.py"
-                              << "rigs";
-    QTest::newRow("an unsaved editor of that name") << "b.mel"
-                                                    << "rigs";
+    Columns<QString, QString>("from", "folder");
+    Row("a file of that name", "a.py", "rigs");
+    Row("into itself", "rigs", "rigs/deep");
+    Row("vanished", "gone.py", "rigs");
+    Row("an unsaved editor of that name", "b.mel", "rigs");
 }
 
 void WorkspaceFilesTest::RefusesWhatIsInTheWay()
@@ -247,23 +234,15 @@ void WorkspaceFilesTest::RefusesWhatIsInTheWay()
 
 void WorkspaceFilesTest::Deletes_data()
 {
-    QTest::addColumn<QStringList>("paths");
-    QTest::addColumn<bool>("hasTrash");
-    QTest::addColumn<QStringList>("answers");
-    QTest::addColumn<QStringList>("questions"); // what each names
-    QTest::addColumn<bool>("deleted");
-    QTest::newRow("file") << QStringList("a.py") << true << QStringList("Yes")
-                          << QStringList("'a.py'") << true;
-    QTest::newRow("folder") << QStringList("rigs") << true << QStringList("Yes")
-                            << QStringList("'rigs'") << true;
-    QTest::newRow("several") << QStringList{"a.py", "b.mel"} << true << QStringList("Yes")
-                             << QStringList("2 items") << true;
-    QTest::newRow("no") << QStringList("a.py") << true << QStringList("No") << QStringList("'a.py'")
-                        << false;
-    QTest::newRow("no trash") << QStringList("rigs") << false << QStringList{"Yes", "Yes"}
-                              << QStringList{"'rigs'", "for good"} << true;
-    QTest::newRow("no trash, kept") << QStringList("rigs") << false << QStringList{"Yes", "No"}
-                                    << QStringList{"'rigs'", "for good"} << false;
+    using L = QStringList;
+    // With what each question names.
+    Columns<L, bool, L, L, bool>("paths", "hasTrash", "answers", "questions", "deleted");
+    Row("file", L("a.py"), true, L("Yes"), L("'a.py'"), true);
+    Row("folder", L("rigs"), true, L("Yes"), L("'rigs'"), true);
+    Row("several", L{"a.py", "b.mel"}, true, L("Yes"), L("2 items"), true);
+    Row("no", L("a.py"), true, L("No"), L("'a.py'"), false);
+    Row("no trash", L("rigs"), false, L{"Yes", "Yes"}, L{"'rigs'", "for good"}, true);
+    Row("no trash, kept", L("rigs"), false, L{"Yes", "No"}, L{"'rigs'", "for good"}, false);
 }
 
 void WorkspaceFilesTest::Deletes()

@@ -1,5 +1,6 @@
 #include "window/chrome/TabDragData.h"
 
+#include <QFileInfo>
 #include <QUrl>
 
 namespace {
@@ -46,7 +47,7 @@ QStringList TabDragData::LocalFiles(const QMimeData* data)
     if (!data)
         return paths;
     for (const QUrl& url : data->urls()) {
-        if (url.isLocalFile())
+        if (url.isLocalFile() && !QFileInfo(url.toLocalFile()).isDir())
             paths.append(url.toLocalFile());
     }
     return paths;

@@ -25,7 +25,7 @@ public:
 
     /// Nothing when no tab is dragged, or its payload is damaged.
     static std::optional<DraggedTab> Read(const QMimeData* data);
-    /// The local files among the dragged places, in their order.
+    /// The local files among the dragged places, in their order; no folders.
     static QStringList LocalFiles(const QMimeData* data);
 
 private:
