@@ -1,0 +1,193 @@
+#include "editor/CodeEditor.h"
+#include "editor/CodeEditorGroup.h"
+#include "editor/FindReplaceWidget.h"
+#include "plugin/MayaUtil.h"
+#include "settings/ColorSettings.h"
+#include "settings/Settings.h"
+#include "support/TestMain.h"
+#include "views/SideBar.h"
+#include "views/WorkspaceView.h"
+#include "window/ControlFaults.h"
+#include "window/DialogAnswers.h"
+#include "window/FilesFixture.h"
+#include "window/PanelGroup.h"
+#include "window/PreferencesDialog.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QListWidget>
+#include <QtTest>
+
+namespace {
+
+constexpr QSize WINDOW_SIZE(1300, 900); // design pixels
+constexpr int FONT_SIZE = 12; // design pixels
+
+} // namespace
+
+/// Opens every part of the window and looks at its controls: whether each has a name, can be
+/// reached by keys and hit with the pointer, and is whole at every scale of the interface.
+class AccessibilityTest : public QObject, private FilesFixture
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void cleanup();
+    void PartsAreWholeAndUsable_data();
+    void PartsAreWholeAndUsable();
+
+private:
+    /// Shows a part of the window; what to look at. Null for a dialog, which is found by itself.
+    using Open = std::function<QWidget*()>;
+    struct Place
+    {
+        const char* name;
+        Open open;
+    };
+    using Check = std::function<QStringList(QWidget&)>;
+
+    QVector<Place> Places();
+    void StartAt(double scale);
+    /// Opens the place and looks at it.
+    QStringList FaultsOf(const Place& place, const Check& check);
+    static QStringList FaultsIn(QWidget& root, const Check& check);
+    QWidget* Trigger(const char* action) const;
+    void AddFolder() const { Find<WorkspaceView>()->AddFolder(m_folder->path()); }
+    QWidget* ShowFindBar(bool replace) const;
+    template <typename T>
+    T* Find(const char* name = nullptr) const
+    {
+        return name ? m_window->findChild<T*>(name) : m_window->findChild<T*>();
+    }
+
+    QFont m_font;
+};
+
+void AccessibilityTest::initTestCase()
+{
+    m_font = QApplication::font();
+    MayaUtil::RefreshCommandList();
+}
+
+void AccessibilityTest::cleanup()
+{
+    m_dialogs.Take();
+    QVERIFY(Finish());
+    QApplication::setFont(m_font);
+    Settings::customScaleValue = 1.0;
+}
+
+/// Every part has a line; a new view or dialog needs one more.
+QVector<AccessibilityTest::Place> AccessibilityTest::Places()
+{
+    const auto bar = [this] { return Find<SideBar>(); };
+    // clang-format off
+    return {
+        {"activity bar",        [=] { return Find<QWidget>("m_activityBar"); }},
+        {"explorer",            [=] { AddFolder(); m_window->ShowExplorer(); return bar(); }},
+        {"empty explorer",      [=] { m_window->ShowExplorer(); return bar(); }},
+        {"search",              [=] { m_window->ReplaceInFiles(); return bar(); }},
+        {"first quick help",    [=] { m_window->ShowQuickHelp(); return bar(); }},
+        {"help on a command",   [=] { m_window->OnQuickHelpChanged("button", true); return bar(); }},
+        {"help on a procedure", [=] { m_window->OnQuickHelpChanged("qhGetMelInfo", true); return bar(); }},
+        {"help on nothing",     [=] { m_window->OnQuickHelpChanged("teNobody", true); return bar(); }},
+        {"tab row",             [=] { return Group()->findChild<QWidget*>("tabRow"); }},
+        {"find bar",            [=] { return ShowFindBar(false); }},
+        {"replace bar",         [=] { return ShowFindBar(true); }},
+        {"output title",        [=] { return Find<PanelGroup>()->findChild<QWidget*>("m_titleBar"); }},
+        {"status bar",          [=] { return Find<QWidget>("m_statusBar"); }},
+        {"preferences",         [=] { return Trigger("Preferences..."); }},
+        {"about",               [=] { return Trigger("About..."); }},
+    };
+    // clang-format on
+}
+
+void AccessibilityTest::PartsAreWholeAndUsable_data()
+{
+    QTest::addColumn<int>("place");
+    QTest::addColumn<double>("scale");
+    const QVector<Place> places = Places();
+    for (int i = 0; i < places.size(); ++i) {
+        for (const double scale : {1.0, 1.5, 2.0})
+            QTest::addRow("%s at %g", places[i].name, scale) << i << scale;
+    }
+}
+
+void AccessibilityTest::StartAt(double scale)
+{
+    Settings::ResetToDefaults();
+    Settings::customScaleValue = scale;
+    Settings::showTabBarMiniToolbar = true;
+    QFont font = m_font;
+    font.setPixelSize(qRound(FONT_SIZE * scale));
+    QApplication::setFont(font);
+    m_folder = std::make_unique<QTemporaryDir>();
+    CreateWindow();
+    m_frame->resize(WINDOW_SIZE * scale);
+    OpenFile("a_script_with_a_name.py", "class Rig:\n    def mirror(self):\n        pass\n");
+    QCoreApplication::processEvents();
+}
+
+QStringList AccessibilityTest::FaultsOf(const Place& place, const Check& check)
+{
+    QStringList faults;
+    bool isDone = false;
+    m_dialogs.Do([&](QDialog* dialog) {
+        faults = FaultsIn(*dialog, check);
+        isDone = true;
+        dialog->reject();
+    });
+    QWidget* const root = place.open();
+    QCoreApplication::processEvents();
+    if (isDone)
+        return faults;
+    return root && root->isVisible() ? FaultsIn(*root, check) : QStringList("it did not come up");
+}
+
+QStringList AccessibilityTest::FaultsIn(QWidget& root, const Check& check)
+{
+    root.activateWindow();
+    const bool isActive = QTest::qWaitFor([&root] { return root.isActiveWindow(); });
+    return isActive ? check(root) : QStringList("it does not become active");
+}
+
+QWidget* AccessibilityTest::Trigger(const char* name) const
+{
+    for (QAction* action : m_window->actions()) {
+        if (action->text() == name)
+            action->trigger();
+    }
+    for (QDialog* dialog : m_window->findChildren<QDialog*>()) {
+        if (dialog->isVisible())
+            return dialog;
+    }
+    return nullptr;
+}
+
+QWidget* AccessibilityTest::ShowFindBar(bool replace) const
+{
+    if (replace)
+        m_window->Replace();
+    else
+        m_window->Find();
+    return Group()->findChild<FindReplaceWidget*>();
+}
+
+void AccessibilityTest::PartsAreWholeAndUsable()
+{
+    QFETCH(int, place);
+    QFETCH(double, scale);
+    StartAt(scale);
+    const QStringList faults = FaultsOf(Places()[place], [scale](QWidget& root) {
+        QStringList found = ControlFaults::OfSizes(root);
+        // What does not depend on the scale is looked at once.
+        if (scale == 1.0)
+            found += ControlFaults::OfNames(root) + ControlFaults::OfTabChain(root);
+        return found;
+    });
+    QVERIFY2(faults.isEmpty(), qPrintable(faults.join('\n')));
+}
+
+TE2_TEST(AccessibilityTest)
+#include "AccessibilityTest.moc"
