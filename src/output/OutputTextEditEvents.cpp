@@ -123,21 +123,25 @@ void OutputTextEdit::QueueUpdateExtraSelections(int sliderAction)
 
 void OutputTextEdit::ShowContextMenu(const QPoint& point)
 {
-    const auto addEntry = [this](QMenu& menu, const QString& label, int binding) {
-        QAction* action = menu.addAction(label);
+    // Without a loop of its own: the window may go while the menu is open.
+    auto* const menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    const auto addEntry = [this, menu](const QString& label, int binding, bool isEnabled) {
+        QAction* action = menu->addAction(label);
         action->setShortcut(m_keyBindings->GetShortcut(binding));
         action->setShortcutVisibleInContextMenu(true);
+        action->setEnabled(isEnabled);
         return action;
     };
-    QMenu menu(this);
-    connect(addEntry(menu, tr("Copy"), KeyBindings::Copy), &QAction::triggered, this,
-        &OutputTextEdit::copy);
-    menu.addSeparator();
-    connect(addEntry(menu, tr("Select All"), KeyBindings::SelectAll), &QAction::triggered, this,
+    const bool hasText = !document()->isEmpty();
+    connect(addEntry(tr("Copy"), KeyBindings::Copy, textCursor().hasSelection()),
+        &QAction::triggered, this, &OutputTextEdit::copy);
+    menu->addSeparator();
+    connect(addEntry(tr("Select All"), KeyBindings::SelectAll, hasText), &QAction::triggered, this,
         &OutputTextEdit::selectAll);
-    menu.addSeparator();
-    connect(addEntry(menu, tr("Clear Output"), KeyBindings::ClearOutput), &QAction::triggered, this,
-        &OutputTextEdit::ClearAll);
+    menu->addSeparator();
+    connect(addEntry(tr("Clear Output"), KeyBindings::ClearOutput, hasText), &QAction::triggered,
+        this, &OutputTextEdit::ClearAll);
     // The point is the viewport's.
-    menu.exec(viewport()->mapToGlobal(point));
+    menu->popup(viewport()->mapToGlobal(point));
 }
