@@ -4,6 +4,7 @@
 #include "editor/CodeEditorMarkToolTip.h"
 #include "window/chrome/Theme.h"
 
+#include <QContextMenuEvent>
 #include <QCoreApplication>
 #include <QHelpEvent>
 #include <QMouseEvent>
@@ -159,6 +160,13 @@ void CodeEditorLineNumbers::ShowToolTip(const QHelpEvent& event) const
 void CodeEditorLineNumbers::wheelEvent(QWheelEvent* event)
 {
     QCoreApplication::sendEvent(m_editor->viewport(), event);
+}
+
+/// The menu of the text, which takes places of the viewport.
+void CodeEditorLineNumbers::contextMenuEvent(QContextMenuEvent* event)
+{
+    Q_EMIT m_editor->customContextMenuRequested(
+        m_editor->viewport()->mapFromGlobal(event->globalPos()));
 }
 
 int CodeEditorLineNumbers::LineAt(int y) const

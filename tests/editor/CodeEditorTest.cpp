@@ -1,11 +1,13 @@
 #include "editor/CodeEditor.h"
 
+#include "editor/CodeEditorLineNumbers.h"
 #include "settings/KeyBindings.h"
 #include "settings/Settings.h"
 #include "support/TestMain.h"
 
 #include <QApplication>
 #include <QClipboard>
+#include <QContextMenuEvent>
 #include <QDragEnterEvent>
 #include <QDropEvent>
 #include <QMenu>
@@ -82,6 +84,7 @@ private Q_SLOTS:
     void HighlightingMovesNoMessages();
     void ShowsItsMenuInOrder_data();
     void ShowsItsMenuInOrder();
+    void TheMarginHasTheMenuOfTheText();
     void NamesItselfWithItsState();
     void KeepsWatchingAReplacedFile();
     void LeavesDraggedFilesAlone();
@@ -547,6 +550,20 @@ void CodeEditorTest::ShowsItsMenuInOrder()
     for (const QAction* action : menu->actions())
         labels += action->text();
     QTEST(labels, "expected");
+}
+
+void CodeEditorTest::TheMarginHasTheMenuOfTheText()
+{
+    CodeEditor editor({CodeEditorType::Buffer, Language::Python, "x", "x"}, &m_keyBindings);
+    editor.show();
+    auto* const margin = editor.findChild<CodeEditorLineNumbers*>();
+    const QPoint place = margin->mapToGlobal({3, 5});
+    QContextMenuEvent event(QContextMenuEvent::Mouse, {3, 5}, place);
+    QCoreApplication::sendEvent(margin, &event);
+    auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    QVERIFY(menu);
+    QCOMPARE(menu->pos(), place);
+    QCOMPARE(menu->actions()[0]->text(), QString("Cut"));
 }
 
 void CodeEditorTest::NamesItselfWithItsState()
