@@ -293,10 +293,11 @@ void QuickHelpView::Filter()
     else
         wanted.clear();
     const int shown = m_flags->Filter(wanted);
-    if (shown > 0 || wanted.isEmpty())
-        m_count->setText(shown > 0 ? tr("%n flag(s)", nullptr, shown) : tr("No flags"));
+    if (shown > 0)
+        m_count->setText(shown == 1 ? tr("1 flag") : tr("%1 flags").arg(shown));
     else
-        m_count->setText(tr("No flag matches. Return looks the name up."));
+        m_count->setText(
+            wanted.isEmpty() ? tr("No flags") : tr("No flag matches. Return looks the name up."));
 }
 
 void QuickHelpView::UpdateButtons()

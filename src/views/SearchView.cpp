@@ -368,9 +368,11 @@ void SearchView::UpdateResultsState()
 void SearchView::UpdateEmptyPage()
 {
     if (m_searched.text.isEmpty() || m_isSearching) {
-        m_emptyPage->SetTexts(QString(),
-            m_isSearching ? tr("Searching...")
-                          : tr("Return searches the workspace and the unsaved buffers."));
+        const QString hint = Settings::workspaceFolders.isEmpty()
+            ? tr("Return searches the unsaved buffers. Files are searched as well once the "
+                 "workspace has a folder.")
+            : tr("Return searches the workspace and the unsaved buffers.");
+        m_emptyPage->SetTexts(QString(), m_isSearching ? tr("Searching...") : hint);
         return;
     }
     QString hint
@@ -427,5 +429,6 @@ void SearchView::contextMenuEvent(QContextMenuEvent* event)
 void SearchView::showEvent(QShowEvent* event)
 {
     QWidget::showEvent(event);
+    UpdateEmptyPage(); // the workspace may have changed
     Q_EMIT Shown();
 }
