@@ -169,6 +169,7 @@ QVariant SearchResultsModel::data(const QModelIndex& index, int role) const
     if (role == Qt::DisplayRole)
         return IsHit(index) ? GetHit(index).lineText : GetFile(index).name;
     if (role == Qt::AccessibleDescriptionRole && !IsHit(index))
-        return tr("%n result(s)", nullptr, GetFile(index).hits.size());
+        return GetFile(index).hits.size() == 1 ? tr("1 result")
+                                               : tr("%1 results").arg(GetFile(index).hits.size());
     return {};
 }
