@@ -9,6 +9,7 @@
 #include "window/chrome/ToolSeparator.h"
 
 #include <QAction>
+#include <QFocusEvent>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QListWidget>
@@ -96,6 +97,12 @@ void OutputHighlightingWidget::CreateList()
     connect(m_list, &QListWidget::itemDoubleClicked, this, &W::EditItem);
     connect(m_list, &QListWidget::itemChanged, this, &W::OnItemChanged);
     connect(m_list, &QListWidget::currentRowChanged, this, &W::UpdateButtons);
+}
+
+/// Not by a focus proxy: Tab would go to that at once, past the tools before it.
+void OutputHighlightingWidget::focusInEvent(QFocusEvent* event)
+{
+    m_list->setFocus(event->reason());
 }
 
 /// Each one has keys while the list has the focus, and an entry in its context menu.

@@ -48,6 +48,9 @@ Q_SIGNALS:
     /// The copy is another one than before.
     void Changed();
 
+protected:
+    void focusInEvent(QFocusEvent* event) override;
+
 private Q_SLOTS:
     void OnItemChanged(QListWidgetItem* item);
     void EditCurrentItem();

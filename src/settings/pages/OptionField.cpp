@@ -82,9 +82,14 @@ OptionField::OptionField(const OptionRow& row, QWidget* parent)
         m_line->setSpacing(Theme::Dp(LABEL_GAP));
         m_line->setContentsMargins(0, 0, 0, 0);
         m_remark->setFont(Theme::SmallFont(font()));
-        if (isCheck)
-            setMinimumHeight(Theme::Dp(ROW_HEIGHT));
     });
+}
+
+/// Never less than what stands in it takes, as a minimum height would allow.
+QSize OptionField::minimumSizeHint() const
+{
+    const int height = m_row.kind == OptionRow::Kind::Check ? Theme::Dp(ROW_HEIGHT) : 0;
+    return QWidget::minimumSizeHint().expandedTo({0, height});
 }
 
 void OptionField::AddLabel(bool underLabel)

@@ -42,6 +42,8 @@ public:
     int GetLabelWidth() const;
     void SetLabelWidth(int width);
 
+    QSize minimumSizeHint() const override;
+
 Q_SIGNALS:
     void Changed();
 
