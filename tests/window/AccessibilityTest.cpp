@@ -21,6 +21,7 @@
 namespace {
 
 constexpr QSize WINDOW_SIZE(1300, 900); // design pixels
+constexpr QSize DIALOG_SIZE(736, 514); // design pixels, of the largest one
 constexpr int FONT_SIZE = 12; // design pixels
 
 } // namespace
@@ -147,9 +148,24 @@ QStringList AccessibilityTest::FaultsOf(const Place& place, const Check& check)
 
 QStringList AccessibilityTest::FaultsIn(QWidget& root, const Check& check)
 {
+    // As on a screen that has room for it, which the offscreen one has not.
+    if (root.isWindow())
+        root.resize(root.size()
+                        .expandedTo(root.sizeHint())
+                        .expandedTo(DIALOG_SIZE * Settings::customScaleValue));
     root.activateWindow();
-    const bool isActive = QTest::qWaitFor([&root] { return root.isActiveWindow(); });
-    return isActive ? check(root) : QStringList("it does not become active");
+    if (!QTest::qWaitFor([&root] { return root.isActiveWindow(); }))
+        return {"it does not become active"};
+    auto* const pages = root.findChild<QListWidget*>("m_pageList");
+    QStringList faults;
+    for (int row = 0; row < (pages ? pages->count() : 1); ++row) {
+        if (pages)
+            pages->setCurrentRow(row);
+        QCoreApplication::processEvents();
+        for (const QString& fault : check(root))
+            faults.append(pages ? pages->currentItem()->text() + ": " + fault : fault);
+    }
+    return faults;
 }
 
 QWidget* AccessibilityTest::Trigger(const char* name) const

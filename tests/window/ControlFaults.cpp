@@ -201,7 +201,13 @@ QStringList ControlFaults::OfSizes(const QWidget& root)
         else if (const auto* box = qobject_cast<const QComboBox*>(widget))
             cut = SizeFault(*box);
         if (!cut.isEmpty())
-            faults.append("cut: '" + cut + "' of " + Named(*widget));
+            faults.append(QString("cut: '%1' in %2 x %3 instead of %4 x %5, %6")
+                              .arg(cut)
+                              .arg(widget->width())
+                              .arg(widget->height())
+                              .arg(widget->sizeHint().width())
+                              .arg(widget->sizeHint().height())
+                              .arg(Named(*widget)));
         if (IsControl(*widget) && IsOutside(*widget, root))
             faults.append("outside: " + Named(*widget));
     }
