@@ -283,6 +283,17 @@ void CodeEditor::SetCurrentLine(int line)
     setCenterOnScroll(false);
 }
 
+void CodeEditor::SetCurrentLine(int line, int column)
+{
+    SetCurrentLine(line);
+    if (line < 1 || line > GetLineCount())
+        return;
+    QTextCursor cursor = textCursor();
+    const int index = IndexOfColumn(cursor.block().text(), column - 1, m_tabSize);
+    cursor.setPosition(cursor.block().position() + index);
+    setTextCursor(cursor);
+}
+
 int CodeEditor::GetCursorPosition() const
 {
     return textCursor().position();

@@ -108,6 +108,8 @@ public:
     int GetLineCount() const;
     /// Shows the line centred; a line outside the text is ignored.
     void SetCurrentLine(int line);
+    /// The same with a column as GetCursorStatus has it; one behind the line's end is its end.
+    void SetCurrentLine(int line, int column);
     int GetCursorPosition() const;
     void SetCursorPosition(int position, bool home, bool centre);
     void SetCursorSelection(int start, int end);

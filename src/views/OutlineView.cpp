@@ -7,6 +7,7 @@
 #include "views/NaturalOrder.h"
 #include "views/OutlineTreeWidget.h"
 #include "views/SubViewHeader.h"
+#include "views/SymbolLook.h"
 #include "window/chrome/FlatButton.h"
 #include "window/chrome/Theme.h"
 
@@ -47,16 +48,6 @@ public:
     }
 };
 
-/// Behind the last character that is selected in the script. Of "alias = module" and "name
-/// (module)" only the first word stands where the item points.
-int EndOf(const ParserItem& item)
-{
-    const bool isFirstWord = item.type == ParserItemType::PythonImportAs
-        || item.type == ParserItemType::PythonFromImport;
-    const QString name = isFirstWord ? item.name.section(QLatin1Char(' '), 0, 0) : item.name;
-    return item.position + name.size();
-}
-
 bool SameEntry(const ParserItem& left, const ParserItem& right)
 {
     return left.name == right.name && left.type == right.type && left.level == right.level;
@@ -81,31 +72,19 @@ enum class OutlineView::Kind {
     Count,
 };
 
-struct OutlineView::KindRow
+/// Null where nothing hides the kind.
+const bool* OutlineView::HidingOption(Kind kind)
 {
-    const char* icon;
-    const bool* hidden; ///< the option that hides the kind; null: nothing does
-};
-
-const OutlineView::KindRow& OutlineView::RowOf(Kind kind)
-{
-    static const KindRow ROWS[] = {
-        {"mel_global_proc", &Settings::outlineHideGlobalProcs},
-        {"mel_proc", &Settings::outlineHideProcs},
-        {"mel_global_var", &Settings::outlineHideGlobalVariables},
-        {"python_import", &Settings::outlineHideImports},
-        {"python_import", &Settings::outlineHideImports},
-        {"python_import", &Settings::outlineHideImports},
-        {"python_main", &Settings::outlineHideMain},
-        {"python_method", nullptr},
-        {"python_static_method", nullptr},
-        {"python_class_method", nullptr},
-        {"python_class", nullptr},
-        {"python_variable", nullptr},
-        {"python_class_variable", nullptr},
-    };
-    static_assert(sizeof(ROWS) / sizeof(*ROWS) == static_cast<int>(Kind::Count) - 1);
-    return ROWS[static_cast<int>(kind) - 1];
+    switch (kind) {
+    case Kind::GlobalProc: return &Settings::outlineHideGlobalProcs;
+    case Kind::Proc: return &Settings::outlineHideProcs;
+    case Kind::GlobalVariable: return &Settings::outlineHideGlobalVariables;
+    case Kind::Import:
+    case Kind::ImportAs:
+    case Kind::FromImport: return &Settings::outlineHideImports;
+    case Kind::Main: return &Settings::outlineHideMain;
+    default: return nullptr;
+    }
 }
 
 OutlineView::OutlineView(QWidget* parent)
@@ -120,7 +99,7 @@ OutlineView::OutlineView(QWidget* parent)
     UpdateEmptyText();
     m_icons.resize(static_cast<int>(Kind::Count));
     for (int i = 1; i < m_icons.size(); ++i)
-        m_icons[i] = Theme::Icon(QString::fromLatin1(RowOf(static_cast<Kind>(i)).icon));
+        m_icons[i] = Theme::Icon(SymbolLook::Icon(i));
     SetContent(CreatePage(m_tree));
     CreateTools();
     using O = OutlineView;
@@ -212,8 +191,8 @@ void OutlineView::AddItems(const QVector<ParserItem>& items)
         const int level = qBound(0, item.level, items.size());
         QTreeWidgetItem* const parent = parents.value(level - 1, nullptr);
         parents.resize(level + 1);
-        parents[level]
-            = AddKind(static_cast<Kind>(item.type), item.name, item.position, EndOf(item), parent);
+        parents[level] = AddKind(static_cast<Kind>(item.type), item.name, item.position,
+            SymbolLook::EndOf(item), parent);
     }
     m_isFilling = false;
     m_tree->addTopLevelItems(std::exchange(m_newRows, {}));
@@ -232,14 +211,14 @@ bool OutlineView::UpdatePositions(const QVector<ParserItem>& items)
     // Positions are nothing to be seen, and there may be thousands that moved.
     const QSignalBlocker blocker(m_tree->model());
     for (int i = 0; i < items.size(); ++i) {
-        const bool* const hidden = RowOf(static_cast<Kind>(items[i].type)).hidden;
+        const bool* const hidden = HidingOption(static_cast<Kind>(items[i].type));
         const bool isHidden = hidden && *hidden;
         if (m_items[i]->isHidden() != isHidden)
             m_items[i]->setHidden(isHidden);
         if (items[i].position == m_shown[i].position)
             continue;
         m_items[i]->setData(0, START_ROLE, items[i].position);
-        m_items[i]->setData(0, END_ROLE, EndOf(items[i]));
+        m_items[i]->setData(0, END_ROLE, SymbolLook::EndOf(items[i]));
     }
     m_shown = items;
     return true;
@@ -272,7 +251,7 @@ QTreeWidgetItem* OutlineView::AddItem(const QString& name, int start, int end, c
 QTreeWidgetItem* OutlineView::AddKind(
     Kind kind, const QString& name, int start, int end, QTreeWidgetItem* parent)
 {
-    const bool* const hidden = RowOf(kind).hidden;
+    const bool* const hidden = HidingOption(kind);
     const QIcon icon = m_icons.value(static_cast<int>(kind));
     return AddItem(name, start, end, icon, parent, hidden && *hidden);
 }

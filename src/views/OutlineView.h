@@ -86,9 +86,8 @@ protected:
 private:
     /// The kinds of items; the values are those of ParserItemType.
     enum class Kind;
-    struct KindRow;
 
-    static const KindRow& RowOf(Kind kind);
+    static const bool* HidingOption(Kind kind);
     void CreateTools();
     void Update();
     void UpdatePython();

@@ -11,6 +11,7 @@
 #include "output/OutputTextEdit.h"
 #include "plugin/MayaUtil.h"
 #include "settings/Settings.h"
+#include "views/GoToWidget.h"
 #include "views/OpenEditorsView.h"
 #include "views/SearchView.h"
 #include "views/SideBar.h"
@@ -69,6 +70,7 @@ TarnwickEditor::~TarnwickEditor()
     setStyle(nullptr);
     // Nothing of what follows may call back into a window that is half gone.
     disconnect(qApp, nullptr, this, nullptr);
+    delete m_goTo; // takes its shadow along, a child of the window as well
     qDeleteAll(findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly));
 }
 
@@ -119,6 +121,7 @@ void TarnwickEditor::CreateConnections()
     connect(m_activityBar, &ActivityBar::ItemPressed, this, &T::OnActivityPressed);
     connect(m_activityBar, &QWidget::customContextMenuRequested, this, &T::ShowActivityContextMenu);
     connect(m_statusBar, &StatusBar::CountsPressed, this, &T::GoToNextMessage);
+    connect(m_statusBar, &StatusBar::PositionPressed, this, &T::GoToLine);
     connect(m_statusBar, &StatusBar::InfoPressed, this, &T::GoToMessageOfLine);
     connect(m_statusBar, &StatusBar::HideRequested, this, &T::ToggleStatusBar);
     connect(m_sideBar, &SideBar::PageChanged, this, &T::UpdateActivityBar);

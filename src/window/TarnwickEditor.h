@@ -1,17 +1,20 @@
 #pragma once
 
 #include "editor/CodeEditorProperties.h"
+#include "editor/RememberedView.h"
 #include "editor/TabDropZone.h"
 #include "files/DiskContents.h"
 #include "files/FileStamp.h"
 #include "files/TextFormat.h"
 #include "settings/KeyBindings.h"
+#include "views/GoToWidget.h"
 #include "views/SideBar.h"
 #include "window/EditorActions.h"
 #include "window/chrome/ActivityBar.h"
 
 #include <QHash>
 #include <QList>
+#include <QPointer>
 #include <QSet>
 #include <QVector>
 #include <QWidget>
@@ -261,6 +264,8 @@ public Q_SLOTS:
     void OpenWorkspace();
     void SaveWorkspaceAs();
     void AddFolderToWorkspace();
+    /// The workspace has other folders or files.
+    void OnWorkspaceModified();
 
     // Search in files
     /// Searches the folders and files to include, or else the open buffers and the workspace.
@@ -330,6 +335,12 @@ private Q_SLOTS:
     void OnShowEditMenu();
     void OnShowViewMenu();
     void OnShowOutputVerbosityMenu();
+    void OnGoToFileChosen(const QString& path, int line, int column, bool inNextGroup);
+    void OnGoToSymbolPicked(int start, int end, bool chosen);
+    void OnGoToLinePicked(int line, int column, bool chosen);
+    void OnGoToCommandChosen(int command);
+    void OnGoToPreviewEnded();
+    void OnGoToFocusReturnRequested();
 
 private:
     struct ActionSpec;
@@ -366,7 +377,6 @@ private:
     void FindInFolder(const QString& folder);
     void OnPathMoved(const QString& from, const QString& to);
     void OnPathDeleted(const QString& deleted);
-    void OnWorkspaceModified();
     /// Empty when cancelled.
     QString ShowSaveWorkspaceDialog();
     QString ShowOpenWorkspaceDialog();
@@ -469,6 +479,16 @@ private:
     void EndUsedEditorWalk();
     void SetOutputZoom(int zoom);
 
+    // Going to files, symbols, lines and commands
+    void CreateGoTo();
+    void OpenGoTo(GoToWidget::Mode mode);
+    void NoteUsedEditor();
+    QVector<GoToEntry> GetGoToFiles() const;
+    QVector<GoToEntry> GetGoToSymbols();
+    QVector<GoToEntry> GetGoToCommands() const;
+    void NameHiddenCommands(QVector<GoToEntry>& entries) const;
+    void FocusGoToTarget();
+
     // Layout. Extents are pixels in the direction of the splitter; the settings hold those that
     // the panes have, or come back with.
     void CreateCodeEditorGroups();
@@ -550,6 +570,11 @@ private:
     int m_defaultSideBarExtent = -1; ///< as it was last given while nobody had chosen another
     int m_defaultOutputExtent = -1;
     QSize m_sizeWhenHidden;
+    GoToWidget* m_goTo = nullptr;
+    QPointer<QWidget> m_focusBeforeGoTo;
+    RememberedView m_viewBeforeGoTo;
+    QStringList m_lastUsedPaths; ///< of editors, the last one first; some may be closed
+    QList<QAction*> m_lastCommands; ///< chosen by name, the last one first
     QStringList m_usedPaths; ///< while a walk through the used editors lasts
     bool m_isComplete = false; ///< all that is stored has been read
     bool m_bindingsEnabled = true;

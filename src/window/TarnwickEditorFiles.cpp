@@ -408,6 +408,10 @@ void TarnwickEditor::OnPathChanged(const QString& oldPath, const QString& newPat
 {
     if (oldPath != newPath)
         m_sideBar->GetOutline()->MoveStoredDetails(oldPath, newPath);
+    const int lastUse = m_lastUsedPaths.indexOf(oldPath);
+    if (lastUse >= 0)
+        m_lastUsedPaths[lastUse] = newPath;
+    m_goTo->RefreshFiles();
     UpdateOpenEditors();
     OnActiveCodeEditorChanged();
     SaveState();

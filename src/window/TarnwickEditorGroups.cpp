@@ -181,6 +181,7 @@ void TarnwickEditor::OnMiniToolbarDisplayModified()
 
 void TarnwickEditor::OnActiveCodeEditorChanged()
 {
+    NoteUsedEditor();
     UpdateOpenEditorsSelection();
     m_sideBar->SaveOutline();
     UpdateParser();

@@ -56,6 +56,7 @@ void TarnwickEditor::CreateWidgets()
     m_statusBar = new StatusBar(this);
     m_statusBar->setObjectName(QStringLiteral("m_statusBar"));
     CreateSplitters();
+    CreateGoTo();
 }
 
 void TarnwickEditor::CreateSplitters()

@@ -4,6 +4,7 @@
 #include "editor/CodeEditorGroup.h"
 #include "plugin/MayaUtil.h"
 #include "settings/Settings.h"
+#include "views/GoToWidget.h"
 #include "views/OpenEditorsView.h"
 #include "views/OutlineView.h"
 #include "views/SideBar.h"
@@ -111,10 +112,11 @@ void TarnwickEditor::OnPathDeleted(const QString& deleted)
     }
 }
 
-/// Other folders than before.
+/// Other folders or files than before.
 void TarnwickEditor::OnWorkspaceModified()
 {
     m_sideBar->GetWorkspace()->UpdateAll();
+    m_goTo->RefreshFiles();
 }
 
 /// As it stands, at the cursor of the active editor.

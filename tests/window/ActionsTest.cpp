@@ -13,7 +13,6 @@
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
-#include <QInputDialog>
 #include <QLineEdit>
 #include <QSplitter>
 #include <QtTest>
@@ -383,28 +382,14 @@ void ActionsTest::AddGoRows()
     Add("Previous Used Editor in Group", tabs, "a.py* b.py script.py x");
     Add("Next Editor Group", tabs, "a.py b.py script.py x*");
     Add("Previous Editor Group", tabs, "a.py b.py script.py x*");
-    const auto choose = [this](const QString& entry) {
-        m_dialogs.Do([entry](QDialog* dialog) {
-            qobject_cast<QInputDialog*>(dialog)->setTextValue(entry);
-            dialog->accept();
-        });
+    const State goTo = [this] {
+        const auto* widget = m_window->findChild<GoToWidget*>();
+        const QString typed = widget->findChild<QLineEdit*>()->text();
+        return widget->isVisible() ? "open " + typed : QString();
     };
-    Add("Go to File...", tabs, "a.py* b.py script.py x", [this, choose] { choose(Path("a.py")); });
-    Add(
-        "Go to Symbol in File...", [this] { return Selection(); }, "4-4",
-        [this, choose] {
-            Editor()->SetText("def first():\n    pass\n");
-            Select(15, 15);
-            choose("first (line 1)");
-        });
-    Add(
-        "Go to Line...", [this] { return Number(Editor()->GetCurrentLine()); }, "3",
-        [this] {
-            m_dialogs.Do([](QDialog* dialog) {
-                qobject_cast<QInputDialog*>(dialog)->setIntValue(3);
-                dialog->accept();
-            });
-        });
+    Add("Go to File...", goTo, "open ");
+    Add("Go to Symbol in File...", goTo, "open @");
+    Add("Go to Line...", goTo, "open :");
 }
 
 void ActionsTest::AddOutputRows()

@@ -1,6 +1,5 @@
 #include "window/chrome/OverlayFrame.h"
 
-#include "window/chrome/OverlayGhost.h"
 #include "window/chrome/OverlayShadow.h"
 #include "window/chrome/Theme.h"
 
@@ -57,7 +56,7 @@ void OverlayFrame::Appear()
     show();
     raise();
     if (!behind.isNull())
-        m_ghost = new OverlayGhost(area, Picture(), behind, parentWidget());
+        m_ghost = new OverlayGhost(area, Picture(), behind, m_motion, parentWidget());
 }
 
 void OverlayFrame::Disappear()
@@ -69,7 +68,7 @@ void OverlayFrame::Disappear()
     hide();
     if (!picture.isNull())
         m_ghost = new OverlayGhost(
-            OverlayShadow::Around(geometry()), picture, QPixmap(), parentWidget());
+            OverlayShadow::Around(geometry()), picture, QPixmap(), m_motion, parentWidget());
 }
 
 void OverlayFrame::paintEvent(QPaintEvent*)

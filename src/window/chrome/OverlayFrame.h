@@ -1,9 +1,10 @@
 #pragma once
 
+#include "window/chrome/OverlayGhost.h"
+
 #include <QPointer>
 #include <QWidget>
 
-class OverlayGhost;
 class OverlayShadow;
 
 /// A raised panel that floats over its parent: round corners, a hairline and a soft shadow. The
@@ -24,6 +25,7 @@ public:
     void Disappear();
 
 protected:
+    void SetMotion(int duration, int slide) { m_motion = {duration, slide}; }
     void paintEvent(QPaintEvent* event) override;
     void moveEvent(QMoveEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
@@ -36,6 +38,7 @@ private:
     QPixmap Picture();
     void PlaceShadow();
 
+    OverlayGhost::Motion m_motion;
     QPointer<OverlayShadow> m_shadow; ///< the parent may delete it first
     QPointer<OverlayGhost> m_ghost; ///< while the frame comes or goes
 };

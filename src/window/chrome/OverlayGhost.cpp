@@ -4,18 +4,12 @@
 
 #include <QPainter>
 
-namespace {
-
-constexpr int DURATION = 100; // ms
-constexpr int SLIDE = 8; // design pixels
-
-} // namespace
-
-OverlayGhost::OverlayGhost(
-    const QRect& area, const QPixmap& overlay, const QPixmap& behind, QWidget* parent)
+OverlayGhost::OverlayGhost(const QRect& area, const QPixmap& overlay, const QPixmap& behind,
+    Motion motion, QWidget* parent)
     : QWidget(parent)
     , m_overlay(overlay)
     , m_behind(behind)
+    , m_slide(motion.slide)
 {
     setAttribute(Qt::WA_TransparentForMouseEvents);
     setGeometry(area);
@@ -23,7 +17,7 @@ OverlayGhost::OverlayGhost(
     m_presence.setStartValue(comes ? 0.0 : 1.0);
     m_presence.setEndValue(comes ? 1.0 : 0.0);
     m_presence.setEasingCurve(QEasingCurve::OutCubic);
-    m_presence.setDuration(DURATION);
+    m_presence.setDuration(motion.duration);
     connect(&m_presence, &QVariantAnimation::valueChanged, this, [this] { update(); });
     connect(&m_presence, &QVariantAnimation::finished, this, [this] {
         hide();
@@ -41,5 +35,6 @@ void OverlayGhost::paintEvent(QPaintEvent*)
         painter.drawPixmap(0, 0, m_behind);
     const double presence = m_presence.currentValue().toDouble();
     painter.setOpacity(presence);
-    painter.drawPixmap(QPointF(0.0, -(1.0 - presence) * Theme::Dp(SLIDE)), m_overlay);
+    const int slide = m_slide > 0 ? Theme::Dp(m_slide) : 0;
+    painter.drawPixmap(QPointF(0.0, -(1.0 - presence) * slide), m_overlay);
 }

@@ -12,9 +12,17 @@ class OverlayGhost : public QWidget
     Q_OBJECT
 
 public:
+    /// How an overlay comes and goes.
+    struct Motion
+    {
+        int duration = 100; ///< ms
+        int slide = 8; ///< design pixels, downwards when it comes
+    };
+
     /// In the parent's coordinates. With a picture of what is `behind`, the overlay comes and that
     /// picture hides the real one until then; without, it goes.
-    OverlayGhost(const QRect& area, const QPixmap& overlay, const QPixmap& behind, QWidget* parent);
+    OverlayGhost(const QRect& area, const QPixmap& overlay, const QPixmap& behind, Motion motion,
+        QWidget* parent);
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -22,5 +30,6 @@ protected:
 private:
     QPixmap m_overlay;
     QPixmap m_behind;
+    int m_slide; ///< design pixels
     QVariantAnimation m_presence; ///< of the overlay, 0 to 1
 };

@@ -76,6 +76,7 @@ StatusBar::StatusBar(QWidget* parent)
     m_position->SetWidthKept(true);
     connect(m_counts, &QAbstractButton::clicked, this, &StatusBar::CountsPressed);
     connect(m_info, &QAbstractButton::clicked, this, &StatusBar::InfoPressed);
+    connect(m_position, &QAbstractButton::clicked, this, &StatusBar::PositionPressed);
     FollowLook(this, [this] { UpdateLook(); });
     m_overwrite->SetText(tr("OVR"), Theme::Color(Theme::Role::Strong), tr("Overwrite mode"));
     m_overwrite->hide();
@@ -109,6 +110,8 @@ void StatusBar::SetInterpreter(int language)
 
 void StatusBar::SetCursorPosition(int line, int column, int selectionLength)
 {
+    m_position->SetPressable(line > 0);
+    m_position->setToolTip(line > 0 ? tr("Go to Line") : QString());
     if (line == 0) {
         m_position->ForgetWidths();
         m_position->SetParts({}, QString());

@@ -42,6 +42,7 @@ public:
 Q_SIGNALS:
     void CountsPressed();
     void InfoPressed();
+    void PositionPressed();
     void HideRequested();
 
 protected:
