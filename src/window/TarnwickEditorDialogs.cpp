@@ -3,31 +3,31 @@
 #include "editor/CodeEditor.h"
 #include "files/SafeFile.h"
 #include "plugin/Logger.h"
-#include "plugin/MayaUtil.h"
 #include "settings/Settings.h"
+#include "window/AboutDialog.h"
+#include "window/InsertPathDialog.h"
 #include "window/TarnwickEditor.h"
 
 #include <QDir>
 #include <QFileDialog>
-#include <QMessageBox>
 #include <QPointer>
+#include <QTextCursor>
 
 void TarnwickEditor::ShowInsertPathDialog()
 {
-    static QString directory;
     const QPointer<CodeEditor> editor = GetActiveCodeEditor();
     if (!editor)
         return;
     const bool isFile = editor->GetType() == CodeEditorType::File;
-    const QDir folder = QFileInfo(editor->GetFilePath()).absoluteDir();
-    if (directory.isEmpty() && isFile)
-        directory = folder.path();
-    const QString path = QFileDialog::getOpenFileName(this, tr("Insert Path"), directory);
-    if (path.isEmpty() || !editor)
+    InsertPathDialog dialog(
+        isFile ? QFileInfo(editor->GetFilePath()).absolutePath() : QString(), this);
+    if (dialog.exec() != QDialog::Accepted || !editor)
         return;
-    directory = QFileInfo(path).absolutePath();
-    const bool isRelative = isFile && !Settings::insertPathAbsolute;
-    editor->ClearSelectionAndInsertText(isRelative ? folder.relativeFilePath(path) : path);
+    // A step of its own for undo, not a part of what was typed before it.
+    QTextCursor step(editor->document());
+    step.beginEditBlock();
+    editor->ClearSelectionAndInsertText(dialog.GetText());
+    step.endEditBlock();
     editor->setFocus(Qt::OtherFocusReason);
 }
 
@@ -66,17 +66,6 @@ QString TarnwickEditor::ShowNewPylintrcDialog()
 
 void TarnwickEditor::ShowAboutDialog()
 {
-    const auto orUnknown
-        = [](const QString& text) { return text.isEmpty() ? tr("unknown") : text; };
-    const QString title = Settings::APPLICATION_TITLE;
-    QMessageBox box(QMessageBox::NoIcon, tr("About %1").arg(title),
-        QStringLiteral("%1 %2").arg(title, Settings::VERSION_STRING), QMessageBox::Close, this);
-    box.setTextFormat(Qt::PlainText);
-    box.setTextInteractionFlags(Qt::TextSelectableByMouse);
-    box.setInformativeText(
-        tr("Host: %1\nPython: %2\nQt: %3\nConfiguration: %4")
-            .arg(orUnknown(MayaUtil::GetMayaVersionString()),
-                orUnknown(MayaUtil::GetPythonVersion()), orUnknown(MayaUtil::GetQtVersion()),
-                orUnknown(Settings::GetUserConfigDirectory())));
-    box.exec();
+    AboutDialog dialog(this);
+    dialog.exec();
 }

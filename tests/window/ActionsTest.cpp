@@ -13,6 +13,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
+#include <QDialog>
 #include <QLineEdit>
 #include <QSplitter>
 #include <QtTest>
@@ -263,7 +264,10 @@ void ActionsTest::AddEditRows()
     const State shortText = [this] { return Text().remove(m_folder->path()); };
     Add("Insert Path...", shortText, "/new.txt", [this] {
         Editor()->SetText(QString());
-        m_dialogs.ChooseFile(MakeFile("new.txt"));
+        m_dialogs.Do([path = Path("new.txt")](QDialog* dialog) {
+            dialog->findChild<QLineEdit*>("m_path")->setText(path);
+            dialog->accept();
+        });
     });
     Add(
         "Clear Output", [this] { return m_window->findChild<OutputTextEdit*>()->toPlainText(); },
