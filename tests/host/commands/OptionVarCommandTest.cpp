@@ -15,12 +15,6 @@ private Q_SLOTS:
 
     void StoresByType_data();
     void StoresByType();
-    void AMissingNameIsZero();
-    void RemovalsComeFirst();
-    void ListsAndSizes();
-    void InitialValuesDoNotOverwrite();
-    void StashedValuesComeBack();
-    void OnlyWhatLastsIsSaved();
     void PythonGivesTuplesAndLists();
 
 private:
@@ -51,65 +45,6 @@ void OptionVarCommandTest::StoresByType()
     m_host->Run("optionVar " + flags);
     QTEST(KindName(Stored("v").GetKind()), "kind");
     QTEST(m_host->Run("optionVar -q v"), "result");
-}
-
-void OptionVarCommandTest::AMissingNameIsZero()
-{
-    QCOMPARE(m_host->Run("optionVar -q nothing"), "0");
-    QCOMPARE(m_host->Run("optionVar -exists nothing"), "0");
-    QCOMPARE(m_host->Run("optionVar -arraySize nothing"), "0");
-    QVERIFY(m_host->Run("optionVar -q").startsWith("error: "));
-    QVERIFY(m_host->Run("optionVar -iv v").startsWith("error: Flag '-intValue' must be passed"));
-}
-
-void OptionVarCommandTest::RemovalsComeFirst()
-{
-    m_host->Run("optionVar -sva list a -sva list b -iv other 1");
-    m_host->Run("optionVar -sva list c -remove list -remove other");
-    QCOMPARE(Stored("list"), Value(QStringList{"c"}));
-    QVERIFY(Stored("other").IsNone());
-    m_host->Run("optionVar -sva list d -removeFromArray list 0");
-    QCOMPARE(Stored("list"), Value(QStringList{"d"}));
-    QVERIFY(m_host->Run("optionVar -removeFromArray list 5").startsWith("error: "));
-    m_host->Run("optionVar -clearArray list");
-    QCOMPARE(Stored("list"), Value(QStringList()));
-}
-
-void OptionVarCommandTest::ListsAndSizes()
-{
-    m_host->Run("optionVar -iv b 1 -iv a 2; optionVar -category films -iv c 3");
-    QCOMPARE(m_host->Run("optionVar -list"), "a b c");
-    QCOMPARE(m_host->Run("optionVar -list -category films"), "c");
-    QCOMPARE(m_host->Run("optionVar -listCategories"), "films");
-    m_host->Run("optionVar -default -iv a 2; optionVar -default -iv b 1; optionVar -iv b 9");
-    QCOMPARE(m_host->Run("optionVar -listModified"), "b");
-    m_host->Run("optionVar -iva n 1 -iva n 2");
-    QCOMPARE(m_host->Run("optionVar -arraySize n"), "2");
-}
-
-void OptionVarCommandTest::InitialValuesDoNotOverwrite()
-{
-    m_host->Run("optionVar -iv old 1; optionVar -init -iv old 2 -iv new 3");
-    QCOMPARE(Stored("old"), Value(1));
-    QCOMPARE(Stored("new"), Value(3));
-}
-
-void OptionVarCommandTest::StashedValuesComeBack()
-{
-    m_host->Run("optionVar -iv a 1; optionVar -stash a -iv a 2");
-    QCOMPARE(Stored("a"), Value(2));
-    m_host->Run("optionVar -unstash a");
-    QCOMPARE(Stored("a"), Value(1));
-    m_host->Run("optionVar -stash a; optionVar -iv a 5; optionVar -clearStash a -unstash a");
-    QCOMPARE(Stored("a"), Value(5));
-}
-
-void OptionVarCommandTest::OnlyWhatLastsIsSaved()
-{
-    m_host->Run("optionVar -iv lasting 1; optionVar -transient -iv passing 2");
-    QCOMPARE(m_host->Run("optionVar -q passing"), "2");
-    m_host->Restart();
-    QCOMPARE(m_host->Run("optionVar -list"), "lasting");
 }
 
 void OptionVarCommandTest::PythonGivesTuplesAndLists()

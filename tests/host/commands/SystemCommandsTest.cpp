@@ -52,62 +52,16 @@ private Q_SLOTS:
     void init() { m_host = std::make_unique<CommandsFixture>(); }
     void cleanup() { m_host.reset(); }
 
-    void TellsAboutItself_data();
-    void TellsAboutItself();
-    void FoldersEndInASlash();
     void SwitchesAnswerAsTheyWereSet();
     void SuppressedMessagesStayOutOfTheLog();
     void HistoryIsWrittenToTheFile();
-    void DeferredTextsRunInOrderAndOnTheirOwn();
-    void DeferredTextsEndWithTheSession();
     void HelpRequestsAreKept();
     void QuitGoesToTheApplication();
-    void UndoHasNothingToUndo();
     void UndoTakesBackWhatWasRecorded();
-    void UnofferedFlagsAreRefused_data();
-    void UnofferedFlagsAreRefused();
-    void ProjectsKeepTheirRules();
-    void DisplayStringsAreNotOverwrittenByChance();
 
 private:
     std::unique_ptr<CommandsFixture> m_host;
 };
-
-void SystemCommandsTest::TellsAboutItself_data()
-{
-    Columns<QString, QString>("text", "result");
-    Row("release, as the plug-in asks", "about -version;", "2024");
-    Row("batch", "about -batch", "1");
-    Row("interface number", "about -api", "20240000");
-    Row("system", "about -os", "linux64");
-    Row("without a flag", "about", "Maya 2024");
-    Row("calendar day", "gmatch(`about -cd`, \"[0-9]*/[0-9][0-9]/[0-9][0-9]\")", "1");
-    Row("time of day has seconds", "gmatch(`date -time`, \"[0-2][0-9]:[0-5][0-9]:[0-6][0-9]\")",
-        "1");
-    Row("date in an own format",
-        "gmatch(`date -format \"YY|MM|DD hh:mm:ss x\"`, \"??|??|?? ??:??:?? x\")", "1");
-    Row("default date", "match(\"^[0-9]+/[0-9]+/[0-9]+ [0-9]+:[0-9]+:[0-9]+$\", `date`) == `date`",
-        "1");
-    Row("elapsed time is measured",
-        "float $t = `timerX`; int $ok = (`timerX -startTime $t` >= 0 && `timerX` >= $t);", "1");
-}
-
-void SystemCommandsTest::TellsAboutItself()
-{
-    QFETCH(QString, text);
-    QTEST(m_host->Run(text), "result");
-}
-
-void SystemCommandsTest::FoldersEndInASlash()
-{
-    const QString preferences = m_host->Path("maya/2024/prefs");
-    QCOMPARE(m_host->Run("internalVar -userPrefDir"), preferences + '/');
-    QCOMPARE(m_host->Run("internalVar -userShelfDir"), preferences + "/shelves/");
-    QCOMPARE(m_host->Run("internalVar -userScriptDir"), m_host->Path("maya/2024/scripts/"));
-    QCOMPARE(m_host->Run("internalVar -usd"), m_host->Path("maya/2024/scripts/"));
-    QCOMPARE(m_host->Run("about -preferences"), m_host->Path("maya/2024"));
-    QVERIFY(m_host->Run("internalVar").startsWith("error: "));
-}
 
 void SystemCommandsTest::SwitchesAnswerAsTheyWereSet()
 {
@@ -162,30 +116,6 @@ void SystemCommandsTest::HistoryIsWrittenToTheFile()
     QCOMPARE(m_host->Run("scriptEditorInfo -q -wh"), "0");
 }
 
-void SystemCommandsTest::DeferredTextsRunInOrderAndOnTheirOwn()
-{
-    m_host->Run("evalDeferred -lowestPriority \"print last\"; evalDeferred \"print a\";"
-                "evalDeferred \"noSuchThing\"; evalDeferred -lp \"print lower\";"
-                "evalDeferred \"print b\"; evalDeferred -evaluateNext \"print first\"; print now;");
-    QCOMPARE(m_host->Run("string $waiting[] = `evalDeferred -list`; size($waiting);"), "6");
-    QCOMPARE(m_host->TakeMessages(), QStringList{"print: now"});
-    m_host->GetEngine().idle.Drain();
-    QCOMPARE(m_host->TakeMessages(),
-        (QStringList{"print: first", "print: a", "error: Cannot find procedure \"noSuchThing\".",
-            "print: b", "print: last", "print: lower"}));
-    QCOMPARE(m_host->Run("size(`evalDeferred -list`)"), "0");
-    QVERIFY(m_host->Run("evalDeferred").startsWith("error: "));
-}
-
-void SystemCommandsTest::DeferredTextsEndWithTheSession()
-{
-    m_host->Run("evalDeferred \"print late\"");
-    m_host->Restart();
-    QCoreApplication::processEvents();
-    m_host->GetEngine().idle.Drain();
-    QCOMPARE(m_host->TakeMessages(), QStringList());
-}
-
 void SystemCommandsTest::HelpRequestsAreKept()
 {
     QStringList shown;
@@ -209,18 +139,6 @@ void SystemCommandsTest::QuitGoesToTheApplication()
     QCOMPARE(code, 0);
     m_host->Run("quit -f -exitCode 3");
     QCOMPARE(code, 3);
-}
-
-void SystemCommandsTest::UndoHasNothingToUndo()
-{
-    m_host->Run("undo; redo;");
-    QCOMPARE(m_host->TakeMessages(),
-        (QStringList{"warning: There are no more commands to undo.",
-            "warning: There are no more commands to redo."}));
-    QCOMPARE(m_host->Run("undoInfo -q -undoQueueEmpty"), "1");
-    QCOMPARE(
-        m_host->Run("undoInfo -openChunk; undoInfo -closeChunk; undoInfo -q -undoName"), QString());
-    QCOMPARE(m_host->Run("undoInfo -state off; undoInfo -q -state"), "0");
 }
 
 void SystemCommandsTest::UndoTakesBackWhatWasRecorded()
@@ -247,61 +165,6 @@ void SystemCommandsTest::UndoTakesBackWhatWasRecorded()
     QCOMPARE(m_host->Run("undoInfo -q -undoName"), "second");
     m_host->Run("undoInfo -state off");
     QCOMPARE(m_host->Run("undoInfo -q -undoQueueEmpty"), "1");
-}
-
-void SystemCommandsTest::UnofferedFlagsAreRefused_data()
-{
-    Columns<QString, QString>("text", "error");
-    Row("about", "about -moon", "Invalid flag '-moon'");
-    Row("scene events", "scriptJob -attributeChange \"a.tx\" \"print x\"",
-        "Invalid flag '-attributeChange'");
-    Row("query of what cannot be queried", "commandEcho -q -addFilter",
-        "Flag '-addFilter' cannot be used in query mode.");
-    Row("interface scale", "mayaDpiSetting -mode 1",
-        "The scale of this host's interface follows the system and "
-        "cannot be set.");
-}
-
-void SystemCommandsTest::UnofferedFlagsAreRefused()
-{
-    QFETCH(QString, text);
-    QFETCH(QString, error);
-    QCOMPARE(m_host->Run(text), "error: " + error);
-}
-
-void SystemCommandsTest::ProjectsKeepTheirRules()
-{
-    const QString root = m_host->Path("film");
-    QVERIFY(m_host->Run("workspace -openWorkspace \"" + root + "\"").startsWith("error: "));
-    QCOMPARE(m_host->Run("workspace -q -fn"), m_host->Path("maya/projects/default"));
-    m_host->Run("workspace -newWorkspace \"" + root
-        + "\"; workspace -fr \"scene\" \"scenes\" "
-          "-fr \"images\" \"out/images\"; workspace -saveWorkspace;");
-    m_host->Run("workspace -create \"scenes\"");
-    QVERIFY(QFileInfo(root + "/scenes").isDir());
-    m_host->Restart();
-    m_host->Run("workspace -o \"" + root + "\"");
-    QCOMPARE(m_host->Run("workspace -q -rootDirectory"), root + '/');
-    QCOMPARE(m_host->Run("workspace -q -fileRuleEntry \"images\""), "out/images");
-    QCOMPARE(m_host->Run("workspace -q -fileRule"), "images out/images scene scenes");
-    QCOMPARE(m_host->Run("workspace -expandName \"a/../b\""), root + "/b");
-    QCOMPARE(m_host->Run("workspace -q -active"), "film");
-}
-
-void SystemCommandsTest::DisplayStringsAreNotOverwrittenByChance()
-{
-    QCOMPARE(m_host->Run("uiRes(\"m_WindowMenu.kGeneralEditorsLabel\")"), "General Editors");
-    m_host->Run("displayString -value \"One\" \"m_a.k\"");
-    const QString refused = m_host->Run("displayString -value \"Two\" \"m_a.k\"");
-    QVERIFY2(refused.startsWith("error: "), qPrintable(refused));
-    m_host->Run("displayString -replace -value \"Three\" \"m_a.k\"");
-    QCOMPARE(m_host->Run("displayString -q -value \"m_a.k\""), "Three");
-    QCOMPARE(m_host->Run("displayString -keys \"m_a*\""), "m_a.k");
-    m_host->Run("displayString -delete \"m_a.k\"");
-    m_host->TakeMessages();
-    QCOMPARE(m_host->Run("uiRes(\"m_a.k\")"), "m_a.k");
-    QCOMPARE(m_host->TakeMessages(),
-        QStringList{"warning: The interface text \"m_a.k\" does not exist."});
 }
 
 TE2_TEST(SystemCommandsTest)
