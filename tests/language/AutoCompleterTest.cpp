@@ -1,52 +1,14 @@
+#include "language/CompletionScene.h"
 #include "language/FakeVocabulary.h"
 #include "language/MelAutoCompleter.h"
 #include "language/MelStatement.h"
 #include "support/TestMain.h"
 
 #include <QListView>
-#include <QPlainTextEdit>
 #include <QScreen>
-#include <QSignalSpy>
 #include <QtTest>
 
-namespace {
-
-/// An editor with a completer; "|" in its text marks the cursor.
-struct Scene
-{
-    explicit Scene(QString text = {})
-    {
-        const int position = text.indexOf('|');
-        editor.setPlainText(text.remove('|'));
-        QTextCursor cursor = editor.textCursor();
-        cursor.setPosition(qMax(0, position));
-        editor.setTextCursor(cursor);
-        editor.show();
-    }
-
-    bool Ask(bool isExplicit = false)
-    {
-        if (!completer.ValidateAndSetPrefix(editor.textCursor()))
-            return false;
-        completer.Update(editor.textCursor(), editor.cursorRect(), isExplicit);
-        return completer.isVisible();
-    }
-
-    QStringList Rows() const
-    {
-        const QAbstractItemModel& model = *completer.findChild<QListView*>()->model();
-        QStringList rows;
-        for (int i = 0; i < model.rowCount(); ++i)
-            rows += model.index(i, 0).data().toString();
-        return rows;
-    }
-
-    QPlainTextEdit editor;
-    MelAutoCompleter completer{&editor};
-    QSignalSpy accepted{&completer, &AutoCompleter::Accepted};
-};
-
-} // namespace
+using Scene = CompletionScene<MelAutoCompleter>;
 
 class AutoCompleterTest : public QObject
 {

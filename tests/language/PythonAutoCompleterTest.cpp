@@ -1,5 +1,6 @@
 #include "language/PythonAutoCompleter.h"
 
+#include "language/CompletionScene.h"
 #include "language/FakeVocabulary.h"
 #include "language/PythonCompletion.h"
 #include "language/PythonExcerpt.h"
@@ -7,56 +8,9 @@
 #include "settings/Settings.h"
 #include "support/TestMain.h"
 
-#include <QListView>
-#include <QPlainTextEdit>
-#include <QSignalSpy>
 #include <QtTest>
 
-namespace {
-
-struct Scene
-{
-    explicit Scene(QString text)
-    {
-        const int position = text.indexOf('|');
-        editor.setPlainText(text.remove('|'));
-        QTextCursor cursor = editor.textCursor();
-        cursor.setPosition(position);
-        editor.setTextCursor(cursor);
-        editor.show();
-    }
-
-    bool Ask(bool isExplicit = false)
-    {
-        if (!completer.ValidateAndSetPrefix(editor.textCursor())) {
-            completer.hide();
-            return false;
-        }
-        completer.Update(editor.textCursor(), editor.cursorRect(), isExplicit);
-        return completer.isVisible();
-    }
-
-    bool Type(const QString& text)
-    {
-        editor.insertPlainText(text);
-        return Ask();
-    }
-
-    QStringList Rows() const
-    {
-        const QAbstractItemModel& model = *completer.findChild<QListView*>()->model();
-        QStringList rows;
-        for (int i = 0; i < model.rowCount(); ++i)
-            rows += model.index(i, 0).data().toString();
-        return rows;
-    }
-
-    QPlainTextEdit editor;
-    PythonAutoCompleter completer{&editor};
-    QSignalSpy accepted{&completer, &AutoCompleter::Accepted};
-};
-
-} // namespace
+using Scene = CompletionScene<PythonAutoCompleter>;
 
 class PythonAutoCompleterTest : public QObject
 {
@@ -127,12 +81,11 @@ void PythonAutoCompleterTest::MarksTheCursorInTheSource_data()
 {
     // "text": "|" stands for the cursor; "source": "<>" stands for the definition
     Columns<QString, QString>("text", "source");
+    // clang-format off
     Row("alone", "a = 1\nos.|", "a = 1\n<> pass");
-    Row("in a method", "class A:\n    def f(self):\n\tself.|\n\nb",
-        "class A:\n    def f(self):\n\t<> pass\n\nb");
+    Row("in a method", "class A:\n    def f(self):\n\tself.|\n\nb", "class A:\n    def f(self):\n\t<> pass\n\nb");
     Row("head of a block", "if os.|:\n    # x\n    b\n", "<>\n    # x\n    b\n");
-    Row("with branches", "if a|:\n    b\nelif c:\n    d\nelse:\n    e\nelse: f",
-        "<>\n    b\nif 1:\n    d\nif 1:\n    e\nif 1: f");
+    Row("with branches", "if a|:\n    b\nelif c:\n    d\nelse:\n    e\nelse: f", "<>\n    b\nif 1:\n    d\nif 1:\n    e\nif 1: f");
     Row("within brackets", "a = f(1,\n  os.|,\n  2\n)\nb", "<> pass\n\n\n\nb");
     Row("an open bracket", "a = f(os.|\nb = 2\ndef g(): pass", "<> pass\nb = 2\ndef g(): pass");
     Row("below an open bracket", "a = f(\ndef g():\n    os.|", "a = f(\ndef g():\n    <> pass");
@@ -140,11 +93,10 @@ void PythonAutoCompleterTest::MarksTheCursorInTheSource_data()
     Row("within a block without handler",
         "try:\n    if a:\n        try:\n            b|\n        except C: d\ne",
         "if 1:\n    if a:\n        try:\n            <> pass\n        except C: d\ne");
-    Row("the only handler", "try:\n    a\nexcept B|:\n    c\nfinally: d",
-        "if 1:\n    a\n<>\n    c\nif 1: d");
-    Row("one of two handlers", "try: a\nexcept B: c\nexcept D|:\n    e",
-        "try: a\nexcept B: c\n<>\n    e");
+    Row("the only handler", "try:\n    a\nexcept B|:\n    c\nfinally: d", "if 1:\n    a\n<>\n    c\nif 1: d");
+    Row("one of two handlers", "try: a\nexcept B: c\nexcept D|:\n    e", "try: a\nexcept B: c\n<>\n    e");
     Row("below a bracket in a comment", "a # (\nb|", "a # (\n<> pass");
+    // clang-format on
 }
 
 void PythonAutoCompleterTest::MarksTheCursorInTheSource()
@@ -161,10 +113,8 @@ void PythonAutoCompleterTest::AsksWhatConcernsTheObject_data()
 {
     // "text": "|" stands for the cursor, lines that begin with "-" go
     Columns<QString, QString>("text", "object");
-    Row("what it is made of",
-        "import a\n-import b\n-c = b.x(\n-  1)\nd = a.y\n"
-        "e: 'd' = 1\n-print(e)\n|",
-        "e");
+    // clang-format off
+    Row("what it is made of", "import a\n-import b\n-c = b.x(\n-  1)\nd = a.y\ne: 'd' = 1\n-print(e)\n|", "e");
     Row("the last value counts", "-a = b\na = c\na = None\n-c.a = 1\n|", "a");
     Row("names from elsewhere", "from a import *\n-import b\n-x = 1\n|", QString());
     Row("members",
@@ -172,18 +122,13 @@ void PythonAutoCompleterTest::AsksWhatConcernsTheObject_data()
         "-        d = 1\n        self.e, g = c\n-class B: pass\n"
         "class C(A):\n-    'text'\n    def h(self):\n        |",
         "self.e");
-    Row("other functions",
-        "-def f(a):\n-    b = 1\nb = 2\ndef g():\n-    x = 1\n    c = b\n    def h():\n        |",
-        "c");
+    Row("other functions", "-def f(a):\n-    b = 1\nb = 2\ndef g():\n-    x = 1\n    c = b\n    def h():\n        |", "c");
     Row("set in a function", "def f():\n    global a\n    a = b\n-    d = 1\nb = 1\n|", "a");
-    Row("in branches",
-        "try:\n    import a\nexcept E:\n    a = None\n-if b:\n-    c = 1\n-else: d\n|", "a");
-    Row("by other words",
-        "with b as c, d(e) as a:\n-    1\n    for a in c: 2\n"
-        "-print([a for x in c])\n|",
-        "a");
+    Row("in branches", "try:\n    import a\nexcept E:\n    a = None\n-if b:\n-    c = 1\n-else: d\n|", "a");
+    Row("by other words", "with b as c, d(e) as a:\n-    1\n    for a in c: 2\n-print([a for x in c])\n|", "a");
     Row("a long list", "a = [\n-  1,\n-  2,\n-  3,\n-  b,\n]\n-b = 1\n|", "a");
     Row("an open bracket above", "-a = f(\n-c = 1\n-def g(): 1\nb = a\n|", "b");
+    // clang-format on
 }
 
 void PythonAutoCompleterTest::AsksWhatConcernsTheObject()

@@ -48,7 +48,6 @@ private Q_SLOTS:
     void ExceptionsStopAtTheBorder();
     void RemovalWaitsForOtherThreads();
     void CallbacksEndWithTheHost();
-    void NestedOutputStops();
 
 private:
     std::unique_ptr<ApiFixture> m_host;
@@ -187,24 +186,6 @@ void CallbacksTest::CallbacksEndWithTheHost()
     m_host = std::make_unique<ApiFixture>();
     m_host->engine.output.Display("x");
     QVERIFY(record.texts.isEmpty());
-}
-
-void CallbacksTest::NestedOutputStops()
-{
-    struct Echo
-    {
-        host::OutputStream& output;
-        int count = 0;
-    } echo{m_host->engine.output};
-    MCommandMessage::addCommandOutputCallback(
-        [](const MString&, MCommandMessage::MessageType, void* data) {
-            auto& self = *static_cast<Echo*>(data);
-            ++self.count;
-            self.output.Display("again");
-        },
-        &echo);
-    m_host->engine.output.Display("x");
-    QCOMPARE(echo.count, host::OutputStream::MAXIMUM_NESTING);
 }
 
 TE2_TEST(CallbacksTest)

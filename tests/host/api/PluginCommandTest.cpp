@@ -16,7 +16,11 @@ class PluginCommandTest : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
-    void init() { m_host = std::make_unique<ApiFixture>(); }
+    void init()
+    {
+        m_host = std::make_unique<ApiFixture>();
+        QVERIFY(m_host->Load("TypedCommand").Ok());
+    }
     void cleanup() { m_host.reset(); }
 
     void GivesResultsOfEveryType_data();
@@ -72,7 +76,6 @@ void PluginCommandTest::GivesResultsOfEveryType()
 {
     QFETCH(QString, words);
     QFETCH(Value, expected);
-    QVERIFY(m_host->Load("TypedCommand").Ok());
     const host::ScriptResult result = m_host->Run("typedCommand " + words);
     QVERIFY2(!result.failed, qPrintable(result.errorText));
     QVERIFY2(result.value == expected, qPrintable(result.value.ToResultText()));
@@ -80,7 +83,6 @@ void PluginCommandTest::GivesResultsOfEveryType()
 
 void PluginCommandTest::DescribesItsFlagsWhenAskedFirst()
 {
-    QVERIFY(m_host->Load("TypedCommand").Ok());
     const auto command = m_host->engine.commands.FindCommand("typedCommand");
     QCOMPARE(command->GetOrigin(), host::CommandOrigin::PlugIn);
     QCOMPARE(command->owner, "TypedCommand");
@@ -99,7 +101,6 @@ void PluginCommandTest::DescribesItsFlagsWhenAskedFirst()
 
 void PluginCommandTest::TakesKeywords()
 {
-    QVERIFY(m_host->Load("TypedCommand").Ok());
     const QVector<host::Keyword> keywords = {
         {"resultType", {{{QString("string"), {}, false, {}}}}},
         {"n", {{{QString("-looks like a flag"), {}, false, {}}}}},
@@ -111,7 +112,6 @@ void PluginCommandTest::TakesKeywords()
 
 void PluginCommandTest::KeywordsMeanWhatTheySay()
 {
-    QVERIFY(m_host->Load("TypedCommand").Ok());
     const auto keyword = [](const char* name, bool value) {
         return host::Keyword{name, {{{value, {}, false, {}}}}};
     };
@@ -127,7 +127,6 @@ void PluginCommandTest::KeywordsMeanWhatTheySay()
 
 void PluginCommandTest::RefusesWrongFlags()
 {
-    QVERIFY(m_host->Load("TypedCommand").Ok());
     QVERIFY(m_host->Run("typedCommand -nope").failed);
     QVERIFY(m_host->Run("typedCommand -edit").failed);
     QVERIFY(m_host->Run("typedCommand a b c d").failed);
@@ -139,7 +138,6 @@ void PluginCommandTest::RefusesWrongFlags()
 
 void PluginCommandTest::FailsWithTheReasonItGave()
 {
-    QVERIFY(m_host->Load("TypedCommand").Ok());
     const host::ScriptResult result = m_host->Run("typedCommand -bad \"say why\"");
     QVERIFY(result.failed);
     QCOMPARE(result.errorText, "no such thing");
@@ -148,7 +146,6 @@ void PluginCommandTest::FailsWithTheReasonItGave()
 
 void PluginCommandTest::FailsWithItsStatusOtherwise()
 {
-    QVERIFY(m_host->Load("TypedCommand").Ok());
     QVERIFY(m_host->Run("typedCommand -bad silently").failed);
     QCOMPARE(m_host->Texts(host::MessageType::Error),
         QStringList{"(kFailure): Unexpected Internal Failure"});
@@ -156,7 +153,6 @@ void PluginCommandTest::FailsWithItsStatusOtherwise()
 
 void PluginCommandTest::SurvivesAnException()
 {
-    QVERIFY(m_host->Load("TypedCommand").Ok());
     QVERIFY(m_host->Run("typedCommand -bad throw").failed);
     QCOMPARE(m_host->Texts(host::MessageType::Error),
         QStringList{"typedCommand: unhandled exception: out of luck"});
@@ -191,7 +187,6 @@ void PluginCommandTest::SimpleCommandsRun()
 
 void PluginCommandTest::UndoesAndRedoes()
 {
-    QVERIFY(m_host->Load("TypedCommand").Ok());
     m_host->Run("typedCommand -undoable");
     m_host->Run("typedCommand -u");
     m_host->engine.undoQueue.Undo();
@@ -209,7 +204,6 @@ void PluginCommandTest::UndoesAndRedoes()
 
 void PluginCommandTest::TextsThatMustNotBeUndoneAreNot()
 {
-    QVERIFY(m_host->Load("TypedCommand").Ok());
     QVERIFY(MGlobal::executeCommand("typedCommand -u"));
     QVERIFY(MGlobal::executeCommand("typedCommand -u", false, true));
     m_host->engine.undoQueue.Undo();
@@ -221,7 +215,6 @@ void PluginCommandTest::ForgetsTheOldestStep()
 {
     constexpr int STEPS = 60;
     constexpr int KEPT = 50;
-    QVERIFY(m_host->Load("TypedCommand").Ok());
     for (int i = 0; i < STEPS; ++i)
         m_host->Run("typedCommand -u");
     for (int i = 0; i < STEPS; ++i)

@@ -67,17 +67,29 @@ class QtUtilTest : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
+    void init()
+    {
+        m_host = std::make_unique<ApiFixture>();
+        m_windows = std::make_unique<NamedInterface>();
+        m_host->engine.ui = m_windows.get();
+    }
+    void cleanup() { m_host.reset(); }
+
     void HasNothingWithoutWindows();
     void FindsElements();
     void KnowsParentsAndChildren();
     void AddsWidgets();
     void ScalesSizes();
     void FindsImagesAlongThePath();
+
+private:
+    std::unique_ptr<NamedInterface> m_windows;
+    std::unique_ptr<ApiFixture> m_host;
 };
 
 void QtUtilTest::HasNothingWithoutWindows()
 {
-    const ApiFixture host(host::RunState::Batch);
+    m_host->engine.ui = nullptr;
     QWidget widget;
     QVERIFY(!MQtUtil::mainWindow() && !MQtUtil::findControl("x") && !MQtUtil::findLayout("x"));
     QVERIFY(!MQtUtil::findWindow("x") && !MQtUtil::findMenuItem("x"));
@@ -91,57 +103,42 @@ void QtUtilTest::HasNothingWithoutWindows()
 
 void QtUtilTest::FindsElements()
 {
-    ApiFixture host;
-    NamedInterface windows;
-    host.engine.ui = &windows;
-    QCOMPARE(MQtUtil::mainWindow(), &windows.window);
-    QCOMPARE(MQtUtil::findControl("window|layout|control"), windows.control);
-    QCOMPARE(MQtUtil::findControl("control", windows.control), nullptr);
-    QCOMPARE(MQtUtil::fullName(windows.control).asChar(), "window|layout|control");
-    QCOMPARE(MQtUtil::getCurrentParent(), windows.layout);
+    QCOMPARE(MQtUtil::mainWindow(), &m_windows->window);
+    QCOMPARE(MQtUtil::findControl("window|layout|control"), m_windows->control);
+    QCOMPARE(MQtUtil::findControl("control", m_windows->control), nullptr);
+    QCOMPARE(MQtUtil::fullName(m_windows->control).asChar(), "window|layout|control");
+    QCOMPARE(MQtUtil::getCurrentParent(), m_windows->layout);
 }
 
 void QtUtilTest::KnowsParentsAndChildren()
 {
-    ApiFixture host;
-    NamedInterface windows;
-    host.engine.ui = &windows;
-    QCOMPARE(MQtUtil::getParent(windows.control), windows.layout);
-    QCOMPARE(MQtUtil::getParent(windows.layout), &windows.window);
-    QCOMPARE(MQtUtil::getParent(&windows.window), nullptr);
-    QCOMPARE(MQtUtil::getLayoutChildren(windows.layout), QList<QObject*>{windows.control});
+    QCOMPARE(MQtUtil::getParent(m_windows->control), m_windows->layout);
+    QCOMPARE(MQtUtil::getParent(m_windows->layout), &m_windows->window);
+    QCOMPARE(MQtUtil::getParent(&m_windows->window), nullptr);
+    QCOMPARE(MQtUtil::getLayoutChildren(m_windows->layout), QList<QObject*>{m_windows->control});
 }
 
 void QtUtilTest::AddsWidgets()
 {
-    ApiFixture host;
-    NamedInterface windows;
-    host.engine.ui = &windows;
     auto* widget = new QWidget;
-    QCOMPARE(MQtUtil::addWidgetToMayaLayout(widget, windows.layout, "editor").asChar(),
+    QCOMPARE(MQtUtil::addWidgetToMayaLayout(widget, m_windows->layout, "editor").asChar(),
         "window|layout|editor");
-    QCOMPARE(widget->parentWidget(), windows.layout);
-    QCOMPARE(MQtUtil::addWidgetToMayaLayout(nullptr, windows.layout).length(), 0u);
+    QCOMPARE(widget->parentWidget(), m_windows->layout);
+    QCOMPARE(MQtUtil::addWidgetToMayaLayout(nullptr, m_windows->layout).length(), 0u);
 }
 
 void QtUtilTest::ScalesSizes()
 {
-    ApiFixture host;
-    NamedInterface windows;
-    host.engine.ui = &windows;
     QCOMPARE(MQtUtil::dpiScale(3), 5);
     QCOMPARE(MQtUtil::dpiScale(1.0f), 1.5f);
 }
 
 void QtUtilTest::FindsImagesAlongThePath()
 {
-    ApiFixture host;
-    NamedInterface windows;
-    host.engine.ui = &windows;
     QPixmap image(10, 20);
     image.fill(Qt::red);
-    QVERIFY(image.save(host.directory.filePath("te2Probe.png")));
-    qputenv("XBMLANGPATH", ("/nowhere/%B:" + host.directory.path() + "/%B").toLocal8Bit());
+    QVERIFY(image.save(m_host->directory.filePath("te2Probe.png")));
+    qputenv("XBMLANGPATH", ("/nowhere/%B:" + m_host->directory.path() + "/%B").toLocal8Bit());
     const std::unique_ptr<QPixmap> scaled(MQtUtil::createPixmap("te2Probe.png"));
     const std::unique_ptr<QPixmap> plain(MQtUtil::createPixmap("te2Probe.png", false));
     const std::unique_ptr<QIcon> icon(MQtUtil::createIcon("te2Probe.png", false));

@@ -84,6 +84,9 @@ private Q_SLOTS:
     void PythonRepeatsFlagsWithLists();
     void PythonFunctionsAreScripts();
     void MissingArgumentsReadAsNothing();
+
+private:
+    const Command m_command{ROW};
 };
 
 void CallTest::MelErrorsNameTheFlag_data()
@@ -104,15 +107,14 @@ void CallTest::MelErrorsNameTheFlag_data()
 void CallTest::MelErrorsNameTheFlag()
 {
     QFETCH(QString, line);
-    const ReadCall read = ReadWords(Command(ROW), MelWords(line));
+    const ReadCall read = ReadWords(m_command, MelWords(line));
     QVERIFY(read.error);
     QTEST(read.error->text, "error");
 }
 
 void CallTest::FlagsStandAnywhereAmongObjects()
 {
-    const Command command(ROW);
-    const ReadCall read = ReadWords(command, MelWords("first -l Title second -fast third"));
+    const ReadCall read = ReadWords(m_command, MelWords("first -l Title second -fast third"));
     QVERIFY(!read.error);
     QCOMPARE(read.call.ObjectTexts(), (QStringList{"first", "second", "third"}));
     QCOMPARE(read.call.Text("label"), "Title");
@@ -122,8 +124,7 @@ void CallTest::FlagsStandAnywhereAmongObjects()
 
 void CallTest::RepeatedFlagsKeepTheirOrder()
 {
-    const Command command(ROW);
-    const ReadCall read = ReadWords(command, MelWords("-s 1 2 -fast -size 3 4"));
+    const ReadCall read = ReadWords(m_command, MelWords("-s 1 2 -fast -size 3 4"));
     QCOMPARE(read.call.UseCount("size"), 2);
     QCOMPARE(read.call.Int("size", 0, 1), 3);
     QCOMPARE(read.call.Float("size", 1, 1), 4.0);
@@ -133,10 +134,9 @@ void CallTest::RepeatedFlagsKeepTheirOrder()
 
 void CallTest::QueriesTakeNoValues()
 {
-    const Command command(ROW);
     // The mode counts wherever it stands.
     for (const char* line : {"-q -size thing", "-size thing -query", "thing -s -q"}) {
-        const ReadCall read = ReadWords(command, MelWords(line));
+        const ReadCall read = ReadWords(m_command, MelWords(line));
         QVERIFY2(!read.error, line);
         QVERIFY(read.call.IsQuery());
         QVERIFY(read.call.Has("size"));
@@ -146,51 +146,46 @@ void CallTest::QueriesTakeNoValues()
 
 void CallTest::AQueryListMayStandEmpty()
 {
-    const Command command(ROW);
-    QVERIFY(!ReadWords(command, MelWords("-q -list")).error);
+    QVERIFY(!ReadWords(m_command, MelWords("-q -list")).error);
     QCOMPARE(
-        ReadWords(command, MelWords("-q -list a b")).call.Texts("list"), (QStringList{"a", "b"}));
+        ReadWords(m_command, MelWords("-q -list a b")).call.Texts("list"), (QStringList{"a", "b"}));
 }
 
 void CallTest::AListRunsToTheNextFlagAndSpreadsArrays()
 {
-    const Command command(ROW);
     QVector<Word> words = MelWords("-ls a b -fast rest");
-    QCOMPARE(ReadWords(command, words).call.Texts("list"), (QStringList{"a", "b"}));
+    QCOMPARE(ReadWords(m_command, words).call.Texts("list"), (QStringList{"a", "b"}));
     words = MelWords("-ls a");
     words += Word{StringList{"b", "c"}, {}, false, {}};
-    const ReadCall read = ReadWords(command, words);
+    const ReadCall read = ReadWords(m_command, words);
     QVERIFY(!read.error);
     QCOMPARE(read.call.Texts("list"), (QStringList{"a", "b", "c"}));
 }
 
 void CallTest::WordsForYesAndNo()
 {
-    const Command command(ROW);
     for (const char* yes : {"on", "yes", "true", "1", "2"})
-        QVERIFY2(ReadWords(command, MelWords(QString("-on ") + yes)).call.Bool("on"), yes);
+        QVERIFY2(ReadWords(m_command, MelWords(QString("-on ") + yes)).call.Bool("on"), yes);
     for (const char* no : {"off", "no", "false", "0"}) {
-        const ReadCall read = ReadWords(command, MelWords(QString("-on ") + no));
+        const ReadCall read = ReadWords(m_command, MelWords(QString("-on ") + no));
         QVERIFY2(!read.error && !read.call.Bool("on"), no);
     }
-    QVERIFY(!ReadWords(command, {}).call.Bool("on"));
+    QVERIFY(!ReadWords(m_command, {}).call.Bool("on"));
 }
 
 void CallTest::ObjectsWantedAsTextKeepTheirSpelling()
 {
-    const Command command(ROW);
-    const ReadCall read = ReadWords(command, MelWords("-label 007 on"));
+    const ReadCall read = ReadWords(m_command, MelWords("-label 007 on"));
     QCOMPARE(read.call.Text("label"), "007");
     QCOMPARE(read.call.ObjectText(0), "on");
 }
 
 void CallTest::ArraysSpreadOverTheObjects()
 {
-    const Command command(ROW);
     QVector<Word> words = MelWords("a");
     words += Word{StringList{"b", "c"}, {}, false, {}};
     words += Word{StringList(), {}, false, {}};
-    QCOMPARE(ReadWords(command, words).call.ObjectTexts(), (QStringList{"a", "b", "c"}));
+    QCOMPARE(ReadWords(m_command, words).call.ObjectTexts(), (QStringList{"a", "b", "c"}));
 }
 
 void CallTest::ObjectCountsAreChecked_data()
@@ -239,7 +234,7 @@ void CallTest::PythonErrorsSpeakPython()
 {
     QFETCH(QString, name);
     QFETCH(QVector<Word>, use);
-    const ReadCall read = ReadKeywords(Command(ROW), {}, {{name, {use}}});
+    const ReadCall read = ReadKeywords(m_command, {}, {{name, {use}}});
     QVERIFY(read.error);
     QTEST(read.error->text, "error");
     QCOMPARE(read.error->kind, ErrorKind::Type);
@@ -247,25 +242,23 @@ void CallTest::PythonErrorsSpeakPython()
 
 void CallTest::PythonFalseLeavesAPlainFlagOut()
 {
-    const Command command(ROW);
     const Word no{false, {}, false, {}};
-    QVERIFY(!ReadKeywords(command, {}, {{"fast", {{no}}}}).call.Has("fast"));
-    QVERIFY(ReadKeywords(command, {}, {{"query", {{no}}}}).call.IsCreate());
-    const ReadCall read = ReadKeywords(command, {}, {{"on", {{no}}}});
+    QVERIFY(!ReadKeywords(m_command, {}, {{"fast", {{no}}}}).call.Has("fast"));
+    QVERIFY(ReadKeywords(m_command, {}, {{"query", {{no}}}}).call.IsCreate());
+    const ReadCall read = ReadKeywords(m_command, {}, {{"on", {{no}}}});
     QVERIFY(read.call.Has("on"));
     QVERIFY(!read.call.Bool("on"));
 }
 
 void CallTest::PythonQueryMayCarryTheName()
 {
-    const Command command(ROW);
     const Word yes{true, {}, false, {}};
-    const ReadCall named = ReadKeywords(command, {}, {{"q", {{Text("thing")}}}});
+    const ReadCall named = ReadKeywords(m_command, {}, {{"q", {{Text("thing")}}}});
     QVERIFY(!named.error);
     QVERIFY(named.call.IsQuery());
     QCOMPARE(named.call.ObjectTexts(), QStringList{"thing"});
     const ReadCall plain
-        = ReadKeywords(command, {Text("thing")}, {{"size", {{yes}}}, {"query", {{yes}}}});
+        = ReadKeywords(m_command, {Text("thing")}, {{"size", {{yes}}}, {"query", {{yes}}}});
     QVERIFY(!plain.error);
     QVERIFY(plain.call.IsQuery() && plain.call.Has("size"));
     QCOMPARE(plain.call.ObjectTexts(), QStringList{"thing"});
@@ -273,9 +266,8 @@ void CallTest::PythonQueryMayCarryTheName()
 
 void CallTest::PythonRepeatsFlagsWithLists()
 {
-    const Command command(ROW);
     const ReadCall read
-        = ReadKeywords(command, {}, {{"size", {{Number(1), Number(2)}, {Number(3), Number(4)}}}});
+        = ReadKeywords(m_command, {}, {{"size", {{Number(1), Number(2)}, {Number(3), Number(4)}}}});
     QVERIFY(!read.error);
     QCOMPARE(read.call.UseCount("size"), 2);
     QCOMPARE(read.call.Float("size", 1, 1), 4.0);
@@ -283,22 +275,20 @@ void CallTest::PythonRepeatsFlagsWithLists()
 
 void CallTest::PythonFunctionsAreScripts()
 {
-    const Command command(ROW);
     Word function;
     function.callable = std::make_shared<SomeFunction>();
-    const ReadCall read = ReadKeywords(command, {}, {{"command", {{function}}}});
+    const ReadCall read = ReadKeywords(m_command, {}, {{"command", {{function}}}});
     QVERIFY(!read.error);
     QCOMPARE(read.call.GetScript("command").Description(), "<function build>");
-    QVERIFY(ReadKeywords(command, {}, {{"label", {{function}}}}).error);
+    QVERIFY(ReadKeywords(m_command, {}, {{"label", {{function}}}}).error);
     // Text given from Python is a script in Python.
-    const ReadCall text = ReadKeywords(command, {}, {{"command", {{Text("go()")}}}});
+    const ReadCall text = ReadKeywords(m_command, {}, {{"command", {{Text("go()")}}}});
     QCOMPARE(text.call.GetScript("command").language, Language::Python);
 }
 
 void CallTest::MissingArgumentsReadAsNothing()
 {
-    const Command command(ROW);
-    const ReadCall read = ReadWords(command, MelWords("-q -size"));
+    const ReadCall read = ReadWords(m_command, MelWords("-q -size"));
     QVERIFY(read.call.Argument("size").IsNone());
     QVERIFY(read.call.Argument("size", 1, 7).IsNone());
     QCOMPARE(read.call.Int("count"), 0);

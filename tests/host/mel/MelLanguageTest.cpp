@@ -246,19 +246,17 @@ void MelLanguageTest::CommandsTakeWordsInEverySyntax()
 void MelLanguageTest::FunctionsConvertTheirArguments_data()
 {
     Columns<QString, QString>("text", "result");
-    const auto row
-        = [](const char* text, const char* result) { Row(text, QString(text), QString(result)); };
-    row("string $p[]; split(\"a,b\", \",\", $p) + $p[1]", "2b");
-    row("string $p[]; split \"a b c\" \" \" $p; size($p)", "3");
-    row("string $p[]; `split 1.5 \".\" $p` + $p[0]", "21");
-    row("kindOf(5)", "int");
-    row("kindOf(\"5\")", "float");
-    row("anyKindOf(\"5\")", "string");
-    row("anyKindOf({1.0})", "float[]");
-    row("anyKindOf on", "int");
-    row("kindOf()", "Wrong number of arguments on call to kindOf.");
-    row("string $s[]; kindOf($s)", "Cannot convert data of type string[] to type float.");
-    row("split({\"a\"}, 1)", "Cannot convert data of type string[] to type string.");
+    TextRow("string $p[]; split(\"a,b\", \",\", $p) + $p[1]", "2b");
+    TextRow("string $p[]; split \"a b c\" \" \" $p; size($p)", "3");
+    TextRow("string $p[]; `split 1.5 \".\" $p` + $p[0]", "21");
+    TextRow("kindOf(5)", "int");
+    TextRow("kindOf(\"5\")", "float");
+    TextRow("anyKindOf(\"5\")", "string");
+    TextRow("anyKindOf({1.0})", "float[]");
+    TextRow("anyKindOf on", "int");
+    TextRow("kindOf()", "Wrong number of arguments on call to kindOf.");
+    TextRow("string $s[]; kindOf($s)", "Cannot convert data of type string[] to type float.");
+    TextRow("split({\"a\"}, 1)", "Cannot convert data of type string[] to type string.");
 }
 
 void MelLanguageTest::FunctionsConvertTheirArguments()

@@ -29,41 +29,40 @@ private Q_SLOTS:
 void MelParserTest::AcceptsWhatRealFilesContain_data()
 {
     Columns<QString>("text");
-    const auto row = [](const char* text) { Row(text, QString(text)); };
-    row("setParent ..;");
-    row("int $r = `optionVar - q Name`;");
-    row("select -r |a|b|c;");
-    row("select -r *:ctrl_*;");
-    row("connectAttr foo.wm[0] bar.in;");
-    row("connectAttr ($a + \".i\") reg.slot[$i];");
-    row("applyArgs 2 { \"1\",\"2\",\"\" };");
-    row("vector $h = `hsv_to_rgb <<$x[0], 1, 1>>`;");
-    row("formLayout -af $c \"left\" -10;");
-    row("intField -fmn -1000. -fmx .5;");
-    row("string $n = (string)$i;");
-    row("$t = (int)(`timerX` * 1000);");
-    row("global string $names[] = {};");
-    row("float $l, $r[3] = {1, 2, 3};");
-    row("if (!`exists foo`) source foo;");
-    row("setAttr ($o + \".tx\") -lock on -k ($k);");
-    row("foo `bar` (`baz -q`) -visible on;");
-    row("do{$i++;}while($i<3);");
-    row("if($a)b;else if($c){d;}else e;");
-    row("for(;;){break;}");
-    row("proc f(){};f;");
-    row("global proc string[]f(string$a[],int$b){return $a;}");
-    row("print(\"no semicolon at the end\")");
-    row("button -command (\"a \" + $b + \";\") -annotation \"x\" name;");
-    row("switch($a){case 1:case 2:default:}");
-    row("// only a comment");
-    row("/* never closed");
-    row("$a = $b ? \"x\" : `foo`;");
-    row("$m = <<1,2;3,4>>;");
-    row("matrix $m[4][4]; $m[0][1] = $v.x + $v.y;");
-    row("string $s = `substring $a 1 (size($a))` + `size($b)`;");
-    row("`foo -q`;");
-    row("int $i, $j = 2; $i = int($j / 2.0);");
-    row("if (size($a) > 0 && !catch(`delete $a`)) print \"x\";");
+    TextRow("setParent ..;");
+    TextRow("int $r = `optionVar - q Name`;");
+    TextRow("select -r |a|b|c;");
+    TextRow("select -r *:ctrl_*;");
+    TextRow("connectAttr foo.wm[0] bar.in;");
+    TextRow("connectAttr ($a + \".i\") reg.slot[$i];");
+    TextRow("applyArgs 2 { \"1\",\"2\",\"\" };");
+    TextRow("vector $h = `hsv_to_rgb <<$x[0], 1, 1>>`;");
+    TextRow("formLayout -af $c \"left\" -10;");
+    TextRow("intField -fmn -1000. -fmx .5;");
+    TextRow("string $n = (string)$i;");
+    TextRow("$t = (int)(`timerX` * 1000);");
+    TextRow("global string $names[] = {};");
+    TextRow("float $l, $r[3] = {1, 2, 3};");
+    TextRow("if (!`exists foo`) source foo;");
+    TextRow("setAttr ($o + \".tx\") -lock on -k ($k);");
+    TextRow("foo `bar` (`baz -q`) -visible on;");
+    TextRow("do{$i++;}while($i<3);");
+    TextRow("if($a)b;else if($c){d;}else e;");
+    TextRow("for(;;){break;}");
+    TextRow("proc f(){};f;");
+    TextRow("global proc string[]f(string$a[],int$b){return $a;}");
+    TextRow("print(\"no semicolon at the end\")");
+    TextRow("button -command (\"a \" + $b + \";\") -annotation \"x\" name;");
+    TextRow("switch($a){case 1:case 2:default:}");
+    TextRow("// only a comment");
+    TextRow("/* never closed");
+    TextRow("$a = $b ? \"x\" : `foo`;");
+    TextRow("$m = <<1,2;3,4>>;");
+    TextRow("matrix $m[4][4]; $m[0][1] = $v.x + $v.y;");
+    TextRow("string $s = `substring $a 1 (size($a))` + `size($b)`;");
+    TextRow("`foo -q`;");
+    TextRow("int $i, $j = 2; $i = int($j / 2.0);");
+    TextRow("if (size($a) > 0 && !catch(`delete $a`)) print \"x\";");
 }
 
 void MelParserTest::AcceptsWhatRealFilesContain()
@@ -77,46 +76,34 @@ void MelParserTest::AcceptsWhatRealFilesContain()
 void MelParserTest::RefusesWithThePlace_data()
 {
     Columns<QString, QString>("text", "message");
-    const auto row = [](const char* name, const char* text, const char* message) {
-        Row(name, QString(text), QString(message));
-    };
-    row("the column is behind the offending token", "int $a;\nstring $a;",
+    // clang-format off
+    Row("the column is behind the offending token", "int $a;\nstring $a;",
         "Line 2.10: Invalid redeclaration of variable \"$a\" as a different type.");
-    row("undeclared", "print $undeclared;",
-        "Line 1.18: \"$undeclared\" is an undeclared variable.");
-    row("undeclared in a compound assignment", "$u += 1;",
-        "Line 1.3: \"$u\" is an undeclared variable.");
-    row("missing operand", "$a = 1 +;", "Line 1.10: Syntax error");
-    row("a name is no value", "$a = foo;", "Line 1.10: Syntax error");
-    row("missing bracket", "print (1;", "Line 1.10: Syntax error");
-    row("missing brace", "{ print 1;\n", "Line 2.1: Syntax error");
-    row("stray brace", "print 1; }", "Line 1.11: Syntax error");
-    row("lone dollar", "print $;", "Line 1.8: Syntax error");
-    row("keyword as a word", "addAttr -at float;", "Line 1.18: Syntax error");
-    row("operator among words", "move $x + 1;", "Line 1.10: Syntax error");
-    row("missing quote", "print \"abc;\nprint 1;", "Line 1.12: Unterminated string.");
-    row("no return", "proc int g() { print 1; }",
-        "Line 1.26: Procedure is missing a return statement.");
-    row("value from a typeless procedure", "proc g() { return 1; }",
-        "Line 1.18: A procedure without a return type cannot return a value.");
-    row("break outside", "if (1) break;", "Line 1.13: \"break\" stands outside of a loop.");
-    row("continue in a switch only", "switch (1) { case 1: continue; }",
-        "Line 1.30: \"continue\" stands outside of a loop.");
-    row("a component is no target", "vector $v; $v.x = 1;",
-        "Line 1.18: Components of a vector cannot be assigned.");
-    row("a call is no target", "f() = 1;", "Line 1.6: Syntax error");
-    row("a matrix needs sizes", "matrix $m = 1;", "Line 1.10: Matrix \"$m\" needs two sizes.");
-    row("arrays of arrays", "int $a[2][2];", "Line 1.13: Arrays have one dimension only.");
-    row("a global wants constants", "global int $g = f();",
-        "Line 1.14: \"$g\" can only be given constant values here.");
-    row("procedures see no outer variables", "$o = 1; proc f() { print $o; }",
-        "Line 1.28: \"$o\" is an undeclared variable.");
-    row("a block hides its variables", "{ int $in; } print $in;",
-        "Line 1.23: \"$in\" is an undeclared variable.");
-    row("what comes first is told first", "print $first;\nprint (;",
-        "Line 1.13: \"$first\" is an undeclared variable.");
-    row("rows of a matrix", "$m = <<1,2;3>>;",
-        "Line 1.15: The rows of a matrix must have the same length.");
+    Row("undeclared", "print $undeclared;", "Line 1.18: \"$undeclared\" is an undeclared variable.");
+    Row("undeclared in a compound assignment", "$u += 1;", "Line 1.3: \"$u\" is an undeclared variable.");
+    Row("missing operand", "$a = 1 +;", "Line 1.10: Syntax error");
+    Row("a name is no value", "$a = foo;", "Line 1.10: Syntax error");
+    Row("missing bracket", "print (1;", "Line 1.10: Syntax error");
+    Row("missing brace", "{ print 1;\n", "Line 2.1: Syntax error");
+    Row("stray brace", "print 1; }", "Line 1.11: Syntax error");
+    Row("lone dollar", "print $;", "Line 1.8: Syntax error");
+    Row("keyword as a word", "addAttr -at float;", "Line 1.18: Syntax error");
+    Row("operator among words", "move $x + 1;", "Line 1.10: Syntax error");
+    Row("missing quote", "print \"abc;\nprint 1;", "Line 1.12: Unterminated string.");
+    Row("no return", "proc int g() { print 1; }", "Line 1.26: Procedure is missing a return statement.");
+    Row("value from a typeless procedure", "proc g() { return 1; }", "Line 1.18: A procedure without a return type cannot return a value.");
+    Row("break outside", "if (1) break;", "Line 1.13: \"break\" stands outside of a loop.");
+    Row("continue in a switch only", "switch (1) { case 1: continue; }", "Line 1.30: \"continue\" stands outside of a loop.");
+    Row("a component is no target", "vector $v; $v.x = 1;", "Line 1.18: Components of a vector cannot be assigned.");
+    Row("a call is no target", "f() = 1;", "Line 1.6: Syntax error");
+    Row("a matrix needs sizes", "matrix $m = 1;", "Line 1.10: Matrix \"$m\" needs two sizes.");
+    Row("arrays of arrays", "int $a[2][2];", "Line 1.13: Arrays have one dimension only.");
+    Row("a global wants constants", "global int $g = f();", "Line 1.14: \"$g\" can only be given constant values here.");
+    Row("procedures see no outer variables", "$o = 1; proc f() { print $o; }", "Line 1.28: \"$o\" is an undeclared variable.");
+    Row("a block hides its variables", "{ int $in; } print $in;", "Line 1.23: \"$in\" is an undeclared variable.");
+    Row("what comes first is told first", "print $first;\nprint (;", "Line 1.13: \"$first\" is an undeclared variable.");
+    Row("rows of a matrix", "$m = <<1,2;3>>;", "Line 1.15: The rows of a matrix must have the same length.");
+    // clang-format on
 }
 
 void MelParserTest::RefusesWithThePlace()
@@ -138,29 +125,28 @@ void MelParserTest::TellsCallsFromCommands_data()
 {
     // "arguments": -1: a call within an expression
     Columns<QString, int>("text", "arguments");
-    const auto row = [](const char* text, int arguments) { Row(text, text, arguments); };
-    row("f (1);", -1);
-    row("f(1, 2) + 1;", -1);
-    row("f (1)", -1);
-    row("f ($a)[0];", -1);
-    row("f(1) ? 2 : 3;", -1);
-    row("f (1) 2;", 2);
-    row("f (1) (2);", 2);
-    row("f (1) `g`;", 2);
-    row("f (1) \"x\";", 2);
-    row("f (1) $a;", 2);
-    row("f (1) -add;", 2);
-    row("f (1) -add 5;", 3);
-    row("f (1) *:x;", 2);
-    row("f (1) {1};", 2);
-    row("f (1) <<1,2,3>>;", 2);
-    row("f (1) - 5;", -1);
-    row("f (1) -5;", -1);
-    row("command (1) -5;", 2);
-    row("command (1) -lock (1);", 3);
-    row("command (1) - 5;", -1);
-    row("f (\")\") 2;", 2);
-    row("f (1 /* ) */) 2;", 2);
+    TextRow("f (1);", -1);
+    TextRow("f(1, 2) + 1;", -1);
+    TextRow("f (1)", -1);
+    TextRow("f ($a)[0];", -1);
+    TextRow("f(1) ? 2 : 3;", -1);
+    TextRow("f (1) 2;", 2);
+    TextRow("f (1) (2);", 2);
+    TextRow("f (1) `g`;", 2);
+    TextRow("f (1) \"x\";", 2);
+    TextRow("f (1) $a;", 2);
+    TextRow("f (1) -add;", 2);
+    TextRow("f (1) -add 5;", 3);
+    TextRow("f (1) *:x;", 2);
+    TextRow("f (1) {1};", 2);
+    TextRow("f (1) <<1,2,3>>;", 2);
+    TextRow("f (1) - 5;", -1);
+    TextRow("f (1) -5;", -1);
+    TextRow("command (1) -5;", 2);
+    TextRow("command (1) -lock (1);", 3);
+    TextRow("command (1) - 5;", -1);
+    TextRow("f (\")\") 2;", 2);
+    TextRow("f (1 /* ) */) 2;", 2);
 }
 
 void MelParserTest::TellsCallsFromCommands()

@@ -96,43 +96,42 @@ void PythonCommandsTest::initTestCase()
 void PythonCommandsTest::ReadsArguments_data()
 {
     Columns<QString, QString>("call", "shown");
-    const auto row
-        = [](const char* call, const char* shown) { Row(call, QString(call), QString(shown)); };
-    row("'a', ['b', ('c', ['d'])]", "Result: create a b c d");
-    row("1, 2.5, True", "Result: create 1 2.5 1");
-    row("pathlib.Path('/tmp/x')", "Result: create /tmp/x");
-    row("query=True, name=True", "Result: query name()");
-    row("'w', e=1, n='x'", "Result: edit name(x) w");
-    row("flag=True", "Result: create flag()");
-    row("flag=False", "Result: create");
-    row("on=False", "Result: create on(0)");
-    row("size=(3, 4)", "Result: create size(3,4)");
-    row("s=[3, 4.0]", "Result: create size(3,4)");
-    row("number='12'", "Result: create number(12)");
-    row("item='a'", "Result: create item(a)");
-    row("item=['a', 'b']", "Result: create item(a) item(b)");
-    row("item=[]", "Result: create");
-    row("pair=('a', 1)", "Result: create pair(a,1)");
-    row("pair=[('a', 1), ('b', 2)]", "Result: create pair(a,1) pair(b,2)");
-    row("list=('a', 'b')", "Result: create list(a,b)");
-    row("name=10**12", "Result: create name(1000000000000)");
-    row("ratio=10**12", "Result: create ratio(1e+12)");
-    row("name='\xF0\x9F\x98\x80'", "Result: create name(\xF0\x9F\x98\x80)");
-    row("'w', query=None", "Result: create w");
-    row("query='w', name=True", "Result: query name() w");
-    row("foo=1", "TypeError: Invalid flag 'foo'");
-    row("foo={}", "TypeError: Invalid flag 'foo'");
-    row("number='x'", "TypeError: Invalid arguments for flag 'number'.  Expected int, got str");
-    row("number=None",
+    TextRow("'a', ['b', ('c', ['d'])]", "Result: create a b c d");
+    TextRow("1, 2.5, True", "Result: create 1 2.5 1");
+    TextRow("pathlib.Path('/tmp/x')", "Result: create /tmp/x");
+    TextRow("query=True, name=True", "Result: query name()");
+    TextRow("'w', e=1, n='x'", "Result: edit name(x) w");
+    TextRow("flag=True", "Result: create flag()");
+    TextRow("flag=False", "Result: create");
+    TextRow("on=False", "Result: create on(0)");
+    TextRow("size=(3, 4)", "Result: create size(3,4)");
+    TextRow("s=[3, 4.0]", "Result: create size(3,4)");
+    TextRow("number='12'", "Result: create number(12)");
+    TextRow("item='a'", "Result: create item(a)");
+    TextRow("item=['a', 'b']", "Result: create item(a) item(b)");
+    TextRow("item=[]", "Result: create");
+    TextRow("pair=('a', 1)", "Result: create pair(a,1)");
+    TextRow("pair=[('a', 1), ('b', 2)]", "Result: create pair(a,1) pair(b,2)");
+    TextRow("list=('a', 'b')", "Result: create list(a,b)");
+    TextRow("name=10**12", "Result: create name(1000000000000)");
+    TextRow("ratio=10**12", "Result: create ratio(1e+12)");
+    TextRow("name='\xF0\x9F\x98\x80'", "Result: create name(\xF0\x9F\x98\x80)");
+    TextRow("'w', query=None", "Result: create w");
+    TextRow("query='w', name=True", "Result: query name() w");
+    TextRow("foo=1", "TypeError: Invalid flag 'foo'");
+    TextRow("foo={}", "TypeError: Invalid flag 'foo'");
+    TextRow("number='x'", "TypeError: Invalid arguments for flag 'number'.  Expected int, got str");
+    TextRow("number=None",
         "TypeError: Invalid arguments for flag 'number'.  Expected int, got NoneType");
-    row("number={}", "TypeError: Invalid arguments for flag 'number'.  Expected int, got dict");
-    row("number=10**12", "OverflowError: The value of flag 'number' is too large for an int");
-    row("size=3", "TypeError: Invalid arguments for flag 'size'.  Expected ( int, int ), got int");
-    row("item=[['a', ['b']]]",
+    TextRow("number={}", "TypeError: Invalid arguments for flag 'number'.  Expected int, got dict");
+    TextRow("number=10**12", "OverflowError: The value of flag 'number' is too large for an int");
+    TextRow(
+        "size=3", "TypeError: Invalid arguments for flag 'size'.  Expected ( int, int ), got int");
+    TextRow("item=[['a', ['b']]]",
         "TypeError: Invalid arguments for flag 'item'.  Expected str, got list");
-    row("None", "TypeError: Invalid argument: an object cannot be of type NoneType");
-    row("b'x'", "TypeError: Invalid argument: an object cannot be of type bytes");
-    row("print",
+    TextRow("None", "TypeError: Invalid argument: an object cannot be of type NoneType");
+    TextRow("b'x'", "TypeError: Invalid argument: an object cannot be of type bytes");
+    TextRow("print",
         "TypeError: Invalid argument: an object cannot be of type builtin_function_or_method");
 }
 
@@ -150,25 +149,23 @@ void PythonCommandsTest::ReadsArguments()
 void PythonCommandsTest::ConvertsResultsAndErrors_data()
 {
     Columns<QString, QString>("call", "shown");
-    const auto row
-        = [](const char* call, const char* shown) { Row(call, QString(call), QString(shown)); };
-    row("giveBack('none')", "None");
-    row("giveBack('yes')", "True");
-    row("giveBack('int')", "7");
-    row("giveBack('float')", "0.5");
-    row("giveBack('text')", "'\xF0\x9F\x98\x80'");
-    row("giveBack('vector')", "[1.0, 2.0, 3.0]");
-    row("giveBack('vectors')", "[(1.0, 2.0, 3.0)]");
-    row("giveBack('matrix')", "[4.0, 5.0]");
-    row("giveBack('ints')", "[1, 2]");
-    row("giveBack('empty')", "[]");
-    row("giveBack('empty', q=True)", "None");
-    row("lsUI('empty')", "None");
-    row("fail('type')", "TypeError('It failed.')");
-    row("fail('value')", "ValueError('It failed.')");
-    row("fail()", "RuntimeError('It failed.')");
-    row("fail('throw')", "RuntimeError('thrown')");
-    row("fail(*range(5))", "RuntimeError('Too many objects or values.')");
+    TextRow("giveBack('none')", "None");
+    TextRow("giveBack('yes')", "True");
+    TextRow("giveBack('int')", "7");
+    TextRow("giveBack('float')", "0.5");
+    TextRow("giveBack('text')", "'\xF0\x9F\x98\x80'");
+    TextRow("giveBack('vector')", "[1.0, 2.0, 3.0]");
+    TextRow("giveBack('vectors')", "[(1.0, 2.0, 3.0)]");
+    TextRow("giveBack('matrix')", "[4.0, 5.0]");
+    TextRow("giveBack('ints')", "[1, 2]");
+    TextRow("giveBack('empty')", "[]");
+    TextRow("giveBack('empty', q=True)", "None");
+    TextRow("lsUI('empty')", "None");
+    TextRow("fail('type')", "TypeError('It failed.')");
+    TextRow("fail('value')", "ValueError('It failed.')");
+    TextRow("fail()", "RuntimeError('It failed.')");
+    TextRow("fail('throw')", "RuntimeError('thrown')");
+    TextRow("fail(*range(5))", "RuntimeError('Too many objects or values.')");
 }
 
 void PythonCommandsTest::ConvertsResultsAndErrors()

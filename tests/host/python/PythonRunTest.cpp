@@ -10,7 +10,7 @@ class PythonRunTest : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
-    void init();
+    void init() { m_host.engine.echo = EchoState(); }
     void ShowsResultsAndErrors_data();
     void ShowsResultsAndErrors();
     void GivesValues_data();
@@ -31,11 +31,6 @@ private:
     PythonFixture m_host;
 };
 
-void PythonRunTest::init()
-{
-    m_host.engine.echo = EchoState();
-}
-
 QString PythonRunTest::WriteFile(const QString& name, const QByteArray& text)
 {
     QFile file(m_host.directory.filePath(name));
@@ -52,6 +47,7 @@ void PythonRunTest::ShowsResultsAndErrors_data()
     };
     const QString place = "file <maya console> line ";
 
+    // clang-format off
     row("number", "1 + 2", {"Result: 3"});
     row("string without quotes", "'a' + 'b'", {"Result: ab"});
     row("empty string", "''", {"Result: "});
@@ -66,40 +62,25 @@ void PythonRunTest::ShowsResultsAndErrors_data()
     row("carriage return and line feed", "x = 1\r\nif x:\r\n    print(x)\r\n", {"Display: 1\n"});
     row("carriage return alone", "x = 2\rif x:\r    print(x)\r", {"Display: 2\n"});
     row("byte order mark", QString(QChar(0xfeff)) + "1", {"Result: 1"});
-    row("characters beyond the first plane", "'\xF0\x9F\x98\x80' + str(len('\xF0\x9F\x98\x80'))",
-        {"Result: \xF0\x9F\x98\x80"
-         "1"});
-    row("lone surrogate in output", "print('<' + chr(0xd800) + '>')",
-        {"Display: <" + QString(QChar(0xd800)) + ">\n"});
-    row("standard error is plain output", "import sys; _ = sys.stderr.write('e\\n')",
-        {"Display: e\n"});
+    row("characters beyond the first plane", "'\xF0\x9F\x98\x80' + str(len('\xF0\x9F\x98\x80'))", {"Result: \xF0\x9F\x98\x80" "1"});
+    row("lone surrogate in output", "print('<' + chr(0xd800) + '>')", {"Display: <" + QString(QChar(0xd800)) + ">\n"});
+    row("standard error is plain output", "import sys; _ = sys.stderr.write('e\\n')", {"Display: e\n"});
 
-    row("unknown name", "x = 1\nnope",
-        {"Error: NameError: " + place + "2: name 'nope' is not defined"});
-    row("inside a function", "def f():\n  raise ValueError('bad')\n\nf()",
-        {"Error: ValueError: " + place + "2: bad"});
+    row("unknown name", "x = 1\nnope", {"Error: NameError: " + place + "2: name 'nope' is not defined"});
+    row("inside a function", "def f():\n  raise ValueError('bad')\n\nf()", {"Error: ValueError: " + place + "2: bad"});
     row("without a message", "raise ValueError", {"Error: ValueError: " + place + "1"});
-    row("prints before the error", "print('a')\n1/0",
-        {"Display: a\n", "Error: ZeroDivisionError: " + place + "2: division by zero"});
-    row("syntax error", "x = 1\nif x\n  pass",
-        {"Error: SyntaxError: " + place + "2: expected ':'"});
-    row("wrong indent", "x = 1\n  y = 2",
-        {"Error: IndentationError: " + place + "2: unexpected indent"});
-    row("syntax error in an imported text", "exec('a b')",
-        {"Error: SyntaxError: file <string> line 1: invalid syntax"});
-    row("null character", QString("x = 1") + QChar(0) + "\ny = 2",
-        {"Error: ValueError: source code string cannot contain null bytes"});
+    row("prints before the error", "print('a')\n1/0", {"Display: a\n", "Error: ZeroDivisionError: " + place + "2: division by zero"});
+    row("syntax error", "x = 1\nif x\n  pass", {"Error: SyntaxError: " + place + "2: expected ':'"});
+    row("wrong indent", "x = 1\n  y = 2", {"Error: IndentationError: " + place + "2: unexpected indent"});
+    row("syntax error in an imported text", "exec('a b')", {"Error: SyntaxError: file <string> line 1: invalid syntax"});
+    row("null character", QString("x = 1") + QChar(0) + "\ny = 2", {"Error: ValueError: source code string cannot contain null bytes"});
     row("lone surrogate in the text", QString("'") + QChar(0xdc00) + "'",
         {"Error: UnicodeEncodeError: 'utf-8' codec can't encode character '\\udc00' in position 1: "
          "surrogates not allowed"});
     row("exit does not end the host", "import sys\nsys.exit(3)",
         {"Error: SystemExit: " + place + "2: The script asked to exit with 3; the host goes on."});
-    row("exit from the site module", "exit()",
-        {"Error: SystemExit: " + place
-            + "1: "
-              "The script asked to exit; the host goes on."});
-    row("endless recursion", "def f(): f()\nf()",
-        {"Error: RecursionError: " + place + "1: maximum recursion depth exceeded"});
+    row("exit from the site module", "exit()", {"Error: SystemExit: " + place + "1: The script asked to exit; the host goes on."});
+    row("endless recursion", "def f(): f()\nf()", {"Error: RecursionError: " + place + "1: maximum recursion depth exceeded"});
     row("result that cannot be shown", "type('A', (), {'__repr__': lambda self: 1/0})()",
         {"Error: ZeroDivisionError: " + place + "1: division by zero"});
     row("reading the keyboard", "input('name? ')",
@@ -110,8 +91,8 @@ void PythonRunTest::ShowsResultsAndErrors_data()
     row("exception without a text",
         "class E(Exception):\n  def __str__(self): raise KeyError\nraise E",
         {"Error: E: " + place + "3: <the exception has no text>"});
-    row("several lines in a message", "raise OSError('a\\nb')",
-        {"Error: OSError: " + place + "1: a\nb"});
+    row("several lines in a message", "raise OSError('a\\nb')", {"Error: OSError: " + place + "1: a\nb"});
+    // clang-format on
 }
 
 void PythonRunTest::ShowsResultsAndErrors()

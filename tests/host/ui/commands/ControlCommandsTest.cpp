@@ -14,7 +14,7 @@ class ControlCommandsTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
+    void init() { m_host = std::make_unique<UiFixture>(); }
     void cleanup() { m_host.reset(); }
 
     void CommandsAnswer_data();
@@ -31,37 +31,28 @@ private:
     std::unique_ptr<UiFixture> m_host;
 };
 
-void ControlCommandsTest::init()
-{
-    m_host = std::make_unique<UiFixture>();
-}
-
 void ControlCommandsTest::CommandsAnswer_data()
 {
     Columns<QString, QString>("script", "result");
+    // clang-format off
     Row("creation gives the full path", "window w; columnLayout c; button b", "w|c|b");
     Row("default names", "window; columnLayout; button", "window1|columnLayout1|button1");
     Row("exists of nothing", "window -exists w", "0");
     Row("exists beats other flags", "window w; window -e -title \"x\" -exists w", "1");
     Row("exists asks for the type", "window w; columnLayout c; button -exists c", "0");
-    Row("control knows every control", "window w; columnLayout c; button b; control -exists b",
-        "1");
+    Row("control knows every control", "window w; columnLayout c; button b; control -exists b", "1");
     Row("a window is no control", "window w; control -exists w", "0");
     Row("layout knows every layout", "window w; columnLayout c; text t; layout -q -ca c", "t");
     Row("missing object", "button -q -label b", "error: Object 'b' not found.");
-    Row("name in use", "window w; columnLayout c; text t; button t",
-        "error: Object's name 't' is not unique.");
+    Row("name in use", "window w; columnLayout c; text t; button t", "error: Object's name 't' is not unique.");
     Row("window name in use", "window w; window w", "error: Object's name 'w' is not unique.");
     Row("ambiguous name",
         "window a; columnLayout; text t; window b; columnLayout; text t; text -q -l t",
         "error: Object's name 't' is not unique.");
-    Row("control without layout", "window w; button",
-        "error: Controls must have a layout.  No layout found in window : w.");
-    Row("nowhere to go", "columnLayout",
-        "error: No current window or layout: make one first, or use -parent.");
+    Row("control without layout", "window w; button", "error: Controls must have a layout.  No layout found in window : w.");
+    Row("nowhere to go", "columnLayout", "error: No current window or layout: make one first, or use -parent.");
     Row("unknown parent", "window w; columnLayout -p nobody", "error: Object 'nobody' not found.");
-    Row("explicit parent keeps the current one",
-        "window w; columnLayout c; window v; columnLayout d; text -p c t; setParent -q", "v|d");
+    Row("explicit parent keeps the current one", "window w; columnLayout c; window v; columnLayout d; text -p c t; setParent -q", "v|d");
     Row("up", "window w; columnLayout c; rowLayout r; setParent ..; setParent -q", "w|c");
     Row("up stops at the window", "window w; setParent ..; setParent ..; setParent -q", "w");
     Row("top", "window w; columnLayout c; rowLayout r; setParent -top", "w");
@@ -71,16 +62,11 @@ void ControlCommandsTest::CommandsAnswer_data()
         "`window -q -wh w`; $t + $s[0] + $s[1]",
         "A B300200");
     Row("kept flags", "window w; columnLayout c; button -docTag \"x\" b; button -q -docTag b", "x");
-    Row("a command is given back",
-        "window w; columnLayout c; button -c \"print 1\" b; button -q -c b", "print 1");
+    Row("a command is given back", "window w; columnLayout c; button -c \"print 1\" b; button -q -c b", "print 1");
     Row("hidden control", "window w; columnLayout c; button -vis 0 b; button -q -vis b", "0");
-    Row("range before value", "window w; columnLayout c; intField -v 7 -max 5 f; intField -q -v f",
-        "5");
+    Row("range before value", "window w; columnLayout c; intField -v 7 -max 5 f; intField -q -v f", "5");
     Row("fraction", "window w; columnLayout c; floatField -v 0.25 f; floatField -q -v f", "0.25");
-    Row("list in order",
-        "window w; columnLayout c; textScrollList -a \"x\" -a \"y\" -ap 1 \"z\" l; textScrollList "
-        "-q -ai l",
-        "z x y");
+    Row("list in order", "window w; columnLayout c; textScrollList -a \"x\" -a \"y\" -ap 1 \"z\" l; textScrollList -q -ai l", "z x y");
     Row("list selection",
         "window w; columnLayout c; textScrollList -ams 1 -a \"x\" -a \"y\" -a \"z\" -si \"z\" -sii "
         "1 l; textScrollList -q -sii l",
@@ -99,15 +85,10 @@ void ControlCommandsTest::CommandsAnswer_data()
     Row("option menu without that item",
         "window w; columnLayout c; optionMenu o; menuItem -l \"a\"; optionMenu -e -v \"b\" o",
         "error: Item not found: b");
-    Row("delete by the wrong kind", "window w; columnLayout c; deleteUI -window c",
-        "error: Object 'c' not found.");
-    Row("deleted with everything in it",
-        "window w; columnLayout c; button b; deleteUI w; (`window -exists w` + `button -exists b`)",
-        "0");
-    Row("listing by type",
-        "window w; columnLayout c; button b; text t; lsUI -type \"button\" -type \"text\"", "b t");
-    Row("listing paths", "window w; columnLayout c; button b; lsUI -long -type \"button\"",
-        "w|c|b");
+    Row("delete by the wrong kind", "window w; columnLayout c; deleteUI -window c", "error: Object 'c' not found.");
+    Row("deleted with everything in it", "window w; columnLayout c; button b; deleteUI w; (`window -exists w` + `button -exists b`)", "0");
+    Row("listing by type", "window w; columnLayout c; button b; text t; lsUI -type \"button\" -type \"text\"", "b t");
+    Row("listing paths", "window w; columnLayout c; button b; lsUI -long -type \"button\"", "w|c|b");
     Row("listing nothing", "size(`lsUI -type \"symbolButton\"`)", "0");
     Row("listing without a type", "lsUI", "error: Name at least one type of element to list.");
     Row("failed creation leaves nothing",
@@ -118,6 +99,7 @@ void ControlCommandsTest::CommandsAnswer_data()
     Row("no name to edit", "window -e -title \"x\"",
         "error: This command requires at least 1 argument(s) to be specified or selected; found "
         "0.");
+    // clang-format on
 }
 
 void ControlCommandsTest::CommandsAnswer()

@@ -13,7 +13,7 @@ class ReporterTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
+    void init() { m_host = std::make_unique<UiFixture>(); }
     void cleanup() { m_host.reset(); }
 
     void TheWholeHistoryIsAnswered();
@@ -30,11 +30,6 @@ private:
 
     std::unique_ptr<UiFixture> m_host;
 };
-
-void ReporterTest::init()
-{
-    m_host = std::make_unique<UiFixture>();
-}
 
 void ReporterTest::TheWholeHistoryIsAnswered()
 {

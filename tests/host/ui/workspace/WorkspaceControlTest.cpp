@@ -36,92 +36,59 @@ private:
 void WorkspaceControlTest::CommandsAnswer_data()
 {
     Columns<QString, QString>("script", "result");
+    // clang-format off
     Row("creation gives the name", "workspaceControl p", "p");
     Row("default name", "workspaceControl", "workspaceControl1");
     Row("exists without -q", "workspaceControl p; workspaceControl -exists p", "1");
     Row("missing does not exist", "workspaceControl -q -exists p", "0");
-    Row("missing cannot be asked", "workspaceControl -q -visible p",
-        "error: Object 'p' not found.");
-    Row("name taken", "workspaceControl p; workspaceControl p",
-        "error: Object's name 'p' is not unique.");
+    Row("missing cannot be asked", "workspaceControl -q -visible p", "error: Object 'p' not found.");
+    Row("name taken", "workspaceControl p; workspaceControl p", "error: Object's name 'p' is not unique.");
     Row("visible by default", "workspaceControl p; workspaceControl -q -visible p", "1");
-    Row("created hidden",
-        "workspaceControl -floating 1 -visible 0 p; workspaceControl -q -visible p", "0");
-    Row("floating is known while hidden",
-        "workspaceControl -floating 1 -visible 0 p; workspaceControl -q -floating p", "1");
-    Row("restore shows",
-        "workspaceControl -vis 0 p; workspaceControl -e -restore p; "
-        "workspaceControl -q -visible p",
-        "1");
+    Row("created hidden", "workspaceControl -floating 1 -visible 0 p; workspaceControl -q -visible p", "0");
+    Row("floating is known while hidden", "workspaceControl -floating 1 -visible 0 p; workspaceControl -q -floating p", "1");
+    Row("restore shows", "workspaceControl -vis 0 p; workspaceControl -e -restore p; workspaceControl -q -visible p", "1");
     Row("restore expands",
         "workspaceControl -fl 1 p; workspaceControl -e -collapse 1 p; "
         "workspaceControl -e -restore p; workspaceControl -q -collapse p",
         "0");
-    Row("collapse of a window",
-        "workspaceControl -fl 1 p; workspaceControl -e -collapse 1 p; workspaceControl -q "
-        "-collapse p",
-        "1");
+    Row("collapse of a window", "workspaceControl -fl 1 p; workspaceControl -e -collapse 1 p; workspaceControl -q -collapse p", "1");
     Row("collapse is kept while hidden",
         "workspaceControl -fl 1 p; workspaceControl -e -collapse 1 p; workspaceControl -e -visible "
         "0 "
         "p; workspaceControl -e -visible 1 p; workspaceControl -q -collapse p",
         "1");
-    Row("label", "workspaceControl -label \"My Panel\" p; workspaceControl -q -label p",
-        "My Panel");
+    Row("label", "workspaceControl -label \"My Panel\" p; workspaceControl -q -label p", "My Panel");
     Row("label without one", "workspaceControl p; workspaceControl -q -label p", "p");
     Row("front tab", "workspaceControl a; workspaceControl b; workspaceControl -q -raise a", "0");
-    Row("raised tab",
-        "workspaceControl a; workspaceControl b; workspaceControl -e -raise a; "
-        "workspaceControl -q -raise a",
-        "1");
-    Row("docks and floats",
-        "workspaceControl -fl 1 p; workspaceControl -e -fl 0 p; "
-        "workspaceControl -q -floating p",
-        "0");
-    Row("tab in a window",
-        "workspaceControl -fl 1 a; workspaceControl -ttc a -1 b; "
-        "workspaceControl -q -floating b",
-        "1");
-    Row("tab beside nothing", "workspaceControl -ttc nothing -1 b",
-        "error: Object 'nothing' not found.");
-    Row("failed creation leaves nothing",
-        "catchQuiet(`workspaceControl -ttc nothing -1 b`); workspaceControl -exists b", "0");
-    Row("unknown side", "workspaceControl -dtm middle 1 p",
-        "error: Invalid dock position \"middle\": use left, right, top or bottom.");
-    Row("resized side",
-        "workspaceControl -dtm left 1 p; workspaceControl -e -rsw 300 p; workspaceControl -q "
-        "-width p",
-        "300");
-    Row("kept flags come back",
-        "workspaceControl -widthProperty fixed p; "
-        "workspaceControl -q -widthProperty p",
-        "fixed");
+    Row("raised tab", "workspaceControl a; workspaceControl b; workspaceControl -e -raise a; workspaceControl -q -raise a", "1");
+    Row("docks and floats", "workspaceControl -fl 1 p; workspaceControl -e -fl 0 p; workspaceControl -q -floating p", "0");
+    Row("tab in a window", "workspaceControl -fl 1 a; workspaceControl -ttc a -1 b; workspaceControl -q -floating b", "1");
+    Row("tab beside nothing", "workspaceControl -ttc nothing -1 b", "error: Object 'nothing' not found.");
+    Row("failed creation leaves nothing", "catchQuiet(`workspaceControl -ttc nothing -1 b`); workspaceControl -exists b", "0");
+    Row("unknown side", "workspaceControl -dtm middle 1 p", "error: Invalid dock position \"middle\": use left, right, top or bottom.");
+    Row("resized side", "workspaceControl -dtm left 1 p; workspaceControl -e -rsw 300 p; workspaceControl -q -width p", "300");
+    Row("kept flags come back", "workspaceControl -widthProperty fixed p; workspaceControl -q -widthProperty p", "fixed");
     Row("close deletes what is not retained",
         "workspaceControl -retain 0 p; workspaceControl -e -close p; workspaceControl -exists p",
         "0");
-    Row("close keeps what is retained",
-        "workspaceControl p; workspaceControl -e -close p; workspaceControl -exists p", "1");
+    Row("close keeps what is retained", "workspaceControl p; workspaceControl -e -close p; workspaceControl -exists p", "1");
     Row("deleteUI", "workspaceControl p; deleteUI p; workspaceControl -exists p", "0");
     Row("listed", "workspaceControl a; workspaceControl b; lsUI -type workspaceControl", "a b");
     Row("state before the control",
         "workspaceControlState -e -tlc 30 40 -width 500 -height 300 p; "
         "workspaceControlState -q -tlc p",
         "30 40");
-    Row("state size", "workspaceControlState -e -wh 500 300 p; workspaceControlState -q -width p",
-        "500");
+    Row("state size", "workspaceControlState -e -wh 500 300 p; workspaceControlState -q -width p", "500");
     Row("unknown state", "workspaceControlState -q -tlc p", "error: Object 'p' not found.");
-    Row("state removed",
-        "workspaceControlState -tlc 1 2 p; workspaceControlState -remove p; "
-        "workspaceControlState -exists p",
-        "0");
-    Row("bad state string", "workspaceControl p; workspaceControl -e -ss \"junk\" p",
-        "error: Invalid workspace control state string.");
+    Row("state removed", "workspaceControlState -tlc 1 2 p; workspaceControlState -remove p; workspaceControlState -exists p", "0");
+    Row("bad state string", "workspaceControl p; workspaceControl -e -ss \"junk\" p", "error: Invalid workspace control state string.");
     Row("state string round trip",
         "workspaceControl -fl 1 -label L p; string $s = `workspaceControl -q -ss p`; "
         "workspaceControl "
         "-e -fl 0 -label M p; workspaceControl -e -ss $s p; $x = `workspaceControl -q -label p` + "
         "`workspaceControl -q -fl p`",
         "L1");
+    // clang-format on
 }
 
 void WorkspaceControlTest::CommandsAnswer()
