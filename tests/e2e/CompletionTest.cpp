@@ -11,7 +11,7 @@ class CompletionTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
+    void initTestCase() { QVERIFY(m_session.OpenEditor()); }
     void OffersWhatTheHostKnows_data();
     void OffersWhatTheHostKnows();
 
@@ -33,11 +33,6 @@ QStringList CompletionTest::Rows()
             rows += model.index(i, 0).data().toString();
     }
     return rows;
-}
-
-void CompletionTest::initTestCase()
-{
-    QVERIFY(m_session.OpenEditor());
 }
 
 void CompletionTest::OffersWhatTheHostKnows_data()

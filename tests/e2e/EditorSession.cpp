@@ -1,36 +1,13 @@
 #include "e2e/EditorSession.h"
 
+#include "e2e/EditorTabs.h"
+
 #include <QApplication>
 #include <QtTest>
 
 namespace {
 
 const QString PLUGIN = QStringLiteral("TarnwickEditor2");
-
-QList<QPlainTextEdit*> TextEditsOfClass(const char* className)
-{
-    QList<QPlainTextEdit*> found;
-    for (QWidget* widget : QApplication::allWidgets()) {
-        if (qstrcmp(widget->metaObject()->className(), className) == 0)
-            found += qobject_cast<QPlainTextEdit*>(widget);
-    }
-    return found;
-}
-
-/// Walks through the tabs by keys, as their places are nobody else's business.
-void ShowTabOf(QPlainTextEdit* editor, const QList<QPlainTextEdit*>& editors)
-{
-    editor->window()->activateWindow();
-    for (int i = 0; i < editors.size() && !editor->isVisible(); ++i) {
-        for (QPlainTextEdit* shown : editors) {
-            if (!shown->isVisible())
-                continue;
-            shown->setFocus();
-            QTest::keyClick(shown, Qt::Key_PageDown, Qt::ControlModifier);
-            break;
-        }
-    }
-}
 
 } // namespace
 
@@ -61,12 +38,12 @@ bool EditorSession::OpenEditor()
 
 QList<QPlainTextEdit*> EditorSession::Editors() const
 {
-    return TextEditsOfClass("CodeEditor");
+    return EditorTabs::Editors();
 }
 
 QPlainTextEdit* EditorSession::Console() const
 {
-    return TextEditsOfClass("OutputTextEdit").value(0);
+    return EditorTabs::TextEditsOfClass("OutputTextEdit").value(0);
 }
 
 QString EditorSession::ConsoleText() const
@@ -79,14 +56,12 @@ QPlainTextEdit* EditorSession::Focus(const QString& label)
 {
     QPlainTextEdit* editor = nullptr;
     for (QPlainTextEdit* candidate : Editors()) {
-        if (candidate->accessibleName().section(',', 0, 0) == label)
+        if (EditorTabs::LabelOf(candidate) == label)
             editor = candidate;
     }
     if (!editor)
         return nullptr;
-    ShowTabOf(editor, Editors());
-    editor->window()->activateWindow();
-    editor->setFocus();
+    EditorTabs::GoTo(editor);
     const bool focused
         = QTest::qWaitFor([editor] { return QApplication::focusWidget() == editor; });
     return focused ? editor : nullptr;

@@ -1,21 +1,23 @@
 #include "Typist.h"
 
+#include "../EditorTabs.h"
+
 #include <maya/MGlobal.h>
 #include <maya/MString.h>
 
 #include <QAbstractButton>
 #include <QAction>
-#include <QApplication>
 #include <QCryptographicHash>
 #include <QFile>
 #include <QMessageBox>
-#include <QPlainTextEdit>
 #include <QTextBlock>
-#include <QtTest>
 
 #include <fcntl.h>
 #include <time.h>
 #include <unistd.h>
+
+using EditorTabs::Editors;
+using EditorTabs::LabelOf;
 
 namespace {
 
@@ -23,21 +25,6 @@ const char* const FILES[] = {"a.py", "b.mel", "c.txt", "d.txt"};
 constexpr int STEP = 2; // ms
 constexpr int LINE_LENGTH = 12;
 constexpr int LINES_AT_MOST = 60; ///< typed into one editor
-
-QList<QPlainTextEdit*> Editors()
-{
-    QList<QPlainTextEdit*> found;
-    for (QWidget* widget : QApplication::allWidgets()) {
-        if (qstrcmp(widget->metaObject()->className(), "CodeEditor") == 0)
-            found += static_cast<QPlainTextEdit*>(widget);
-    }
-    return found;
-}
-
-QString LabelOf(const QPlainTextEdit* editor)
-{
-    return editor->accessibleName().section(',', 0, 0);
-}
 
 QPlainTextEdit* EditorOf(const QString& label)
 {
@@ -189,18 +176,7 @@ void Typist::ChooseEditor()
 
 void Typist::GoTo(QPlainTextEdit* wanted)
 {
-    const QList<QPlainTextEdit*> editors = Editors();
-    for (int i = 0; i < editors.size() && !wanted->isVisible(); ++i) {
-        for (QPlainTextEdit* shown : editors) {
-            if (!shown->isVisible())
-                continue;
-            shown->setFocus();
-            QTest::keyClick(shown, Qt::Key_PageDown, Qt::ControlModifier);
-            break;
-        }
-    }
-    wanted->window()->activateWindow();
-    wanted->setFocus();
+    EditorTabs::GoTo(wanted);
     // After a question the window may not be active again yet.
     m_editor = QApplication::focusWidget() == wanted ? wanted : nullptr;
 }
