@@ -50,12 +50,6 @@ const QHash<QString, Command>& Commands()
     return COMMANDS;
 }
 
-void Row(const char* name, const char* options, const char* command, const char* before,
-    const char* after)
-{
-    Row(name, QString(options), QString(command), QString(before), QString(after));
-}
-
 } // namespace
 
 void LineEditsTest::EditsLines_data()

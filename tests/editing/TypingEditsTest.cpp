@@ -6,33 +6,11 @@
 
 #include <QtTest>
 
-/// What single keys do; "\n" is Return, "\b" Backspace.
-class TypingEditsTest : public QObject
-{
-    Q_OBJECT
-
-private Q_SLOTS:
-    void BreaksLines_data();
-    void BreaksLines();
-    void TypesPairs_data();
-    void TypesPairs();
-    void ErasesPairsAndSteps_data();
-    void ErasesPairsAndSteps();
-    void GoesHome();
-};
-
 namespace {
 
 void AddColumns()
 {
     Columns<QString, QString, QString, QString>("options", "before", "key", "after");
-}
-
-void Row(
-    const char* name, const char* options, const char* before, const char* key, const char* after)
-{
-    Row(name, QString::fromUtf8(options), QString::fromUtf8(before), QString::fromUtf8(key),
-        QString::fromUtf8(after));
 }
 
 /// True unless it was a Backspace that is left to the text widget.
@@ -64,6 +42,21 @@ void PressAndCompare()
 
 } // namespace
 
+/// What single keys do; "\n" is Return, "\b" Backspace.
+class TypingEditsTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void BreaksLines_data();
+    void BreaksLines() { PressAndCompare(); }
+    void TypesPairs_data();
+    void TypesPairs() { PressAndCompare(); }
+    void ErasesPairsAndSteps_data();
+    void ErasesPairsAndSteps();
+    void GoesHome();
+};
+
 void TypingEditsTest::BreaksLines_data()
 {
     AddColumns();
@@ -94,11 +87,6 @@ void TypingEditsTest::BreaksLines_data()
     Row("mel: only round brackets align", "mel aligned", "  {$a[1,|", "\n", "  {$a[1,\n  |");
     Row("mel: brace behind a statement in two lines", "mel", "  if ($a\n    + b) {|}", "\n", "  if ($a\n    + b) {\n      |\n  }");
     // clang-format on
-}
-
-void TypingEditsTest::BreaksLines()
-{
-    PressAndCompare();
 }
 
 void TypingEditsTest::TypesPairs_data()
@@ -140,11 +128,6 @@ void TypingEditsTest::TypesPairs_data()
     Row("overwrites", "python overwrite", "|ab", "(", "(|b");
     Row("does not overwrite a line end", "python overwrite", "a|\nb", "(", "a(|\nb");
     // clang-format on
-}
-
-void TypingEditsTest::TypesPairs()
-{
-    PressAndCompare();
 }
 
 void TypingEditsTest::ErasesPairsAndSteps_data()

@@ -47,7 +47,6 @@ private Q_SLOTS:
     void TakesAnEditorOverFromAnotherGroup();
     void FollowsAFileToItsNewName();
     void MarksChangesOfFilesOnly();
-    void RefusesWorkWhenTabsAndEditorsDiffer();
     void OffersWhatFitsTheTab_data();
     void OffersWhatFitsTheTab();
     void PassesRequestsOn();
@@ -265,16 +264,6 @@ void CodeEditorGroupTest::MarksChangesOfFilesOnly()
     }
     m_group->SetModified(file, false);
     QVERIFY(!m_tabBar->accessibleDescription().contains("modified"));
-}
-
-void CodeEditorGroupTest::RefusesWorkWhenTabsAndEditorsDiffer()
-{
-    m_tabBar->InsertTab(-1, "stray");
-    QCOMPARE(m_group->InsertCodeEditor(0, Script("d"), "d"), -1);
-    QVERIFY(!m_group->RemoveCodeEditor(0));
-    m_group->DeleteCodeEditor(0);
-    QCOMPARE(m_group->GetCount(), 3);
-    QCOMPARE(m_tabBar->GetCount(), 4);
 }
 
 /// The labels of the menu that a right click opens, "-" for a separator, "+" before a checked one.

@@ -18,7 +18,7 @@ class OutputFindTest : public QObject
 
 private Q_SLOTS:
     void init();
-    void cleanup();
+    void cleanup() { m_output.reset(); }
     void SearchesRoundTheEnds();
     void KeepsTheMatchThatGrowsWhileTyping();
     void CountsWhatIsAppendedWhileTheBarIsOpen();
@@ -44,11 +44,6 @@ void OutputFindTest::init()
     m_output = std::make_unique<OutputTextEdit>(&m_keyBindings);
     m_output->resize(600, 300);
     m_output->show();
-}
-
-void OutputFindTest::cleanup()
-{
-    m_output.reset();
 }
 
 void OutputFindTest::Search(const QString& text)
