@@ -56,17 +56,11 @@ void ClosingTest::ClosesABuffer()
     QFETCH(bool, closed);
     NewBuffer(text);
     Settings::showConfirmDialogOnInternalBufferClose = wantsQuestion;
-    if (!button.isEmpty())
-        m_dialogs.Press(button);
+    m_dialogs.Expect(button);
     m_window->CloseFile();
-    const QList<DialogAnswers::Seen> seen = m_dialogs.Take();
-    QCOMPARE(seen.size(), button.isEmpty() ? 0 : 1);
-    if (!seen.isEmpty()) {
-        QCOMPARE(seen[0].title, "Delete");
-        QVERIFY(seen[0].isPlainText);
-        QCOMPARE(seen[0].text, "Delete buffer 'Python'?\n\nUnsaved contents will be lost.");
-        QCOMPARE(seen[0].defaultButton, "No");
-    }
+    const QString question
+        = "Delete: Delete buffer 'Python'?\n\nUnsaved contents will be lost. [No]";
+    QCOMPARE(m_dialogs.TakeQuestions().join('|'), button.isEmpty() ? "" : question);
     QCOMPARE(m_window->GetCodeEditorCount(), closed ? 0 : 1);
     QCOMPARE(BackingFiles().size(), closed ? 0 : 1);
     QCOMPARE(Settings::tabDetails.size(), closed ? 0 : 1);
@@ -96,17 +90,10 @@ void ClosingTest::ClosesAFile()
         editor->insertPlainText("new ");
     if (!writable)
         QVERIFY(QDir(m_folder->path()).removeRecursively());
-    if (!button.isEmpty())
-        m_dialogs.Press(button);
+    m_dialogs.Expect(button);
     m_window->CloseFile();
-    const QList<DialogAnswers::Seen> seen = m_dialogs.Take();
-    QCOMPARE(seen.size(), button.isEmpty() ? 0 : 1);
-    if (!seen.isEmpty()) {
-        QCOMPARE(seen[0].title, "Save");
-        QVERIFY(seen[0].isPlainText);
-        QCOMPARE(seen[0].text, "'a.py' has been modified. Save changes?");
-        QCOMPARE(seen[0].defaultButton, "Yes");
-    }
+    const QString question = "Save: 'a.py' has been modified. Save changes? [Yes]";
+    QCOMPARE(m_dialogs.TakeQuestions().join('|'), button.isEmpty() ? "" : question);
     QTEST(Content(Path("a.py")), "content");
     QCOMPARE(m_window->GetCodeEditorCount(), closed ? 0 : 1);
     QCOMPARE(Settings::recentFiles, closed ? QStringList(Path("a.py")) : QStringList());
@@ -225,18 +212,14 @@ void ClosingTest::AsksBeforeTheHostQuits()
         editor->insertPlainText("new ");
     if (!writable)
         QVERIFY(QDir(m_folder->path()).removeRecursively());
-    if (!button.isEmpty())
-        m_dialogs.Press(button);
+    m_dialogs.Expect(button);
     QCloseEvent close;
     QObject* const filter = m_window;
     QCOMPARE(filter->eventFilter(MayaUtil::GetMainWindow(), &close), !quits);
     QCOMPARE(close.isAccepted(), quits);
-    const QList<DialogAnswers::Seen> seen = m_dialogs.Take();
-    QCOMPARE(seen.size(), button.isEmpty() ? 0 : 1);
-    if (!seen.isEmpty()) {
-        QCOMPARE(seen[0].title, "Tarnwick Editor 2");
-        QCOMPARE(seen[0].text, "Tarnwick Editor 2 files have been modified. Save all changes?");
-    }
+    const QString question = "Tarnwick Editor 2: Tarnwick Editor 2 files have been modified. "
+                             "Save all changes? [Yes]";
+    QCOMPARE(m_dialogs.TakeQuestions().join('|'), button.isEmpty() ? "" : question);
     QCOMPARE(editor->IsModified(), modified && !(button == "Yes" && writable));
     QCOMPARE(Content(buffer->GetFilePath()), "kept");
 }

@@ -82,6 +82,15 @@ QList<DialogAnswers::Seen> DialogAnswers::Take()
     return std::exchange(m_seen, {});
 }
 
+QStringList DialogAnswers::TakeQuestions()
+{
+    QStringList questions;
+    for (const Seen& seen : Take())
+        questions += QString("%1: %2 [%3]").arg(seen.title, seen.text, seen.defaultButton)
+            + (seen.isPlainText ? "" : " in rich text");
+    return questions;
+}
+
 bool DialogAnswers::eventFilter(QObject* watched, QEvent* event)
 {
     auto* dialog = qobject_cast<QDialog*>(watched);

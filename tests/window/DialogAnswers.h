@@ -26,6 +26,12 @@ public:
 
     /// The button of a message box, by its text.
     void Press(const QString& button);
+    /// The same, but nobody is expected to ask when the text is empty.
+    void Expect(const QString& button)
+    {
+        if (!button.isEmpty())
+            Press(button);
+    }
     /// Into an input dialog, which is accepted then.
     void Type(const QString& text);
     /// A file dialog: the name, and the name filter unless it is empty.
@@ -36,6 +42,8 @@ public:
 
     /// What came up since the last call. Answers that nobody asked for are forgotten.
     QList<Seen> Take();
+    /// The same as texts, "title: text [default button]".
+    QStringList TakeQuestions();
     int CountWaiting() const { return m_answers.size(); }
 
 protected:

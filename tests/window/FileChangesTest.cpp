@@ -28,7 +28,18 @@ private Q_SLOTS:
     void AFolderInItsPlace();
     void Reverts_data();
     void Reverts();
+
+private:
+    void Overwrite(const QByteArray& text) const;
 };
+
+/// As another program does it, until the watcher has told.
+void FileChangesTest::Overwrite(const QByteArray& text) const
+{
+    QSignalSpy changed(Group(), &CodeEditorGroup::FileChanged);
+    MakeFile("a.py", text);
+    QTRY_VERIFY(changed.count() > 0);
+}
 
 void FileChangesTest::FollowsOtherPrograms_data()
 {
@@ -49,23 +60,12 @@ void FileChangesTest::FollowsOtherPrograms()
     if (modified)
         editor->insertPlainText("ours ");
     Settings::checkForModifiedFiles = checks;
-    QSignalSpy changed(Group(), &CodeEditorGroup::FileChanged);
-    MakeFile("a.py", "theirs");
-    QTRY_VERIFY(changed.count() > 0);
-    if (!button.isEmpty())
-        m_dialogs.Press(button);
+    Overwrite("theirs");
+    m_dialogs.Expect(button);
     m_window->CheckForFileChanges();
-    const QList<DialogAnswers::Seen> seen = m_dialogs.Take();
-    QCOMPARE(seen.size(), button.isEmpty() ? 0 : 1);
-    if (!seen.isEmpty()) {
-        QCOMPARE(seen[0].title, "Reload");
-        QVERIFY(seen[0].isPlainText);
-        QCOMPARE(seen[0].text,
-            Path("a.py")
-                + "\n\nThis file has been modified by another program.\n"
-                  "Do you want to reload it?");
-        QCOMPARE(seen[0].defaultButton, "No");
-    }
+    const QString question = "Reload: " + Path("a.py")
+        + "\n\nThis file has been modified by another program.\nDo you want to reload it? [No]";
+    QCOMPARE(m_dialogs.TakeQuestions().join('|'), button.isEmpty() ? "" : question);
     QTEST(editor->GetText(), "text");
     QCOMPARE(editor->IsModified(), button == "No");
     // Nobody is asked twice about one change.
@@ -86,9 +86,7 @@ void FileChangesTest::OwnSavesAreNoChanges()
     QCOMPARE(m_dialogs.Take().size(), 0);
     QCOMPARE(editor->GetText(), "new text\n");
     // What others write after it is one.
-    changed.clear();
-    MakeFile("a.py", "theirs");
-    QTRY_VERIFY(changed.count() > 0);
+    Overwrite("theirs");
     m_dialogs.Press("Yes");
     m_window->CheckForFileChanges();
     QCOMPARE(editor->GetText(), "theirs");
@@ -99,9 +97,7 @@ void FileChangesTest::ReloadingKeepsThePlace()
     CodeEditor* const editor = OpenFile("a.py", QByteArray("line\n").repeated(500));
     editor->SetCursorPosition(1234, false, false);
     editor->SetVerticalScrollBarValue(180);
-    QSignalSpy changed(Group(), &CodeEditorGroup::FileChanged);
-    MakeFile("a.py", QByteArray("LINE\n").repeated(600));
-    QTRY_VERIFY(changed.count() > 0);
+    Overwrite(QByteArray("LINE\n").repeated(600));
     // Giving the focus looks after it.
     m_frame->setFocus();
     editor->setFocus();
@@ -119,9 +115,7 @@ void FileChangesTest::ADeletedFileIsUnsaved()
     m_window->Save();
     QCOMPARE(Content(Path("a.py")), "text\n");
     // It is watched again.
-    QSignalSpy changed(Group(), &CodeEditorGroup::FileChanged);
-    MakeFile("a.py", "theirs");
-    QTRY_VERIFY(changed.count() > 0);
+    Overwrite("theirs");
     m_window->CheckForFileChanges();
     QCOMPARE(editor->GetText(), "theirs");
 }
@@ -161,17 +155,14 @@ void FileChangesTest::AFileThatComesBack()
     QFile::remove(Path("a.py"));
     QTRY_VERIFY(editor->IsModified());
     MakeFile("a.py", content);
-    if (!button.isEmpty())
-        m_dialogs.Press(button);
+    m_dialogs.Expect(button);
     m_window->CheckForFileChanges();
     m_window->CheckForFileChanges();
     QCOMPARE(m_dialogs.Take().size(), button.isEmpty() ? 0 : 1);
     QTEST(editor->IsModified(), "modified");
     QCOMPARE(editor->GetText(), QString(button == "Yes" ? "theirs" : "text\n"));
     // It is watched again.
-    QSignalSpy changed(Group(), &CodeEditorGroup::FileChanged);
-    MakeFile("a.py", "later");
-    QTRY_VERIFY(changed.count() > 0);
+    Overwrite("later");
 }
 
 /// The watcher only speaks when the event loop runs, and from some folders not at all.
@@ -247,11 +238,9 @@ void FileChangesTest::Reverts()
         MakeFile("a.py", "");
     m_dialogs.Press(button);
     m_window->RevertFile();
-    const QList<DialogAnswers::Seen> seen = m_dialogs.Take();
-    QCOMPARE(seen.size(), 1);
-    QCOMPARE(seen[0].text,
-        "Reloading this file will result in unsaved changes being lost.\n\nContinue?");
-    QCOMPARE(seen[0].defaultButton, "No");
+    QCOMPARE(m_dialogs.TakeQuestions().join('|'),
+        "Reload: Reloading this file will result in unsaved changes being lost.\n\n"
+        "Continue? [No]");
     QCOMPARE(editor->GetText(), text);
     const bool modified = text.startsWith("new");
     QCOMPARE(editor->IsModified(), modified);

@@ -158,8 +158,7 @@ void FileOperationsTest::SavesABufferAs()
         m_dialogs.Dismiss();
     else
         m_dialogs.ChooseFile(Path(typed), filter);
-    if (!answer.isEmpty())
-        m_dialogs.Press(answer);
+    m_dialogs.Expect(answer);
     m_window->Save();
     QCOMPARE(m_dialogs.Take().value(0).title, "Save File");
     QCOMPARE(Content(Path("taken.py")), QByteArray(saved == "taken.py" ? "x = 1" : "old"));

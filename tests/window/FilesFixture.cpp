@@ -16,6 +16,8 @@ void FilesFixture::Start()
 {
     Settings::ResetToDefaults();
     m_folder = std::make_unique<QTemporaryDir>();
+    // Every window reads it all, and shows what the windows of the tests before had printed.
+    m_host->GetEngine().history.Clear();
     CreateWindow();
     m_window->CloseAllFiles();
     TakeErrors();

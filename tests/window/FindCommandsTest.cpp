@@ -24,7 +24,6 @@ private Q_SLOTS:
     void cleanup() { m_window.reset(); }
     void cleanupTestCase() { m_fixture.reset(); }
     void OpensTheBarByKeys();
-    void StepsWithoutTheBar();
     void AsksForTheFieldsBeforeReplacing();
     void SeeksTheWordWhenNothingWasSought();
     void WorksInTheConsoleThatHasTheFocus();
@@ -79,18 +78,6 @@ void FindCommandsTest::OpensTheBarByKeys()
     QVERIFY(Field("m_searchLineEdit")->hasFocus());
     QTest::keyClick(Field("m_searchLineEdit"), Qt::Key_Escape);
     QVERIFY(Editor().hasFocus());
-}
-
-void FindCommandsTest::StepsWithoutTheBar()
-{
-    QTest::keyClick(&Editor(), Qt::Key_F3, Qt::ControlModifier);
-    QCOMPARE(Editor().GetSelectedStartPosition(), 8);
-    QTest::keyClick(&Editor(), Qt::Key_F3);
-    QCOMPARE(Editor().GetSelectedStartPosition(), 0);
-    QTest::keyClick(&Editor(), Qt::Key_F3, Qt::ShiftModifier);
-    QCOMPARE(Editor().GetSelectedStartPosition(), 8);
-    QCOMPARE(Editor().GetSelectedText(), "one");
-    QVERIFY(!Group().IsFindReplaceVisible());
 }
 
 void FindCommandsTest::AsksForTheFieldsBeforeReplacing()

@@ -1,29 +1,23 @@
 #include "editor/CodeEditor.h"
 #include "editor/CodeEditorGroup.h"
-#include "settings/Settings.h"
 #include "support/TestMain.h"
-#include "window/TarnwickEditor.h"
-#include "window/WindowFixture.h"
+#include "window/FilesFixture.h"
 
-#include <QMainWindow>
 #include <QtTest>
 
 /// Tabs and files dragged to other places. A layout is written as the labels of each group's tabs,
 /// the current one as a capital letter, with a bar between groups: "aB|C|".
-class MoveTabsTest : public QObject
+class MoveTabsTest : public QObject, private FilesFixture
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase() { m_host = std::make_unique<WindowFixture>(); }
-    void cleanupTestCase() { m_host.reset(); }
-    void init();
-    void cleanup();
+    void init() { Start(); }
+    void cleanup() { QVERIFY(Finish()); }
     void MovesToAZone_data();
     void MovesToAZone();
     void MovesToAPlace_data();
     void MovesToAPlace();
-    void MovedTabsKeepWhatTheyHold();
     void OpensDroppedFiles_data();
     void OpensDroppedFiles();
     void TheOrderOfUseMovesAlong();
@@ -35,43 +29,7 @@ private:
     QString Layout() const;
     /// Group and tab of a label.
     QPair<int, int> Find(const QString& label) const;
-    QString MakeFile(const QString& name) const;
-
-    std::unique_ptr<WindowFixture> m_host;
-    std::unique_ptr<QMainWindow> m_frame;
-    QPointer<TarnwickEditor> m_window;
-    std::unique_ptr<QTemporaryDir> m_folder;
 };
-
-void MoveTabsTest::init()
-{
-    Settings::ResetToDefaults();
-    Settings::showConfirmDialogOnInternalBufferClose = false;
-    m_folder = std::make_unique<QTemporaryDir>();
-    m_frame = std::make_unique<QMainWindow>();
-    m_window = new TarnwickEditor;
-    m_frame->setCentralWidget(m_window);
-    m_frame->resize(1300, 900);
-    m_frame->show();
-    m_frame->activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(m_frame.get()));
-    m_window->CloseAllFiles();
-    QCOMPARE(m_window->GetCodeEditorCount(), 0);
-}
-
-void MoveTabsTest::cleanup()
-{
-    m_frame.reset();
-    m_host->RunIdle();
-}
-
-QString MoveTabsTest::MakeFile(const QString& name) const
-{
-    QFile file(m_folder->filePath(name));
-    if (!file.open(QIODevice::WriteOnly) || file.write("text of " + name.toUtf8()) < 0)
-        qFatal("cannot write %s", qPrintable(file.fileName()));
-    return file.fileName();
-}
 
 void MoveTabsTest::SetLayout(const QString& layout)
 {
@@ -180,30 +138,6 @@ void MoveTabsTest::MovesToAPlace()
     CodeEditorGroup* const group = m_window->GetCodeEditorGroupByIndex(target);
     Q_EMIT group->MoveTabRequested(source.first, source.second, target, index);
     QTEST(Layout(), "result");
-}
-
-void MoveTabsTest::MovedTabsKeepWhatTheyHold()
-{
-    SetLayout("Ab|C|");
-    const QPair<int, int> source = Find("b");
-    CodeEditor* const editor
-        = m_window->GetCodeEditorGroupByIndex(source.first)->GetCodeEditor(source.second);
-    editor->SetCursorPosition(4, false, false);
-    editor->insertPlainText("typed ");
-    CodeEditorGroup* const target = m_window->GetCodeEditorGroupByIndex(1);
-    Q_EMIT target->MoveTabToZoneRequested(source.first, source.second, 1, TabDropZone::After);
-    QCOMPARE(Layout(), "A|C|B");
-    QCOMPARE(m_window->GetActiveCodeEditor(), editor);
-    QVERIFY(editor->IsModified());
-    QCOMPARE(editor->GetCursorPosition(), 10);
-    editor->undo();
-    QCOMPARE(editor->GetText(), "text of b");
-    // The new group listens to it, the old one no more.
-    QSignalSpy oldGroup(m_window->GetCodeEditorGroupByIndex(0), &CodeEditorGroup::ExecutePressed);
-    QSignalSpy newGroup(m_window->GetCodeEditorGroupByIndex(2), &CodeEditorGroup::ExecutePressed);
-    editor->Execute();
-    QCOMPARE(oldGroup.count(), 0);
-    QCOMPARE(newGroup.count(), 1);
 }
 
 void MoveTabsTest::OpensDroppedFiles_data()

@@ -30,7 +30,7 @@ private Q_SLOTS:
     void initTestCase();
     void init();
     void cleanup();
-    void cleanupTestCase();
+    void cleanupTestCase() { m_host.reset(); }
     void VerbositySetsTheHostAndTheTrace_data();
     void VerbositySetsTheHostAndTheTrace();
     void ShowsWhatTheHostDoes();
@@ -68,11 +68,6 @@ void PanelGroupTest::initTestCase()
 {
     m_host = std::make_unique<WindowFixture>();
     QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
-}
-
-void PanelGroupTest::cleanupTestCase()
-{
-    m_host.reset();
 }
 
 void PanelGroupTest::init()

@@ -56,7 +56,7 @@ void TabDetailsTest::IgnoresRecords_data()
     Columns<QString>("record");
     for (const char* record : {"", ";;;;;", "0;1;/a.py;1;0", "3;1;/a.py;1;0;0", "-1;1;/a.py;1;0;0",
              "x;1;/a.py;1;0;0", "0;2;/a.py;1;0;0", "0;;/a.py;1;0;0", "0;1;;1;0;0"})
-        Row(record, QString(record));
+        TextRow(record);
 }
 
 void TabDetailsTest::IgnoresRecords()

@@ -27,10 +27,10 @@ class TarnwickEditorTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
+    void initTestCase() { m_host = std::make_unique<WindowFixture>(); }
     void init();
     void cleanup();
-    void cleanupTestCase();
+    void cleanupTestCase() { m_host.reset(); }
     void StartsWithOneBufferOfEachLanguage();
     void ExecutesByKey_data();
     void ExecutesByKey();
@@ -58,16 +58,6 @@ private:
     std::unique_ptr<QMainWindow> m_frame; ///< stands for the host's window around the panel
     QPointer<TarnwickEditor> m_window;
 };
-
-void TarnwickEditorTest::initTestCase()
-{
-    m_host = std::make_unique<WindowFixture>();
-}
-
-void TarnwickEditorTest::cleanupTestCase()
-{
-    m_host.reset();
-}
 
 void TarnwickEditorTest::init()
 {

@@ -21,7 +21,6 @@ private Q_SLOTS:
     void LengthsFollowTheScale();
     void TabBarKeepsTheCurrentTab_data();
     void TabBarKeepsTheCurrentTab();
-    void TabBarScrollsTheCurrentTabIntoView();
 
 private:
     std::unique_ptr<WindowFixture> m_host;
@@ -86,20 +85,6 @@ void WindowPartsTest::TabBarKeepsTheCurrentTab()
         bar.MoveTab(from, to);
     QTEST(bar.GetTabText(bar.GetCurrentIndex()), "current");
     QCOMPARE(changed.count(), bar.GetTabText(bar.GetCurrentIndex()) == "C" ? 0 : 1);
-}
-
-void WindowPartsTest::TabBarScrollsTheCurrentTabIntoView()
-{
-    CustomTabBar bar(nullptr);
-    for (int i = 0; i < 20; ++i)
-        bar.InsertTab(-1, QString("script %1").arg(i));
-    bar.resize(300, 34);
-    bar.show();
-    QVERIFY(!bar.CanScroll(-1) && bar.CanScroll(1));
-    bar.SetCurrentIndex(19);
-    QVERIFY(bar.CanScroll(-1) && !bar.CanScroll(1));
-    bar.SetCurrentIndex(0);
-    QVERIFY(!bar.CanScroll(-1) && bar.CanScroll(1));
 }
 
 TE2_TEST(WindowPartsTest)
