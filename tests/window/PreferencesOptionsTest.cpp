@@ -363,7 +363,7 @@ void PreferencesOptionsTest::SearchThinsOutThePages_data()
                              << QStringList{"outputBufferSize"};
     QTest::newRow("a key") << "melTrim" << QStringList{"MEL"}
                            << QStringList{"melTrimTrailingWhiteSpacesOnSave"};
-    QTest::newRow("a page") << "indentation" << QStringList{"Code Editor", "Indentation"}
+    QTest::newRow("a page") << "indentation" << QStringList{"Code Editor", "Indentation", "Colors"}
                             << QStringList{"codeEditorDisplayIndentationGuides"};
     QTest::newRow("no match") << "zebra" << QStringList{} << QStringList{};
 }
