@@ -107,7 +107,8 @@ void CodeEditorGroup::RequestPylint(const QString& text, const QString& path)
 void CodeEditorGroup::OnPylintOutput(const QString& path, const QStringList& lines, int fieldCount)
 {
     CodeEditor* const editor = GetCurrent();
-    if (!editor || editor->GetFilePath() != path)
+    // It may have been switched off while it ran.
+    if (!Settings::pylintEnabled || !editor || editor->GetFilePath() != path)
         return;
     const PylintMessages messages = ReadPylintMessages(lines, fieldCount);
     editor->UpdateErrorsAndWarnings(messages.errors, messages.warnings, messages.infos);

@@ -185,7 +185,12 @@ void PreferencesDialog::CreateButtons()
     m_restoreButton = m_buttons->button(QDialogButtonBox::RestoreDefaults);
     for (QAbstractButton* button : m_buttons->buttons())
         static_cast<QPushButton*>(button)->setAutoDefault(false);
-    m_buttons->button(QDialogButtonBox::Ok)->setDefault(true);
+    QPushButton* const ok = m_buttons->button(QDialogButtonBox::Ok);
+    QPushButton* const cancel = m_buttons->button(QDialogButtonBox::Cancel);
+    ok->setDefault(true);
+    setTabOrder(m_restoreButton, ok);
+    setTabOrder(ok, cancel);
+    setTabOrder(cancel, m_applyButton);
     connect(m_buttons, &QDialogButtonBox::accepted, this, &PreferencesDialog::accept);
     connect(m_buttons, &QDialogButtonBox::rejected, this, &PreferencesDialog::reject);
     connect(m_applyButton, &QPushButton::clicked, this, &PreferencesDialog::Apply);
@@ -392,6 +397,10 @@ void PreferencesDialog::RestoreDefaults()
 
 void PreferencesDialog::UpdateApplyButton()
 {
-    m_applyButton->setEnabled(std::any_of(m_pages.begin(), m_pages.end(),
-        [](const PreferencesPage* page) { return page->IsChanged(); }));
+    const bool isChanged = std::any_of(m_pages.begin(), m_pages.end(),
+        [](const PreferencesPage* page) { return page->IsChanged(); });
+    // Otherwise the focus would go anywhere with the button that had it.
+    if (!isChanged && m_applyButton->hasFocus())
+        m_buttons->button(QDialogButtonBox::Ok)->setFocus();
+    m_applyButton->setEnabled(isChanged);
 }

@@ -25,6 +25,7 @@ PylintPage::PylintPage(OptionCopies& copies, QWidget* parent)
     m_testButton->setToolTip(tr("Run the executable with --version"));
     m_testButton->setAutoDefault(false);
     m_executable->AddBeside(m_testButton);
+    setTabOrder(m_executable->findChild<QWidget*>(QStringLiteral("m_browseButton")), m_testButton);
     connect(m_testButton, &QPushButton::clicked, this, &PylintPage::Test);
     connect(m_probe, &ProgramProbe::Finished, this, &PylintPage::OnAnswered);
     connect(&copies, &OptionCopies::Changed, this, &PylintPage::UpdateTest);
@@ -55,8 +56,7 @@ void PylintPage::OnAnswered(bool answered, const QString& text)
 
 void PylintPage::UpdateTest()
 {
-    const bool isGood = GetCopies().GetFault(m_executable->GetRow()).isEmpty();
-    m_testButton->setEnabled(isGood && !m_probe->IsRunning());
+    m_testButton->setEnabled(GetCopies().GetFault(m_executable->GetRow()).isEmpty());
     if (!m_probe->IsRunning() && m_executable->GetValue() != m_tested)
         m_executable->SetNote(QString());
 }

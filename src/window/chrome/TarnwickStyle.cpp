@@ -190,9 +190,10 @@ void TarnwickStyle::DrawFocusRing(
     if (isButton) {
         ring = widget->rect();
     } else if (isCheck) {
-        const double distance = Theme::Dp(RING_GAP) + thickness;
-        ring = QRectF(widget->style()->subElementRect(SE_CheckBoxIndicator, &option, widget))
-                   .adjusted(-distance, -distance, distance, distance);
+        // The option is the label's. The margin of the box is the room for its ring.
+        QStyleOptionButton box;
+        box.initFrom(widget);
+        ring = widget->style()->subElementRect(SE_CheckBoxIndicator, &box, widget);
     }
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
