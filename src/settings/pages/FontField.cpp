@@ -53,7 +53,11 @@ QVariant FontField::GetValue() const
 
 void FontField::SetValue(const QVariant& value)
 {
-    m_family->setCurrentText(value.toString());
+    const QString family = value.toString();
+    const int index = m_family->findText(family);
+    if (index >= 0)
+        m_family->setCurrentIndex(index);
+    m_family->setEditText(family);
 }
 
 QWidget* FontField::GetControl() const

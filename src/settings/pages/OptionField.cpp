@@ -167,7 +167,7 @@ void OptionField::UpdateRemark()
 {
     const QString text = m_fault.isEmpty() ? m_note : m_fault;
     m_remark->SetText(text);
-    m_remark->setToolTip(text.toHtmlEscaped());
+    m_remark->setToolTip(PlainToolTip(text));
     m_remark->setVisible(!text.isEmpty());
     SetInvalid(*m_remark, !m_fault.isEmpty());
     UpdateToolTip();
@@ -179,6 +179,11 @@ void OptionField::SetMatched(bool matched)
     update();
 }
 
+QString OptionField::PlainToolTip(const QString& text)
+{
+    return QStringLiteral("<p style=\"white-space:pre-wrap\">%1</p>").arg(text.toHtmlEscaped());
+}
+
 void OptionField::UpdateToolTip()
 {
     QString text = OptionTable::Describe(m_row);
@@ -186,7 +191,7 @@ void OptionField::UpdateToolTip()
         text = tr("%1\nWithout effect: %2").arg(text, m_reason);
     if (!m_fault.isEmpty())
         text = m_fault + QLatin1Char('\n') + text;
-    setToolTip(text);
+    setToolTip(PlainToolTip(text));
     GetControl()->setAccessibleDescription(text);
 }
 

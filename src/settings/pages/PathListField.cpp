@@ -94,7 +94,7 @@ void PathListField::AddPath(const QString& path)
 {
     auto* item = new QListWidgetItem(path);
     item->setFlags(item->flags() | Qt::ItemIsEditable);
-    item->setToolTip(path.toHtmlEscaped());
+    item->setToolTip(PlainToolTip(path));
     m_list->addItem(item);
 }
 
@@ -128,7 +128,7 @@ void PathListField::Move(int distance)
 void PathListField::OnItemChanged(QListWidgetItem* item)
 {
     const QSignalBlocker blocker(m_list);
-    item->setToolTip(item->text().toHtmlEscaped());
+    item->setToolTip(PlainToolTip(item->text()));
     if (item->text().trimmed().isEmpty())
         delete item;
     UpdateButtons();
