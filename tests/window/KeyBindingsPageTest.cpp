@@ -59,6 +59,8 @@ private Q_SLOTS:
     void SaysWhoGetsAKey();
     void KeysOfARow_data();
     void KeysOfARow();
+    void SaysWhichKeysTypeText_data();
+    void SaysWhichKeysTypeText();
     void EscapeTakesACaptureBack();
     void ReturnDoesNothingToAFixedRow();
     void FiltersByTextAndByKeys_data();
@@ -217,6 +219,27 @@ void KeyBindingsPageTest::KeysOfARow()
         QVERIFY(!m_table->IsEditing());
         QVERIFY(m_table->hasFocus());
     }
+}
+
+void KeyBindingsPageTest::SaysWhichKeysTypeText_data()
+{
+    QTest::addColumn<QString>("keys");
+    QTest::addColumn<QString>("expected");
+    const QString typesText = "%1 alone goes on typing text in an editor.";
+    QTest::newRow("letter") << "A" << typesText.arg("A");
+    QTest::newRow("with Shift") << "Shift+A" << typesText.arg("Shift+A");
+    QTest::newRow("with Alt") << "Alt+A"
+                              << "";
+    QTest::newRow("function key") << "F12"
+                                  << "";
+}
+
+void KeyBindingsPageTest::SaysWhichKeysTypeText()
+{
+    QFETCH(QString, keys);
+    M model(m_bindings->GetKeySequences(), nullptr);
+    model.SetSequences(RowOf(K::SaveAs), Sequences({keys}));
+    QTEST(model.Describe(RowOf(K::SaveAs)), "expected");
 }
 
 void KeyBindingsPageTest::EscapeTakesACaptureBack()

@@ -22,6 +22,14 @@ bool Overlap(const QKeySequence& left, const QKeySequence& right)
         || right.matches(left) != QKeySequence::NoMatch;
 }
 
+/// Where text is written such a key is no shortcut.
+bool TypesText(const QKeySequence& sequence)
+{
+    const int key = sequence[0] & ~int(Qt::KeyboardModifierMask);
+    const int modifiers = sequence[0] & int(Qt::KeyboardModifierMask);
+    return key >= Qt::Key_Space && key < Qt::Key_Escape && (modifiers & ~int(Qt::SHIFT)) == 0;
+}
+
 } // namespace
 
 KeyBindingsModel::KeyBindingsModel(const QList<KeyBinding>& bindings, QObject* parent)
@@ -98,6 +106,8 @@ QString KeyBindingsModel::Describe(int row) const
 {
     QStringList sentences;
     for (const QKeySequence& sequence : GetSequences(row)) {
+        if (TypesText(sequence))
+            sentences += tr("%1 alone goes on typing text in an editor.").arg(ShownText(sequence));
         const Contest contest = FindContest(row, sequence);
         if (contest.otherId == KeyBindings::None)
             continue;

@@ -34,7 +34,8 @@ public:
     bool IsChanged(int row) const;
     /// Who else wants the key.
     Contest FindContest(int row, const QKeySequence& sequence) const;
-    /// What is to be known about the row's keys, in whole sentences; empty when they are its own.
+    /// What is to be known about the row's keys, in whole sentences; empty when each of them leads
+    /// to it.
     QString Describe(int row) const;
 
     /// The row's keys. A fixed row stays as it is.

@@ -208,6 +208,11 @@ void KeyBindingsPage::ResetAll()
 
 int KeyBindingsPage::MarkMatches(const QString& text)
 {
+    // Nothing that is looked for stays hidden.
+    if (!text.isEmpty()) {
+        m_pressKeysButton->setChecked(false);
+        m_filter->clear();
+    }
     const int matches = m_table->MarkMatches(text);
     m_hasMatches = matches > 0;
     return matches;
