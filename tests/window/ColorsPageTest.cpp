@@ -23,6 +23,7 @@
 #include <QScreen>
 #include <QtTest>
 
+#include <algorithm>
 #include <memory>
 
 namespace {
@@ -295,14 +296,13 @@ void ColorsPageTest::NewColorsAreOnTheScreenAtOnce()
             editor->moveCursor(QTextCursor::EndOfLine);
     }
     const auto isOnScreen = [&] {
-        const QImage picture = window.screen()->grabWindow(window.winId()).toImage();
-        for (int y = 0; y < picture.height(); ++y) {
-            for (int x = 0; x < picture.width(); ++x) {
-                if (picture.pixelColor(x, y) == color)
-                    return true;
-            }
-        }
-        return false;
+        const QImage picture = window.screen()
+                                   ->grabWindow(window.winId())
+                                   .toImage()
+                                   .convertToFormat(QImage::Format_ARGB32);
+        const auto* const pixels = reinterpret_cast<const QRgb*>(picture.constBits());
+        const auto* const end = pixels + picture.width() * picture.height();
+        return std::find(pixels, end, color.rgb()) != end;
     };
     QVERIFY(!isOnScreen());
     window.ShowPreferencesDialog();

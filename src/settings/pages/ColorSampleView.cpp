@@ -51,10 +51,21 @@ void ColorSampleView::Show(ColorSample::Text text)
     update();
 }
 
-void ColorSampleView::LayOut()
+/// That of the text itself, smaller where a line would not fit.
+void ColorSampleView::ChooseFont()
 {
+    int columns = 0;
+    for (const Line& line : ColorSample::GetLines(m_text))
+        columns = qMax(columns, line.GetText().size());
     int zoom = 0;
     m_font = TextLook::ZoomedFont(IsCode() ? Settings::codeEditorFont : Settings::outputFont, zoom);
+    while (m_font.pointSize() > Settings::MINIMUM_FONT_SIZE && ColumnX(columns) > width())
+        m_font.setPointSize(m_font.pointSize() - 1);
+}
+
+void ColorSampleView::LayOut()
+{
+    ChooseFont();
     m_lineHeight = QFontMetrics(m_font).height();
     m_layouts.clear();
     for (const Line& line : ColorSample::GetLines(m_text))
@@ -146,6 +157,12 @@ void ColorSampleView::paintEvent(QPaintEvent*)
         PaintLineNumbers(painter);
     painter.setPen(QPen(Theme::Color(Theme::Role::Groove), Theme::Hairline()));
     painter.drawRect(rect().adjusted(0, 0, -1, -1));
+}
+
+void ColorSampleView::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    LayOut();
 }
 
 void ColorSampleView::PaintLine(QPainter& painter, int line) const

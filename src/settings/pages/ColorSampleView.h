@@ -34,10 +34,12 @@ Q_SIGNALS:
 protected:
     bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
 
 private:
     bool IsCode() const { return m_text != ColorSample::Text::Console; }
+    void ChooseFont();
     void LayOut();
     std::unique_ptr<QTextLayout> LayOut(const ColorSample::Line& line, const QFont& font) const;
     QTextCharFormat FormatOf(const QString& key) const;
