@@ -7,6 +7,7 @@
 #include "settings/Settings.h"
 #include "settings/pages/ColorRoleList.h"
 #include "settings/pages/ColorSampleView.h"
+#include "support/Rows.h"
 #include "support/TestMain.h"
 #include "window/DialogAnswers.h"
 #include "window/PanelGroup.h"
@@ -85,14 +86,13 @@ void ColorsPageTest::cleanup()
 
 void ColorsPageTest::RolesHaveThePartsTheyUse_data()
 {
-    QTest::addColumn<QString>("key");
-    QTest::addColumn<QStringList>("parts");
+    Columns<QString, QStringList>("key", "parts");
     const QStringList all{"foreground", "background", "bold", "italic", "underline"};
-    QTest::newRow("syntax") << C::PYTHON_KEYWORDS << all;
-    QTest::newRow("both colours") << C::MATCHING_BRACES << QStringList(all.mid(0, 2));
-    QTest::newRow("foreground alone") << C::WHITESPACES << QStringList(all.mid(0, 1));
-    QTest::newRow("background alone") << C::CURRENT_LINE << QStringList(all.mid(1, 1));
-    QTest::newRow("no role") << "nonsense" << QStringList();
+    Row("syntax", C::PYTHON_KEYWORDS, all);
+    Row("both colours", C::MATCHING_BRACES, QStringList(all.mid(0, 2)));
+    Row("foreground alone", C::WHITESPACES, QStringList(all.mid(0, 1)));
+    Row("background alone", C::CURRENT_LINE, QStringList(all.mid(1, 1)));
+    Row("no role", "nonsense", QStringList());
 }
 
 void ColorsPageTest::RolesHaveThePartsTheyUse()
@@ -110,12 +110,12 @@ void ColorsPageTest::RolesHaveThePartsTheyUse()
 
 void ColorsPageTest::AChangeHoldsWhenItIsApplied_data()
 {
-    QTest::addColumn<int>("part");
-    QTest::newRow("foreground") << int(Part::Foreground);
-    QTest::newRow("background") << int(Part::Background);
-    QTest::newRow("bold") << int(Part::Bold);
-    QTest::newRow("italic") << int(Part::Italic);
-    QTest::newRow("underline") << int(Part::Underline);
+    Columns<int>("part");
+    Row("foreground", int(Part::Foreground));
+    Row("background", int(Part::Background));
+    Row("bold", int(Part::Bold));
+    Row("italic", int(Part::Italic));
+    Row("underline", int(Part::Underline));
 }
 
 /// Also in the next session.
@@ -251,13 +251,11 @@ void ColorsPageTest::TheListsShareOneChoice()
 
 void ColorsPageTest::NewColorsAreOnTheScreenAtOnce_data()
 {
-    QTest::addColumn<int>("surface");
-    QTest::addColumn<QString>("key");
-    QTest::addColumn<QString>("label"); // of the page
+    Columns<int, QString, QString>("surface", "key", "label");
     const auto row = [](ColorRole::Surface surface, const QString& key, const char* label) {
         const QString text
             = QString("%1 %2").arg(surface == ColorRole::Output ? "output" : "editor", key);
-        QTest::newRow(qPrintable(text)) << int(surface) << key << label;
+        Row(qPrintable(text), int(surface), key, label);
     };
     row(ColorRole::CodeEditor, C::PLAIN_TEXT, "m_background");
     row(ColorRole::CodeEditor, C::CURRENT_LINE, "m_background");

@@ -5,6 +5,7 @@
 #include "settings/KeyBindings.h"
 #include "settings/pages/KeyBindingsModel.h"
 #include "settings/pages/KeyBindingsTable.h"
+#include "support/Rows.h"
 #include "support/TestMain.h"
 #include "window/PanelGroup.h"
 #include "window/PreferencesDialog.h"
@@ -128,27 +129,19 @@ QStringList KeyBindingsPageTest::ShownCommands() const
 
 void KeyBindingsPageTest::SaysWhoGetsAKey_data()
 {
-    QTest::addColumn<int>("id");
-    QTest::addColumn<QString>("keys");
-    QTest::addColumn<QString>("mark"); // while the row is edited
-    QTest::addColumn<int>("otherId");
-    QTest::addColumn<QString>("otherMark");
-    QTest::newRow("an earlier one keeps it") << int(K::ToggleComment) << "Ctrl+F"
-                                             << "also Find, which keeps it" << int(K::Find) << "";
-    QTest::newRow("a later one loses it")
-        << int(K::NewMelBuffer) << "Ctrl+S"
-        << "also Save, which loses it" << int(K::Save) << "fixed, also New MEL Buffer";
-    QTest::newRow("a fixed one keeps it") << int(K::SaveAs) << "Ctrl+S"
-                                          << "also Save, which keeps it" << int(K::Save) << "fixed";
-    QTest::newRow("one of several") << int(K::ExecuteAlt) << "Ctrl+Enter"
-                                    << "also Execute, which keeps it" << int(K::Execute) << "fixed";
-    QTest::newRow("the beginning of another")
-        << int(K::SaveAs) << "Ctrl+K, X"
-        << "also Toggle Code Editor, which loses it" << int(K::ToggleCodeEditor) << "also Save As";
-    QTest::newRow("Escape") << int(K::Find) << "Esc"
-                            << "also Reserved, which keeps it" << int(K::Escape) << "fixed";
-    QTest::newRow("nobody's") << int(K::SaveAs) << "F12"
-                              << "changed" << int(K::Save) << "fixed";
+    Columns<int, QString, QString, int, QString>("id", "keys", "mark", "otherId", "otherMark");
+    Row("an earlier one keeps it", int(K::ToggleComment), "Ctrl+F", "also Find, which keeps it",
+        int(K::Find), "");
+    Row("a later one loses it", int(K::NewMelBuffer), "Ctrl+S", "also Save, which loses it",
+        int(K::Save), "fixed, also New MEL Buffer");
+    Row("a fixed one keeps it", int(K::SaveAs), "Ctrl+S", "also Save, which keeps it", int(K::Save),
+        "fixed");
+    Row("one of several", int(K::ExecuteAlt), "Ctrl+Enter", "also Execute, which keeps it",
+        int(K::Execute), "fixed");
+    Row("the beginning of another", int(K::SaveAs), "Ctrl+K, X",
+        "also Toggle Code Editor, which loses it", int(K::ToggleCodeEditor), "also Save As");
+    Row("Escape", int(K::Find), "Esc", "also Reserved, which keeps it", int(K::Escape), "fixed");
+    Row("nobody's", int(K::SaveAs), "F12", "changed", int(K::Save), "fixed");
 }
 
 void KeyBindingsPageTest::SaysWhoGetsAKey()
@@ -169,37 +162,31 @@ void KeyBindingsPageTest::SaysWhoGetsAKey()
 
 void KeyBindingsPageTest::KeysOfARow_data()
 {
-    QTest::addColumn<int>("id");
-    QTest::addColumn<QVector<int>>("presses");
-    QTest::addColumn<QStringList>("keys");
+    Columns<int, QVector<int>, QStringList>("id", "presses", "keys");
     const int capture = Qt::Key_F7;
-    QTest::newRow("changed") << int(K::Find) << QVector<int>{Qt::Key_F2, capture, Qt::Key_Return}
-                             << QStringList("F7");
-    QTest::newRow("captured twice")
-        << int(K::Find) << QVector<int>{Qt::Key_Return, Qt::Key_Delete, capture, Qt::Key_Return}
-        << QStringList("F7");
-    QTest::newRow("added") << int(K::Find) << QVector<int>{Qt::Key_Insert, capture, Qt::Key_Return}
-                           << QStringList({"Ctrl+F", "F7"});
-    QTest::newRow("added but not pressed")
-        << int(K::Find) << QVector<int>{Qt::Key_Insert, Qt::Key_Return} << QStringList("Ctrl+F");
-    QTest::newRow("the second of two changed")
-        << int(K::ExecuteAll) << QVector<int>{Qt::Key_Right, Qt::Key_F2, capture, Qt::Key_Return}
-        << QStringList({"Ctrl+Shift+Return", "F7"});
-    QTest::newRow("the first of two removed")
-        << int(K::ExecuteAll) << QVector<int>{Qt::Key_Delete} << QStringList("Ctrl+Shift+Enter");
-    QTest::newRow("emptied in the field")
-        << int(K::Find) << QVector<int>{Qt::Key_F2, Qt::Key_Tab, Qt::Key_Space} << QStringList();
-    QTest::newRow("the same twice")
-        << int(K::ExecuteAll)
-        << QVector<int>{Qt::Key_F2, Qt::CTRL + Qt::SHIFT + Qt::Key_Enter, Qt::Key_Return}
-        << QStringList("Ctrl+Shift+Enter");
-    QTest::newRow("cleared") << int(K::ExecuteAll) << QVector<int>{Qt::CTRL + Qt::Key_Delete}
-                             << QStringList();
-    QTest::newRow("reset") << int(K::Find)
-                           << QVector<int>{Qt::Key_Delete, Qt::CTRL + Qt::Key_Backspace}
-                           << QStringList("Ctrl+F");
-    QTest::newRow("fixed") << int(K::Save) << QVector<int>{Qt::Key_F2, Qt::Key_Delete, Qt::Key_Down}
-                           << QStringList("Ctrl+S");
+    Row("changed", int(K::Find), QVector<int>{Qt::Key_F2, capture, Qt::Key_Return},
+        QStringList("F7"));
+    Row("captured twice", int(K::Find),
+        QVector<int>{Qt::Key_Return, Qt::Key_Delete, capture, Qt::Key_Return}, QStringList("F7"));
+    Row("added", int(K::Find), QVector<int>{Qt::Key_Insert, capture, Qt::Key_Return},
+        QStringList({"Ctrl+F", "F7"}));
+    Row("added but not pressed", int(K::Find), QVector<int>{Qt::Key_Insert, Qt::Key_Return},
+        QStringList("Ctrl+F"));
+    Row("the second of two changed", int(K::ExecuteAll),
+        QVector<int>{Qt::Key_Right, Qt::Key_F2, capture, Qt::Key_Return},
+        QStringList({"Ctrl+Shift+Return", "F7"}));
+    Row("the first of two removed", int(K::ExecuteAll), QVector<int>{Qt::Key_Delete},
+        QStringList("Ctrl+Shift+Enter"));
+    Row("emptied in the field", int(K::Find), QVector<int>{Qt::Key_F2, Qt::Key_Tab, Qt::Key_Space},
+        QStringList());
+    Row("the same twice", int(K::ExecuteAll),
+        QVector<int>{Qt::Key_F2, Qt::CTRL + Qt::SHIFT + Qt::Key_Enter, Qt::Key_Return},
+        QStringList("Ctrl+Shift+Enter"));
+    Row("cleared", int(K::ExecuteAll), QVector<int>{Qt::CTRL + Qt::Key_Delete}, QStringList());
+    Row("reset", int(K::Find), QVector<int>{Qt::Key_Delete, Qt::CTRL + Qt::Key_Backspace},
+        QStringList("Ctrl+F"));
+    Row("fixed", int(K::Save), QVector<int>{Qt::Key_F2, Qt::Key_Delete, Qt::Key_Down},
+        QStringList("Ctrl+S"));
 }
 
 void KeyBindingsPageTest::KeysOfARow()
@@ -223,15 +210,12 @@ void KeyBindingsPageTest::KeysOfARow()
 
 void KeyBindingsPageTest::SaysWhichKeysTypeText_data()
 {
-    QTest::addColumn<QString>("keys");
-    QTest::addColumn<QString>("expected");
+    Columns<QString, QString>("keys", "expected");
     const QString typesText = "%1 alone goes on typing text in an editor.";
-    QTest::newRow("letter") << "A" << typesText.arg("A");
-    QTest::newRow("with Shift") << "Shift+A" << typesText.arg("Shift+A");
-    QTest::newRow("with Alt") << "Alt+A"
-                              << "";
-    QTest::newRow("function key") << "F12"
-                                  << "";
+    Row("letter", "A", typesText.arg("A"));
+    Row("with Shift", "Shift+A", typesText.arg("Shift+A"));
+    Row("with Alt", "Alt+A", "");
+    Row("function key", "F12", "");
 }
 
 void KeyBindingsPageTest::SaysWhichKeysTypeText()
@@ -267,16 +251,14 @@ void KeyBindingsPageTest::ReturnDoesNothingToAFixedRow()
 
 void KeyBindingsPageTest::FiltersByTextAndByKeys_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QKeySequence>("pressed");
-    QTest::addColumn<QStringList>("commands");
-    QTest::newRow("label") << "toggle word" << QKeySequence() << QStringList("toggleWordWrap");
-    QTest::newRow("name") << "MODULESTATEONEXECUTE" << QKeySequence()
-                          << QStringList("pythonRevertModuleStateOnExecute");
-    QTest::newRow("key text") << "ctrl+shift+k" << QKeySequence() << QStringList("deleteLine");
-    QTest::newRow("pressed") << "" << QKeySequence("Ctrl+F") << QStringList("find");
-    QTest::newRow("pressed, of a fixed one") << "" << QKeySequence("Ctrl+S") << QStringList("save");
-    QTest::newRow("nothing") << "no such thing" << QKeySequence() << QStringList();
+    Columns<QString, QKeySequence, QStringList>("text", "pressed", "commands");
+    Row("label", "toggle word", QKeySequence(), QStringList("toggleWordWrap"));
+    Row("name", "MODULESTATEONEXECUTE", QKeySequence(),
+        QStringList("pythonRevertModuleStateOnExecute"));
+    Row("key text", "ctrl+shift+k", QKeySequence(), QStringList("deleteLine"));
+    Row("pressed", "", QKeySequence("Ctrl+F"), QStringList("find"));
+    Row("pressed, of a fixed one", "", QKeySequence("Ctrl+S"), QStringList("save"));
+    Row("nothing", "no such thing", QKeySequence(), QStringList());
 }
 
 void KeyBindingsPageTest::FiltersByTextAndByKeys()
