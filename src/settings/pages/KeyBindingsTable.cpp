@@ -45,6 +45,8 @@ KeyBindingsTable::KeyBindingsTable(KeyBindingsModel* model, QWidget* parent)
     setEditTriggers(NoEditTriggers);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollMode(ScrollPerPixel);
+    header()->setObjectName(QStringLiteral("header"));
+    header()->setAccessibleName(tr("Columns"));
     header()->setStretchLastSection(true);
     header()->setSectionsClickable(false);
     header()->setHighlightSections(false);
