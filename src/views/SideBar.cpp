@@ -177,6 +177,7 @@ void SideBar::UpdateKeyBindings(const KeyBindings* keyBindings)
     m_keyBindings = keyBindings;
     m_search->UpdateKeyBindings(keyBindings);
     GetOpenEditors()->UpdateKeyBindings(keyBindings);
+    GetWorkspace()->UpdateKeyBindings(keyBindings);
     if (m_quickHelp)
         m_quickHelp->UpdateKeyBindings(keyBindings);
 }

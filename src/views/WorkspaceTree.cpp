@@ -77,7 +77,7 @@ void WorkspaceTree::SetOpenFiles(const QHash<QString, bool>& modifiedByPath)
 
 // Reading
 
-/// A folder that was expanded before is so again.
+/// Folders that were expanded before are so again.
 void WorkspaceTree::RestoreExpanded(const QModelIndex& folder)
 {
     if (m_expandedHashes.isEmpty())
@@ -88,7 +88,10 @@ void WorkspaceTree::RestoreExpanded(const QModelIndex& folder)
         const QModelIndex inner = m_model->index(row, 0, parent);
         if (!m_model->IsFolder(inner) || parent.isValid() != folder.isValid())
             return; // folders come first
-        if (m_model->IsExpandable(inner) && !isExpanded(inner)
+        // One that could not be read may have been opened up.
+        if (isExpanded(inner) && inner.data(AbsentRole).toBool())
+            m_model->Read(inner);
+        else if (m_model->IsExpandable(inner) && !isExpanded(inner)
             && m_expandedHashes.contains(FolderListing::Hash(m_model->PathOf(inner))))
             expand(inner);
     }
@@ -325,9 +328,12 @@ void WorkspaceTree::UpdateWatches()
     QStringList added = (wanted - watched).values();
     if (!gone.isEmpty())
         m_watcher->removePaths(gone);
-    // The watcher complains of what is not there.
+    // The watcher complains of what is not there or closed.
     added.erase(std::remove_if(added.begin(), added.end(),
-                    [](const QString& path) { return !QFileInfo(path).isDir(); }),
+                    [](const QString& path) {
+                        const QFileInfo info(path);
+                        return !info.isDir() || !info.isReadable();
+                    }),
         added.end());
     if (!added.isEmpty())
         m_watcher->addPaths(added);

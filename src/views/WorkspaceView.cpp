@@ -1,6 +1,7 @@
 #include "views/WorkspaceView.h"
 
 #include "plugin/Logger.h"
+#include "settings/KeyBindings.h"
 #include "settings/Settings.h"
 #include "views/FolderListing.h"
 #include "views/SubViewHeader.h"
@@ -71,11 +72,11 @@ WorkspaceView::WorkspaceView(QWidget* parent)
     m_stack->addWidget(CreatePage(m_tree));
     m_stack->addWidget(CreateEmptyState());
     SetContent(m_stack);
-    const FlatButton* const add = AddTool(QStringLiteral("add_folder"),
-        tr("Add Folder to Workspace..."), QStringLiteral("m_addFolderButton"));
+    m_addButton = AddTool(QStringLiteral("add_folder"), tr("Add Folder to Workspace..."),
+        QStringLiteral("m_addFolderButton"));
     const FlatButton* const collapse = AddTool(QStringLiteral("collapse_all"), tr("Collapse All"),
         QStringLiteral("m_collapseWorkspaceButton"));
-    connect(add, &QAbstractButton::clicked, this, &WorkspaceView::ShowAddFolderDialog);
+    connect(m_addButton, &QAbstractButton::clicked, this, &WorkspaceView::ShowAddFolderDialog);
     connect(collapse, &QAbstractButton::clicked, m_tree, &WorkspaceTree::CollapseFolders);
     ConnectTree();
     setAcceptDrops(true);
@@ -252,6 +253,12 @@ void WorkspaceView::UpdateAll()
 {
     m_readsAll = true;
     MarkStale();
+}
+
+void WorkspaceView::UpdateKeyBindings(const KeyBindings* keyBindings)
+{
+    m_addButton->SetToolTip(keyBindings->GetToolTip(
+        KeyBindings::AddFolderToWorkspace, tr("Add Folder to Workspace...")));
 }
 
 void WorkspaceView::Refresh()

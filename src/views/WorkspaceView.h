@@ -5,6 +5,8 @@
 
 #include <QHash>
 
+class FlatButton;
+class KeyBindings;
 class QMenu;
 class QModelIndex;
 class QStackedWidget;
@@ -39,6 +41,7 @@ public:
     void SetOpenFiles(const QHash<QString, bool>& modifiedByPath);
     /// Reads again everything that is shown.
     void UpdateAll();
+    void UpdateKeyBindings(const KeyBindings* keyBindings);
 
 Q_SIGNALS:
     void OpenFileRequested(const QString& path);
@@ -92,6 +95,7 @@ private:
 
     QStackedWidget* m_stack;
     WorkspaceTree* m_tree;
+    FlatButton* m_addButton = nullptr;
     QWidget* m_emptyAddButton = nullptr;
     WorkspaceFile m_file;
     QHash<QString, bool> m_openFiles;

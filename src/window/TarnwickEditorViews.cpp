@@ -216,11 +216,16 @@ void TarnwickEditor::OpenWorkspace()
         return;
     m_sideBar->OpenWorkspace(path);
     OnWorkspaceModified();
+    ShowSideBarPage(SideBar::Page::Explorer);
 }
 
 void TarnwickEditor::AddFolderToWorkspace()
 {
+    const QStringList before = Settings::workspaceFolders;
     m_sideBar->GetWorkspace()->ShowAddFolderDialog();
+    // Where it went.
+    if (Settings::workspaceFolders != before)
+        ShowSideBarPage(SideBar::Page::Explorer);
 }
 
 /// Help on what is selected in the editor, or on the word at its cursor.

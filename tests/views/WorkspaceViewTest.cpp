@@ -9,8 +9,11 @@
 
 #include <QAbstractButton>
 #include <QDir>
+#include <QDropEvent>
+#include <QMimeData>
 #include <QSignalSpy>
 #include <QTemporaryDir>
+#include <QUrl>
 #include <QtTest>
 
 class WorkspaceViewTest : public QObject
@@ -34,6 +37,7 @@ private Q_SLOTS:
     void ABrokenDefaultIsKeptBeside();
     void ANewerWorkspaceIsNotWritten();
     void RootsAreAddedMovedAndRemoved();
+    void FoldersAreDroppedIn();
 
 private:
     QString Tools() const { return m_directory->filePath("tools"); }
@@ -324,6 +328,34 @@ void WorkspaceViewTest::RootsAreAddedMovedAndRemoved()
     QVERIFY(button->isVisible());
     button->click();
     QCOMPARE(asked.size(), 1);
+}
+
+void WorkspaceViewTest::FoldersAreDroppedIn()
+{
+    const auto drop = [](QWidget* target, const QStringList& paths) {
+        QMimeData data;
+        QList<QUrl> urls;
+        for (const QString& path : paths)
+            urls += QUrl::fromLocalFile(path);
+        data.setUrls(urls);
+        const QPoint place(5, 5);
+        QDragEnterEvent enter(place, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(target, &enter);
+        if (!enter.isAccepted())
+            return false;
+        QDropEvent event(place, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(target, &event);
+        return event.isAccepted() && event.dropAction() == Qt::CopyAction;
+    };
+    const QString other = m_directory->filePath("other");
+    QVERIFY(!drop(m_tree->viewport(), {other + "/o.txt"}));
+    QVERIFY(drop(m_tree->viewport(), {other, other + "/o.txt", Tools()}));
+    QCOMPARE(Settings::workspaceFolders, (QStringList{Tools(), other}));
+    // Also where there is no tree.
+    m_view->RemoveFolder(other);
+    m_view->RemoveFolder(Tools());
+    QVERIFY(drop(m_view.get(), {other}));
+    QCOMPARE(Settings::workspaceFolders, QStringList(other));
 }
 
 TE2_TEST(WorkspaceViewTest)
