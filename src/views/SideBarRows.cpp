@@ -238,12 +238,12 @@ void SideBarRows::PaintMark(QPainter& painter, const RowLook& look) const
 
 bool SideBarRows::IsElided(const QModelIndex& index) const
 {
-    const int left = Theme::Dp(ICON_LEFT) + LevelOf(index) * Theme::Dp(LEVEL_STEP)
-        + Theme::Dp(ICON_SIZE) + Theme::Dp(ICON_GAP);
-    const int right = index.data(ClosableRole).toBool()
-        ? MarkBox(QRect(0, 0, m_view.viewport()->width(), RowHeight())).left()
-        : m_view.viewport()->width() - Theme::Dp(RIGHT_MARGIN);
-    return m_view.fontMetrics().horizontalAdvance(index.data().toString()) > right - left;
+    const bool hasMark = index.data(ClosableRole).toBool() || index.data(ModifiedRole).toBool();
+    const int right = hasMark ? MarkBox(QRect(0, 0, m_view.viewport()->width(), RowHeight())).left()
+                              : m_view.viewport()->width() - Theme::Dp(RIGHT_MARGIN);
+    QFont font = m_view.font();
+    font.setBold(index.data(Qt::FontRole).value<QFont>().bold());
+    return QFontMetrics(font).horizontalAdvance(index.data().toString()) > right - LabelLeft(index);
 }
 
 QString SideBarRows::ToolTipOf(const QModelIndex& index) const

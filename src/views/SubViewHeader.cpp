@@ -6,8 +6,10 @@
 #include "window/chrome/Theme.h"
 
 #include <QHBoxLayout>
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QPainter>
+#include <QToolTip>
 
 namespace {
 
@@ -99,6 +101,15 @@ void SubViewHeader::UpdateLook()
     update();
 }
 
+/// What there is no room for is told whole.
+bool SubViewHeader::event(QEvent* event)
+{
+    if (event->type() != QEvent::ToolTip || !toolTip().isEmpty() || !m_isElided)
+        return QWidget::event(event);
+    QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), accessibleName(), this);
+    return true;
+}
+
 void SubViewHeader::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
@@ -121,8 +132,10 @@ void SubViewHeader::paintEvent(QPaintEvent*)
     area.setLeft(area.left() + metrics.horizontalAdvance(title) + Theme::Dp(NOTE_GAP));
     painter.setFont(Theme::SmallFont(font()));
     painter.setPen(Theme::Color(Theme::Role::Faint));
-    painter.drawText(area, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
-        painter.fontMetrics().elidedText(m_note, Qt::ElideRight, qMax(0, area.width())));
+    const QString note
+        = painter.fontMetrics().elidedText(m_note, Qt::ElideRight, qMax(0, area.width()));
+    painter.drawText(area, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, note);
+    m_isElided = title != m_title.toUpper() || note != m_note;
     if (hasFocus() && m_focusByKey)
         Theme::DrawFocusEdge(painter, rect(), 0);
 }

@@ -36,6 +36,7 @@ Q_SIGNALS:
     void StepRequested(int step);
 
 protected:
+    bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
@@ -51,6 +52,7 @@ private:
     QHBoxLayout* m_layout = nullptr;
     QList<FlatButton*> m_tools;
     QFont m_captionFont;
+    bool m_isElided = false; ///< as it was painted last
     bool m_expanded = true;
     bool m_revealed = false;
     bool m_pressed = false;
