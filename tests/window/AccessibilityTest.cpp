@@ -1,17 +1,21 @@
 #include "editor/CodeEditor.h"
 #include "editor/CodeEditorGroup.h"
 #include "editor/FindReplaceWidget.h"
+#include "output/OutputHighlightingDialog.h"
+#include "output/OutputTextEdit.h"
 #include "plugin/MayaUtil.h"
 #include "settings/ColorSettings.h"
 #include "settings/Settings.h"
 #include "support/TestMain.h"
+#include "views/SearchResultsView.h"
+#include "views/SearchView.h"
 #include "views/SideBar.h"
 #include "views/WorkspaceView.h"
 #include "window/ControlFaults.h"
 #include "window/DialogAnswers.h"
 #include "window/FilesFixture.h"
 #include "window/PanelGroup.h"
-#include "window/PreferencesDialog.h"
+#include "window/RecoveryNotice.h"
 
 #include <QAction>
 #include <QApplication>
@@ -56,6 +60,9 @@ private:
     QWidget* Trigger(const char* action) const;
     void AddFolder() const { Find<WorkspaceView>()->AddFolder(m_folder->path()); }
     QWidget* ShowFindBar(bool replace) const;
+    QWidget* ShowOutputFindBar() const;
+    QWidget* Search(const QString& text) const;
+    static QWidget* Put(QWidget* widget);
     template <typename T>
     T* Find(const char* name = nullptr) const
     {
@@ -89,6 +96,7 @@ QVector<AccessibilityTest::Place> AccessibilityTest::Places()
         {"explorer",            [=] { AddFolder(); m_window->ShowExplorer(); return bar(); }},
         {"empty explorer",      [=] { m_window->ShowExplorer(); return bar(); }},
         {"search",              [=] { m_window->ReplaceInFiles(); return bar(); }},
+        {"search results",      [=] { return Search("mirror"); }},
         {"first quick help",    [=] { m_window->ShowQuickHelp(); return bar(); }},
         {"help on a command",   [=] { m_window->OnQuickHelpChanged("button", true); return bar(); }},
         {"help on a procedure", [=] { m_window->OnQuickHelpChanged("qhGetMelInfo", true); return bar(); }},
@@ -96,8 +104,11 @@ QVector<AccessibilityTest::Place> AccessibilityTest::Places()
         {"tab row",             [=] { return Group()->findChild<QWidget*>("tabRow"); }},
         {"find bar",            [=] { return ShowFindBar(false); }},
         {"replace bar",         [=] { return ShowFindBar(true); }},
+        {"output find bar",     [=] { return ShowOutputFindBar(); }},
         {"output title",        [=] { return Find<PanelGroup>()->findChild<QWidget*>("m_titleBar"); }},
         {"status bar",          [=] { return Find<QWidget>("m_statusBar"); }},
+        {"recovery notice",     [=] { return Put(new RecoveryNotice({"script.py, 12 lines", "MEL"}, m_window)); }},
+        {"highlight rule",      [=] { return Put(new OutputHighlightingDialog("Edit Highlight", m_window)); }},
         {"preferences",         [=] { return Trigger("Preferences..."); }},
         {"about",               [=] { return Trigger("About..."); }},
     };
@@ -188,6 +199,34 @@ QWidget* AccessibilityTest::ShowFindBar(bool replace) const
     else
         m_window->Find();
     return Group()->findChild<FindReplaceWidget*>();
+}
+
+QWidget* AccessibilityTest::ShowOutputFindBar() const
+{
+    auto* const output = Find<OutputTextEdit>();
+    output->setFocus();
+    output->ShowFindReplace(false, true);
+    return output->GetFindReplace();
+}
+
+QWidget* AccessibilityTest::Search(const QString& text) const
+{
+    Settings::workspaceFolders = QStringList{m_folder->path()};
+    m_window->FindInFiles();
+    auto* const view = Find<SearchView>();
+    view->SetSearchText(text);
+    view->ShowFilters();
+    view->Refresh();
+    const bool isFound = QTest::qWaitFor([view] { return view->GetResults()->isVisible(); });
+    return isFound ? Find<SideBar>() : nullptr;
+}
+
+/// What the window makes only when something has happened.
+QWidget* AccessibilityTest::Put(QWidget* widget)
+{
+    widget->adjustSize();
+    widget->show();
+    return widget;
 }
 
 void AccessibilityTest::PartsAreWholeAndUsable()

@@ -140,7 +140,9 @@ QStringList ControlFaults::OfNames(const QWidget& root)
         if (control->objectName().isEmpty() && !IsInButtonBox(*control))
             faults.append("no object name: " + Named(*control));
         const auto* const button = qobject_cast<const QAbstractButton*>(control);
-        if (button && button->text().isEmpty() && button->toolTip().isEmpty())
+        // A box beside its label is no icon.
+        if (button && !qobject_cast<const QCheckBox*>(button) && button->text().isEmpty()
+            && button->toolTip().isEmpty())
             faults.append("an icon without a tool tip: " + Named(*control));
         const int smallest = Theme::Dp(SMALLEST_HIT);
         if (control->width() < smallest || control->height() < smallest)
