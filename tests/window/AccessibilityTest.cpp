@@ -7,6 +7,7 @@
 #include "settings/ColorSettings.h"
 #include "settings/Settings.h"
 #include "support/TestMain.h"
+#include "views/GoToWidget.h"
 #include "views/SearchResultsView.h"
 #include "views/SearchView.h"
 #include "views/SideBar.h"
@@ -110,6 +111,10 @@ QVector<AccessibilityTest::Place> AccessibilityTest::Places()
         {"recovery notice",     [=] { return Put(new RecoveryNotice({"script.py, 12 lines", "MEL"}, m_window)); }},
         {"highlight rule",      [=] { return Put(new OutputHighlightingDialog("Edit Highlight", m_window)); }},
         {"preferences",         [=] { return Trigger("Preferences..."); }},
+        {"insert path",         [=] { return Trigger("Insert Path..."); }},
+        {"go to file",          [=] { Trigger("Go to File..."); return Find<GoToWidget>(); }},
+        {"go to symbol",        [=] { Trigger("Go to Symbol in File..."); return Find<GoToWidget>(); }},
+        {"go to line",          [=] { Trigger("Go to Line..."); return Find<GoToWidget>(); }},
         {"about",               [=] { return Trigger("About..."); }},
     };
     // clang-format on

@@ -32,7 +32,7 @@ bool IsInternal(const QWidget& widget)
     const QWidget* const parent = widget.parentWidget();
     return qobject_cast<const QComboBox*>(parent) || qobject_cast<const QAbstractSpinBox*>(parent)
         || widget.inherits("QComboBoxPrivateContainer") || widget.inherits("QScrollBar")
-        || widget.inherits("QLineEditIconButton");
+        || widget.inherits("QHeaderView") || widget.inherits("QLineEditIconButton");
 }
 
 /// What a person works with. Plain areas that only scroll are none, nor is what lets every click
@@ -178,8 +178,8 @@ QStringList ControlFaults::OfTabChain(QWidget& root)
             missing.remove(focus->focusProxy());
         QTest::keyClick(focus, Qt::Key_Tab);
         const QWidget* const next = QApplication::focusWidget();
-        // Round once, or on to what comes behind the page.
-        isOut = !next || next == first || !root.isAncestorOf(next);
+        // Round once, or on to what comes behind the page. Links are stops inside of a control.
+        isOut = !next || (next == first && focus != first) || !root.isAncestorOf(next);
     }
     QStringList faults;
     if (!isOut)
