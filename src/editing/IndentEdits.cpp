@@ -5,7 +5,6 @@
 #include "editing/IndentText.h"
 #include "editing/LineRange.h"
 #include "editing/TextColumns.h"
-#include "editor/CodeEditorBlockData.h"
 
 #include <QTextBlock>
 #include <QTextDocument>
@@ -43,12 +42,6 @@ TextChanges ChangeLines(QTextCursor& cursor, const LineRange& lines, LineChange 
     const EditStep step(cursor);
     ApplyChanges(*cursor.document(), changes);
     return changes;
-}
-
-bool IsInString(const CodeEditorBlockData* data, int column)
-{
-    return data && data->IsIgnoredPosition(column) && !data->IsSingleLineCommentPosition(column)
-        && !data->IsBlockCommentPosition(column);
 }
 
 int HomePosition(const QTextCursor& cursor)
@@ -93,25 +86,20 @@ TextChanges DecreaseIndent(QTextCursor& cursor, const EditingOptions& options)
         });
 }
 
-TextChanges ConvertTabsToSpaces(
-    QTextCursor& cursor, const EditingOptions& options, const BlockDataSource& source)
+TextChanges ConvertTabsToSpaces(QTextCursor& cursor, const EditingOptions& options)
 {
     const QTextDocument* document = cursor.document();
     const LineRange lines = cursor.hasSelection()
         ? LineRange::Of(cursor)
         : LineRange{document->firstBlock(), document->lastBlock()};
     return ChangeLines(cursor, lines, [&](TextChanges& changes, const QTextBlock& block) {
-        const QString text = block.text();
-        const int indent = IndentLength(text);
+        const QString indent = IndentOf(block);
         int column = 0;
-        for (int at = 0; at < text.size(); ++at) {
-            if (text.at(at) != QLatin1Char('\t')) {
-                ++column;
-                continue;
-            }
-            const int width = options.tabSize - column % options.tabSize;
+        for (int at = 0; at < indent.size(); ++at) {
+            const bool isTab = indent.at(at) == QLatin1Char('\t');
+            const int width = isTab ? options.tabSize - column % options.tabSize : 1;
             column += width;
-            if (at < indent || !IsInString(source(block), at))
+            if (isTab)
                 changes.append({block.position() + at, 1, QString(width, QLatin1Char(' '))});
         }
     });

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "editing/BlockDataSource.h"
 #include "editing/TextChanges.h"
 
 class QTextCursor;
@@ -14,10 +13,9 @@ struct EditingOptions;
 TextChanges IncreaseIndent(QTextCursor& cursor, bool force, const EditingOptions& options);
 /// Backtab: takes a step, or what there is of one, from the lines' indent.
 TextChanges DecreaseIndent(QTextCursor& cursor, const EditingOptions& options);
-/// In the selected lines, or all without a selection: tabs become the spaces up to their stops,
-/// except inside strings, where they are what the script means.
-TextChanges ConvertTabsToSpaces(
-    QTextCursor& cursor, const EditingOptions& options, const BlockDataSource& source);
+/// At the starts of the selected lines, or of all without a selection: tabs become the spaces up to
+/// their stops.
+TextChanges ConvertTabsToSpaces(QTextCursor& cursor, const EditingOptions& options);
 
 /// Home: to the first character of the line that is not white space, or to the line's start when it
 /// stood there; in a wrapped line to the start of the row first. With `ctrl` to the start of the

@@ -58,7 +58,7 @@ void CodeEditor::DecreaseIndent()
 void CodeEditor::ConvertTabsToSpaces()
 {
     EditLines(CursorAfter::Follows, [this](QTextCursor& cursor) {
-        return TextPasses{::ConvertTabsToSpaces(cursor, GetEditingOptions(), GetBlockDataSource())};
+        return TextPasses{::ConvertTabsToSpaces(cursor, GetEditingOptions())};
     });
 }
 

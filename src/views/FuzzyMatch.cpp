@@ -47,7 +47,10 @@ public:
 
     int Score()
     {
-        return FindBounds() ? std::max(BestOf(1), BestOf(0) - MAXIMUM_SKIPPED) : NO_MATCH;
+        if (!FindBounds())
+            return NO_MATCH;
+        const int withEverySkip = BestOf(1);
+        return SkipsMany() ? std::max(withEverySkip, BestOf(0) - MAXIMUM_SKIPPED) : withEverySkip;
     }
 
     /// In order; empty without a match.
@@ -63,16 +66,7 @@ public:
     }
 
 private:
-    bool IsHit(int letter, int index) const
-    {
-        const QChar found = m_text[index];
-        return (m_matchCase ? found : Folded(found)) == m_word[letter];
-    }
-
-    int Bonus(int index) const
-    {
-        return (IsWordStart(m_text, index) ? WORD_START : 0) + (index >= m_nameStart ? IN_NAME : 0);
-    }
+    QChar LetterAt(int index) const { return m_matchCase ? m_text[index] : Folded(m_text[index]); }
 
     /// The first and the last place that each letter can have; false without a match.
     bool FindBounds()
@@ -82,20 +76,41 @@ private:
         m_first.resize(letters);
         int index = 0;
         for (int letter = 0; letter < letters; ++letter, ++index) {
-            while (index < length && !IsHit(letter, index))
+            while (index < length && LetterAt(index) != m_word[letter])
                 ++index;
             if (index >= length)
                 return false;
             m_first[letter] = index;
         }
+        DescribePlaces();
         m_last.resize(letters);
         index = length - 1;
         for (int letter = letters - 1; letter >= 0; --letter, --index) {
-            while (!IsHit(letter, index))
+            while (m_letters[index] != m_word[letter])
                 --index;
             m_last[letter] = index;
         }
         return true;
+    }
+
+    /// What every row asks for, once.
+    void DescribePlaces()
+    {
+        const int length = int(m_text.size());
+        m_letters.resize(length);
+        m_bonuses.resize(length);
+        for (int index = 0; index < length; ++index) {
+            m_letters[index] = LetterAt(index);
+            m_bonuses[index] = (IsWordStart(m_text, index) ? WORD_START : 0)
+                + (index >= m_nameStart ? IN_NAME : 0);
+        }
+    }
+
+    /// Whether there can be a way that skips more than counts.
+    bool SkipsMany() const
+    {
+        const int letters = m_word.size();
+        return m_last[letters - 1] - m_first[0] + 1 - letters > MAXIMUM_SKIPPED;
     }
 
     int& Cell(int letter, int index) { return m_best[letter * int(m_text.size()) + index]; }
@@ -115,15 +130,13 @@ private:
     {
         int behindGap = NO_MATCH; // the best way so far that skips something before this place
         for (int index = m_first[letter]; index <= m_last[letter]; ++index) {
-            int best = NO_MATCH;
-            if (letter == 0) {
-                best = 0;
-            } else {
+            int best = 0;
+            if (letter > 0) {
                 behindGap = BehindGap(letter, index, penalty, behindGap);
                 best = std::max(behindGap, At(letter - 1, index - 1) + CONSECUTIVE);
             }
-            Cell(letter, index)
-                = best > NO_MATCH / 2 && IsHit(letter, index) ? best + Bonus(index) : NO_MATCH;
+            const bool isHit = m_letters[index] == m_word[letter];
+            Cell(letter, index) = isHit ? best + m_bonuses[index] : NO_MATCH;
         }
     }
 
@@ -159,7 +172,7 @@ private:
     /// Where the letter before stands in the way that the cell was filled with.
     int Before(int letter, int index, int penalty)
     {
-        const int wanted = Cell(letter, index) - Bonus(index);
+        const int wanted = Cell(letter, index) - m_bonuses[index];
         if (At(letter - 1, index - 1) + CONSECUTIVE == wanted)
             return index - 1;
         int earlier = index - 2;
@@ -172,6 +185,8 @@ private:
     QStringView m_text;
     int m_nameStart;
     bool m_matchCase;
+    QVarLengthArray<QChar, 256> m_letters; ///< of the text, as they are compared
+    QVarLengthArray<int, 256> m_bonuses; ///< of a hit at each place
     QVarLengthArray<int, 64> m_first;
     QVarLengthArray<int, 64> m_last;
     QVarLengthArray<int, 1024> m_best;

@@ -464,7 +464,6 @@ private:
     static void MoveAllTabs(CodeEditorGroup* source, CodeEditorGroup* target);
     void FinishMove(const QString& path);
     void EditActive(const std::function<void(CodeEditor&)>& operation);
-    bool IsOutputFocused() const;
     void ShowFindReplace(bool replace);
     void FindAgain(bool backward);
     bool IsFocusInOutput() const;

@@ -104,11 +104,6 @@ void TarnwickEditor::ConvertTabsToSpaces()
     EditActive(std::mem_fn(&CodeEditor::ConvertTabsToSpaces));
 }
 
-bool TarnwickEditor::IsOutputFocused() const
-{
-    return m_outputPanel->GetOutput()->hasFocus();
-}
-
 void TarnwickEditor::SetCodeEditorZoom(int zoom)
 {
     Settings::codeEditorZoom = zoom;
@@ -144,7 +139,7 @@ void TarnwickEditor::DecreaseOutputFontSize()
 
 void TarnwickEditor::IncreaseFontSize()
 {
-    if (IsOutputFocused())
+    if (IsFocusInOutput())
         IncreaseOutputFontSize();
     else
         IncreaseCodeEditorFontSize();
@@ -152,7 +147,7 @@ void TarnwickEditor::IncreaseFontSize()
 
 void TarnwickEditor::DecreaseFontSize()
 {
-    if (IsOutputFocused())
+    if (IsFocusInOutput())
         DecreaseOutputFontSize();
     else
         DecreaseCodeEditorFontSize();
@@ -160,7 +155,7 @@ void TarnwickEditor::DecreaseFontSize()
 
 void TarnwickEditor::ResetFontSize()
 {
-    if (IsOutputFocused())
+    if (IsFocusInOutput())
         SetOutputZoom(0);
     else
         SetCodeEditorZoom(0);

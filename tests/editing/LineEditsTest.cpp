@@ -30,10 +30,7 @@ const QHash<QString, Command>& Commands()
         {"indent", [](EditedText& text) { IncreaseIndent(text.cursor, false, text.options); }},
         {"force", [](EditedText& text) { IncreaseIndent(text.cursor, true, text.options); }},
         {"dedent", [](EditedText& text) { DecreaseIndent(text.cursor, text.options); }},
-        {"spaces",
-            [](EditedText& text) {
-                ConvertTabsToSpaces(text.cursor, text.options, text.Source());
-            }},
+        {"spaces", [](EditedText& text) { ConvertTabsToSpaces(text.cursor, text.options); }},
         {"comment", [](EditedText& text) { ToggleComment(text.cursor, text.options); }},
         {"block",
             [](EditedText& text) { ToggleBlockComment(text.cursor, text.options, text.Source()); }},
@@ -65,7 +62,9 @@ void LineEditsTest::EditsLines_data()
     Row("indent gets the editor's style", "tabs", "indent", "<      a\nb|", "\t<\t  a\n\tb|");
     Row("step away", "", "dedent", "      a|", "  a|");
     Row("less than a step", "", "dedent", "  a<b\n\tc\n|  d", "a<b\nc\n|  d");
-    Row("tabs to their stops, not in strings", "python", "spaces", "\ta\t|= '\t'\n \t#\t", "    a   |= '\t'\n    #   ");
+    Row("leading tabs to their stops", "python", "spaces", "\ta\t|= '\t'\n \t#\t", "    a\t|= '\t'\n    #\t");
+    Row("a cursor between leading tabs", "python", "spaces", "\t|\ta", "    |    a");
+    Row("leading tabs inside a string", "python", "spaces", "'''\n\ta'''|", "'''\n    a'''|");
     Row("tabs of selected lines", "", "spaces", "\ta\n<\tb\n|\tc", "\ta\n<    b\n|\tc");
     Row("comments in one column", "python", "comment", "        <a\n\n    b\n    c|", "    #     <a\n\n    # b\n    # c|");
     Row("uncomments", "python", "comment", "    #     <a\n\n    # b\n    # c|", "        <a\n\n    b\n    c|");
