@@ -114,6 +114,7 @@ void TypingEditsTest::TypesPairs_data()
     Row("a closer stays with aligned arguments", "python smart aligned", "f(\n  |", ")", "f(\n  )|");
     Row("a closer behind code stays", "mel smart", "{\n  x|", "}", "{\n  x}|");
     Row("one quote behind a word", "python quotes", "ab|", "\"", "ab\"|");
+    Row("one quote behind a digit", "python quotes", "a1|", "\"", "a1\"|");
     Row("one quote behind a letter of two units", "python quotes", "𝒜|", "\"", "𝒜\"|");
     Row("two quotes behind a sign", "python quotes", "x =|\ny", "'", "x ='|'\ny");
     Row("two quotes behind a picture", "python quotes", "😀|", "'", "😀'|'");

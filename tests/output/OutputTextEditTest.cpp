@@ -81,8 +81,6 @@ class OutputTextEditTest : public QObject
 private Q_SLOTS:
     void init();
     void KeepsTextUntilItIsShown();
-    void JoinedTextEqualsTextInsertedPieceByPiece_data();
-    void JoinedTextEqualsTextInsertedPieceByPiece();
     void FindsTheLastLines_data();
     void FindsTheLastLines();
     void AnySequenceEqualsItsLiteralSteps_data();
@@ -146,43 +144,6 @@ void OutputTextEditTest::KeepsTextUntilItIsShown()
     QCOMPARE(output.GetText(), "one\ntwo\nthree");
     output.show();
     QCOMPARE(output.GetText(), "one\ntwo\nthree four");
-}
-
-void OutputTextEditTest::JoinedTextEqualsTextInsertedPieceByPiece_data()
-{
-    Columns<QStringList, int>("pieces", "limit");
-    Row("lines", QStringList{"a line of output\n"}, 100);
-    Row("no limit", QStringList{"x\n"}, 0);
-    Row("pieces of lines", QStringList{"a", "b\nc", "\n\nd", ""}, 50);
-    Row("breaks cut in two", QStringList{"a\r", "\nb\r\n", "c\r", "d"}, 33);
-    Row("every break", QStringList{QString("a\u2029b\u2028c\r\n"), "d\n\r"}, 40);
-    Row("more lines in a piece than are kept", QStringList{QString("1\n2\n3\n4\n5\n6\n7\n8"), "9"},
-        5);
-    Row("one line", QStringList{"a\nb", "c\n"}, 1);
-}
-
-void OutputTextEditTest::JoinedTextEqualsTextInsertedPieceByPiece()
-{
-    QFETCH(QStringList, pieces);
-    QFETCH(int, limit);
-    // Enough for the console to join most of it within this one turn of the event loop.
-    constexpr int ROUNDS = 4000;
-    OutputTextEdit output(&m_keyBindings);
-    output.SetLineLimit(limit);
-    output.show();
-    QPlainTextEdit reference;
-    reference.setMaximumBlockCount(limit);
-    reference.setUndoRedoEnabled(false);
-    QTextCursor end(reference.document());
-    for (int i = 0; i < ROUNDS; ++i) {
-        // Numbered, so that nothing can come twice, be lost or change its place unseen.
-        const QString piece = pieces[i % pieces.size()] + QString::number(i);
-        output.AppendText(piece);
-        end.movePosition(QTextCursor::End);
-        end.insertText(piece);
-    }
-    QCOMPARE(output.GetText(), reference.toPlainText());
-    QCOMPARE(output.blockCount(), reference.blockCount());
 }
 
 void OutputTextEditTest::AnySequenceEqualsItsLiteralSteps_data()
