@@ -15,11 +15,9 @@ private Q_SLOTS:
 
 void FlagTextTest::WritesAFlag_data()
 {
-    QTest::addColumn<bool>("python");
-    QTest::addColumn<QString>("before");
-    QTest::addColumn<QString>("written");
+    Columns<bool, QString, QString>("python", "before", "written");
     const auto row = [](const char* name, bool python, const char* before, const char* written) {
-        QTest::newRow(name) << python << QString(before) << QString(written);
+        Row(name, python, QString(before), QString(written));
     };
     row("MEL", false, "polyCube -w 1 ", "-axis ");
     row("directly behind the command", false, "polyCube", " -axis ");

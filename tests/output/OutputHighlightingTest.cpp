@@ -64,25 +64,16 @@ QStringList OutputHighlightingTest::Names() const
 
 void OutputHighlightingTest::RefusesWhatTheConsoleCannotUse_data()
 {
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("pattern");
-    QTest::addColumn<bool>("isExpression");
-    QTest::addColumn<QString>("refusal"); // empty: none
-    QTest::newRow("no name") << ""
-                             << "x" << false << "Name field is empty";
-    QTest::newRow("no text") << "n"
-                             << "" << false << "Text matching field is empty";
-    QTest::newRow("neither") << ""
-                             << "" << true << "Name field is empty";
-    QTest::newRow("faulty expression")
-        << "n"
-        << "a(b" << true
-        << "Text matching field is not a regular expression: missing closing parenthesis at "
-           "character 4";
-    QTest::newRow("the same as a text") << "n"
-                                        << "a(b" << false << "";
-    QTest::newRow("blanks are a text") << "n"
-                                       << "  " << false << "";
+    // "refusal": empty: none
+    Columns<QString, QString, bool, QString>("name", "pattern", "isExpression", "refusal");
+    Row("no name", "", "x", false, "Name field is empty");
+    Row("no text", "n", "", false, "Text matching field is empty");
+    Row("neither", "", "", true, "Name field is empty");
+    Row("faulty expression", "n", "a(b", true,
+        "Text matching field is not a regular expression: missing closing parenthesis at "
+        "character 4");
+    Row("the same as a text", "n", "a(b", false, "");
+    Row("blanks are a text", "n", "  ", false, "");
 }
 
 void OutputHighlightingTest::RefusesWhatTheConsoleCannotUse()
@@ -104,7 +95,7 @@ void OutputHighlightingTest::RefusesWhatTheConsoleCannotUse()
     QCOMPARE(dialog.isVisible(), !refusal.isEmpty());
     QCOMPARE(seen.isEmpty() ? QString() : seen[0].text, refusal);
     if (!seen.isEmpty())
-        QCOMPARE(seen[0].title, QString("Invalid"));
+        QCOMPARE(seen[0].title, "Invalid");
     QCOMPARE(dialog.GetSelectionProperties().pattern, pattern);
 }
 
@@ -136,7 +127,7 @@ void OutputHighlightingTest::ChosenColorIsUsed()
     answers.Dismiss();
     ColorLabel* const label = Child<ColorLabel>(dialog, "backgroundColor");
     QTest::keyClick(label, Qt::Key_Space);
-    QCOMPARE(answers.Take().value(0).title, QString("Select Color"));
+    QCOMPARE(answers.Take().value(0).title, "Select Color");
     QCOMPARE(dialog.GetSelectionProperties().background, QColor(Qt::yellow));
     QTest::mouseClick(label, Qt::LeftButton);
     QCOMPARE(dialog.GetSelectionProperties().background, QColor(Qt::yellow));
@@ -144,26 +135,22 @@ void OutputHighlightingTest::ChosenColorIsUsed()
 
 void OutputHighlightingTest::KeysEditTheList_data()
 {
-    QTest::addColumn<QList<QKeySequence>>("keys");
-    QTest::addColumn<QStringList>("names");
+    Columns<QList<QKeySequence>, QStringList>("keys", "names");
     const QKeySequence up(Qt::ALT + Qt::Key_Up);
     const QKeySequence down(Qt::ALT + Qt::Key_Down);
     const QKeySequence undo(Qt::CTRL + Qt::Key_Z);
     using Keys = QList<QKeySequence>;
     using Names = QStringList;
-    QTest::newRow("nothing above") << Keys{up} << Names{"one", "two", "three"};
-    QTest::newRow("down twice and once more")
-        << Keys{down, down, down} << Names{"two", "three", "one"};
-    QTest::newRow("down and up") << Keys{down, up, Qt::Key_Delete} << Names{"two", "three"};
-    QTest::newRow("delete goes on with the next")
-        << Keys{Qt::Key_Delete, Qt::Key_Delete} << Names{"three"};
-    QTest::newRow("delete the last")
-        << Keys{Qt::Key_End, Qt::Key_Delete, Qt::Key_Delete} << Names{"one"};
-    QTest::newRow("all, and one more")
-        << Keys{Qt::Key_Delete, Qt::Key_Delete, Qt::Key_Delete, Qt::Key_Delete} << Names();
-    QTest::newRow("undo") << Keys{Qt::Key_Delete, down, undo, undo} << Names{"one", "two", "three"};
-    QTest::newRow("off, and undone with the move")
-        << Keys{down, Qt::Key_Space, down, undo} << Names{"two", "(one)", "three"};
+    Row("nothing above", Keys{up}, Names{"one", "two", "three"});
+    Row("down twice and once more", Keys{down, down, down}, Names{"two", "three", "one"});
+    Row("down and up", Keys{down, up, Qt::Key_Delete}, Names{"two", "three"});
+    Row("delete goes on with the next", Keys{Qt::Key_Delete, Qt::Key_Delete}, Names{"three"});
+    Row("delete the last", Keys{Qt::Key_End, Qt::Key_Delete, Qt::Key_Delete}, Names{"one"});
+    Row("all, and one more", Keys{Qt::Key_Delete, Qt::Key_Delete, Qt::Key_Delete, Qt::Key_Delete},
+        Names());
+    Row("undo", Keys{Qt::Key_Delete, down, undo, undo}, Names{"one", "two", "three"});
+    Row("off, and undone with the move", Keys{down, Qt::Key_Space, down, undo},
+        Names{"two", "(one)", "three"});
 }
 
 void OutputHighlightingTest::KeysEditTheList()
@@ -199,14 +186,14 @@ void OutputHighlightingTest::NewRuleComesLast()
         dialog->accept();
     });
     widget.NewItem();
-    QCOMPARE(answers.Take().value(0).title, QString("New Highlight"));
+    QCOMPARE(answers.Take().value(0).title, "New Highlight");
     QCOMPARE(list->currentRow(), 3);
     answers.Dismiss();
     widget.EditItem(list->item(3));
-    QCOMPARE(answers.Take().value(0).title, QString("Edit Highlight"));
+    QCOMPARE(answers.Take().value(0).title, "Edit Highlight");
     widget.Apply();
     QCOMPARE(Names(), QStringList({"one", "two", "three", "Unnamed"}));
-    QCOMPARE(ColorSettings::outputUserDefinedSelections.last().pattern, QString("x"));
+    QCOMPARE(ColorSettings::outputUserDefinedSelections.last().pattern, "x");
 }
 
 void OutputHighlightingTest::CheckBoxWaitsForApply()

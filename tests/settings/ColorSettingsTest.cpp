@@ -36,17 +36,14 @@ void ColorSettingsTest::init()
 
 void ColorSettingsTest::FormatStringIsAllOrNothing_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("then");
+    Columns<QString, QString>("text", "then");
     const QString before = "4278190335,0,50,0,0"; // opaque blue
-    QTest::newRow("all fields") << "4294901760,4278255360,75,1,1"
-                                << "4294901760,4278255360,75,1,1";
-    QTest::newRow("zero keeps the colour") << "0,0,50,0,0" << before;
-    QTest::newRow("four fields") << "4294901760,0,75,1" << before;
-    QTest::newRow("empty field") << "4294901760,,75,1,1" << before;
-    QTest::newRow("colour that is none") << "red,0,75,0,0"
-                                         << "4278190335,0,75,0,0";
-    QTest::newRow("nothing") << "" << before;
+    Row("all fields", "4294901760,4278255360,75,1,1", "4294901760,4278255360,75,1,1");
+    Row("zero keeps the colour", "0,0,50,0,0", before);
+    Row("four fields", "4294901760,0,75,1", before);
+    Row("empty field", "4294901760,,75,1,1", before);
+    Row("colour that is none", "red,0,75,0,0", "4278190335,0,75,0,0");
+    Row("nothing", "", before);
 }
 
 void ColorSettingsTest::FormatStringIsAllOrNothing()
@@ -90,7 +87,7 @@ void ColorSettingsTest::RulesComeInTheOrderOfTheirKeys()
     QStringList names;
     for (const ExtraSelectionProperties& rule : ColorSettings::outputUserDefinedSelections) {
         names += rule.name;
-        QCOMPARE(rule.pattern, QString("a;;;b,c"));
+        QCOMPARE(rule.pattern, "a;;;b,c");
         QCOMPARE(rule.enabled, rule.name.toInt() % 2 == 0);
         QVERIFY(rule.hasForeground && !rule.hasBackground && rule.wholeLine);
     }
@@ -105,17 +102,17 @@ void ColorSettingsTest::RulesComeInTheOrderOfTheirKeys()
 
 void ColorSettingsTest::OddTextsOfRulesComeBack_data()
 {
-    QTest::addColumn<QString>("text");
+    Columns<QString>("text");
     const QStringList texts = {";", ";;", ";;;", ";;;;", "a;", ";a", "a;;;b", "x;;;1;;;2;;;1", "\"",
         "\"a\"", "'", "\\", "\\\\", "a\\", "^\\d+\\\\$", "a,b", ",", " ", " a ", "\t", "\n",
         "a\nb\n", "\r\n", "%20", "%1", "@", "@Invalid()", "@@x", "=", "[a]", "#", "\u00e9\u4e2d",
         "\U0001F642", "\U0001F642abc0", "\u00e9f", "0", "1", "Not Set", "\u2028", "e\u0301"};
     for (const QString& text : texts)
-        QTest::newRow(qPrintable(
-            QString::number(texts.indexOf(text)) + ": " + text.toUtf8().toPercentEncoding()))
-            << text;
-    QTest::newRow("null character") << "a" + QString(QChar(0)) + "b";
-    QTest::newRow("long") << QString(100000, 'x');
+        Row(qPrintable(
+                QString::number(texts.indexOf(text)) + ": " + text.toUtf8().toPercentEncoding()),
+            text);
+    Row("null character", "a" + QString(QChar(0)) + "b");
+    Row("long", QString(100000, 'x'));
 }
 
 /// In the name as well as in the pattern, of a new file that nobody has in a cache.
@@ -150,7 +147,7 @@ void ColorSettingsTest::WithoutRulesTheBuiltInOnesAreThere()
     ColorSettings::WriteUserConfig();
     ColorSettings::ReadUserConfig();
     QCOMPARE(ColorSettings::outputUserDefinedSelections.size(), 6);
-    QCOMPARE(ColorSettings::outputUserDefinedSelections.first().pattern, QString("^(\\# Error:)"));
+    QCOMPARE(ColorSettings::outputUserDefinedSelections.first().pattern, "^(\\# Error:)");
 }
 
 void ColorSettingsTest::UnknownRolesAreHarmless()
@@ -158,7 +155,7 @@ void ColorSettingsTest::UnknownRolesAreHarmless()
     ColorSettings::SetOutputFormat("nobody", QTextCharFormat());
     QVERIFY(!ColorSettings::GetCodeEditorFormatPtr("nobody", false));
     QVERIFY(!ColorSettings::GetOutputFormat("nobody", false).hasProperty(QTextFormat::FontWeight));
-    QCOMPARE(ColorSettings::GetOutputHighlightProperties("nobody").label, QString("Not Set"));
+    QCOMPARE(ColorSettings::GetOutputHighlightProperties("nobody").label, "Not Set");
 }
 
 TE2_TEST(ColorSettingsTest)

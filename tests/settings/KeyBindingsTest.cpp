@@ -110,31 +110,26 @@ void KeyBindingsTest::WriteFile(const QByteArray& text) const
 
 void KeyBindingsTest::ContestedKeys_data()
 {
-    QTest::addColumn<Keys>("bound");
-    QTest::addColumn<Keys>("expected");
-    QTest::addColumn<QStringList>("warnings");
-    QTest::newRow("the lower id") << Keys{{K::ToggleComment, {"Ctrl+F", "F12"}}}
-                                  << Keys{{K::Find, {"Ctrl+F"}}, {K::ToggleComment, {"F12"}}}
-                                  << QStringList(Duplicate("Toggle Comment (Ctrl+F)"));
-    QTest::newRow("a fixed one above")
-        << Keys{{K::NewMelBuffer, {"Ctrl+S"}}} << Keys{{K::NewMelBuffer, {"Ctrl+S"}}, {K::Save, {}}}
-        << QStringList(Duplicate("Save (Ctrl+S)"));
-    QTest::newRow("a fixed one below")
-        << Keys{{K::SaveAs, {"Ctrl+S"}}} << Keys{{K::Save, {"Ctrl+S"}}, {K::SaveAs, {}}}
-        << QStringList(Duplicate("Save As (Ctrl+S)"));
-    QTest::newRow("a fixed one's own")
-        << Keys{{K::Execute, {"F5"}}} << Keys{{K::Execute, {"Ctrl+Return", "Ctrl+Enter", "Enter"}}}
-        << QStringList();
-    QTest::newRow("Escape") << Keys{{K::Find, {"Esc"}}} << Keys{{K::Find, {}}}
-                            << QStringList(Duplicate("Find (Esc)"));
-    QTest::newRow("twice") << Keys{{K::Find, {"F5", "F5"}}} << Keys{{K::Find, {"F5"}}}
-                           << QStringList();
-    QTest::newRow("a longer one") << Keys{{K::ToggleCodeEditor, {"Ctrl+F, Ctrl+K"}}}
-                                  << Keys{{K::Find, {"Ctrl+F"}}, {K::ToggleCodeEditor, {}}}
-                                  << QStringList(Duplicate("Toggle Code Editor (Ctrl+F, Ctrl+K)"));
-    QTest::newRow("a shorter one") << Keys{{K::Find, {"Ctrl+F, X"}}, {K::GotoFile, {"Ctrl+F"}}}
-                                   << Keys{{K::Find, {"Ctrl+F, X"}}, {K::GotoFile, {}}}
-                                   << QStringList(Duplicate("Go to File (Ctrl+F)"));
+    Columns<Keys, Keys, QStringList>("bound", "expected", "warnings");
+    Row("the lower id", Keys{{K::ToggleComment, {"Ctrl+F", "F12"}}},
+        Keys{{K::Find, {"Ctrl+F"}}, {K::ToggleComment, {"F12"}}},
+        QStringList(Duplicate("Toggle Comment (Ctrl+F)")));
+    Row("a fixed one above", Keys{{K::NewMelBuffer, {"Ctrl+S"}}},
+        Keys{{K::NewMelBuffer, {"Ctrl+S"}}, {K::Save, {}}},
+        QStringList(Duplicate("Save (Ctrl+S)")));
+    Row("a fixed one below", Keys{{K::SaveAs, {"Ctrl+S"}}},
+        Keys{{K::Save, {"Ctrl+S"}}, {K::SaveAs, {}}}, QStringList(Duplicate("Save As (Ctrl+S)")));
+    Row("a fixed one's own", Keys{{K::Execute, {"F5"}}},
+        Keys{{K::Execute, {"Ctrl+Return", "Ctrl+Enter", "Enter"}}}, QStringList());
+    Row("Escape", Keys{{K::Find, {"Esc"}}}, Keys{{K::Find, {}}},
+        QStringList(Duplicate("Find (Esc)")));
+    Row("twice", Keys{{K::Find, {"F5", "F5"}}}, Keys{{K::Find, {"F5"}}}, QStringList());
+    Row("a longer one", Keys{{K::ToggleCodeEditor, {"Ctrl+F, Ctrl+K"}}},
+        Keys{{K::Find, {"Ctrl+F"}}, {K::ToggleCodeEditor, {}}},
+        QStringList(Duplicate("Toggle Code Editor (Ctrl+F, Ctrl+K)")));
+    Row("a shorter one", Keys{{K::Find, {"Ctrl+F, X"}}, {K::GotoFile, {"Ctrl+F"}}},
+        Keys{{K::Find, {"Ctrl+F, X"}}, {K::GotoFile, {}}},
+        QStringList(Duplicate("Go to File (Ctrl+F)")));
 }
 
 void KeyBindingsTest::ContestedKeys()
@@ -174,18 +169,16 @@ void KeyBindingsTest::KeysComeAndGoTogether()
 
 void KeyBindingsTest::ReadsWhatTheFileHolds_data()
 {
-    QTest::addColumn<QByteArray>("line");
-    QTest::addColumn<QStringList>("keys"); // of Find
-    QTest::addColumn<int>("warnings");
-    QTest::newRow("absent") << QByteArray() << QStringList("Ctrl+F") << 0;
-    QTest::newRow("undefined") << QByteArray("find=UndefinedKey") << QStringList("Ctrl+F") << 0;
-    QTest::newRow("removed") << QByteArray("find=") << QStringList() << 0;
-    QTest::newRow("two") << QByteArray("find=F5, , Ctrl+F6") << QStringList({"F5", "Ctrl+F6"}) << 0;
-    QTest::newRow("two strokes") << QByteArray("find=\"Ctrl+Q, F5\"") << QStringList("Ctrl+Q, F5")
-                                 << 0;
-    QTest::newRow("no key") << QByteArray("find=Ctrl+Nonsense, F5") << QStringList("F5") << 2;
-    QTest::newRow("unknown command") << QByteArray("fly=F5") << QStringList("Ctrl+F") << 0;
-    QTest::newRow("no line") << QByteArray("what is this") << QStringList("Ctrl+F") << 1;
+    // "keys": of Find
+    Columns<QByteArray, QStringList, int>("line", "keys", "warnings");
+    Row("absent", QByteArray(), QStringList("Ctrl+F"), 0);
+    Row("undefined", QByteArray("find=UndefinedKey"), QStringList("Ctrl+F"), 0);
+    Row("removed", QByteArray("find="), QStringList(), 0);
+    Row("two", QByteArray("find=F5, , Ctrl+F6"), QStringList({"F5", "Ctrl+F6"}), 0);
+    Row("two strokes", QByteArray("find=\"Ctrl+Q, F5\""), QStringList("Ctrl+Q, F5"), 0);
+    Row("no key", QByteArray("find=Ctrl+Nonsense, F5"), QStringList("F5"), 2);
+    Row("unknown command", QByteArray("fly=F5"), QStringList("Ctrl+F"), 0);
+    Row("no line", QByteArray("what is this"), QStringList("Ctrl+F"), 1);
 }
 
 void KeyBindingsTest::ReadsWhatTheFileHolds()
@@ -222,10 +215,10 @@ void KeyBindingsTest::WritesEveryBindingAndLeavesTheRest()
     QCOMPARE(file.value("mine/key").toInt(), 1);
     file.beginGroup("user_bindings");
     QCOMPARE(file.allKeys().size(), int(K::Escape) + 1);
-    QCOMPARE(file.value("fly").toString(), QString("F8"));
+    QCOMPARE(file.value("fly").toString(), "F8");
     QCOMPARE(file.value("find").toStringList(), QStringList(""));
     QCOMPARE(file.value("executeAlt").toStringList(), QStringList({"F5", "Ctrl+Shift+/"}));
-    QCOMPARE(file.value("escape").toString(), QString("Esc"));
+    QCOMPARE(file.value("escape").toString(), "Esc");
     KeyBindings read;
     read.ReadUserKeyBindings();
     QCOMPARE(Texts(read.GetKeySequences()[K::ExecuteAlt - 1].userSequences),
@@ -235,24 +228,22 @@ void KeyBindingsTest::WritesEveryBindingAndLeavesTheRest()
 
 void KeyBindingsTest::CapturesKeys_data()
 {
-    QTest::addColumn<int>("key");
-    QTest::addColumn<int>("modifiers");
-    QTest::addColumn<QString>("text"); // the field has "F1" before
+    // "text": the field has "F1" before
+    Columns<int, int, QString>("key", "modifiers", "text");
     constexpr int CTRL_SHIFT = Qt::ControlModifier | Qt::ShiftModifier;
-    QTest::newRow("combination") << int(Qt::Key_K) << CTRL_SHIFT << "Ctrl+Shift+K";
-    QTest::newRow("all modifiers")
-        << int(Qt::Key_F2) << int(CTRL_SHIFT | Qt::AltModifier | Qt::MetaModifier)
-        << "Meta+Ctrl+Alt+Shift+F2";
-    QTest::newRow("letter") << int(Qt::Key_A) << 0 << "A";
-    QTest::newRow("keypad") << int(Qt::Key_Enter) << int(Qt::KeypadModifier) << "Enter";
-    QTest::newRow("Backspace") << int(Qt::Key_Backspace) << 0 << "Backspace";
-    QTest::newRow("Escape") << int(Qt::Key_Escape) << 0 << "Esc";
-    QTest::newRow("Ctrl+Tab") << int(Qt::Key_Tab) << int(Qt::ControlModifier) << "Ctrl+Tab";
-    QTest::newRow("Backtab") << int(Qt::Key_Backtab) << CTRL_SHIFT << "Ctrl+Shift+Tab";
-    QTest::newRow("paste") << int(Qt::Key_V) << int(Qt::ControlModifier) << "Ctrl+V";
-    QTest::newRow("a command's") << int(Qt::Key_F) << int(Qt::ControlModifier) << "Ctrl+F";
-    QTest::newRow("Ctrl alone") << int(Qt::Key_Control) << int(Qt::ControlModifier) << "F1";
-    QTest::newRow("Tab") << int(Qt::Key_Tab) << 0 << "F1";
+    Row("combination", int(Qt::Key_K), CTRL_SHIFT, "Ctrl+Shift+K");
+    Row("all modifiers", int(Qt::Key_F2), int(CTRL_SHIFT | Qt::AltModifier | Qt::MetaModifier),
+        "Meta+Ctrl+Alt+Shift+F2");
+    Row("letter", int(Qt::Key_A), 0, "A");
+    Row("keypad", int(Qt::Key_Enter), int(Qt::KeypadModifier), "Enter");
+    Row("Backspace", int(Qt::Key_Backspace), 0, "Backspace");
+    Row("Escape", int(Qt::Key_Escape), 0, "Esc");
+    Row("Ctrl+Tab", int(Qt::Key_Tab), int(Qt::ControlModifier), "Ctrl+Tab");
+    Row("Backtab", int(Qt::Key_Backtab), CTRL_SHIFT, "Ctrl+Shift+Tab");
+    Row("paste", int(Qt::Key_V), int(Qt::ControlModifier), "Ctrl+V");
+    Row("a command's", int(Qt::Key_F), int(Qt::ControlModifier), "Ctrl+F");
+    Row("Ctrl alone", int(Qt::Key_Control), int(Qt::ControlModifier), "F1");
+    Row("Tab", int(Qt::Key_Tab), 0, "F1");
 }
 
 void KeyBindingsTest::CapturesKeys()
@@ -283,13 +274,11 @@ void KeyBindingsTest::CapturesKeys()
 /// As a keyboard sends them, which tells the key that was pressed.
 void KeyBindingsTest::CharactersTypedWithShift_data()
 {
-    QTest::addColumn<int>("key");
-    QTest::addColumn<int>("scanCode");
-    QTest::addColumn<QString>("text");
-    QTest::newRow("symbol") << int(Qt::Key_At) << 11 << "Ctrl+@";
-    QTest::newRow("letter") << int(Qt::Key_K) << 45 << "Ctrl+Shift+K";
-    QTest::newRow("function key") << int(Qt::Key_F2) << 68 << "Ctrl+Shift+F2";
-    QTest::newRow("not from a keyboard") << int(Qt::Key_Slash) << 0 << "Ctrl+Shift+/";
+    Columns<int, int, QString>("key", "scanCode", "text");
+    Row("symbol", int(Qt::Key_At), 11, "Ctrl+@");
+    Row("letter", int(Qt::Key_K), 45, "Ctrl+Shift+K");
+    Row("function key", int(Qt::Key_F2), 68, "Ctrl+Shift+F2");
+    Row("not from a keyboard", int(Qt::Key_Slash), 0, "Ctrl+Shift+/");
 }
 
 void KeyBindingsTest::CharactersTypedWithShift()
@@ -315,7 +304,7 @@ void KeyBindingsTest::NothingElseGetsIntoTheField()
         QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier, "x");
         QApplication::sendEvent(&field, &press);
     }
-    QCOMPARE(field.text(), QString("F1"));
+    QCOMPARE(field.text(), "F1");
 }
 
 TE2_TEST(KeyBindingsTest)

@@ -42,7 +42,7 @@ void SettingsFileTest::FirstStartKeepsTheDefaultsAndMakesTheFolder()
     QVERIFY(QDir(m_files->ConfigDirectory()).exists());
     QVERIFY(!QFile::exists(m_files->IniPath()));
     QVERIFY(FakeHost::errors.isEmpty());
-    QCOMPARE(Settings::codeEditorFont.family(), QString("Liberation Mono"));
+    QCOMPARE(Settings::codeEditorFont.family(), "Liberation Mono");
     QCOMPARE(Settings::codeEditorFont.pointSize(), 9);
     QCOMPARE(Settings::windowGeometry, QRect(0, 0, 0, 0));
     QCOMPARE(Settings::numRecentFiles, 8);
@@ -83,7 +83,7 @@ void SettingsFileTest::WhatWasWrittenIsReadBack()
     QCOMPARE(Settings::windowGeometry, QRect(1, 2, 300, 400));
     QCOMPARE(Settings::recentFiles, QStringList(QString::fromUtf8("/\xc3\xbc/one.mel")));
     QCOMPARE(Settings::sideBarState, QByteArray("\0\xff=;\"", 5));
-    QCOMPARE(Settings::outputFont.family(), QString("Some Font"));
+    QCOMPARE(Settings::outputFont.family(), "Some Font");
     QCOMPARE(Settings::tabsSizeMel, 7);
     QCOMPARE(Settings::outlineExpandedHash.values("/a.py").size(), 2);
 }
@@ -127,21 +127,21 @@ void SettingsFileTest::BrokenValuesAreIgnoredOneByOne()
     QCOMPARE(Settings::outputTopLeft, true);
     QCOMPARE(Settings::tabsSizeMel, 4);
     QVERIFY(!Settings::windowGeometry.isValid());
-    QCOMPARE(Settings::sideBarState, QByteArray("state"));
+    QCOMPARE(Settings::sideBarState, "state");
     QCOMPARE(Settings::codeEditorFont, Settings::GetDefaultFont());
     QCOMPARE(Settings::recentFiles, QStringList{"/kept.mel"});
-    QCOMPARE(Settings::pylintPath, QString("/kept"));
-    QCOMPARE(Settings::outlineExpandedHash.value("/kept.py"), QString("Class"));
+    QCOMPARE(Settings::pylintPath, "/kept");
+    QCOMPARE(Settings::outlineExpandedHash.value("/kept.py"), "Class");
     // What stands behind the broken line is read all the same.
-    QCOMPARE(Settings::workspacePath, QString("/kept"));
+    QCOMPARE(Settings::workspacePath, "/kept");
 }
 
 void SettingsFileTest::TextsMayHoldCommas()
 {
     m_files->WriteIni("[preferences]\npythonForcedImports=os,sys\npylintPath=\"/a,b/pylint\"\n");
     Settings::ReadUserConfig();
-    QCOMPARE(Settings::pythonForcedImports, QString("os,sys"));
-    QCOMPARE(Settings::pylintPath, QString("/a,b/pylint"));
+    QCOMPARE(Settings::pythonForcedImports, "os,sys");
+    QCOMPARE(Settings::pylintPath, "/a,b/pylint");
 }
 
 void SettingsFileTest::StoredEmptyListEmptiesTheList()
@@ -248,7 +248,7 @@ void SettingsFileTest::WithoutPreferencesNothingIsWritten()
     FakeHost::prefsDirectory.clear();
     Settings::ReadUserConfig();
     Settings::WriteUserConfig();
-    QCOMPARE(FakeHost::errors.value(0), QString("Failed to retrieve Maya prefs directory"));
+    QCOMPARE(FakeHost::errors.value(0), "Failed to retrieve Maya prefs directory");
     QVERIFY(Settings::GetUserConfigPath().isEmpty());
     QVERIFY(Settings::GetTempDirectoryPath().isEmpty());
     QVERIFY(Settings::GetWorkspacePath().isEmpty());

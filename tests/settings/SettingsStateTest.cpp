@@ -57,7 +57,7 @@ void SettingsStateTest::DirectoryThatCannotBeMadeIsToldAndGivenAllTheSame()
     QCOMPARE(Settings::GetUserConfigDirectory(), m_files->ConfigDirectory());
     QCOMPARE(FakeHost::errors, QStringList{"Failed to create user config directory"});
     Settings::GetWorkspacesDirectoryPath();
-    QCOMPARE(FakeHost::errors.last(), QString("Failed to create workspaces directory"));
+    QCOMPARE(FakeHost::errors.last(), "Failed to create workspaces directory");
 }
 
 void SettingsStateTest::WorkspacePath_data()
@@ -92,7 +92,7 @@ void SettingsStateTest::EmptyWorkspaceMeansTheDefaultOne()
 {
     QCOMPARE(Settings::GetWorkspacePath(), Settings::GetDefaultWorkspacePath());
     Settings::workspacePath = "/mine";
-    QCOMPARE(Settings::GetWorkspacePath(), QString("/mine"));
+    QCOMPARE(Settings::GetWorkspacePath(), "/mine");
 }
 
 void SettingsStateTest::RecentFilesAreOrderedAndTrimmed()
@@ -100,8 +100,8 @@ void SettingsStateTest::RecentFilesAreOrderedAndTrimmed()
     for (int i = 1; i <= 9; ++i)
         Settings::AddRecentFile(QString("/%1.mel").arg(i));
     QCOMPARE(Settings::recentFiles.size(), 8);
-    QCOMPARE(Settings::recentFiles.first(), QString("/9.mel"));
-    QCOMPARE(Settings::recentFiles.last(), QString("/2.mel"));
+    QCOMPARE(Settings::recentFiles.first(), "/9.mel");
+    QCOMPARE(Settings::recentFiles.last(), "/2.mel");
     Settings::AddRecentFile("/4.mel");
     Settings::AddRecentFile("");
     QCOMPARE(Settings::recentFiles.mid(0, 2), QStringList({"/4.mel", "/9.mel"}));
@@ -114,7 +114,7 @@ void SettingsStateTest::RecentFilesAreOrderedAndTrimmed()
 void SettingsStateTest::RecentFileIsWrittenAtOnce()
 {
     Settings::AddRecentFile("/one.mel");
-    QCOMPARE(m_files->WrittenValue("recentFiles"), QString("/one.mel"));
+    QCOMPARE(m_files->WrittenValue("recentFiles"), "/one.mel");
 }
 
 /// As another process would.
@@ -135,7 +135,7 @@ void SettingsStateTest::RecentFilesOfOthersAreTakenIn()
     Settings::ClearRecentFiles();
     WriteRecentFiles({"/later", "/new", "/theirs", "/ours"});
     Settings::WriteUserConfig();
-    QCOMPARE(m_files->WrittenValue("recentFiles"), QString("/later"));
+    QCOMPARE(m_files->WrittenValue("recentFiles"), "/later");
     Settings::ClearRecentFiles();
     Settings::WriteUserConfig();
     QVERIFY(Settings::recentFiles.isEmpty());
@@ -149,10 +149,10 @@ void SettingsStateTest::AnotherOwnersFileGetsRecentFilesAlone()
     Settings::wordWrapEnabled = true;
     Settings::AddRecentFile("/ours");
     Settings::WriteUserConfig();
-    QCOMPARE(m_files->WrittenValue("recentFiles"), QString("/before"));
+    QCOMPARE(m_files->WrittenValue("recentFiles"), "/before");
     WriteRecentFiles({"/theirs", "/before"});
     Settings::MergeRecentFiles();
-    QCOMPARE(m_files->WrittenValue("recentFiles"), QString("/ours, /theirs, /before"));
+    QCOMPARE(m_files->WrittenValue("recentFiles"), "/ours, /theirs, /before");
     QVERIFY(m_files->WrittenValue("wordWrapEnabled").isNull());
 }
 
@@ -175,7 +175,7 @@ void SettingsStateTest::RecentFileCount()
     QTEST(Settings::numRecentFiles, "length");
     QTEST(int(Settings::recentFiles.size()), "length");
     if (!Settings::recentFiles.isEmpty())
-        QCOMPARE(Settings::recentFiles.first(), QString("0"));
+        QCOMPARE(Settings::recentFiles.first(), "0");
 }
 
 void SettingsStateTest::FolderHashesAreCutIntoSixteenBytes()

@@ -172,14 +172,12 @@ QStringList OutlineViewTest::Stored(const QString& path) const
 
 void OutlineViewTest::Filters_data()
 {
-    QTest::addColumn<bool>("python");
-    QTest::addColumn<int>("toggle");
-    QTest::addColumn<QStringList>("left");
-    QTest::newRow("imports") << true << 0 << QStringList{"Zebra", "apple", "__main__"};
-    QTest::newRow("main") << true << 1 << QStringList{"os", "np = numpy", "Zebra", "apple"};
-    QTest::newRow("global variables") << false << 2 << QStringList{"grow", "helper"};
-    QTest::newRow("global procs") << false << 3 << QStringList{"$gStep", "helper"};
-    QTest::newRow("procs") << false << 4 << QStringList{"$gStep", "grow"};
+    Columns<bool, int, QStringList>("python", "toggle", "left");
+    ::Row("imports", true, 0, QStringList{"Zebra", "apple", "__main__"});
+    ::Row("main", true, 1, QStringList{"os", "np = numpy", "Zebra", "apple"});
+    ::Row("global variables", false, 2, QStringList{"grow", "helper"});
+    ::Row("global procs", false, 3, QStringList{"$gStep", "helper"});
+    ::Row("procs", false, 4, QStringList{"$gStep", "grow"});
 }
 
 void OutlineViewTest::Filters()
@@ -254,13 +252,11 @@ void OutlineViewTest::ParentsAreTheLastOfTheLevelAbove()
 
 void OutlineViewTest::SelectsTheNameInTheScript_data()
 {
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<int>("start");
-    QTest::addColumn<int>("end");
-    QTest::newRow("method") << "apple" << 120 << 125;
-    QTest::newRow("only the alias") << "np = numpy" << 27 << 29;
-    QTest::newRow("not the module") << "sqrt (math)" << 150 << 154;
-    QTest::newRow("alias of a name of a module") << "m = mel (maya)" << 160 << 161;
+    Columns<QString, int, int>("name", "start", "end");
+    ::Row("method", "apple", 120, 125);
+    ::Row("only the alias", "np = numpy", 27, 29);
+    ::Row("not the module", "sqrt (math)", 150, 154);
+    ::Row("alias of a name of a module", "m = mel (maya)", 160, 161);
 }
 
 void OutlineViewTest::SelectsTheNameInTheScript()
@@ -408,19 +404,19 @@ void OutlineViewTest::FollowsTheCursor()
     };
     const auto markedAt = [&](int position) { return markedOnLine(position, position, position); };
     QCOMPARE(markedAt(3), QString());
-    QCOMPARE(markedAt(7), QString("os"));
-    QCOMPARE(markedAt(105), QString("Zebra"));
+    QCOMPARE(markedAt(7), "os");
+    QCOMPARE(markedAt(105), "Zebra");
     Row("Zebra")->setExpanded(true);
-    QCOMPARE(markedAt(106), QString("Inner"));
+    QCOMPARE(markedAt(106), "Inner");
     Row("Inner")->setExpanded(true);
-    QCOMPARE(markedAt(107), QString("deep"));
+    QCOMPARE(markedAt(107), "deep");
     // Before the name, on its line; but not before the second name of a line.
-    QCOMPARE(markedOnLine(116, 114, 125), QString("apple"));
-    QCOMPARE(markedOnLine(99, 76, 125), QString("Inner"));
-    QCOMPARE(markedOnLine(113, 109, 113), QString("deep"));
-    QCOMPARE(markedAt(500), QString("__main__"));
+    QCOMPARE(markedOnLine(116, 114, 125), "apple");
+    QCOMPARE(markedOnLine(99, 76, 125), "Inner");
+    QCOMPARE(markedOnLine(113, 109, 113), "deep");
+    QCOMPARE(markedAt(500), "__main__");
     m_view->ToggleMainVisibility();
-    QCOMPARE(markedAt(501), QString("apple"));
+    QCOMPARE(markedAt(501), "apple");
     // Nothing is chosen by it.
     QVERIFY(m_tree->selectedItems().isEmpty());
 }
@@ -433,7 +429,7 @@ void OutlineViewTest::WorksOnlyWhileSeen()
     QVERIFY(Rows().isEmpty());
     m_explorer->show();
     QCOMPARE(Rows().size(), 5);
-    QCOMPARE(Marked(), QString("apple"));
+    QCOMPARE(Marked(), "apple");
     m_view->SetExpanded(false);
     m_view->Update(nullptr);
     QCOMPARE(m_tree->topLevelItemCount(), 5);
@@ -443,14 +439,13 @@ void OutlineViewTest::WorksOnlyWhileSeen()
 
 void OutlineViewTest::SaysWhyItIsEmpty()
 {
-    QCOMPARE(
-        m_tree->accessibleDescription(), QString("No outline Scripts in MEL or Python have one."));
+    QCOMPARE(m_tree->accessibleDescription(), "No outline Scripts in MEL or Python have one.");
     Show({});
-    QCOMPARE(m_tree->accessibleDescription(), QString("No declarations in this script"));
+    QCOMPARE(m_tree->accessibleDescription(), "No declarations in this script");
     Show(PYTHON.mid(0, 2));
     QCOMPARE(m_tree->accessibleDescription(), QString());
     m_view->ToggleImportVisibility();
-    QCOMPARE(m_tree->accessibleDescription(), QString("Everything is hidden Filters > Show All"));
+    QCOMPARE(m_tree->accessibleDescription(), "Everything is hidden Filters > Show All");
     m_view->ShowAllTypes();
     QCOMPARE(m_tree->accessibleDescription(), QString());
 }

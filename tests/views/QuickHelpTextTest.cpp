@@ -19,20 +19,18 @@ private Q_SLOTS:
 
 void QuickHelpTextTest::MakesFlagsOfTriples_data()
 {
-    QTest::addColumn<QStringList>("triples");
-    QTest::addColumn<QStringList>("flags"); // "long short type"
-    QTest::newRow("sorted by long name") << QStringList{"-w", "-width", "Length", "-ax", "-axis",
-        "Length", "-Z", "-Zoom", ""} << QStringList{"axis ax Length", "width w Length", "Zoom Z "};
-    QTest::newRow("each once") << QStringList{"-q", "-query", "", "-q", "-query", ""}
-                               << QStringList{"query q "};
-    QTest::newRow("nothing of nothing")
-        << QStringList{"", "", "", "-", "", "String"} << QStringList{};
-    QTest::newRow("no long name") << QStringList{"-x", "", "on|off"} << QStringList{"x x on|off"};
-    QTest::newRow("a single name with a type")
-        << QStringList{"-uvSet", "String", ""} << QStringList{"uvSet  String"};
-    QTest::newRow("words that are no flag")
-        << QStringList{"Command", "Type:", "Command"} << QStringList{};
-    QTest::newRow("cut off") << QStringList{"-q", "-query", "", "-e"} << QStringList{"query q "};
+    // "flags": "long short type"
+    Columns<QStringList, QStringList>("triples", "flags");
+    Row("sorted by long name",
+        QStringList{"-w", "-width", "Length", "-ax", "-axis", "Length", "-Z", "-Zoom", ""},
+        QStringList{"axis ax Length", "width w Length", "Zoom Z "});
+    Row("each once", QStringList{"-q", "-query", "", "-q", "-query", ""}, QStringList{"query q "});
+    Row("nothing of nothing", QStringList{"", "", "", "-", "", "String"}, QStringList{});
+    Row("no long name", QStringList{"-x", "", "on|off"}, QStringList{"x x on|off"});
+    Row("a single name with a type", QStringList{"-uvSet", "String", ""},
+        QStringList{"uvSet  String"});
+    Row("words that are no flag", QStringList{"Command", "Type:", "Command"}, QStringList{});
+    Row("cut off", QStringList{"-q", "-query", "", "-e"}, QStringList{"query q "});
 }
 
 void QuickHelpTextTest::MakesFlagsOfTriples()
@@ -46,22 +44,14 @@ void QuickHelpTextTest::MakesFlagsOfTriples()
 
 void QuickHelpTextTest::FindsTheName_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("name");
-    QTest::newRow("dotted") << "cmds.polyCube"
-                            << "cmds.polyCube";
-    QTest::newRow("call") << "  maya.cmds.ls(selection=True)"
-                          << "maya.cmds.ls";
-    QTest::newRow("MEL call") << "move -r 1 2 3;"
-                              << "move";
-    QTest::newRow("variable") << "$gMain"
-                              << "gMain";
-    QTest::newRow("trailing dot") << "cmds."
-                                  << "cmds";
-    QTest::newRow("letters of any script")
-        << QString::fromUtf8("größe.maß") << QString::fromUtf8("größe.maß");
-    QTest::newRow("no name") << " 12 + 3"
-                             << "";
+    Columns<QString, QString>("text", "name");
+    Row("dotted", "cmds.polyCube", "cmds.polyCube");
+    Row("call", "  maya.cmds.ls(selection=True)", "maya.cmds.ls");
+    Row("MEL call", "move -r 1 2 3;", "move");
+    Row("variable", "$gMain", "gMain");
+    Row("trailing dot", "cmds.", "cmds");
+    Row("letters of any script", QString::fromUtf8("größe.maß"), QString::fromUtf8("größe.maß"));
+    Row("no name", " 12 + 3", "");
 }
 
 void QuickHelpTextTest::FindsTheName()
@@ -72,17 +62,12 @@ void QuickHelpTextTest::FindsTheName()
 
 void QuickHelpTextTest::FindsADefinition_data()
 {
-    QTest::addColumn<QString>("script");
-    QTest::addColumn<QString>("header");
-    QTest::addColumn<int>("line");
-    QTest::newRow("global") << "// f\nglobal proc string[] f(int $a,\n    string $b[])\n{\n}"
-                            << "global proc string[] f(int $a, string $b[])" << 2;
-    QTest::newRow("local, without a result") << "\n\nproc f () {}"
-                                             << "proc f ()" << 3;
-    QTest::newRow("a longer name") << "global proc af() {}\nglobal proc fa() {}"
-                                   << "" << 0;
-    QTest::newRow("only called") << "f(1);"
-                                 << "" << 0;
+    Columns<QString, QString, int>("script", "header", "line");
+    Row("global", "// f\nglobal proc string[] f(int $a,\n    string $b[])\n{\n}",
+        "global proc string[] f(int $a, string $b[])", 2);
+    Row("local, without a result", "\n\nproc f () {}", "proc f ()", 3);
+    Row("a longer name", "global proc af() {}\nglobal proc fa() {}", "", 0);
+    Row("only called", "f(1);", "", 0);
 }
 
 void QuickHelpTextTest::FindsADefinition()

@@ -99,17 +99,13 @@ void QuickHelpViewTest::Ask(const QString& text, QuickHelpView::Script script)
 
 void QuickHelpViewTest::SaysWhatANameIs_data()
 {
-    QTest::addColumn<bool>("python");
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QStringList>("shown");
+    Columns<bool, QString, QStringList>("python", "text", "shown");
     const QString script = "import os.path as p\n\n\nclass Rig(object):\n    \"\"\"A <i>rig.\n\n"
                            "    More.\n    \"\"\"\n\n    def __init__(self, root, sides=2):\n"
                            "        self.x = self.mirror\n\n    def mirror(self):\n"
                            "        \"\"\"Turns it.\"\"\"\n";
-    const auto row
-        = [&](const char* name, bool python, const char* text, const QStringList& shown) {
-              QTest::newRow(name) << python << QString(text) << shown;
-          };
+    const auto row = [&](const char* name, bool python, const char* text,
+                         const QStringList& shown) { Row(name, python, QString(text), shown); };
     row("command", false, "button -l \"x\"", {"button", "MEL command", "button [flags] [String]"});
     row("command of a dotted name", true, "cmds.button(", {"button", "MEL command"});
     row("run-time command", false, "teGreet",
@@ -124,8 +120,8 @@ void QuickHelpViewTest::SaysWhatANameIs_data()
     row("builtin that is a command, too", true, "print", {"print", "Python function", "*args"});
     row("no attribute that would have to be asked for", true, "te_thing.size",
         {"te_thing.size", "Python property", "How big."});
-    QTest::newRow("nothing known") << false << "teNobody" << QStringList();
-    QTest::newRow("not imported") << true << "xml.dom.minidom" << QStringList();
+    Row("nothing known", false, "teNobody", QStringList());
+    Row("not imported", true, "xml.dom.minidom", QStringList());
     m_script = {CodeEditorLanguage::Python, script, 11};
 }
 
@@ -158,7 +154,7 @@ void QuickHelpViewTest::ListsAndFiltersFlags()
     QVERIFY(Flags()->topLevelItemCount() > 10);
     Search()->setText("-annotation");
     auto* const count = Find<QLabel>("m_quickHelpCount");
-    QCOMPARE(count->text().section(' ', 0, 0), QString("1"));
+    QCOMPARE(count->text().section(' ', 0, 0), "1");
     Search()->setText("-annotationz");
     QVERIFY(count->text().startsWith("No flag matches"));
     Ask("teTwice");
@@ -176,12 +172,12 @@ void QuickHelpViewTest::GivesFlagsAway()
     QSignalSpy chosen(m_view.get(), &QuickHelpView::FlagChosen);
     QTest::keyClick(Flags(), Qt::Key_Return);
     QCOMPARE(chosen.size(), 1);
-    QCOMPARE(chosen[0][0].toString(), QString("annotation"));
+    QCOMPARE(chosen[0][0].toString(), "annotation");
     QTest::keyClick(Flags(), Qt::Key_C, Qt::ControlModifier);
-    QCOMPARE(QApplication::clipboard()->text(), QString("-annotation"));
+    QCOMPARE(QApplication::clipboard()->text(), "-annotation");
     const std::unique_ptr<QMimeData> dragged(Flags()->model()->mimeData({Flags()->currentIndex()}));
-    QCOMPARE(dragged->text(), QString("-annotation"));
-    QCOMPARE(dragged->data("text/tarnwickEditorFlag"), QByteArray("annotation"));
+    QCOMPARE(dragged->text(), "-annotation");
+    QCOMPARE(dragged->data("text/tarnwickEditorFlag"), "annotation");
 }
 
 void QuickHelpViewTest::OpensTheFileOfAProcedure()
@@ -201,15 +197,15 @@ void QuickHelpViewTest::LooksUpWhatIsTyped()
 {
     m_view->FocusSearch(Qt::TabFocusReason);
     QTest::keyClicks(Search(), "button");
-    QTRY_COMPARE(Title(), QString("button"));
+    QTRY_COMPARE(Title(), "button");
     // The field is left to whoever types in it.
-    QCOMPARE(Search()->text(), QString("button"));
+    QCOMPARE(Search()->text(), "button");
     QVERIFY(Flags()->Filter(QString()) > 10);
     QTest::keyClicks(Search(), "Nobody");
     QTest::keyClick(Search(), Qt::Key_Return);
-    QCOMPARE(EmptyTitle(), QString("No help for 'buttonNobody'"));
+    QCOMPARE(EmptyTitle(), "No help for 'buttonNobody'");
     Find<QAbstractButton>("m_quickHelpBackButton")->click();
-    QCOMPARE(Title(), QString("button"));
+    QCOMPARE(Title(), "button");
 }
 
 void QuickHelpViewTest::AFlagsNameOnlyFilters()
@@ -224,7 +220,7 @@ void QuickHelpViewTest::AFlagsNameOnlyFilters()
     Search()->setText(name);
     QTimer* const rest = m_view->findChild<QTimer*>();
     QTRY_VERIFY(!rest->isActive());
-    QCOMPARE(Title(), QString("button"));
+    QCOMPARE(Title(), "button");
     QTest::keyClick(Search(), Qt::Key_Return);
     QCOMPARE(Title(), name);
 }
@@ -237,17 +233,17 @@ void QuickHelpViewTest::RemembersNames()
     auto* const forward = Find<QAbstractButton>("m_quickHelpForwardButton");
     QVERIFY(!forward->isEnabled());
     back->click();
-    QCOMPARE(Title(), QString("window"));
+    QCOMPARE(Title(), "window");
     back->click();
-    QCOMPARE(Title(), QString("button"));
+    QCOMPARE(Title(), "button");
     QVERIFY(!back->isEnabled());
     forward->click();
-    QCOMPARE(Title(), QString("window"));
+    QCOMPARE(Title(), "window");
     // A new name takes the place of what lay ahead.
     Ask("text");
     QVERIFY(!forward->isEnabled());
     back->click();
-    QCOMPARE(Title(), QString("window"));
+    QCOMPARE(Title(), "window");
 }
 
 void QuickHelpViewTest::PassingNamesTakeOnePlace()
@@ -255,9 +251,9 @@ void QuickHelpViewTest::PassingNamesTakeOnePlace()
     Ask("button");
     for (const char* command : {"window", "menu", "text"})
         m_view->Show(command, false);
-    QCOMPARE(Title(), QString("text"));
+    QCOMPARE(Title(), "text");
     Find<QAbstractButton>("m_quickHelpBackButton")->click();
-    QCOMPARE(Title(), QString("button"));
+    QCOMPARE(Title(), "button");
 }
 
 void QuickHelpViewTest::UnaskedOnlyShowsWhatIsKnown()
@@ -266,19 +262,18 @@ void QuickHelpViewTest::UnaskedOnlyShowsWhatIsKnown()
     Ask("button");
     for (const char* text : {"no_such_command", "os.path.join", ""})
         m_view->Show(text, false);
-    QCOMPARE(Title(), QString("button"));
+    QCOMPARE(Title(), "button");
     m_view->Show("window", false);
-    QCOMPARE(Title(), QString("window"));
+    QCOMPARE(Title(), "window");
 }
 
 void QuickHelpViewTest::AsksOnce_data()
 {
-    QTest::addColumn<QString>("answer");
-    QTest::addColumn<int>("delay"); // ms
-    QTest::addColumn<int>("times");
-    QTest::newRow("known") << "['function', 'f()', '', '', '0', 'm']" << 0 << 1;
-    QTest::newRow("unknown, which may be imported next") << "[]" << 0 << 2;
-    QTest::newRow("unknown and slow") << "[]" << 200 << 1;
+    // "delay": ms
+    Columns<QString, int, int>("answer", "delay", "times");
+    Row("known", "['function', 'f()', '', '', '0', 'm']", 0, 1);
+    Row("unknown, which may be imported next", "[]", 0, 2);
+    Row("unknown and slow", "[]", 200, 1);
 }
 
 void QuickHelpViewTest::AsksOnce()

@@ -98,14 +98,13 @@ QVector<int> SideBarTest::Heights() const
 
 void SideBarTest::SectionsFillTheHeight_data()
 {
-    QTest::addColumn<QVector<bool>>("expanded");
-    QTest::addColumn<QVector<bool>>("shown");
+    Columns<QVector<bool>, QVector<bool>>("expanded", "shown");
     const QVector<bool> all = {true, true, true};
-    QTest::newRow("all") << all << all;
-    QTest::newRow("only the workspace") << QVector<bool>{false, true, false} << all;
-    QTest::newRow("only the outline") << QVector<bool>{false, false, true} << all;
-    QTest::newRow("two hidden") << all << QVector<bool>{false, true, false};
-    QTest::newRow("none") << QVector<bool>{false, false, false} << all;
+    Row("all", all, all);
+    Row("only the workspace", QVector<bool>{false, true, false}, all);
+    Row("only the outline", QVector<bool>{false, false, true}, all);
+    Row("two hidden", all, QVector<bool>{false, true, false});
+    Row("none", QVector<bool>{false, false, false}, all);
 }
 
 void SideBarTest::SectionsFillTheHeight()
@@ -215,19 +214,15 @@ void SideBarTest::KeysGoFromHeaderToHeader()
 
 void SideBarTest::KeysStayInTheTree_data()
 {
-    QTest::addColumn<int>("key");
-    QTest::addColumn<int>("modifiers");
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<bool>("kept");
-    QTest::newRow("letter") << int(Qt::Key_W) << 0 << "w" << true;
-    QTest::newRow("capital") << int(Qt::Key_W) << int(Qt::ShiftModifier) << "W" << true;
-    QTest::newRow("execute on the keypad")
-        << int(Qt::Key_Enter) << int(Qt::KeypadModifier) << "\r" << true;
-    QTest::newRow("delete") << int(Qt::Key_Delete) << 0 << "\x7f" << true;
-    QTest::newRow("copy") << int(Qt::Key_C) << int(Qt::ControlModifier) << "\x03" << true;
-    QTest::newRow("save") << int(Qt::Key_S) << int(Qt::ControlModifier) << "\x13" << false;
-    QTest::newRow("menu") << int(Qt::Key_F) << int(Qt::AltModifier) << "f" << false;
-    QTest::newRow("function key") << int(Qt::Key_F5) << 0 << "" << false;
+    Columns<int, int, QString, bool>("key", "modifiers", "text", "kept");
+    Row("letter", int(Qt::Key_W), 0, "w", true);
+    Row("capital", int(Qt::Key_W), int(Qt::ShiftModifier), "W", true);
+    Row("execute on the keypad", int(Qt::Key_Enter), int(Qt::KeypadModifier), "\r", true);
+    Row("delete", int(Qt::Key_Delete), 0, "\x7f", true);
+    Row("copy", int(Qt::Key_C), int(Qt::ControlModifier), "\x03", true);
+    Row("save", int(Qt::Key_S), int(Qt::ControlModifier), "\x13", false);
+    Row("menu", int(Qt::Key_F), int(Qt::AltModifier), "f", false);
+    Row("function key", int(Qt::Key_F5), 0, "", false);
 }
 
 void SideBarTest::KeysStayInTheTree()
@@ -252,11 +247,11 @@ void SideBarTest::ToolsComeWithTheFocus()
     QCOMPARE(collapse->pos(), place);
     // From the header by the tools to the content.
     QTest::keyClick(Section(1)->GetHeader(), Qt::Key_Tab);
-    QCOMPARE(QApplication::focusWidget()->objectName(), QString("m_addFolderButton"));
+    QCOMPARE(QApplication::focusWidget()->objectName(), "m_addFolderButton");
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
     QCOMPARE(QApplication::focusWidget(), collapse);
     QTest::keyClick(collapse, Qt::Key_Tab);
-    QCOMPARE(QApplication::focusWidget()->objectName(), QString("m_emptyAddButton"));
+    QCOMPARE(QApplication::focusWidget()->objectName(), "m_emptyAddButton");
 }
 
 void SideBarTest::PagesAreShownWhenTheyExist()

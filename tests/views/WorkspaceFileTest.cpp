@@ -53,26 +53,22 @@ QJsonObject WorkspaceFileTest::ReadObject() const
 
 void WorkspaceFileTest::Reads_data()
 {
-    QTest::addColumn<QByteArray>("text");
-    QTest::addColumn<Result>("result");
-    QTest::addColumn<QStringList>("folders"); // "%1" is the file's folder
+    // "folders": "%1" is the file's folder
+    Columns<QByteArray, Result, QStringList>("text", "result", "folders");
     const QStringList before = {"/before"};
-    QTest::newRow("plain") << QByteArray(R"({"version": 1, "folders": ["/a", "/b/c"]})")
-                           << Result::Ok << QStringList{"/a", "/b/c"};
-    QTest::newRow("relative, not clean, twice")
-        << QByteArray(R"({"folders": ["tools/", "./tools", "tools/../rigs", "/a//b"]})")
-        << Result::Ok << QStringList{"%1/tools", "%1/rigs", "/a/b"};
-    QTest::newRow("no folders yet") << QByteArray("{}") << Result::Ok << QStringList();
-    QTest::newRow("entries that are none")
-        << QByteArray(R"({"folders": ["/a", 7, "", null, "/b"]})") << Result::Ok
-        << QStringList{"/a", "/b"};
-    QTest::newRow("cut off") << QByteArray(R"({"version": 1, "folders": ["/a")")
-                             << Result::Unreadable << before;
-    QTest::newRow("no object") << QByteArray(R"(["/a"])") << Result::Unreadable << before;
-    QTest::newRow("folders of another kind")
-        << QByteArray(R"({"folders": "/a"})") << Result::Unreadable << before;
-    QTest::newRow("empty") << QByteArray("") << Result::Unreadable << before;
-    QTest::newRow("missing") << QByteArray() << Result::Missing << before;
+    Row("plain", QByteArray(R"({"version": 1, "folders": ["/a", "/b/c"]})"), Result::Ok,
+        QStringList{"/a", "/b/c"});
+    Row("relative, not clean, twice",
+        QByteArray(R"({"folders": ["tools/", "./tools", "tools/../rigs", "/a//b"]})"), Result::Ok,
+        QStringList{"%1/tools", "%1/rigs", "/a/b"});
+    Row("no folders yet", QByteArray("{}"), Result::Ok, QStringList());
+    Row("entries that are none", QByteArray(R"({"folders": ["/a", 7, "", null, "/b"]})"),
+        Result::Ok, QStringList{"/a", "/b"});
+    Row("cut off", QByteArray(R"({"version": 1, "folders": ["/a")"), Result::Unreadable, before);
+    Row("no object", QByteArray(R"(["/a"])"), Result::Unreadable, before);
+    Row("folders of another kind", QByteArray(R"({"folders": "/a"})"), Result::Unreadable, before);
+    Row("empty", QByteArray(""), Result::Unreadable, before);
+    Row("missing", QByteArray(), Result::Missing, before);
 }
 
 void WorkspaceFileTest::Reads()
@@ -97,9 +93,9 @@ void WorkspaceFileTest::KeepsWhatItDoesNotKnow()
     QVERIFY(file.Write(Path()));
     const QJsonObject written = ReadObject();
     QCOMPARE(written.value("later").toObject().value("deep").toArray().size(), 2);
-    QCOMPARE(written.value("name").toString(), QString("n"));
+    QCOMPARE(written.value("name").toString(), "n");
     QCOMPARE(written.value("version").toInt(), 1);
-    QCOMPARE(written.value("folders").toArray().first().toString(), QString("/elsewhere"));
+    QCOMPARE(written.value("folders").toArray().first().toString(), "/elsewhere");
     WriteFile(R"({"version": 2, "folders": []})");
     QCOMPARE(file.Read(Path()), Result::Ok);
     QVERIFY(file.IsNewer());

@@ -71,9 +71,10 @@ void WorkspaceModelTest::Make(const QString& name) const
 
 void WorkspaceModelTest::KeepsRowsWhileOthersComeAndGo_data()
 {
-    QTest::addColumn<int>("count"); // of entries that may be there
-    QTest::newRow("few, row by row") << 12;
-    QTest::newRow("many, at once") << 400;
+    // "count": of entries that may be there
+    Columns<int>("count");
+    Row("few, row by row", 12);
+    Row("many, at once", 400);
 }
 
 void WorkspaceModelTest::KeepsRowsWhileOthersComeAndGo()
@@ -143,7 +144,7 @@ void WorkspaceModelTest::TellsWhyNothingIsShown()
     QVERIFY(QDir(root).removeRecursively());
     Read(root);
     QCOMPARE(Names(root), QStringList());
-    QCOMPARE(m_model->IndexOf(root).data(Qt::ToolTipRole).toString(), QString("not found"));
+    QCOMPARE(m_model->IndexOf(root).data(Qt::ToolTipRole).toString(), "not found");
     Make("gone/inner/");
     m_model->CheckPresence(m_model->IndexOf(root));
     QCOMPARE(m_model->IndexOf(root).data(Qt::ToolTipRole).toString(), root);

@@ -59,7 +59,7 @@ void ActivityBarTest::ShowsOnlyWhatThereIs()
 
 void ActivityBarTest::StandsWhereTheDesignHasIt_data()
 {
-    QTest::addColumn<double>("scale");
+    Columns<double>("scale");
     for (const double scale : {1.0, 1.25, 1.5, 2.0})
         QTest::addRow("%g", scale) << scale;
 }
@@ -115,11 +115,11 @@ void ActivityBarTest::IsOneStopForTheKeyboard()
         QTest::keyClick(m_bar->windowHandle(), Qt::Key(code));
         return QApplication::focusWidget()->objectName();
     };
-    QCOMPARE(key(Qt::Key_Up), QString("explorerButton"));
-    QCOMPARE(key(Qt::Key_Up), QString("explorerButton"));
+    QCOMPARE(key(Qt::Key_Up), "explorerButton");
+    QCOMPARE(key(Qt::Key_Up), "explorerButton");
     key(Qt::Key_Space);
-    QCOMPARE(key(Qt::Key_Down), QString("searchButton"));
-    QCOMPARE(key(Qt::Key_Down), QString("preferencesButton"));
+    QCOMPARE(key(Qt::Key_Down), "searchButton");
+    QCOMPARE(key(Qt::Key_Down), "preferencesButton");
     key(Qt::Key_Return);
     QCOMPARE(pressed.count(), 2);
     QCOMPARE(pressed[0][0].value<Item>(), Item::Explorer);
@@ -153,7 +153,7 @@ void ActivityBarTest::ShowsNoMoreThanTwoDigits()
     QVERIFY(picture(99) != picture(100));
     const QImage hundred = picture(100);
     QCOMPARE(picture(54321), hundred);
-    QCOMPARE(Button("searchButton")->accessibleDescription(), QString("54321 results"));
+    QCOMPARE(Button("searchButton")->accessibleDescription(), "54321 results");
     QCOMPARE(picture(0), none);
 }
 

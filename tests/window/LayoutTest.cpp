@@ -98,6 +98,7 @@ private:
 void LayoutTest::init()
 {
     Settings::ResetToDefaults();
+    m_host->GetEngine().history.Clear(); // which every window shows
 }
 
 void LayoutTest::cleanup()
@@ -178,10 +179,7 @@ QAction* LayoutTest::Action(const QString& text) const
 
 void LayoutTest::KeepsSizesEverywhere_data()
 {
-    QTest::addColumn<bool>("vertical");
-    QTest::addColumn<bool>("topLeft");
-    QTest::addColumn<bool>("sideBarLeft");
-    QTest::addColumn<bool>("groupsVertical");
+    Columns<bool, bool, bool, bool>("vertical", "topLeft", "sideBarLeft", "groupsVertical");
     for (int row = 0; row < 16; ++row) {
         QTest::addRow("output %s, side bar %s, groups %s",
             row & 1 ? (row & 2 ? "top" : "bottom") : (row & 2 ? "left" : "right"),
@@ -283,16 +281,16 @@ void LayoutTest::KeepsOnlyChosenSizesInAnotherWindow()
 
 void LayoutTest::SurvivesHostileStates_data()
 {
-    QTest::addColumn<QByteArray>("state");
-    QTest::newRow("garbage") << QByteArray("\x13\x37 no splitter at all \xff\xff\xff\xff");
-    QTest::newRow("cut off") << State(Qt::Horizontal, {200, 300}).left(17);
-    QTest::newRow("endless") << EndlessState();
-    QTest::newRow("negative") << State(Qt::Horizontal, {-5, 300});
-    QTest::newRow("nothing") << State(Qt::Horizontal, {0, 0});
-    QTest::newRow("one pane") << State(Qt::Horizontal, {400});
-    QTest::newRow("three panes") << State(Qt::Horizontal, {400, 300, 200});
-    QTest::newRow("no direction") << State(Qt::Orientation(77), {400, 300});
-    QTest::newRow("huge") << State(Qt::Horizontal, {INT_MAX, INT_MAX});
+    Columns<QByteArray>("state");
+    Row("garbage", QByteArray("\x13\x37 no splitter at all \xff\xff\xff\xff"));
+    Row("cut off", State(Qt::Horizontal, {200, 300}).left(17));
+    Row("endless", EndlessState());
+    Row("negative", State(Qt::Horizontal, {-5, 300}));
+    Row("nothing", State(Qt::Horizontal, {0, 0}));
+    Row("one pane", State(Qt::Horizontal, {400}));
+    Row("three panes", State(Qt::Horizontal, {400, 300, 200}));
+    Row("no direction", State(Qt::Orientation(77), {400, 300}));
+    Row("huge", State(Qt::Horizontal, {INT_MAX, INT_MAX}));
 }
 
 void LayoutTest::SurvivesHostileStates()
@@ -311,20 +309,14 @@ void LayoutTest::SurvivesHostileStates()
 
 void LayoutTest::ShowsTheEditorsOrTheOutput_data()
 {
-    QTest::addColumn<QString>("toggles"); // e: code editor, o: output
-    QTest::addColumn<QString>("shown");
-    QTest::newRow("both at first") << ""
-                                   << "eo";
-    QTest::newRow("a large console") << "e"
-                                     << "o";
-    QTest::newRow("and back") << "ee"
-                              << "eo";
-    QTest::newRow("no output") << "o"
-                               << "e";
-    QTest::newRow("the last one left is replaced") << "oe"
-                                                   << "o";
-    QTest::newRow("in either direction") << "eo"
-                                         << "e";
+    // "toggles": e: code editor, o: output
+    Columns<QString, QString>("toggles", "shown");
+    Row("both at first", "", "eo");
+    Row("a large console", "e", "o");
+    Row("and back", "ee", "eo");
+    Row("no output", "o", "e");
+    Row("the last one left is replaced", "oe", "o");
+    Row("in either direction", "eo", "e");
 }
 
 void LayoutTest::ShowsTheEditorsOrTheOutput()
@@ -346,27 +338,13 @@ void LayoutTest::ShowsTheEditorsOrTheOutput()
 
 void LayoutTest::HandsTheFocusOn_data()
 {
-    QTest::addColumn<QString>("toggle");
-    QTest::addColumn<QString>("from");
-    QTest::addColumn<QString>("to");
-    QTest::newRow("output to editor") << "Toggle Output"
-                                      << "m_output"
-                                      << "editor";
-    QTest::newRow("editor to output") << "Toggle Code Editor"
-                                      << "editor"
-                                      << "m_output";
-    QTest::newRow("editor stays") << "Toggle Output"
-                                  << "editor"
-                                  << "editor";
-    QTest::newRow("output stays") << "Toggle Code Editor"
-                                  << "m_output"
-                                  << "m_output";
-    QTest::newRow("activity bar") << "Hide Activity Bar"
-                                  << "explorerButton"
-                                  << "editor";
-    QTest::newRow("side bar") << "Toggle Side Bar"
-                              << "probe"
-                              << "editor";
+    Columns<QString, QString, QString>("toggle", "from", "to");
+    Row("output to editor", "Toggle Output", "m_output", "editor");
+    Row("editor to output", "Toggle Code Editor", "editor", "m_output");
+    Row("editor stays", "Toggle Output", "editor", "editor");
+    Row("output stays", "Toggle Code Editor", "m_output", "m_output");
+    Row("activity bar", "Hide Activity Bar", "explorerButton", "editor");
+    Row("side bar", "Toggle Side Bar", "probe", "editor");
 }
 
 void LayoutTest::HandsTheFocusOn()
@@ -505,7 +483,7 @@ void LayoutTest::GoesRoundTheEditorsOfAllGroups()
     }
     QCOMPARE(labels, (QStringList{"Python", "notes", "MEL"}));
     Action("Previous Editor")->trigger();
-    QCOMPARE(m_window->GetActiveCodeEditor()->GetLabel(), QString("notes"));
+    QCOMPARE(m_window->GetActiveCodeEditor()->GetLabel(), "notes");
     QVERIFY(m_window->GetActiveCodeEditor()->hasFocus());
     Action("Next Editor Group")->trigger();
     QCOMPARE(m_window->GetActiveCodeEditorGroupIndex(), 0);
@@ -523,15 +501,15 @@ void LayoutTest::GoesThroughUsedEditorsWhileCtrlIsHeld()
         QTest::keyPress(m_frame->windowHandle(), Qt::Key(key), Qt::ControlModifier);
         return m_window->GetActiveCodeEditor()->GetLabel();
     };
-    QCOMPARE(press(Qt::Key_Tab), QString("notes"));
-    QCOMPARE(press(Qt::Key_Tab), QString("MEL"));
-    QCOMPARE(press(Qt::Key_Tab), QString("Python"));
-    QCOMPARE(press(Qt::Key_Tab), QString("notes"));
+    QCOMPARE(press(Qt::Key_Tab), "notes");
+    QCOMPARE(press(Qt::Key_Tab), "MEL");
+    QCOMPARE(press(Qt::Key_Tab), "Python");
+    QCOMPARE(press(Qt::Key_Tab), "notes");
     // From here on "notes" is the last used, and "Python" the one before.
     QTest::keyRelease(m_frame->windowHandle(), Qt::Key_Control);
-    QCOMPARE(press(Qt::Key_Tab), QString("Python"));
+    QCOMPARE(press(Qt::Key_Tab), "Python");
     QTest::keyRelease(m_frame->windowHandle(), Qt::Key_Control);
-    QCOMPARE(press(Qt::Key_Tab), QString("notes"));
+    QCOMPARE(press(Qt::Key_Tab), "notes");
     QTest::keyRelease(m_frame->windowHandle(), Qt::Key_Control);
     // From the menu each step is a walk of its own.
     for (const char* label : {"Python", "notes", "Python"}) {
@@ -556,7 +534,7 @@ void LayoutTest::SaysWhatAnEntryWouldDo()
     }
     QAction* const move = Action("Move Side Bar Right");
     move->trigger();
-    QCOMPARE(move->text(), QString("Move Side Bar Left"));
+    QCOMPARE(move->text(), "Move Side Bar Left");
     Reopen();
     QVERIFY(Action("Move Side Bar Left"));
 }

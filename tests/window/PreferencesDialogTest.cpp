@@ -81,12 +81,10 @@ int PreferencesDialogTest::CountMarks() const
 
 void PreferencesDialogTest::ChangesCountWhenTheyAreApplied_data()
 {
-    QTest::addColumn<int>("button");
-    QTest::addColumn<int>("marks");
-    QTest::addColumn<bool>("closes");
-    QTest::newRow("OK") << int(QDialogButtonBox::Ok) << 1 << true;
-    QTest::newRow("Apply") << int(QDialogButtonBox::Apply) << 1 << false;
-    QTest::newRow("Cancel") << int(QDialogButtonBox::Cancel) << 2 << true;
+    Columns<int, int, bool>("button", "marks", "closes");
+    Row("OK", int(QDialogButtonBox::Ok), 1, true);
+    Row("Apply", int(QDialogButtonBox::Apply), 1, false);
+    Row("Cancel", int(QDialogButtonBox::Cancel), 2, true);
 }
 
 void PreferencesDialogTest::ChangesCountWhenTheyAreApplied()

@@ -44,23 +44,16 @@ private:
 
 void StatusBarTest::SaysWhatItShows_data()
 {
-    QTest::addColumn<QVector<int>>("numbers"); // errors, warnings, line, column, selected
-    QTest::addColumn<QString>("counts");
-    QTest::addColumn<QString>("position");
-    QTest::addColumn<QString>("sentences");
+    // "numbers": errors, warnings, line, column, selected
+    Columns<QVector<int>, QString, QString, QString>("numbers", "counts", "position", "sentences");
     using Numbers = QVector<int>;
-    QTest::newRow("no editor") << Numbers{0, 0, 0, 0, 0} << "0 0"
-                               << ""
-                               << "0 errors, 0 warnings|";
-    QTest::newRow("singular") << Numbers{1, 1, 1, 1, 0} << "1 1"
-                              << "Ln 1, Col 1"
-                              << "1 error, 1 warning|Line 1, column 1";
-    QTest::newRow("plural") << Numbers{1, 2, 52, 59, 4} << "1 2"
-                            << "Ln 52, Col 59 (4 selected)"
-                            << "1 error, 2 warnings|Line 52, column 59, 4 selected";
-    QTest::newRow("no grouping") << Numbers{1200, 0, 10000, 1, 0} << "1200 0"
-                                 << "Ln 10000, Col 1"
-                                 << "1200 errors, 0 warnings|Line 10000, column 1";
+    Row("no editor", Numbers{0, 0, 0, 0, 0}, "0 0", "", "0 errors, 0 warnings|");
+    Row("singular", Numbers{1, 1, 1, 1, 0}, "1 1", "Ln 1, Col 1",
+        "1 error, 1 warning|Line 1, column 1");
+    Row("plural", Numbers{1, 2, 52, 59, 4}, "1 2", "Ln 52, Col 59 (4 selected)",
+        "1 error, 2 warnings|Line 52, column 59, 4 selected");
+    Row("no grouping", Numbers{1200, 0, 10000, 1, 0}, "1200 0", "Ln 10000, Col 1",
+        "1200 errors, 0 warnings|Line 10000, column 1");
 }
 
 void StatusBarTest::SaysWhatItShows()
@@ -117,17 +110,17 @@ void StatusBarTest::ATipStandsInPlaceOfTheInfo()
     StatusItem* const info = Item(bar, "m_info");
     bar.SetInfo("message", StatusBar::Severity::Warning);
     bar.ShowTip("New Buffer");
-    QCOMPARE(info->GetText(), QString("New Buffer"));
+    QCOMPARE(info->GetText(), "New Buffer");
     bar.SetInfo("other message", StatusBar::Severity::Warning);
-    QCOMPARE(info->GetText(), QString("New Buffer"));
+    QCOMPARE(info->GetText(), "New Buffer");
     bar.ShowTip(QString());
-    QCOMPARE(info->GetText(), QString("other message"));
+    QCOMPARE(info->GetText(), "other message");
     // Tips are shown also where messages are not.
     Settings::statusBarLineMessageVisible = false;
     bar.UpdateFields();
     QCOMPARE(info->GetText(), QString());
     bar.ShowTip("New Buffer");
-    QCOMPARE(info->GetText(), QString("New Buffer"));
+    QCOMPARE(info->GetText(), "New Buffer");
 }
 
 void StatusBarTest::ContextMenuChoosesTheFields()
@@ -221,7 +214,7 @@ void StatusBarTest::LeadsFromMessageToMessage()
     editor->UpdateErrorsAndWarnings({message("bad", 14)}, {message("odd", 4)}, {});
     StatusItem* const counts = window->findChild<StatusItem*>("m_counts");
     StatusItem* const info = window->findChild<StatusItem*>("m_info");
-    QCOMPARE(counts->GetText(), QString("1 1"));
+    QCOMPARE(counts->GetText(), "1 1");
     QStringList messages;
     for (int i = 0; i < 3; ++i) {
         counts->click();
@@ -229,7 +222,7 @@ void StatusBarTest::LeadsFromMessageToMessage()
     }
     QCOMPARE(messages, (QStringList{"odd", "bad", "odd"}));
     editor->SetCursorPosition(7, false, false);
-    QCOMPARE(info->GetText(), QString("odd"));
+    QCOMPARE(info->GetText(), "odd");
     info->click();
     QCOMPARE(editor->GetCursorPosition(), 4);
     QVERIFY(editor->hasFocus());
