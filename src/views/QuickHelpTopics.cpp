@@ -8,6 +8,7 @@
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QRegularExpression>
 
 namespace {
 
@@ -21,15 +22,29 @@ using Kind = QuickHelpTopic::Kind;
 /// The places of an answer about a Python name.
 enum PythonPart { KindPart, SignaturePart, TextPart, FilePart, LinePart, ModulePart, PartCount };
 
-/// Of a script that is too long to be read as a whole the lines that say what its names mean.
-QString ShortSource(const QString& text)
+/// Whether the script itself seems to say what the name stands for, other than by an import.
+bool Defines(const QString& text, const QString& name)
 {
-    if (text.size() <= LONGEST_SOURCE)
+    if (name == QLatin1String("self") || name == QLatin1String("cls"))
+        return true;
+    const QRegularExpression definition(QStringLiteral(
+        "\\b(?:def|class|for)\\s+%1\\b|\\b%1\\s*(?::[^=\n]*)?=(?!=)|\\bas\\s+%1\\s*:")
+                                            .arg(QRegularExpression::escape(name)));
+    return definition.match(text).hasMatch();
+}
+
+/// What the host has to read to know the name. A whole script takes it a while, so of one that only
+/// imports the name, and of one that is very long, just the lines that import.
+QString SourceFor(const QString& dottedName, const QString& text)
+{
+    if (text.size() <= LONGEST_SOURCE && Defines(text, dottedName.section(QLatin1Char('.'), 0, 0)))
         return text;
     QStringList imports;
     for (const QString& line : text.split(QLatin1Char('\n'))) {
-        if (line.startsWith(QLatin1String("import ")) || line.startsWith(QLatin1String("from ")))
-            imports += line;
+        const QString statement = line.trimmed();
+        if (statement.startsWith(QLatin1String("import "))
+            || statement.startsWith(QLatin1String("from ")))
+            imports += statement;
     }
     return imports.join(QLatin1Char('\n'));
 }
@@ -171,7 +186,7 @@ QuickHelpTopics::PythonAnswer QuickHelpTopics::AskPython(
     const QString& dottedName, const Script& script)
 {
     QStringList parts;
-    MayaUtil::PythonNameHelp(PythonCompletion::EscapedForPython(ShortSource(script.text)),
+    MayaUtil::PythonNameHelp(PythonCompletion::EscapedForPython(SourceFor(dottedName, script.text)),
         dottedName, script.line, parts);
     if (parts.size() != PartCount)
         return {};

@@ -103,7 +103,7 @@ void QuickHelpViewTest::SaysWhatANameIs_data()
     const QString script = "import os.path as p\n\n\nclass Rig(object):\n    \"\"\"A <i>rig.\n\n"
                            "    More.\n    \"\"\"\n\n    def __init__(self, root, sides=2):\n"
                            "        self.x = self.mirror\n\n    def mirror(self):\n"
-                           "        \"\"\"Turns it.\"\"\"\n";
+                           "        \"\"\"Turns it.\"\"\"\n\n\nrig = Rig(None)\n";
     const auto row = [&](const char* name, bool python, const char* text,
                          const QStringList& shown) { Row(name, python, QString(text), shown); };
     row("command", false, "button -l \"x\"", {"button", "MEL command", "button [flags] [String]"});
@@ -117,6 +117,7 @@ void QuickHelpViewTest::SaysWhatANameIs_data()
     row("class of the script", true, "Rig",
         {"Rig", "Python class", "Rig(root, sides=2)", "A <i>rig."});
     row("method at its place", true, "self.mirror", {"Python function", "mirror(self)", "Turns"});
+    row("method of a variable", true, "rig.mirror", {"rig.mirror", "mirror(self)"});
     row("builtin that is a command, too", true, "print", {"print", "Python function", "*args"});
     row("no attribute that would have to be asked for", true, "te_thing.size",
         {"te_thing.size", "Python property", "How big."});
