@@ -1,5 +1,6 @@
 #include "settings/pages/ColorRoleList.h"
 
+#include "settings/pages/MarkedText.h"
 #include "window/chrome/LookFollower.h"
 #include "window/chrome/Theme.h"
 
@@ -16,8 +17,6 @@ constexpr int SWATCH_WIDTH = 22;
 constexpr int SWATCH_HEIGHT = 16;
 constexpr int SWATCH_RADIUS = 3;
 constexpr int DOT = 6;
-
-constexpr double MATCH_ALPHA = 0.3;
 
 using Part = ColorScheme::Part;
 using R = Theme::Role;
@@ -53,7 +52,8 @@ public:
             label.setRight(label.right() - Theme::Dp(DOT) - padding / 2);
         }
         painter->setPen(Theme::Color(isModified ? R::LakeText : R::Text));
-        PaintLabel(*painter, option.font, label, index.data().toString());
+        painter->setFont(option.font);
+        DrawMarkedText(*painter, label, index.data().toString(), match);
         painter->restore();
         const auto byKey = QStyle::State_HasFocus | QStyle::State_KeyboardFocusChange;
         if ((option.state & byKey) == byKey)
@@ -98,22 +98,6 @@ private:
         painter.setBrush(Theme::Color(R::Lake));
         painter.drawEllipse(QRect(label.right() + 1 - extent,
             label.top() + (label.height() - extent) / 2, extent, extent));
-    }
-
-    void PaintLabel(
-        QPainter& painter, const QFont& font, const QRect& area, const QString& label) const
-    {
-        painter.setFont(font);
-        const QFontMetrics metrics(font);
-        const QString shown = metrics.elidedText(label, Qt::ElideRight, area.width());
-        const int at = match.isEmpty() ? -1 : shown.indexOf(match, 0, Qt::CaseInsensitive);
-        if (at >= 0) {
-            const QRect ground(area.left() + metrics.horizontalAdvance(shown.left(at)),
-                area.top() + (area.height() - metrics.height()) / 2,
-                metrics.horizontalAdvance(shown.mid(at, match.size())), metrics.height());
-            painter.fillRect(ground, Theme::WithAlpha(R::Lake, MATCH_ALPHA));
-        }
-        painter.drawText(area, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, shown);
     }
 };
 

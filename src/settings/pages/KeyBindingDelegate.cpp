@@ -1,6 +1,7 @@
 #include "settings/pages/KeyBindingDelegate.h"
 
 #include "settings/pages/KeyBindingsModel.h"
+#include "settings/pages/MarkedText.h"
 #include "window/chrome/Theme.h"
 
 #include <QPainter>
@@ -13,8 +14,6 @@ constexpr int ROW_HEIGHT = 24;
 constexpr int PADDING = 10; ///< left of the text of a cell
 constexpr int KEY_PADDING = 3; ///< round a key that is the current one
 constexpr int KEY_RADIUS = 3;
-
-constexpr double MATCH_ALPHA = 0.3;
 
 using M = KeyBindingsModel;
 using R = Theme::Role;
@@ -89,23 +88,8 @@ void KeyBindingDelegate::paint(
     if (index.column() == M::SHORTCUT && !ModelOf(index).GetSequences(index.row()).isEmpty())
         PaintKeys(*painter, option, index);
     else if (index.column() != M::SHORTCUT || index.row() != m_editedRow)
-        PaintText(*painter, area, index.data().toString());
+        DrawMarkedText(*painter, area, index.data().toString(), m_match);
     painter->restore();
-}
-
-void KeyBindingDelegate::PaintText(QPainter& painter, const QRect& area, const QString& text) const
-{
-    const QFontMetrics metrics = painter.fontMetrics();
-    const QString shown = metrics.elidedText(text, Qt::ElideRight, area.width());
-    const int at = m_match.isEmpty() ? -1 : shown.indexOf(m_match, 0, Qt::CaseInsensitive);
-    if (at >= 0) {
-        const int left = area.left() + metrics.horizontalAdvance(shown.left(at));
-        const int width = metrics.horizontalAdvance(shown.mid(at, m_match.size()));
-        const int top = area.top() + (area.height() - metrics.height()) / 2;
-        painter.fillRect(
-            left, top, width, metrics.height(), Theme::WithAlpha(R::Lake, MATCH_ALPHA));
-    }
-    painter.drawText(area, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, shown);
 }
 
 void KeyBindingDelegate::PaintKeys(
@@ -113,7 +97,8 @@ void KeyBindingDelegate::PaintKeys(
 {
     const auto& sequences = ModelOf(index).GetSequences(index.row());
     const QVector<QRect> places = PlaceKeys(option.rect, option.font, index);
-    const bool hasPlace = m_place >= 0 && sequences.size() > 1 && IsCurrentRow(option, index);
+    const bool hasPlace = sequences.size() > 1 && IsCurrentRow(option, index) && option.widget
+        && option.widget->hasFocus();
     const bool isEdited = index.row() == m_editedRow;
     for (int i = 0; i < sequences.size(); ++i) {
         QRect area = places[i];
@@ -122,10 +107,11 @@ void KeyBindingDelegate::PaintKeys(
             return;
         if (hasPlace && i == m_place && !isEdited) {
             const int padding = Theme::Dp(KEY_PADDING);
-            Theme::DrawFocusEdge(
-                painter, area.adjusted(-padding, padding, padding, -padding), KEY_RADIUS);
+            const QRect key
+                = places[i].adjusted(-padding, padding, padding, -padding).intersected(option.rect);
+            Theme::DrawFocusEdge(painter, key, KEY_RADIUS);
         }
-        PaintText(painter, area, M::ShownText(sequences[i]));
+        DrawMarkedText(painter, area, M::ShownText(sequences[i]), m_match);
         if (i + 1 < sequences.size() && places[i].right() < area.right()) {
             painter.drawText(places[i].right() + 1, option.rect.top(), option.rect.width(),
                 option.rect.height(), Qt::AlignLeft | Qt::AlignVCenter, QStringLiteral(","));

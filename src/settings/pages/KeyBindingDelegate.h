@@ -12,7 +12,8 @@ class KeyBindingDelegate : public QStyledItemDelegate
 public:
     explicit KeyBindingDelegate(QObject* parent);
 
-    /// Which of the keys of the current row is the current one; -1 shows none.
+    /// Which of the keys of the current row is the current one, shown while the table has the
+    /// focus.
     void SetPlace(int place) { m_place = place; }
     /// From where on a field covers the keys of a row, and the first one that is not drawn; row -1
     /// for none.
@@ -29,12 +30,11 @@ public:
     QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
 
 private:
-    void PaintText(QPainter& painter, const QRect& area, const QString& text) const;
     void PaintKeys(
         QPainter& painter, const QStyleOptionViewItem& option, const QModelIndex& index) const;
 
     QString m_match;
-    int m_place = -1;
+    int m_place = 0;
     int m_editedRow = -1;
     int m_editedPlace = -1;
     int m_editedLeft = 0;

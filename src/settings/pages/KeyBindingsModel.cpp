@@ -22,6 +22,14 @@ bool Overlap(const QKeySequence& left, const QKeySequence& right)
         || right.matches(left) != QKeySequence::NoMatch;
 }
 
+QString TextOf(const QList<QKeySequence>& sequences)
+{
+    QStringList texts;
+    for (const QKeySequence& sequence : sequences)
+        texts += KeyBindingsModel::ShownText(sequence);
+    return texts.isEmpty() ? KeyBindingsModel::tr("none") : texts.join(QStringLiteral(", "));
+}
+
 /// Where text is written such a key is no shortcut.
 bool TypesText(const QKeySequence& sequence)
 {
@@ -123,6 +131,12 @@ QString KeyBindingsModel::Describe(int row) const
     return sentences.join(QLatin1Char('\n'));
 }
 
+QString KeyBindingsModel::DescribeDefault(int row) const
+{
+    return tr("%1, built in: %2")
+        .arg(m_bindings[row].name, TextOf(m_bindings[row].defaultSequences));
+}
+
 void KeyBindingsModel::SetSequences(int row, const QList<QKeySequence>& sequences)
 {
     KeyBinding& binding = m_bindings[row];
@@ -158,7 +172,7 @@ bool KeyBindingsModel::ContainsText(int row, const QString& text) const
     const KeyBinding& binding = m_bindings[row];
     return binding.label.contains(text, Qt::CaseInsensitive)
         || binding.name.contains(text, Qt::CaseInsensitive)
-        || GetShortcutText(row).contains(text, Qt::CaseInsensitive);
+        || TextOf(GetSequences(row)).contains(text, Qt::CaseInsensitive);
 }
 
 bool KeyBindingsModel::HasKeys(int row, const QKeySequence& sequence) const
@@ -186,14 +200,6 @@ QString KeyBindingsModel::ShownText(const QKeySequence& sequence)
     return strokes.join(QLatin1Char(' '));
 }
 
-QString KeyBindingsModel::GetShortcutText(int row) const
-{
-    QStringList texts;
-    for (const QKeySequence& sequence : GetSequences(row))
-        texts += ShownText(sequence);
-    return texts.isEmpty() ? tr("none") : texts.join(QStringLiteral(", "));
-}
-
 QString KeyBindingsModel::GetMark(int row) const
 {
     const Contest contest = FirstContest(row);
@@ -218,10 +224,10 @@ QString KeyBindingsModel::GetAccessibleText(int row, int column) const
     switch (column) {
     case COMMAND: {
         const QString mark = GetMark(row);
-        const QString text = tr("%1, %2").arg(m_bindings[row].label, GetShortcutText(row));
+        const QString text = tr("%1, %2").arg(m_bindings[row].label, TextOf(GetSequences(row)));
         return mark.isEmpty() ? text : tr("%1, %2").arg(text, mark);
     }
-    case SHORTCUT: return GetShortcutText(row);
+    case SHORTCUT: return TextOf(GetSequences(row));
     default: return GetMark(row);
     }
 }
@@ -234,7 +240,7 @@ QVariant KeyBindingsModel::data(const QModelIndex& index, int role) const
     switch (role) {
     case Qt::DisplayRole:
         return index.column() == COMMAND ? m_bindings[row].label
-            : index.column() == SHORTCUT ? GetShortcutText(row)
+            : index.column() == SHORTCUT ? TextOf(GetSequences(row))
                                          : GetMark(row);
     case Qt::AccessibleTextRole: return GetAccessibleText(row, index.column());
     case IS_CHANGED: return IsChanged(row);

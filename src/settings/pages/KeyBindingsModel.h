@@ -37,6 +37,8 @@ public:
     /// What is to be known about the row's keys, in whole sentences; empty when each of them leads
     /// to it.
     QString Describe(int row) const;
+    /// The command's name in the file and its built-in keys.
+    QString DescribeDefault(int row) const;
 
     /// The row's keys. A fixed row stays as it is.
     void SetSequences(int row, const QList<QKeySequence>& sequences);
@@ -62,7 +64,6 @@ public:
     static QString ShownText(const QKeySequence& sequence);
 
 private:
-    QString GetShortcutText(int row) const;
     QString GetMark(int row) const;
     QString GetAccessibleText(int row, int column) const;
     const QString& LabelOf(int id) const { return m_bindings[id - 1].label; }

@@ -335,14 +335,14 @@ bool KeyBindingsTable::viewportEvent(QEvent* event)
         QToolTip::hideText();
         return true;
     }
-    const int row = index.row();
-    const QString conflict = m_model->Describe(row);
-    QString text = m_model->index(row, M::COMMAND).data(Qt::AccessibleTextRole).toString();
-    if (!conflict.isEmpty())
-        text += QLatin1Char('\n') + conflict;
+    QStringList lines{
+        m_model->index(index.row(), M::COMMAND).data(Qt::AccessibleTextRole).toString(),
+        m_model->DescribeDefault(index.row()), m_model->Describe(index.row())};
+    lines.removeAll(QString());
     // Shown as it stands, never as rich text.
     QToolTip::showText(help->globalPos(),
-        QStringLiteral("<p style=\"white-space:pre\">%1</p>").arg(text.toHtmlEscaped()), this,
-        visualRect(index));
+        QStringLiteral("<p style=\"white-space:pre\">%1</p>")
+            .arg(lines.join(QLatin1Char('\n')).toHtmlEscaped()),
+        this, visualRect(index));
     return true;
 }
