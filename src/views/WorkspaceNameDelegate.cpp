@@ -72,7 +72,10 @@ void WorkspaceNameDelegate::setModelData(
     QWidget* editor, QAbstractItemModel*, const QModelIndex& index) const
 {
     const QString name = static_cast<QLineEdit*>(editor)->text();
-    m_name = name.isEmpty() || !m_check(index, name).isEmpty() ? QString() : name;
+    const bool isRefused = !name.isEmpty() && !m_check(index, name).isEmpty();
+    m_name = isRefused ? QString() : name;
+    if (isRefused)
+        Q_EMIT Refused(index, name);
 }
 
 void WorkspaceNameDelegate::updateEditorGeometry(
@@ -90,12 +93,19 @@ QSize WorkspaceNameDelegate::sizeHint(const QStyleOptionViewItem&, const QModelI
 
 bool WorkspaceNameDelegate::eventFilter(QObject* watched, QEvent* event)
 {
+    // Whoever looks into another window comes back to what was being typed.
+    if (event->type() == QEvent::FocusOut) {
+        const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
+        if (reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason)
+            return false;
+    }
     auto* const field = qobject_cast<ToolLineEdit*>(watched);
     if (!field || !IsEnterKey(*event))
         return QStyledItemDelegate::eventFilter(watched, event);
     const QString fault = field->text().isEmpty() ? QString() : m_check(m_index, field->text());
     field->SetFault(fault);
     if (!fault.isEmpty()) {
+        Q_EMIT Refused(m_index, field->text());
         QToolTip::showText(field->mapToGlobal({0, field->height()}), fault, field);
         return true;
     }

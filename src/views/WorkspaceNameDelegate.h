@@ -29,6 +29,10 @@ public:
         const QModelIndex& index) const override;
     QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
 
+Q_SIGNALS:
+    /// A name was entered that cannot be.
+    void Refused(const QModelIndex& index, const QString& name) const;
+
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 

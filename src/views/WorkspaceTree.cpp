@@ -3,10 +3,12 @@
 #include "views/WorkspaceTree.h"
 
 #include "files/FileTasks.h"
+#include "plugin/Logger.h"
 #include "settings/Settings.h"
 #include "views/WorkspaceNameDelegate.h"
 #include "views/WorkspacePaths.h"
 
+#include <QDir>
 #include <QFileInfo>
 #include <QFileSystemWatcher>
 #include <QScrollBar>
@@ -40,6 +42,14 @@ WorkspaceTree::WorkspaceTree(QWidget* parent)
         },
         &SideBarRows::LabelLeft, this);
     setItemDelegate(m_names);
+    // Why a name cannot be stands beside it; only what is there already is somebody else's too.
+    connect(m_names, &WorkspaceNameDelegate::Refused, this,
+        [this](const QModelIndex& index, const QString& name) {
+            const QString folder = m_model->PathOf(index.parent());
+            const QString path = QDir::cleanPath(ChildPath(folder, name));
+            if (ParentPath(path) == folder && QFileInfo::exists(path))
+                Logger::Error(QStringLiteral("File already exists: %1").arg(path));
+        });
     setModel(m_model);
     FollowModel();
     setSelectionMode(ExtendedSelection);
