@@ -21,7 +21,8 @@ bool IsTreeKey(const QEvent& event)
         return false;
     const auto& press = static_cast<const QKeyEvent&>(event);
     const bool isEnter = press.key() == Qt::Key_Return || press.key() == Qt::Key_Enter;
-    return (press.key() == Qt::Key_F2 && press.modifiers() == Qt::NoModifier)
+    return press.matches(QKeySequence::SelectAll)
+        || (press.key() == Qt::Key_F2 && press.modifiers() == Qt::NoModifier)
         || (isEnter && !(press.modifiers() & ~(Qt::ControlModifier | Qt::KeypadModifier)));
 }
 
