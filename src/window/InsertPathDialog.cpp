@@ -2,9 +2,11 @@
 
 #include "settings/Settings.h"
 #include "window/InsertedPath.h"
+#include "window/chrome/ComboRowDelegate.h"
 #include "window/chrome/LookFollower.h"
 #include "window/chrome/Theme.h"
 
+#include <QAbstractItemView>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QCompleter>
@@ -166,6 +168,10 @@ void InsertPathDialog::CreateCompleter()
     m_completions = new QStringListModel(this);
     auto* completer = new QCompleter(m_completions, this);
     completer->setCaseSensitivity(Qt::CaseInsensitive);
+    // A window of its own, which the window's style does not reach.
+    QAbstractItemView* const list
+        = Named(completer->popup(), "m_completionList", tr("Completions"));
+    list->setItemDelegate(new ComboRowDelegate(list));
     m_path->setCompleter(completer);
     connect(m_path, &QLineEdit::textEdited, this, &InsertPathDialog::UpdateCompletions);
     // A folder that was chosen goes on with what is in it.
