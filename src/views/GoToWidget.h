@@ -66,7 +66,7 @@ Q_SIGNALS:
     void CommandChosen(int command);
     /// The editor is to be as it was before the first symbol or line was shown.
     void PreviewEnded();
-    /// To where it was before the widget was opened; before the widget goes.
+    /// The widget is about to go: the focus is to be where it was before.
     void FocusReturnRequested();
 
 protected:
@@ -102,7 +102,6 @@ private:
     void OnFilesGrown();
     void OnFilesFinished(bool changed);
     void ShowMatches();
-    void ShowFiles();
     void ShowLine();
     void SetRows(const QVector<GoToModel::Row>& rows, int current);
     void AddPastedPath(QVector<GoToModel::Row>& rows) const;
@@ -114,7 +113,7 @@ private:
     void EndPreview();
 
     Sources m_sources;
-    QWidget* m_anchor;
+    QWidget* m_anchor; ///< not owned
     QLineEdit* m_field = nullptr;
     QListView* m_list = nullptr;
     GoToModel* m_model = nullptr;
