@@ -3,9 +3,9 @@
 
 #include "RatioMain.h"
 #include "settings/Settings.h"
-#include "views/GoToEntries.h"
-#include "views/GoToFilter.h"
-#include "views/WorkspaceFiles.h"
+#include "views/goto/GoToEntries.h"
+#include "views/goto/GoToFilter.h"
+#include "views/goto/WorkspaceFiles.h"
 
 #include <QCoreApplication>
 #include <QDir>

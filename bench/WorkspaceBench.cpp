@@ -2,8 +2,8 @@
 // listing, and the longest that the interface is kept from anything else meanwhile.
 
 #include "RatioMain.h"
-#include "views/FolderListing.h"
-#include "views/WorkspaceTree.h"
+#include "views/explorer/FolderListing.h"
+#include "views/explorer/WorkspaceTree.h"
 
 #include <QApplication>
 #include <QDir>

@@ -1,12 +1,12 @@
 #include "views/SideBar.h"
 
 #include "settings/Settings.h"
-#include "views/ExplorerView.h"
-#include "views/OpenEditorsView.h"
-#include "views/OutlineView.h"
-#include "views/QuickHelpView.h"
-#include "views/SearchView.h"
-#include "views/WorkspaceView.h"
+#include "views/explorer/ExplorerView.h"
+#include "views/explorer/OpenEditorsView.h"
+#include "views/explorer/WorkspaceView.h"
+#include "views/outline/OutlineView.h"
+#include "views/quickhelp/QuickHelpView.h"
+#include "views/search/SearchView.h"
 #include "window/chrome/LookFollower.h"
 #include "window/chrome/Theme.h"
 

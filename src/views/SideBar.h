@@ -1,6 +1,6 @@
 #pragma once
 
-#include "views/QuickHelpTopics.h"
+#include "views/quickhelp/QuickHelpTopics.h"
 
 #include <QWidget>
 

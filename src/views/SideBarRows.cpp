@@ -82,8 +82,7 @@ SideBarRows::SideBarRows(QTreeView& view)
     view.setHeaderHidden(true);
     view.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     view.setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
-    view.setUniformRowHeights(true);
-    view.setItemDelegate(new RowHeightDelegate(&view));
+    MakeRowsEquallyHigh(view);
     view.setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
     view.setMinimumSize(0, 0);
     view.header()->setMinimumSectionSize(0);
@@ -107,6 +106,12 @@ void SideBarRows::FollowModel()
 int SideBarRows::RowHeight()
 {
     return Theme::Dp(ROW_HEIGHT);
+}
+
+void SideBarRows::MakeRowsEquallyHigh(QTreeView& view)
+{
+    view.setUniformRowHeights(true);
+    view.setItemDelegate(new RowHeightDelegate(&view));
 }
 
 QRect SideBarRows::MarkBox(const QRect& row) const

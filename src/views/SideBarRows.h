@@ -29,6 +29,8 @@ public:
     };
 
     static int RowHeight();
+    /// For trees that paint their rows on their own.
+    static void MakeRowsEquallyHigh(QTreeView& view);
 
 protected:
     /// One row as it is painted.

@@ -7,8 +7,8 @@
 #include "files/FileStamp.h"
 #include "files/TextFormat.h"
 #include "settings/KeyBindings.h"
-#include "views/GoToWidget.h"
 #include "views/SideBar.h"
+#include "views/goto/GoToWidget.h"
 #include "window/EditorActions.h"
 #include "window/chrome/ActivityBar.h"
 

@@ -5,8 +5,8 @@
 #include "language/BaseParser.h"
 #include "output/OutputTextEdit.h"
 #include "settings/Settings.h"
-#include "views/GoToEntries.h"
-#include "views/GoToWidget.h"
+#include "views/goto/GoToEntries.h"
+#include "views/goto/GoToWidget.h"
 #include "window/TarnwickEditor.h"
 
 #include <QAction>

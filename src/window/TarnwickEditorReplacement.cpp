@@ -6,7 +6,7 @@
 #include "plugin/Logger.h"
 #include "search/FindMatching.h"
 #include "settings/Settings.h"
-#include "views/SearchView.h"
+#include "views/search/SearchView.h"
 #include "window/BusyLoop.h"
 #include "window/FileReplacement.h"
 #include "window/TarnwickEditor.h"

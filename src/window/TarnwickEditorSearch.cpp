@@ -8,7 +8,7 @@
 #include "search/FindMatching.h"
 #include "search/SearchRun.h"
 #include "settings/Settings.h"
-#include "views/SearchView.h"
+#include "views/search/SearchView.h"
 #include "window/BusyLoop.h"
 #include "window/TarnwickEditor.h"
 

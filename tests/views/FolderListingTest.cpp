@@ -1,7 +1,7 @@
-#include "views/FolderListing.h"
+#include "views/explorer/FolderListing.h"
 
 #include "support/TestMain.h"
-#include "views/NaturalOrder.h"
+#include "views/explorer/NaturalOrder.h"
 
 #include <QDir>
 #include <QFile>

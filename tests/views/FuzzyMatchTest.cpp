@@ -1,7 +1,7 @@
-#include "views/FuzzyMatch.h"
+#include "views/goto/FuzzyMatch.h"
 
 #include "support/TestMain.h"
-#include "views/GoToFilter.h"
+#include "views/goto/GoToFilter.h"
 
 #include <QRandomGenerator>
 #include <QtTest>

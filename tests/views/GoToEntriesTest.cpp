@@ -1,4 +1,4 @@
-#include "views/GoToEntries.h"
+#include "views/goto/GoToEntries.h"
 
 #include "support/TestMain.h"
 

@@ -1,10 +1,10 @@
-#include "views/OpenEditorsView.h"
+#include "views/explorer/OpenEditorsView.h"
 
 #include "settings/Settings.h"
 #include "support/TestMain.h"
-#include "views/ExplorerView.h"
 #include "views/SideBarTree.h"
 #include "views/SubViewHeader.h"
+#include "views/explorer/ExplorerView.h"
 
 #include <QAbstractButton>
 #include <QContextMenuEvent>

@@ -1,11 +1,11 @@
-#include "views/OutlineView.h"
+#include "views/outline/OutlineView.h"
 
 #include "language/BaseParser.h"
 #include "settings/Settings.h"
 #include "support/TestMain.h"
-#include "views/ExplorerView.h"
-#include "views/OutlineTreeWidget.h"
 #include "views/SubViewHeader.h"
+#include "views/explorer/ExplorerView.h"
+#include "views/outline/OutlineTreeWidget.h"
 
 #include <QAbstractButton>
 #include <QScrollBar>

@@ -1,4 +1,4 @@
-#include "views/QuickHelpText.h"
+#include "views/quickhelp/QuickHelpText.h"
 
 #include "support/TestMain.h"
 

@@ -1,10 +1,10 @@
-#include "views/QuickHelpView.h"
+#include "views/quickhelp/QuickHelpView.h"
 
 #include "plugin/MayaUtil.h"
 #include "settings/Settings.h"
 #include "support/TestMain.h"
-#include "views/QuickHelpFlags.h"
-#include "views/QuickHelpPage.h"
+#include "views/quickhelp/QuickHelpFlags.h"
+#include "views/quickhelp/QuickHelpPage.h"
 #include "window/WindowFixture.h"
 
 #include <QAbstractButton>

@@ -1,4 +1,4 @@
-#include "views/SectionHeights.h"
+#include "views/explorer/SectionHeights.h"
 
 #include "support/TestMain.h"
 

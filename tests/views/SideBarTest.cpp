@@ -3,13 +3,13 @@
 #include "plugin/MayaUtil.h"
 #include "settings/Settings.h"
 #include "support/TestMain.h"
-#include "views/ExplorerView.h"
-#include "views/OpenEditorsView.h"
-#include "views/OutlineView.h"
-#include "views/QuickHelpView.h"
 #include "views/SideBarTree.h"
 #include "views/SubViewHeader.h"
-#include "views/WorkspaceView.h"
+#include "views/explorer/ExplorerView.h"
+#include "views/explorer/OpenEditorsView.h"
+#include "views/explorer/WorkspaceView.h"
+#include "views/outline/OutlineView.h"
+#include "views/quickhelp/QuickHelpView.h"
 #include "window/WindowFixture.h"
 
 #include <QAbstractButton>

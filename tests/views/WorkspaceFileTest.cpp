@@ -1,4 +1,4 @@
-#include "views/WorkspaceFile.h"
+#include "views/explorer/WorkspaceFile.h"
 
 #include "support/TestMain.h"
 

@@ -1,4 +1,4 @@
-#include "views/WorkspaceFiles.h"
+#include "views/goto/WorkspaceFiles.h"
 
 #include "settings/Settings.h"
 #include "support/TestMain.h"

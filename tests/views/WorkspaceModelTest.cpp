@@ -1,4 +1,4 @@
-#include "views/WorkspaceModel.h"
+#include "views/explorer/WorkspaceModel.h"
 
 #include "settings/Settings.h"
 #include "support/TestMain.h"

@@ -1,10 +1,10 @@
-#include "views/WorkspaceView.h"
+#include "views/explorer/WorkspaceView.h"
 
 #include "settings/Settings.h"
 #include "support/TestMain.h"
-#include "views/FolderListing.h"
 #include "views/SubViewHeader.h"
-#include "views/WorkspaceTree.h"
+#include "views/explorer/FolderListing.h"
+#include "views/explorer/WorkspaceTree.h"
 #include "window/WindowFixture.h"
 
 #include <QAbstractButton>

@@ -3,7 +3,7 @@
 #include "output/OutputTextEdit.h"
 #include "settings/Settings.h"
 #include "support/TestMain.h"
-#include "views/GoToWidget.h"
+#include "views/goto/GoToWidget.h"
 #include "window/FilesFixture.h"
 
 #include <QAbstractButton>

@@ -5,7 +5,7 @@
 #include "files/SessionLock.h"
 #include "settings/Settings.h"
 #include "support/TestMain.h"
-#include "views/WorkspaceView.h"
+#include "views/explorer/WorkspaceView.h"
 #include "window/FilesFixture.h"
 #include "window/RecoveryNotice.h"
 

@@ -1,8 +1,8 @@
 #include "editor/CodeEditor.h"
 #include "plugin/MayaUtil.h"
 #include "support/TestMain.h"
-#include "views/QuickHelpPage.h"
-#include "views/QuickHelpView.h"
+#include "views/quickhelp/QuickHelpPage.h"
+#include "views/quickhelp/QuickHelpView.h"
 #include "window/FilesFixture.h"
 
 #include <QLineEdit>

@@ -3,9 +3,9 @@
 #include "settings/Settings.h"
 #include "support/Rows.h"
 #include "support/TestMain.h"
-#include "views/FolderListing.h"
-#include "views/WorkspaceTree.h"
-#include "views/WorkspaceView.h"
+#include "views/explorer/FolderListing.h"
+#include "views/explorer/WorkspaceTree.h"
+#include "views/explorer/WorkspaceView.h"
 #include "window/FilesFixture.h"
 
 #include <QClipboard>
