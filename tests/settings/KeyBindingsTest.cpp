@@ -32,6 +32,7 @@ private Q_SLOTS:
     void CharactersTypedWithShift_data();
     void CharactersTypedWithShift();
     void NothingElseGetsIntoTheField();
+    void TheUserGuideTellsTheKeys();
 
 private:
     using Keys = QMap<int, QStringList>;
@@ -305,6 +306,23 @@ void KeyBindingsTest::NothingElseGetsIntoTheField()
         QApplication::sendEvent(&field, &press);
     }
     QCOMPARE(field.text(), "F1");
+}
+
+/// But for those that the platform decides.
+void KeyBindingsTest::TheUserGuideTellsTheKeys()
+{
+    QFile guide(QStringLiteral(TEST_DATA_DIR "/../../../docs/guide.md"));
+    QVERIFY(guide.open(QIODevice::ReadOnly));
+    const QString text = guide.readAll();
+    for (const KeyBinding& binding : m_bindings->GetKeySequences()) {
+        const QStringList keys = Texts(binding.defaultSequences);
+        if (keys.isEmpty()) {
+            QVERIFY2(text.contains(binding.label), qPrintable(binding.label));
+        } else if (!binding.fixed) {
+            const QString row = QString("| %1 | %2 |").arg(binding.label, keys.join(", "));
+            QVERIFY2(text.contains(row), qPrintable(row));
+        }
+    }
 }
 
 TE2_TEST(KeyBindingsTest)
