@@ -67,6 +67,7 @@ CodeEditor::CodeEditor(
     setContextMenuPolicy(Qt::CustomContextMenu);
     setOverwriteMode(Settings::overwriteEnabled);
     m_dropOverlay->setObjectName(QStringLiteral("m_dropOverlay"));
+    setObjectName(QStringLiteral("codeEditor"));
     m_textChangeTimer->setSingleShot(true);
     m_textChangeTimer->setInterval(TEXT_CHANGE_DELAY);
     m_extraSelectionsTimer->setSingleShot(true);
