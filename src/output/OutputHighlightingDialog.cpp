@@ -4,6 +4,7 @@
 #include "output/HighlightPreview.h"
 #include "window/chrome/ColorLabel.h"
 #include "window/chrome/LookFollower.h"
+#include "window/chrome/NamedControl.h"
 #include "window/chrome/Theme.h"
 #include "window/chrome/ToolLineEdit.h"
 
@@ -28,14 +29,6 @@ constexpr int ROW_GAP = 7;
 
 constexpr QRgb NEW_FOREGROUND = 0xff00ff00;
 
-template <typename Widget>
-Widget* Named(Widget* widget, const char* name, const QString& accessibleName)
-{
-    widget->setObjectName(QLatin1String(name));
-    widget->setAccessibleName(accessibleName);
-    return widget;
-}
-
 } // namespace
 
 OutputHighlightingDialog::OutputHighlightingDialog(const QString& title, QWidget* parent)
@@ -52,22 +45,22 @@ OutputHighlightingDialog::OutputHighlightingDialog(const QString& title, QWidget
 void OutputHighlightingDialog::CreateWidgets()
 {
     const auto checkBox = [this](const char* name, const QString& text, const QString& label) {
-        return Named(new QCheckBox(text, this), name, label);
+        return NamedControl(new QCheckBox(text, this), name, label);
     };
-    m_name = Named(new QLineEdit(this), "nameLineEdit", tr("Name"));
-    m_match = Named(new ToolLineEdit(this), "matchLineEdit", tr("Text Matching"));
+    m_name = NamedControl(new QLineEdit(this), "nameLineEdit", tr("Name"));
+    m_match = NamedControl(new ToolLineEdit(this), "matchLineEdit", tr("Text Matching"));
     m_regExp = checkBox("regExpCB", tr("RegExp"), tr("RegExp"));
     m_foregroundEnabled = checkBox("foregroundEnabledCB", QString(), tr("Foreground"));
-    m_foreground = Named(new ColorLabel(this), "foregroundColor", tr("Foreground color"));
+    m_foreground = NamedControl(new ColorLabel(this), "foregroundColor", tr("Foreground color"));
     m_highlightLine = checkBox("highlightLineCB", tr("Highlight Line"), tr("Highlight Line"));
     m_backgroundEnabled = checkBox("backgroundEnabledCB", QString(), tr("Background"));
-    m_background = Named(new ColorLabel(this), "backgroundColor", tr("Background color"));
+    m_background = NamedControl(new ColorLabel(this), "backgroundColor", tr("Background color"));
     m_enabled = checkBox("enabledCB", QString(), tr("Enabled"));
     m_preview = new HighlightPreview(this);
     m_preview->setObjectName(QStringLiteral("m_preview"));
-    m_ok = Named(new QPushButton(tr("OK"), this), "okButton", tr("OK"));
+    m_ok = NamedControl(new QPushButton(tr("OK"), this), "okButton", tr("OK"));
     m_ok->setDefault(true);
-    m_cancel = Named(new QPushButton(tr("Cancel"), this), "cancelButton", tr("Cancel"));
+    m_cancel = NamedControl(new QPushButton(tr("Cancel"), this), "cancelButton", tr("Cancel"));
     m_cancel->setAutoDefault(false);
 }
 

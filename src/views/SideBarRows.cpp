@@ -58,21 +58,6 @@ int LevelOf(const QModelIndex& index)
     return level;
 }
 
-bool IsOwnKey(const QKeyEvent& event)
-{
-    if (event.matches(QKeySequence::Copy))
-        return true;
-    if (event.modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier))
-        return false;
-    switch (event.key()) {
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-    case Qt::Key_Delete:
-    case Qt::Key_Space: return true;
-    default: return !event.text().isEmpty() && event.text().at(0).isPrint();
-    }
-}
-
 } // namespace
 
 SideBarRows::SideBarRows(QTreeView& view)
@@ -101,6 +86,21 @@ void SideBarRows::FollowModel()
     QObject::connect(
         m_view.selectionModel(), &QItemSelectionModel::selectionChanged, &m_view, repaint);
     QObject::connect(m_view.model(), &QAbstractItemModel::dataChanged, &m_view, repaint);
+}
+
+bool SideBarRows::IsOwnKey(const QKeyEvent& event)
+{
+    if (event.matches(QKeySequence::Copy))
+        return true;
+    if (event.modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier))
+        return false;
+    switch (event.key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+    case Qt::Key_Delete:
+    case Qt::Key_Space: return true;
+    default: return !event.text().isEmpty() && event.text().at(0).isPrint();
+    }
 }
 
 int SideBarRows::RowHeight()

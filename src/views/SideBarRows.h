@@ -5,6 +5,7 @@
 
 class QEvent;
 class QFocusEvent;
+class QKeyEvent;
 class QMouseEvent;
 class QPainter;
 class QTreeView;
@@ -31,6 +32,8 @@ public:
     static int RowHeight();
     /// For trees that paint their rows on their own.
     static void MakeRowsEquallyHigh(QTreeView& view);
+    /// Whether a tree takes the key itself, whatever the window has bound to it.
+    static bool IsOwnKey(const QKeyEvent& event);
 
 protected:
     /// One row as it is painted.

@@ -4,6 +4,7 @@
 #include "window/InsertedPath.h"
 #include "window/chrome/ComboRowDelegate.h"
 #include "window/chrome/LookFollower.h"
+#include "window/chrome/NamedControl.h"
 #include "window/chrome/Theme.h"
 
 #include <QAbstractItemView>
@@ -45,14 +46,6 @@ QString& LastRelativeTo()
     return folder;
 }
 
-template <typename Widget>
-Widget* Named(Widget* widget, const char* name, const QString& accessibleName)
-{
-    widget->setObjectName(QLatin1String(name));
-    widget->setAccessibleName(accessibleName);
-    return widget;
-}
-
 } // namespace
 
 InsertPathDialog::InsertPathDialog(const QString& fileFolder, QWidget* parent)
@@ -75,25 +68,28 @@ InsertPathDialog::InsertPathDialog(const QString& fileFolder, QWidget* parent)
 void InsertPathDialog::CreateWidgets()
 {
     using D = InsertPathDialog;
-    m_path = Named(new QLineEdit(this), "m_path", tr("Path"));
+    m_path = NamedControl(new QLineEdit(this), "m_path", tr("Path"));
     m_path->setPlaceholderText(tr("Path of a file or folder"));
-    m_fileButton = Named(new QPushButton(tr("File..."), this), "m_fileButton", tr("File..."));
+    m_fileButton
+        = NamedControl(new QPushButton(tr("File..."), this), "m_fileButton", tr("File..."));
     m_folderButton
-        = Named(new QPushButton(tr("Folder..."), this), "m_folderButton", tr("Folder..."));
-    m_kind = Named(new QComboBox(this), "m_kind", tr("Absolute or relative"));
+        = NamedControl(new QPushButton(tr("Folder..."), this), "m_folderButton", tr("Folder..."));
+    m_kind = NamedControl(new QComboBox(this), "m_kind", tr("Absolute or relative"));
     m_kind->addItems({tr("Absolute"), tr("Relative to")});
-    m_folder = Named(new QComboBox(this), "m_folder", tr("Relative to"));
+    m_folder = NamedControl(new QComboBox(this), "m_folder", tr("Relative to"));
     m_folder->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    m_forwardSlashes = Named(
+    m_forwardSlashes = NamedControl(
         new QCheckBox(tr("Forward slashes"), this), "m_forwardSlashes", tr("Forward slashes"));
     m_forwardSlashes->setChecked(Settings::insertPathForwardSlashes);
-    m_escapeBackslashes = Named(new QCheckBox(tr("Escape backslashes"), this),
+    m_escapeBackslashes = NamedControl(new QCheckBox(tr("Escape backslashes"), this),
         "m_escapeBackslashes", tr("Escape backslashes"));
     m_escapeBackslashes->setChecked(Settings::insertPathEscapeBackslashes);
-    m_preview = Named(new QLineEdit(this), "m_preview", tr("Preview"));
+    m_preview = NamedControl(new QLineEdit(this), "m_preview", tr("Preview"));
     m_preview->setReadOnly(true);
-    m_insertButton = Named(new QPushButton(tr("Insert"), this), "m_insertButton", tr("Insert"));
-    m_cancelButton = Named(new QPushButton(tr("Cancel"), this), "m_cancelButton", tr("Cancel"));
+    m_insertButton
+        = NamedControl(new QPushButton(tr("Insert"), this), "m_insertButton", tr("Insert"));
+    m_cancelButton
+        = NamedControl(new QPushButton(tr("Cancel"), this), "m_cancelButton", tr("Cancel"));
     m_insertButton->setDefault(true);
     for (QPushButton* button : {m_fileButton, m_folderButton, m_cancelButton})
         button->setAutoDefault(false);
@@ -170,7 +166,7 @@ void InsertPathDialog::CreateCompleter()
     completer->setCaseSensitivity(Qt::CaseInsensitive);
     // A window of its own, which the window's style does not reach.
     QAbstractItemView* const list
-        = Named(completer->popup(), "m_completionList", tr("Completions"));
+        = NamedControl(completer->popup(), "m_completionList", tr("Completions"));
     list->setItemDelegate(new ComboRowDelegate(list));
     m_path->setCompleter(completer);
     connect(m_path, &QLineEdit::textEdited, this, &InsertPathDialog::UpdateCompletions);

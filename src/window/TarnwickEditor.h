@@ -486,6 +486,7 @@ private:
     QVector<GoToEntry> GetGoToSymbols();
     QVector<GoToEntry> GetGoToCommands() const;
     void NameHiddenCommands(QVector<GoToEntry>& entries) const;
+    CodeEditor* TakeGoToTarget(bool chosen);
     void FocusGoToTarget();
 
     // Layout. Extents are pixels in the direction of the splitter; the settings hold those that

@@ -215,24 +215,26 @@ void TarnwickEditor::OnGoToFileChosen(const QString& path, int line, int column,
 
 void TarnwickEditor::OnGoToSymbolPicked(int start, int end, bool chosen)
 {
-    CodeEditor* const editor = GetActiveCodeEditor();
-    if (!editor)
-        return;
-    m_viewBeforeGoTo.Take(editor);
-    if (chosen)
-        FocusGoToTarget();
-    editor->SetCursorSelection(start, end);
+    if (CodeEditor* const editor = TakeGoToTarget(chosen))
+        editor->SetCursorSelection(start, end);
 }
 
 void TarnwickEditor::OnGoToLinePicked(int line, int column, bool chosen)
 {
+    if (CodeEditor* const editor = TakeGoToTarget(chosen))
+        editor->SetCurrentLine(line, column);
+}
+
+/// The editor that is about to show a place, to look at or to stay; null when there is none.
+CodeEditor* TarnwickEditor::TakeGoToTarget(bool chosen)
+{
     CodeEditor* const editor = GetActiveCodeEditor();
     if (!editor)
-        return;
+        return nullptr;
     m_viewBeforeGoTo.Take(editor);
     if (chosen)
         FocusGoToTarget();
-    editor->SetCurrentLine(line, column);
+    return editor;
 }
 
 /// The active editor, which may be hidden.

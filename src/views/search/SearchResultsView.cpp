@@ -21,21 +21,6 @@ namespace {
 /// With more hits the files come collapsed: nobody reads them all.
 constexpr int MOST_EXPANDED = 5000;
 
-bool IsOwnKey(const QKeyEvent& event)
-{
-    if (event.matches(QKeySequence::Copy))
-        return true;
-    if (event.modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier))
-        return false;
-    switch (event.key()) {
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-    case Qt::Key_Delete:
-    case Qt::Key_Space: return true;
-    default: return !event.text().isEmpty() && event.text().at(0).isPrint();
-    }
-}
-
 /// Where a file is, for people: its folder below the one that was searched.
 QString Detail(const QString& folder, const QString& relative)
 {
@@ -174,7 +159,8 @@ void SearchResultsView::CopyCurrent() const
 
 bool SearchResultsView::event(QEvent* event)
 {
-    if (event->type() == QEvent::ShortcutOverride && IsOwnKey(*static_cast<QKeyEvent*>(event))) {
+    if (event->type() == QEvent::ShortcutOverride
+        && SideBarRows::IsOwnKey(*static_cast<QKeyEvent*>(event))) {
         event->accept();
         return true;
     }
