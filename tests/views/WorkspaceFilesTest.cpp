@@ -21,6 +21,7 @@ private Q_SLOTS:
     void LeavesOutWhatNobodySeeks();
     void ReadsWhereManyLinksLeadOnce();
     void StopsAtTheMaximum();
+    void LargeFoldersLeaveRoomForOthers();
     void RenewsTheList();
     void PausesAndGoesOn();
 
@@ -113,6 +114,19 @@ void WorkspaceFilesTest::StopsAtTheMaximum()
         Make(path);
     QCOMPARE(Gather().size(), 5);
     QVERIFY(m_files->IsCut());
+}
+
+void WorkspaceFilesTest::LargeFoldersLeaveRoomForOthers()
+{
+    m_files = std::make_unique<WorkspaceFiles>(nullptr, 20);
+    for (char name = 'a'; name <= 'p'; ++name)
+        Make(QByteArray("a/") + name);
+    Make("b/x");
+    Make("c/y");
+    const QStringList paths = Gather();
+    QCOMPARE(paths.mid(9, 4), QStringList({"a/j", "b/x", "c/y", "a/k"}));
+    QCOMPARE(paths.size(), 18);
+    QVERIFY(!m_files->IsCut());
 }
 
 void WorkspaceFilesTest::RenewsTheList()

@@ -9,6 +9,7 @@
 namespace {
 
 constexpr int SLICE = 5; // ms
+constexpr int LEAST_SHARE = 10; // files of one folder that are listed before those of the next
 constexpr int MAXIMUM_AGE = 10000; // ms after which the list is renewed
 
 bool IsCompiledPython(const QString& name)
@@ -70,6 +71,7 @@ void WorkspaceFiles::Begin()
     m_found.clear();
     m_foundMore = false;
     m_links.clear();
+    m_rests.clear();
     m_visited.clear();
     m_iterator.reset();
     m_files.clear();
@@ -119,7 +121,7 @@ bool WorkspaceFiles::OpenNextFolder()
         next.path = m_links.dequeue();
         next.canonicalPath = QFileInfo(next.path).canonicalFilePath();
     } else {
-        return false;
+        return TakeRest();
     }
     if (next.canonicalPath.isEmpty() || m_visited.contains(next.canonicalPath))
         return true;
@@ -130,6 +132,17 @@ bool WorkspaceFiles::OpenNextFolder()
     m_nextFile = 0;
     m_iterator = std::make_unique<QDirIterator>(
         next.path, QDir::Dirs | QDir::Files | QDir::Hidden | QDir::NoDotAndDotDot);
+    return true;
+}
+
+bool WorkspaceFiles::TakeRest()
+{
+    if (m_rests.isEmpty())
+        return false;
+    Rest rest = m_rests.dequeue();
+    m_folder = rest.folder;
+    m_files = std::move(rest.files);
+    m_nextFile = 0;
     return true;
 }
 
@@ -164,6 +177,11 @@ void WorkspaceFiles::SortNames()
     for (const Name& name : qAsConst(m_subfolders)) {
         m_waiting.enqueue(
             {Join(m_folder.path, name.name), Join(m_folder.canonicalPath, name.name)});
+    }
+    const int share = qMax(m_maximum / 10, LEAST_SHARE);
+    if (m_files.size() > share) {
+        m_rests.enqueue({m_folder, m_files.mid(share)});
+        m_files.resize(share);
     }
 }
 

@@ -56,10 +56,17 @@ private:
         QString name;
     };
 
+    struct Rest
+    {
+        Folder folder;
+        QVector<Name> files;
+    };
+
     void Begin();
     void GatherSlice();
     bool TakeStep();
     bool OpenNextFolder();
+    bool TakeRest();
     void ReadEntry();
     void SortNames();
     void AppendFile();
@@ -80,6 +87,7 @@ private:
     QQueue<Folder> m_waiting;
     QQueue<QString> m_links; ///< to folders; followed last, so that files have their plain paths
     QSet<QString> m_visited; ///< by canonical path
+    QQueue<Rest> m_rests; ///< of large folders, which do not take the place of all others
     Folder m_folder; ///< being read
     std::unique_ptr<QDirIterator> m_iterator;
     QVector<Name> m_files; ///< of that folder
