@@ -59,6 +59,7 @@ private Q_SLOTS:
     void TurnsKeysIntoRequests_data();
     void TurnsKeysIntoRequests();
     void KeepsItsKeysFromShortcuts();
+    void TakesNoTextThroughItsButtons();
     void HasTheSizesOfItsForms_data();
     void HasTheSizesOfItsForms();
     void KeepsItsRightEdge();
@@ -181,6 +182,20 @@ void FindReplaceWidgetTest::KeepsItsKeysFromShortcuts()
     execute.ignore();
     QCoreApplication::sendEvent(bar.search, &execute);
     QVERIFY(!execute.isAccepted());
+}
+
+/// The buttons stand in the field, which so gets what they have no use for.
+void FindReplaceWidgetTest::TakesNoTextThroughItsButtons()
+{
+    Bar bar;
+    FlatButton* const button = bar.Button("m_matchCaseButton");
+    button->setFocus(Qt::TabFocusReason);
+    QTest::keyClicks(button, "ab ");
+    QCOMPARE(bar.search->text(), "");
+    QVERIFY(button->isChecked());
+    bar.search->setFocus();
+    QTest::keyClicks(bar.search, "c");
+    QCOMPARE(bar.search->text(), "c");
 }
 
 void FindReplaceWidgetTest::HasTheSizesOfItsForms_data()

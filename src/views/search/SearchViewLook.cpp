@@ -179,8 +179,8 @@ void SearchView::CreateLayout()
     });
     QWidget* before = m_refreshButton;
     for (QWidget* next : std::initializer_list<QWidget*>{m_collapseAllButton, m_clearButton,
-             m_toggleReplaceButton, m_searchField, m_matchCaseButton, m_matchWordButton,
-             m_regularExpressionButton, m_replaceField, m_replaceAllButton, m_detailsButton,
+             m_toggleReplaceButton, m_searchField, m_replaceField, m_matchCaseButton,
+             m_matchWordButton, m_regularExpressionButton, m_replaceAllButton, m_detailsButton,
              m_includeField, m_excludeField, m_results}) {
         setTabOrder(before, next);
         before = next;

@@ -4,8 +4,11 @@
 #include "window/chrome/LookFollower.h"
 #include "window/chrome/Theme.h"
 
+#include <QKeyEvent>
 #include <QStyle>
 #include <QToolTip>
+
+#include <algorithm>
 
 namespace {
 
@@ -70,6 +73,16 @@ void ToolLineEdit::UpdateToolTip()
     const QString text = m_fault.isEmpty() ? m_plainToolTip : m_fault;
     setToolTip(text);
     setAccessibleDescription(text);
+}
+
+/// What a tool has no use for comes here as to its parent; it is not for the text.
+void ToolLineEdit::keyPressEvent(QKeyEvent* event)
+{
+    const auto hasFocus = [](const FlatButton* tool) { return tool->hasFocus(); };
+    if (std::any_of(m_tools.cbegin(), m_tools.cend(), hasFocus))
+        event->ignore();
+    else
+        QLineEdit::keyPressEvent(event);
 }
 
 void ToolLineEdit::resizeEvent(QResizeEvent* event)

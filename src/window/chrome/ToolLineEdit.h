@@ -24,6 +24,7 @@ public:
     void SetPlainToolTip(const QString& toolTip);
 
 protected:
+    void keyPressEvent(QKeyEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
 private:
