@@ -87,14 +87,14 @@ void GoToEntriesTest::ReadsPlacesBehindNames()
 
 void GoToEntriesTest::ShowsFilesFromTheirFolder()
 {
-    const QStringList folders = {"/work/tools", "/work/tool"};
-    const GoToEntry inside = OfFile("/work/tool/rigging/a.py", folders);
+    const QStringList folders = {"/projects/tools", "/projects/tool"};
+    const GoToEntry inside = OfFile("/projects/tool/rigging/a.py", folders);
     QCOMPARE(inside.text, QString("tool/rigging/a.py"));
     QCOMPARE(inside.text.mid(inside.nameStart), QString("a.py"));
-    QCOMPARE(inside.target, QString("/work/tool/rigging/a.py"));
+    QCOMPARE(inside.target, QString("/projects/tool/rigging/a.py"));
     QCOMPARE(OfFile("/other/a.py", folders).text, QString("/other/a.py"));
     const GoToEntry buffer = OfEditor(
-        {CodeEditorType::Buffer, CodeEditorLanguage::Mel, "/work/tool/x", "My/MEL"}, folders);
+        {CodeEditorType::Buffer, CodeEditorLanguage::Mel, "/projects/tool/x", "My/MEL"}, folders);
     QCOMPARE(buffer.text.mid(buffer.nameStart), QString("My/MEL"));
 }
 
