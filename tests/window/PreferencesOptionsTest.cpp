@@ -106,6 +106,7 @@ private Q_SLOTS:
     void ProgramsAnswer_data();
     void ProgramsAnswer();
     void PylintIsTriedInPlace();
+    void TypedPathsMayBeginAtHome();
 
 private:
     PreferencesDialog* Open();
@@ -443,6 +444,18 @@ void PreferencesOptionsTest::PylintIsTriedInPlace()
     // Another program has not answered yet.
     Field("pylintPath")->SetValue("/bin/sh");
     QVERIFY(!remark->isVisible());
+}
+
+void PreferencesOptionsTest::TypedPathsMayBeginAtHome()
+{
+    Open()->ShowPage("Pylint");
+    Field("pylintEnabled")->SetValue(true);
+    QWidget* const field = Field("pylintPath")->GetControl();
+    Field("pylintPath")->SetValue("");
+    QTest::keyClicks(field, "~/pylint");
+    QCOMPARE(Field("pylintPath")->GetValue().toString(), QString("~/pylint"));
+    QTest::keyClick(field, Qt::Key_Return);
+    QCOMPARE(Field("pylintPath")->GetValue().toString(), QDir::homePath() + "/pylint");
 }
 
 TE2_TEST(PreferencesOptionsTest)

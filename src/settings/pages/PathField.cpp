@@ -1,5 +1,6 @@
 #include "settings/pages/PathField.h"
 
+#include "settings/pages/HomePath.h"
 #include "settings/pages/OptionTable.h"
 #include "window/chrome/FlatButton.h"
 #include "window/chrome/ToolLineEdit.h"
@@ -18,6 +19,12 @@ PathField::PathField(const OptionRow& row, QWidget* parent)
     m_path->AddTool(browse);
     connect(browse, &QAbstractButton::clicked, this, &PathField::Browse);
     connect(m_path, &QLineEdit::textChanged, this, &PathField::Changed);
+    connect(m_path, &QLineEdit::editingFinished, this, &PathField::ExpandHome);
+}
+
+void PathField::ExpandHome()
+{
+    SetValue(WithHomeFolder(m_path->text()));
 }
 
 void PathField::Browse()

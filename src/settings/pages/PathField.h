@@ -18,6 +18,7 @@ public:
 
 private Q_SLOTS:
     void Browse();
+    void ExpandHome();
 
 private:
     ToolLineEdit* m_path;

@@ -1,6 +1,7 @@
 #include "settings/pages/PathListField.h"
 
 #include "settings/Settings.h"
+#include "settings/pages/HomePath.h"
 #include "settings/pages/OptionTable.h"
 #include "window/chrome/FlatButton.h"
 #include "window/chrome/LookFollower.h"
@@ -128,6 +129,7 @@ void PathListField::Move(int distance)
 void PathListField::OnItemChanged(QListWidgetItem* item)
 {
     const QSignalBlocker blocker(m_list);
+    item->setText(WithHomeFolder(item->text()));
     item->setToolTip(PlainToolTip(item->text()));
     if (item->text().trimmed().isEmpty())
         delete item;
