@@ -7,6 +7,10 @@
 
 namespace {
 
+constexpr QLatin1Char SEPARATOR(',');
+/// Of one path: so many commas in it are still understood.
+constexpr int MAXIMUM_PIECES = 16;
+
 QString AbsolutePath(const QString& entry)
 {
     return QDir::cleanPath(QFileInfo(entry).absoluteFilePath());
@@ -40,7 +44,35 @@ bool MatchesAny(const QList<QRegExp>& patterns, const QString& path)
         [&path](const QRegExp& pattern) { return MatchesWhole(pattern, path); });
 }
 
+/// The longest path that begins with the piece `first`, commas and all; it ends before the result.
+int EndOfPath(const QStringList& pieces, int first)
+{
+    if (!pieces.at(first).trimmed().startsWith(QLatin1Char('/')))
+        return first + 1;
+    const int last = std::min(pieces.size(), first + MAXIMUM_PIECES);
+    for (int end = last; end > first + 1; --end) {
+        const QString path = QStringList(pieces.mid(first, end - first)).join(SEPARATOR).trimmed();
+        if (QFileInfo::exists(path))
+            return end;
+    }
+    return first + 1;
+}
+
 } // namespace
+
+QStringList SplitSearchEntries(const QString& text)
+{
+    const QStringList pieces = text.split(SEPARATOR);
+    QStringList entries;
+    for (int first = 0; first < pieces.size();) {
+        const int end = EndOfPath(pieces, first);
+        const QString entry = QStringList(pieces.mid(first, end - first)).join(SEPARATOR);
+        if (!entry.isEmpty())
+            entries.append(entry);
+        first = end;
+    }
+    return entries;
+}
 
 QStringList CreateSearchPaths(const QStringList& entries)
 {

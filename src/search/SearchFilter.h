@@ -4,6 +4,10 @@
 #include <QRegExp>
 #include <QStringList>
 
+/// The entries of a field, parted at commas; not at those within the absolute path of something
+/// that is there.
+QStringList SplitSearchEntries(const QString& text);
+
 /// The entries that name something that is there, without white space around them.
 QStringList CreateSearchPaths(const QStringList& entries);
 

@@ -49,6 +49,8 @@ private Q_SLOTS:
     void KeepsToTheFilter_data();
     void KeepsToTheFilter();
     void PartsPathsFromPatterns();
+    void PartsEntriesAtCommasOutsideOfPaths_data();
+    void PartsEntriesAtCommasOutsideOfPaths();
     void SearchesOpenTextsInsteadOfTheirFiles();
     void TellsOfAFileOnce();
     void StopsWhenTold();
@@ -190,6 +192,26 @@ void SearchRunTest::PartsPathsFromPatterns()
     QCOMPARE(patterns[0].caseSensitivity(), Qt::CaseInsensitive);
     QCOMPARE(paths, (QStringList{folder, folder + "/x.py"}));
     QCOMPARE(CreateSearchPaths({" " + folder, "*.py", ""}), QStringList{folder});
+}
+
+void SearchRunTest::PartsEntriesAtCommasOutsideOfPaths_data()
+{
+    Columns<QString, QStringList>("text", "entries");
+    using L = QStringList;
+    Row("patterns", "*.py,, *.mel", L{"*.py", " *.mel"});
+    Row("a path", "%1/a, b", L{"%1/a, b"});
+    Row("paths and patterns", "*.py,%1/a, b,%1/a,c", L{"*.py", "%1/a, b", "%1/a", "c"});
+    Row("nothing there", "%1/x,y", L{"%1/x", "y"});
+}
+
+void SearchRunTest::PartsEntriesAtCommasOutsideOfPaths()
+{
+    Write("a, b/x.py");
+    Write("a/x.py");
+    QFETCH(QString, text);
+    QFETCH(QStringList, entries);
+    entries.replaceInStrings("%1", m_folder->path());
+    QCOMPARE(SplitSearchEntries(text.replace("%1", m_folder->path())), entries);
 }
 
 void SearchRunTest::SearchesOpenTextsInsteadOfTheirFiles()

@@ -3,6 +3,7 @@
 #include "views/search/SearchView.h"
 
 #include "editor/SearchExpression.h"
+#include "search/SearchFilter.h"
 #include "settings/Settings.h"
 #include "views/EmptyPage.h"
 #include "views/search/SearchResultsModel.h"
@@ -42,7 +43,7 @@ QString Named(const QStringList& paths)
 
 QStringList Entries(const ToolLineEdit* field)
 {
-    return field->text().split(QLatin1Char(','), Qt::SkipEmptyParts);
+    return SplitSearchEntries(field->text());
 }
 
 bool IsFieldKey(const QKeyEvent& event)
