@@ -221,9 +221,29 @@ QString KeyBindings::GetToolTip(int id, const QString& label) const
         : QStringLiteral("%1 (%2)").arg(label, shortcut.toString(QKeySequence::NativeText));
 }
 
-void KeyBindings::Update()
+KeyOwners KeyBindings::FreeKeys()
 {
     KeyOwners owners;
+    owners.Take(QKeySequence(Qt::Key_Escape), Escape);
+    return owners;
+}
+
+KeyOwners KeyBindings::OwnersOf(const QList<KeyBinding>& bindings)
+{
+    KeyOwners owners = FreeKeys();
+    for (const KeyBinding& binding : bindings) {
+        const QList<QKeySequence>& sequences = binding.GetSequencesInForce();
+        for (auto it = sequences.rbegin(); it != sequences.rend(); ++it) {
+            if (!it->isEmpty() && !owners.IsTakenFrom(binding.id, *it))
+                owners.Take(*it, binding.id);
+        }
+    }
+    return owners;
+}
+
+void KeyBindings::Update()
+{
+    KeyOwners owners = FreeKeys();
     QStringList duplicates;
     for (const KeyBinding& binding : qAsConst(m_bindings)) {
         if (binding.action)

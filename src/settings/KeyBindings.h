@@ -83,6 +83,12 @@ public:
     void WriteUserKeyBindings() const;
     static QString GetUserKeyBindingsPath();
 
+    /// As the keys are before any command took its own. Escape is never free: widgets close with it
+    /// whatever is bound.
+    static KeyOwners FreeKeys();
+    /// As they are once every command has taken its own, in the order of the list.
+    static KeyOwners OwnersOf(const QList<KeyBinding>& bindings);
+
 private:
     void InitializeBindings();
     KeyBinding& InitializeBinding(int id, const QString& label, const QString& name,
@@ -95,6 +101,6 @@ private:
     void WriteKeyBinding(QSettings& settings, const KeyBinding& binding) const;
 
     QList<KeyBinding> m_bindings;
-    KeyOwners m_owners; ///< of the keys that actions got
+    KeyOwners m_owners = FreeKeys(); ///< of the keys that actions got
     QStringList m_duplicates; ///< what the last update had to tell
 };

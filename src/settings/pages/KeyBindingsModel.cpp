@@ -52,7 +52,7 @@ void KeyBindingsModel::SetBindings(const QList<KeyBinding>& bindings)
     m_bindings = bindings;
     for (KeyBinding& binding : m_bindings)
         binding.userSequences = WithoutEmpty(binding.userSequences);
-    m_owners = KeyOwners(m_bindings);
+    m_owners = KeyBindings::OwnersOf(m_bindings);
     m_editedRow = -1;
     endResetModel();
 }
@@ -163,7 +163,7 @@ void KeyBindingsModel::SetEditedRow(int row)
 /// Marks of other rows may be others now.
 void KeyBindingsModel::OnEdited()
 {
-    m_owners = KeyOwners(m_bindings);
+    m_owners = KeyBindings::OwnersOf(m_bindings);
     Q_EMIT dataChanged(index(0, 0), index(rowCount() - 1, COLUMN_COUNT - 1));
 }
 
