@@ -35,6 +35,12 @@ if(TE2_SANITIZE)
   target_compile_options(te2_flags INTERFACE -fsanitize=address,undefined -fno-omit-frame-pointer)
   target_link_options(te2_flags INTERFACE -fsanitize=address,undefined)
 endif()
+if(TE2_FUZZ)
+  # Any fault ends the run. Unoptimised code would be too slow to get anywhere.
+  target_compile_options(te2_flags INTERFACE -O1 -fsanitize=fuzzer-no-link,address,undefined
+    -fno-sanitize-recover=undefined -fno-omit-frame-pointer)
+  target_link_options(te2_flags INTERFACE -fsanitize=address,undefined)
+endif()
 
 # Product code names the encoding of every literal; tests may be briefer.
 add_library(te2_strict_flags INTERFACE)
@@ -68,6 +74,12 @@ function(te2_add_folder name)
   set_property(GLOBAL APPEND PROPERTY TE2_FOLDERS te2_${name})
 endfunction()
 
+# te2_set_test_environment(<test>): no screen, and what the toolkit keeps is no leak.
+function(te2_set_test_environment test)
+  set_tests_properties(${test} PROPERTIES TIMEOUT 120
+    ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8;TE2_BUILD_DIR=${CMAKE_BINARY_DIR};LSAN_OPTIONS=print_suppressions=0:suppressions=${CMAKE_SOURCE_DIR}/tests/support/lsan.supp")
+endfunction()
+
 # te2_add_test(<program> CLASSES A B SOURCES ... LINKS ...): one Qt Test program per subsystem;
 # each class is an entry of its own in the test list and runs in a process of its own.
 function(te2_add_test name)
@@ -78,7 +90,6 @@ function(te2_add_test name)
   target_link_libraries(${name} PRIVATE test_support ${ARG_LINKS} Qt5::Test te2_flags)
   foreach(class IN LISTS ARG_CLASSES)
     add_test(NAME ${name}.${class} COMMAND ${name} ${class})
-    set_tests_properties(${name}.${class} PROPERTIES TIMEOUT 120
-      ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8;TE2_BUILD_DIR=${CMAKE_BINARY_DIR};LSAN_OPTIONS=print_suppressions=0:suppressions=${CMAKE_SOURCE_DIR}/tests/support/lsan.supp")
+    te2_set_test_environment(${name}.${class})
   endforeach()
 endfunction()
