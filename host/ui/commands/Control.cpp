@@ -1,8 +1,13 @@
 #include "ui/commands/Control.h"
 
 #include "engine/Engine.h"
+#include "ui/commands/ColumnBox.h"
+#include "ui/commands/Templates.h"
+#include "ui/window/HostStyle.h"
 
-#include <QLayout>
+#include <QAbstractButton>
+#include <QLabel>
+#include <QPushButton>
 
 namespace host::ui {
 
@@ -44,7 +49,10 @@ void SetBackground(Edit& edit)
     for (const auto role : {QPalette::Window, QPalette::Button, QPalette::Base})
         palette.setColor(role, color);
     widget->setPalette(palette);
-    widget->setAutoFillBackground(true);
+    // The corners of a button stay what is behind them.
+    widget->setProperty("ownColor", color);
+    widget->setAutoFillBackground(!qobject_cast<QPushButton*>(widget));
+    widget->update();
 }
 
 void SetAnnotation(Edit& edit)
@@ -94,8 +102,8 @@ const Property COMMON[] = {
     {"enableKeyboardFocus", [](Edit& e) { e.element.GetWidget()->setFocusPolicy(e.Bool() ? Qt::StrongFocus : Qt::NoFocus); },
                            [](Element& e) -> Value { return e.GetWidget()->focusPolicy() != Qt::NoFocus; }},
     {"fullPathName",       nullptr, [](Element& e) -> Value { return e.FullName(); }},
-    {"width",              SetDimension, [](Element& e) { return Stored(e, "width", e.GetWidget()->width()); }},
-    {"height",             SetDimension, [](Element& e) { return Stored(e, "height", e.GetWidget()->height()); }},
+    {"width",              SetDimension, [](Element& e) { return Stored(e, "width", Unscaled(e.GetWidget()->width())); }},
+    {"height",             SetDimension, [](Element& e) { return Stored(e, "height", Unscaled(e.GetWidget()->height())); }},
     {"isObscured",         nullptr, ObscuredValue},
     {"manage",             [](Edit& e) { e.element.GetWidget()->setVisible(e.Bool()); },
                            [](Element& e) -> Value { return !e.GetWidget()->isHidden(); }},
@@ -140,9 +148,34 @@ CommonSet CommonOf(const ControlRow& row)
     return {nullptr, {}};
 }
 
+/// In the order in which they are applied.
+QVector<Properties> PropertiesOf(const ControlRow& row)
+{
+    QVector<Properties> all{row.properties};
+    for (const Family* family = row.family; family; family = family->base)
+        all += family->properties;
+    all += CommonOf(row).properties;
+    return all;
+}
+
+/// The notation of all flags that the command shares with others. Commands point into it.
+const char* SharedFlags(const ControlRow& row)
+{
+    static QHash<const Family*, QByteArray> joined;
+    if (!row.family)
+        return CommonOf(row).flags;
+    QByteArray& text = joined[row.family];
+    if (text.isEmpty()) {
+        for (const Family* family = row.family; family; family = family->base)
+            text += family->flags;
+        text += CommonOf(row).flags;
+    }
+    return text.constData();
+}
+
 const Property* FindProperty(const ControlRow& row, const QString& flag)
 {
-    for (const Properties& properties : {row.properties, CommonOf(row).properties}) {
+    for (const Properties& properties : PropertiesOf(row)) {
         for (const Property& property : properties) {
             if (flag == QLatin1String(property.flag))
                 return &property;
@@ -219,8 +252,12 @@ Outcome ApplyAll(const ControlRow& row, Element& element, const Call& call)
         }
         return {};
     };
-    const Outcome outcome = applyRows(row.properties);
-    return outcome.Ok() ? applyRows(CommonOf(row).properties) : outcome;
+    for (const Properties& properties : PropertiesOf(row)) {
+        const Outcome outcome = applyRows(properties);
+        if (!outcome.Ok())
+            return outcome;
+    }
+    return {};
 }
 
 Outcome QueryFlag(const ControlRow& row, Element& element, const Call& call)
@@ -262,6 +299,46 @@ Outcome FindTarget(const ControlRow& row, const Call& call, Element*& element)
         found.isEmpty() ? InterfaceModel::NotFound(name) : InterfaceModel::NotUnique(name)};
 }
 
+/// The text that stands before the control, else what it says about itself, else its name.
+QString TextForAccess(const Element& element)
+{
+    const Element* before = nullptr;
+    if (element.GetParent() && element.IndexInParent() > 0)
+        before = element.GetParent()->GetChildren().at(element.IndexInParent() - 1);
+    const auto* label = before ? qobject_cast<QLabel*>(before->GetWidget()) : nullptr;
+    if (label && !label->text().isEmpty())
+        return label->text();
+    const QString tip = element.GetWidget()->toolTip();
+    return tip.isEmpty() ? element.GetName() : tip;
+}
+
+bool SpeaksForItself(const Element& element)
+{
+    if (element.GetKind() != ControlKind || !element.GetWidget())
+        return true;
+    const auto* button = qobject_cast<QAbstractButton*>(element.GetWidget());
+    const bool named = button && !button->text().isEmpty() && button->text() != element.GetName();
+    return named || qobject_cast<QLabel*>(element.GetWidget())
+        || !element.GetWidget()->accessibleName().isEmpty();
+}
+
+/// What templates say comes first, so that the call's own flags win.
+Outcome ApplyNew(const ControlRow& row, Element& element, const Call& call)
+{
+    const QPointer<Element> alive(&element);
+    for (const Call& templated : TemplateCalls(call)) {
+        const Outcome outcome = ApplyAll(row, element, templated);
+        if (!outcome.Ok() || !alive)
+            return outcome;
+    }
+    return ApplyAll(row, element, call);
+}
+
+bool Gives(const Call& call, const char* flag)
+{
+    return call.GetCommand().FindFlag(QString::fromLatin1(flag)) && call.Has(flag);
+}
+
 Outcome CreateElement(const ControlRow& row, const Call& call)
 {
     if (!row.make)
@@ -270,6 +347,8 @@ Outcome CreateElement(const ControlRow& row, const Call& call)
     if (Engine::Current().IsBatch())
         return Error{
             QStringLiteral("%1 is not available in batch mode.").arg(QLatin1String(row.name))};
+    if (Gives(call, "defineTemplate"))
+        return DefineTemplate(call);
     Element* parent = nullptr;
     const Outcome place
         = row.findParent ? row.findParent(call, parent) : FindParent(call, row.kind, parent);
@@ -281,13 +360,15 @@ Outcome CreateElement(const ControlRow& row, const Call& call)
     if (!element)
         return Error{InterfaceModel::NotUnique(call.ObjectText())};
     row.make(*element, call);
-    const Outcome outcome = ApplyAll(row, *element, call);
+    const Outcome outcome = ApplyNew(row, *element, call);
     if (!element)
         return outcome;
     if (!outcome.Ok()) {
         model.Delete(element);
         return outcome;
     }
+    if (!SpeaksForItself(*element))
+        NameForAccess(*element, TextForAccess(*element));
     return element->FullName();
 }
 
@@ -295,7 +376,7 @@ Outcome RunControl(Call& call)
 {
     const ControlRow& row = *Rows().value(call.GetCommand().GetName());
     Element* element = nullptr;
-    if (call.GetCommand().FindFlag(QStringLiteral("exists")) && call.Has("exists"))
+    if (Gives(call, "exists"))
         return FindTarget(row, call, element).Ok();
     if (call.IsCreate())
         return CreateElement(row, call);
@@ -309,14 +390,20 @@ Outcome RunControl(Call& call)
     return outcome.Ok() ? Outcome(name) : outcome;
 }
 
-/// True when the parent gives its children their width, or height, whatever they ask for.
-bool StretchesChildren(const Element& parent, Qt::Orientation orientation)
+/// True when the parent gives the child its width, or height, whatever it asks for.
+bool Stretches(const Element& parent, const Element& child, Qt::Orientation orientation)
 {
     static const QStringList both{QStringLiteral("formLayout"), QStringLiteral("frameLayout"),
         QStringLiteral("tabLayout"), QStringLiteral("shelfTabLayout"), QStringLiteral("window"),
-        QStringLiteral("workspaceControl")};
+        QStringLiteral("workspaceControl"), QStringLiteral("paneLayout"),
+        QStringLiteral("menuBarLayout"), QStringLiteral("layoutDialog")};
     if (both.contains(parent.GetType()))
         return true;
+    QLayout* layout = parent.GetContent() ? parent.GetContent()->layout() : nullptr;
+    if (const auto* columns = qobject_cast<ColumnBox*>(layout)) {
+        const int index = columns->indexOf(child.GetWidget());
+        return orientation == Qt::Horizontal && columns->Stretches(index);
+    }
     return orientation == Qt::Horizontal && parent.GetType() == QLatin1String("columnLayout")
         && Stored(parent, "adjustableColumn", false).ToBool();
 }
@@ -329,7 +416,7 @@ void RegisterControls(CommandRegistry& commands, const ControlRow* rows, int cou
         const ControlRow& row = rows[i];
         Rows().insert(QString::fromLatin1(row.name), &row);
         const CommandRow command{row.name, "any", "QE", "[String]", row.flags, RunControl};
-        commands.Register(std::make_unique<Command>(command, CommonOf(row).flags));
+        commands.Register(std::make_unique<Command>(command, SharedFlags(row)));
     }
 }
 
@@ -377,19 +464,39 @@ Outcome FindParent(const Call& call, ElementKind kind, Element*& parent)
     return {};
 }
 
+int Scaled(int length)
+{
+    return qRound(length * HostStyle::GetScale());
+}
+
+int Unscaled(int pixels)
+{
+    return qRound(pixels / HostStyle::GetScale());
+}
+
+void NameForAccess(Element& element, const QString& name)
+{
+    QWidget* widget = element.GetWidget();
+    widget->setAccessibleName(name);
+    if (QWidget* field = widget->focusProxy())
+        field->setAccessibleName(name);
+}
+
 void ApplySize(Element& element)
 {
     QWidget* widget = element.GetWidget();
-    const int width = Stored(element, "width", 0).ToInt();
-    const int height = Stored(element, "height", 0).ToInt();
+    const int width = Scaled(Stored(element, "width", 0).ToInt());
+    const int height = Scaled(Stored(element, "height", 0).ToInt());
     const Element* parent = element.GetParent();
     if (!parent) {
         widget->resize(width > 0 ? width : widget->width(), height > 0 ? height : widget->height());
         return;
     }
-    if (width > 0 && !StretchesChildren(*parent, Qt::Horizontal))
+    if (width > 0 && !Stretches(*parent, element, Qt::Horizontal))
         widget->setFixedWidth(width);
-    if (height > 0 && !StretchesChildren(*parent, Qt::Vertical))
+    else if (width > 0 && widget->minimumWidth() == widget->maximumWidth())
+        widget->setMinimumWidth(0), widget->setMaximumWidth(QWIDGETSIZE_MAX);
+    if (height > 0 && !Stretches(*parent, element, Qt::Vertical))
         widget->setFixedHeight(height);
     if (parent->GetContent() && parent->GetContent()->layout())
         parent->GetContent()->layout()->invalidate();

@@ -64,6 +64,15 @@ struct Properties
     int count = 0;
 };
 
+/// Flags that a family of commands shares besides the common ones, such as those of all layouts
+/// with columns.
+struct Family
+{
+    const char* flags; ///< notation of CommandRow::flags
+    Properties properties; ///< applied after those of the command itself
+    const Family* base = nullptr; ///< what the family shares with a larger one
+};
+
 enum class CommonFlags { None, Control, MenuPart };
 
 /// A command that makes, changes and queries one type of element.
@@ -83,6 +92,7 @@ struct ControlRow
     Outcome (*findParent)(const Call&, Element*& parent) = nullptr;
     /// Flags that the command shares with all others of its sort.
     CommonFlags common = CommonFlags::Control;
+    const Family* family = nullptr;
 };
 
 /// Registers the rows' commands. The rows must stay where they are.
@@ -102,8 +112,14 @@ inline Outcome FindElement(const QString& name, int kinds, Element*& element)
 }
 /// The place that -parent names, or the current parent, for an element of that kind.
 Outcome FindParent(const Call& call, ElementKind kind, Element*& parent);
+/// Scripts give lengths for an interface of scale 1; these are pixels of the scale at hand.
+int Scaled(int length);
+int Unscaled(int pixels);
 /// Gives the widget the width and height that were asked for, as far as its parent lets it choose.
 void ApplySize(Element& element);
+/// Tells assistive programs what a control without a text of its own is for: `name`, and its inner
+/// field with it.
+void NameForAccess(Element& element, const QString& name);
 /// Names of the children, in order.
 QStringList ChildNames(const Element& element, int kinds = ANY_KIND);
 /// True, 1, "title"... for flags that the element itself keeps; `fallback` when never set.

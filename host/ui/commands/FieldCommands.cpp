@@ -1,9 +1,11 @@
+#include "ui/commands/FieldGroup.h"
 #include "ui/commands/Tables.h"
 
 #include <QDoubleSpinBox>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QPushButton>
 #include <QTextDocumentFragment>
 
 #include <limits>
@@ -23,13 +25,18 @@ void SetFont(Edit& edit)
 
 // One line
 
+constexpr int GROUP_FIELD_WIDTH = 160;
+
+/// The field, or that of a group.
 QLineEdit* Line(const Element& element)
 {
-    return As<QLineEdit>(element);
+    if (auto* line = qobject_cast<QLineEdit*>(element.GetWidget()))
+        return line;
+    return Group(element)->Field<QLineEdit>();
 }
 
 /// The change command runs when an edit is done, not for every key.
-void MakeTextField(Element& element, const Call&)
+QLineEdit* NewLine(Element& element)
 {
     auto* line = new QLineEdit;
     QObject::connect(line, &QLineEdit::returnPressed, &element,
@@ -44,7 +51,35 @@ void MakeTextField(Element& element, const Call&)
             element.RunCallback(CHANGE, {line->text()});
         }
     });
-    element.SetWidget(line);
+    return line;
+}
+
+void MakeTextField(Element& element, const Call&)
+{
+    element.SetWidget(NewLine(element));
+}
+
+void MakeTextGroup(Element& element, const Call& call)
+{
+    FieldGroup* group = NewGroup(call);
+    group->Add(NewLine(element), GROUP_FIELD_WIDTH);
+    element.SetWidget(group);
+}
+
+QPushButton* GroupButton(const Element& element)
+{
+    return Group(element)->Field<QPushButton>(1);
+}
+
+void MakeTextButtonGroup(Element& element, const Call& call)
+{
+    FieldGroup* group = NewGroup(call);
+    group->Add(NewLine(element), GROUP_FIELD_WIDTH);
+    auto* button = new QPushButton(element.GetName());
+    QObject::connect(button, &QPushButton::clicked, &element,
+        [&element] { element.RunCallback(QStringLiteral("buttonCommand")); });
+    group->Add(button);
+    element.SetWidget(group);
 }
 
 void SetText(Edit& edit)
@@ -179,6 +214,17 @@ const Property TEXT_FIELD[] = {
     {"searchField",       [](Edit& e) { Line(e.element)->setClearButtonEnabled(e.Bool()); }, nullptr},
 };
 
+const Family TEXT_FAMILY{
+    "alwaysInvokeEnterCommandOnReturn/aie B cqe; changeCommand/cc script ce; editable/ed B cqe; enterCommand/ec script ce;"
+    "fileName/fi str cqe; font/fn str cqe; forceChangeCommand/fcc B cqe; insertText/it str ce; insertionPosition/ip int cqe;"
+    "placeholderText/pht str cqe; receiveFocusCommand/rfc script ce; text/tx str cqe; textChangedCommand/tcc script ce;",
+    TEXT_FIELD, &GROUP_FAMILY};
+
+const Property TEXT_BUTTON[] = {
+    {"buttonLabel",  [](Edit& e) { GroupButton(e.element)->setText(e.Text()); }, [](Element& e) -> Value { return GroupButton(e)->text(); }},
+    {"enableButton", [](Edit& e) { GroupButton(e.element)->setEnabled(e.Bool()); }, [](Element& e) -> Value { return GroupButton(e)->isEnabled(); }},
+};
+
 const Property SCROLL_FIELD[] = {
     {"clear",             [](Edit& e) { Field(e.element)->clear(); }, nullptr},
     {"text",              [](Edit& e) { Field(e.element)->setPlainText(e.Text()); },
@@ -227,8 +273,12 @@ const ControlRow ROWS[] = {
         "disableHistoryButton/dhb B cqe; drawInactiveFrame/dif B cqe; editable/ed B cqe; enterCommand/ec script ce; fileName/fi str cqe;"
         "font/fn str cqe; insertText/it str ce; insertionPosition/ip int cqe; placeholderText/pht str cqe;"
         "receiveFocusCommand/rfc script ce; searchField/sf B c; text/tx str cqe; textChangedCommand/tcc script ce;"},
+    {"textFieldGrp", ControlKind, MakeTextGroup, {}, "", nullptr, nullptr, CommonFlags::Control, &TEXT_FAMILY},
+    {"textFieldButtonGrp", ControlKind, MakeTextButtonGroup, TEXT_BUTTON,
+        "buttonCommand/bc script ce; buttonLabel/bl str cqe; enableButton/eb B cqe;",
+        nullptr, nullptr, CommonFlags::Control, &TEXT_FAMILY},
     {"scrollField", ControlKind, MakeScrollField, SCROLL_FIELD,
-        "changeCommand/cc script ce; clear/cl - ce; editable/ed B cqe; enterCommand/ec script ce; font/fn str cqe;"
+        "changeCommand/cc script ce; clear/cl - ce; command/c str ce; editable/ed B cqe; enterCommand/ec script ce; font/fn str cqe;"
         "fontPointSize/fns int cqe; insertText/it str ce; insertionPosition/ip int cqe; keyPressCommand/kpc script ce;"
         "numberOfLines/nl int q; selection/sl - q; text/tx str cqe; wordWrap/ww B c; receiveFocusCommand/rfc script ce;"},
     {"intField", ControlKind, MakeIntField, INT_FIELD,

@@ -71,7 +71,7 @@ void AttachOne(Edit& edit, const AttachmentRow& row, int use)
     Attachment attachment;
     attachment.to = row.to;
     if (row.to != Attachment::To::None)
-        attachment.offset = edit.Int(2, use);
+        attachment.offset = Scaled(edit.Int(2, use));
     if (row.positionAt >= 0)
         attachment.position = edit.Int(row.positionAt, use);
     if (row.controlAt >= 0)

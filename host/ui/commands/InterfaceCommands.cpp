@@ -23,6 +23,15 @@ const Registration REGISTRATIONS[] = {
     RegisterScriptFieldCommands,
     RegisterDialogCommands,
     RegisterMessageCommands,
+    RegisterRowCommands,
+    RegisterPaneCommands,
+    RegisterOptionMenuCommands,
+    RegisterNumberGroupCommands,
+    RegisterSliderCommands,
+    RegisterRadioCommands,
+    RegisterChoiceGroupCommands,
+    RegisterIconTextCommands,
+    RegisterTemplateCommands,
 };
 
 struct RunTimeRow
@@ -57,6 +66,7 @@ void RegisterInterfaceCommands(Engine& engine, InterfaceModel&)
 {
     for (const Registration registration : REGISTRATIONS)
         registration(engine.commands);
+    MakeHostTemplates();
     for (const RunTimeRow& row : RUN_TIME_COMMANDS)
         AddRunTimeCommand(row);
 }

@@ -31,7 +31,7 @@ void ArrangeColumn(Element& element)
 {
     auto* rows = static_cast<QVBoxLayout*>(element.GetContent()->layout());
     const bool adjustable = Stored(element, "adjustableColumn", false).ToBool();
-    const int columnWidth = Stored(element, "columnWidth", 0).ToInt();
+    const int columnWidth = Scaled(Stored(element, "columnWidth", 0).ToInt());
     const Qt::Alignment side = AlignmentFromWord(
         Stored(element, "columnAlign", QString()).ToText(), Qt::AlignLeft | Qt::AlignVCenter);
     const QVector<QWidget*> widgets = ChildWidgets(element);
@@ -70,78 +70,10 @@ void SetColumnAttach(Edit& edit)
     QMargins margins = rows->contentsMargins();
     const QString side = edit.Text(0);
     if (side != QLatin1String("right"))
-        margins.setLeft(edit.Int(1));
+        margins.setLeft(Scaled(edit.Int(1)));
     if (side != QLatin1String("left"))
-        margins.setRight(edit.Int(1));
+        margins.setRight(Scaled(edit.Int(1)));
     rows->setContentsMargins(margins);
-}
-
-// Rows
-
-int ColumnWidthAt(const Element& element, int column)
-{
-    return Stored(element, "columnWidths", IntList()).At(column).ToInt();
-}
-
-void ArrangeRow(Element& element)
-{
-    auto* columns = static_cast<QHBoxLayout*>(element.GetContent()->layout());
-    const int adjustable = Stored(element, "adjustableColumn", 0).ToInt();
-    const QVector<QWidget*> widgets = ChildWidgets(element);
-    for (int i = 0; i < widgets.size(); ++i) {
-        if (columns->indexOf(widgets[i]) < 0)
-            columns->insertWidget(i, widgets[i]);
-        const int width = ColumnWidthAt(element, i);
-        if (i + 1 == adjustable) {
-            widgets[i]->setMinimumWidth(0);
-            widgets[i]->setMaximumWidth(QWIDGETSIZE_MAX);
-        } else if (width > 0) {
-            widgets[i]->setFixedWidth(width);
-        }
-        columns->setStretchFactor(widgets[i], i + 1 == adjustable ? 1 : 0);
-    }
-    columns->setStretch(columns->count() - 1, adjustable > 0 ? 0 : 1);
-}
-
-void MakeRow(Element& element, const Call&)
-{
-    auto* widget = new QWidget;
-    auto* columns = new QHBoxLayout(widget);
-    columns->setContentsMargins(0, 0, 0, 0);
-    columns->setSpacing(0);
-    columns->addStretch(1);
-    element.placeChild = [&element](Element&) { ArrangeRow(element); };
-    element.SetWidget(widget, widget);
-    BecomeCurrent(element);
-}
-
-void SetRowWidths(Edit& edit)
-{
-    IntList widths = Stored(edit.element, "columnWidths", IntList()).Get<IntList>();
-    const auto set = [&widths](int column, int width) {
-        if (column < 0)
-            return;
-        widths.resize(qMax(widths.size(), column + 1));
-        widths[column] = width;
-    };
-    const bool single = qstrcmp(edit.flag, "columnWidth") == 0;
-    for (int use = 0; use < edit.UseCount(); ++use) {
-        if (single)
-            set(qMin(edit.Int(0, use), 64) - 1, edit.Int(1, use));
-    }
-    const int columns = single ? 0 : edit.flag[qstrlen("columnWidth")] - '0';
-    for (int i = 0; i < columns; ++i)
-        set(i, edit.Int(i));
-    edit.element.values.insert(QStringLiteral("columnWidths"), widths);
-    ArrangeRow(edit.element);
-}
-
-void SetAdjustableColumn(Edit& edit)
-{
-    const bool numbered = qstrcmp(edit.flag, "adjustableColumn") != 0;
-    const int column = numbered ? edit.flag[qstrlen("adjustableColumn")] - '0' : edit.Int();
-    edit.element.values.insert(QStringLiteral("adjustableColumn"), column);
-    ArrangeRow(edit.element);
 }
 
 // Frames and scroll areas
@@ -232,25 +164,10 @@ const Property COLUMN[] = {
     {"adjustableColumn", SetColumnValue, nullptr},
     {"columnWidth",      SetColumnValue, nullptr},
     {"columnAlign",      SetColumnValue, nullptr},
-    {"rowSpacing",       [](Edit& e) { e.element.GetContent()->layout()->setSpacing(qMax(0, e.Int())); },
-                         [](Element& e) -> Value { return e.GetContent()->layout()->spacing(); }},
+    {"rowSpacing",       [](Edit& e) { e.element.GetContent()->layout()->setSpacing(Scaled(qMax(0, e.Int()))); },
+                         [](Element& e) -> Value { return Unscaled(e.GetContent()->layout()->spacing()); }},
     {"columnAttach",     SetColumnAttach, nullptr},
     {"columnOffset",     SetColumnAttach, nullptr},
-};
-
-const Property ROW[] = {
-    {"childArray",       nullptr, Children},
-    {"numberOfChildren", nullptr, ChildCount},
-    {"columnWidth",      SetRowWidths, nullptr},
-    {"columnWidth1",     SetRowWidths, nullptr},
-    {"columnWidth2",     SetRowWidths, nullptr},
-    {"columnWidth3",     SetRowWidths, nullptr},
-    {"columnWidth4",     SetRowWidths, nullptr},
-    {"adjustableColumn",  SetAdjustableColumn, nullptr},
-    {"adjustableColumn1", SetAdjustableColumn, nullptr},
-    {"adjustableColumn2", SetAdjustableColumn, nullptr},
-    {"adjustableColumn3", SetAdjustableColumn, nullptr},
-    {"adjustableColumn4", SetAdjustableColumn, nullptr},
 };
 
 const Property FRAME[] = {
@@ -264,10 +181,10 @@ const Property FRAME[] = {
                      [](Element& e) -> Value { return Frame(e)->IsCollapsable(); }},
     {"collapse",     [](Edit& e) { Frame(e.element)->SetCollapsed(e.Bool()); },
                      [](Element& e) -> Value { return Frame(e)->IsCollapsed(); }},
-    {"marginWidth",  [](Edit& e) { Frame(e.element)->SetMargins(e.Int(), Frame(e.element)->MarginHeight()); },
-                     [](Element& e) -> Value { return Frame(e)->MarginWidth(); }},
-    {"marginHeight", [](Edit& e) { Frame(e.element)->SetMargins(Frame(e.element)->MarginWidth(), e.Int()); },
-                     [](Element& e) -> Value { return Frame(e)->MarginHeight(); }},
+    {"marginWidth",  [](Edit& e) { Frame(e.element)->SetMargins(Scaled(e.Int()), Frame(e.element)->MarginHeight()); },
+                     [](Element& e) -> Value { return Unscaled(Frame(e)->MarginWidth()); }},
+    {"marginHeight", [](Edit& e) { Frame(e.element)->SetMargins(Frame(e.element)->MarginWidth(), Scaled(e.Int())); },
+                     [](Element& e) -> Value { return Unscaled(Frame(e)->MarginHeight()); }},
 };
 
 const Property SCROLL[] = {
@@ -275,8 +192,8 @@ const Property SCROLL[] = {
     {"numberOfChildren", nullptr, ChildCount},
     {"borderVisible",  [](Edit& e) { Scroll(e.element)->setFrameShape(e.Bool() ? QFrame::StyledPanel : QFrame::NoFrame); },
                        [](Element& e) -> Value { return Scroll(e)->frameShape() != QFrame::NoFrame; }},
-    {"minChildWidth",  [](Edit& e) { e.element.GetContent()->setMinimumWidth(qMax(0, e.Int())); },
-                       [](Element& e) -> Value { return e.GetContent()->minimumWidth(); }},
+    {"minChildWidth",  [](Edit& e) { e.element.GetContent()->setMinimumWidth(Scaled(qMax(0, e.Int()))); },
+                       [](Element& e) -> Value { return Unscaled(e.GetContent()->minimumWidth()); }},
     {"verticalScrollBarAlwaysVisible", [](Edit& e) { Scroll(e.element)->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn); }, nullptr},
     {"verticalScrollBarThickness",   SetThickness, nullptr},
     {"horizontalScrollBarThickness", SetThickness, nullptr},
@@ -294,11 +211,6 @@ const ControlRow ROWS[] = {
     {"columnLayout", LayoutKind, MakeColumn, COLUMN,
         "adjustableColumn/adj B ce; childArray/ca - q; columnAlign/cal str ce; columnAttach/cat str int ce;"
         "columnOffset/co str int ce; columnWidth/cw int cqe; numberOfChildren/nch - q; rowSpacing/rs int cqe;"},
-    {"rowLayout", LayoutKind, MakeRow, ROW,
-        "adjustableColumn/adj int cem; adjustableColumn1/ad1 int c; adjustableColumn2/ad2 int c; adjustableColumn3/ad3 int c;"
-        "adjustableColumn4/ad4 int c; childArray/ca - q; columnAlign/cal int str cem; columnAttach/cat int str int cem;"
-        "columnWidth/cw int int cem; columnWidth1/cw1 int c; columnWidth2/cw2 int int c; columnWidth3/cw3 int int int c;"
-        "columnWidth4/cw4 int int int int c; numberOfChildren/nch - q; numberOfColumns/nc int cq; rowAttach/rat int str int cem;"},
     {"frameLayout", LayoutKind, MakeFrame, FRAME,
         "backgroundShade/bgs B cqe; borderStyle/bs str cqe; borderVisible/bv B cqe; childArray/ca - q; collapsable/cll B cqe;"
         "collapse/cl B cqe; collapseCommand/cc script ce; expandCommand/ec script ce; font/fn str cqe; label/l str cqe;"

@@ -1,10 +1,9 @@
 #include "ui/commands/Tables.h"
 
-#include <QComboBox>
-#include <QHBoxLayout>
 #include <QKeyEvent>
-#include <QLabel>
 #include <QListWidget>
+
+#include <algorithm>
 
 namespace host::ui {
 
@@ -196,122 +195,6 @@ Value SelectedIndexes(Element& element)
     return Selected<IntList>(element, [](int row) { return row + 1; });
 }
 
-// Option menus
-
-/// Lets scripts fill the list before it drops down.
-class FilledBox : public QComboBox
-{
-public:
-    FilledBox(Element& element, QWidget* parent)
-        : QComboBox(parent)
-        , m_element(&element)
-    { }
-
-    void showPopup() override
-    {
-        for (const char* flag : {"postMenuCommand", "beforeShowPopup"}) {
-            if (m_element)
-                m_element->RunCallback(QString::fromLatin1(flag));
-        }
-        if (m_element)
-            QComboBox::showPopup();
-    }
-
-private:
-    QPointer<Element> m_element;
-};
-
-/// A drop-down list with a label before it. Its items are the element's children.
-class OptionBox : public QWidget
-{
-public:
-    explicit OptionBox(Element& element)
-        : label(new QLabel(this))
-        , box(new FilledBox(element, this))
-    {
-        auto* row = new QHBoxLayout(this);
-        row->setContentsMargins(0, 0, 0, 0);
-        row->addWidget(label);
-        row->addWidget(box, 1);
-        label->hide();
-    }
-
-    QLabel* label;
-    QComboBox* box;
-};
-
-OptionBox* Option(const Element& element)
-{
-    return As<OptionBox>(element);
-}
-
-void FillOptions(Element& element)
-{
-    if (!Option(element))
-        return;
-    QComboBox* box = Option(element)->box;
-    const QSignalBlocker blocker(box);
-    const QString chosen = box->currentText();
-    box->clear();
-    for (const Element* item : element.GetChildren())
-        box->addItem(Stored(*item, "label", item->GetName()).ToText());
-    const int index = box->findText(chosen);
-    box->setCurrentIndex(index >= 0 ? index : qMin(0, box->count() - 1));
-}
-
-void MakeOptionMenu(Element& element, const Call&)
-{
-    auto* option = new OptionBox(element);
-    element.childrenChanged = [&element] { FillOptions(element); };
-    QObject::connect(
-        option->box, QOverload<int>::of(&QComboBox::activated), &element, [&element, option] {
-            element.RunCallback(QStringLiteral("changeCommand"), {option->box->currentText()});
-        });
-    element.SetWidget(option);
-    InterfaceModel::Current().SetCurrentMenu(&element);
-}
-
-void DeleteItems(Edit& edit)
-{
-    while (!edit.element.GetChildren().isEmpty())
-        InterfaceModel::Current().Delete(edit.element.GetChildren().last());
-}
-
-void SelectOption(Edit& edit)
-{
-    QComboBox* box = Option(edit.element)->box;
-    if (edit.Int() < 1 || edit.Int() > box->count()) {
-        edit.error = QStringLiteral("Item index %1 is not between 1 and %2.")
-                         .arg(edit.Int())
-                         .arg(box->count());
-        return;
-    }
-    box->setCurrentIndex(edit.Int() - 1);
-}
-
-void SetOption(Edit& edit)
-{
-    const int index = Option(edit.element)->box->findText(edit.Text());
-    if (index < 0)
-        edit.error = QStringLiteral("Item not found: %1").arg(edit.Text());
-    else
-        Option(edit.element)->box->setCurrentIndex(index);
-}
-
-void SetOptionLabel(Edit& edit)
-{
-    Option(edit.element)->label->setText(edit.Text());
-    Option(edit.element)->label->setVisible(!edit.Text().isEmpty());
-}
-
-Value LongItems(Element& element)
-{
-    StringList names;
-    for (const Element* item : element.GetChildren())
-        names += item->FullName();
-    return names;
-}
-
 // clang-format off
 const Property LIST[] = {
     {"allItems",             nullptr, AllItems},
@@ -336,18 +219,6 @@ const Property LIST[] = {
     {"showIndexedItem",      [](Edit& e) { const int row = CheckedRow(e, e.Int()); if (row >= 0) List(e.element)->scrollToItem(List(e.element)->item(row)); }, nullptr},
 };
 
-const Property OPTION_MENU[] = {
-    {"label",          SetOptionLabel, [](Element& e) -> Value { return Option(e)->label->text(); }},
-    {"deleteAllItems", DeleteItems, nullptr},
-    {"numberOfItems",  nullptr, [](Element& e) -> Value { return Option(e)->box->count(); }},
-    {"itemListShort",  nullptr, [](Element& e) -> Value { return ChildNames(e); }},
-    {"itemListLong",   nullptr, LongItems},
-    {"maxVisibleItems", [](Edit& e) { Option(e.element)->box->setMaxVisibleItems(qMax(1, e.Int())); },
-                       [](Element& e) -> Value { return Option(e)->box->maxVisibleItems(); }},
-    {"select",         SelectOption, [](Element& e) -> Value { return Option(e)->box->currentIndex() + 1; }},
-    {"value",          SetOption, [](Element& e) -> Value { return Option(e)->box->currentText(); }},
-};
-
 const ControlRow ROWS[] = {
     {"textScrollList", ControlKind, MakeList, LIST,
         "allItems/ai - q; allowAutomaticSelection/aas B cqe; allowMultiSelection/ams B cqe; append/a str cem;"
@@ -356,10 +227,6 @@ const ControlRow ROWS[] = {
         "numberOfRows/nr int cqe; numberOfSelectedItems/nsi - q; removeAll/ra - ce; removeIndexedItem/rii int cem; removeItem/ri str cem;"
         "selectCommand/sc script ce; selectIndexedItem/sii int cqem; selectItem/si str cqem; selectUniqueTagItem/sut str cqem;"
         "showIndexedItem/shi int ce; uniqueTag/utg str cem;"},
-    {"optionMenu", ControlKind, MakeOptionMenu, OPTION_MENU,
-        "alwaysCallChangeCommand/acc B cq; beforeShowPopup/bsp script ce; changeCommand/cc script ce; deleteAllItems/dai - e;"
-        "itemListLong/ill - q; itemListShort/ils - q; label/l str cqe; maxVisibleItems/mvi int cqe; numberOfItems/ni - q;"
-        "postMenuCommand/pmc script ce; postMenuCommandOnce/pmo B cqe; select/sl int cqe; value/v str cqe;"},
 };
 // clang-format on
 

@@ -2,6 +2,7 @@
 #include "ui/commands/Tables.h"
 
 #include <QActionGroup>
+#include <QLayout>
 #include <QMainWindow>
 #include <QMenuBar>
 
@@ -43,6 +44,16 @@ void ConnectOpening(Element& element, QMenu* menu)
     });
 }
 
+/// The bar of a window or of a layout that has one; null for everything else.
+QMenuBar* BarOf(const Element& element)
+{
+    if (auto* window = qobject_cast<QMainWindow*>(element.GetWidget()))
+        return window->menuBar();
+    if (element.GetType() != QLatin1String("menuBarLayout"))
+        return nullptr;
+    return qobject_cast<QMenuBar*>(element.GetWidget()->layout()->menuBar());
+}
+
 Outcome FindMenuBar(const Call& call, Element*& parent)
 {
     InterfaceModel& model = InterfaceModel::Current();
@@ -53,16 +64,16 @@ Outcome FindMenuBar(const Call& call, Element*& parent)
     } else {
         parent = model.GetCurrentParent();
     }
-    parent = parent ? parent->Nearest(WindowKind) : nullptr;
-    if (!parent || !qobject_cast<QMainWindow*>(parent->GetWidget()))
+    while (parent && !BarOf(*parent))
+        parent = parent->GetParent();
+    if (!parent)
         return Error{QStringLiteral("Menus need a window: make one first, or use -parent.")};
     return {};
 }
 
 void MakeMenu(Element& element, const Call&)
 {
-    auto* window = static_cast<QMainWindow*>(element.GetParent()->GetWidget());
-    QMenu* menu = window->menuBar()->addMenu(WithoutMnemonics(element.GetName()));
+    QMenu* menu = BarOf(*element.GetParent())->addMenu(WithoutMnemonics(element.GetName()));
     ConnectOpening(element, menu);
     element.SetMenu(menu);
     InterfaceModel::Current().SetCurrentMenu(&element);

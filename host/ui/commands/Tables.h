@@ -19,6 +19,18 @@ void RegisterMenuCommands(CommandRegistry& commands);
 void RegisterScriptFieldCommands(CommandRegistry& commands);
 void RegisterDialogCommands(CommandRegistry& commands);
 void RegisterMessageCommands(CommandRegistry& commands);
+void RegisterRowCommands(CommandRegistry& commands);
+void RegisterPaneCommands(CommandRegistry& commands);
+void RegisterOptionMenuCommands(CommandRegistry& commands);
+void RegisterNumberGroupCommands(CommandRegistry& commands);
+void RegisterSliderCommands(CommandRegistry& commands);
+void RegisterRadioCommands(CommandRegistry& commands);
+void RegisterChoiceGroupCommands(CommandRegistry& commands);
+void RegisterIconTextCommands(CommandRegistry& commands);
+void RegisterTemplateCommands(CommandRegistry& commands);
+
+/// Makes the templates that scripts take for granted. Call once the commands are registered.
+void MakeHostTemplates();
 
 // Shared by several of them.
 

@@ -149,7 +149,7 @@ const KindFlag DELETE_KINDS[] = {
     {"editor", ControlKind},
     {"panelConfig", 0},
     {"toolContext", 0},
-    {"uiTemplate", 0},
+    {"uiTemplate", TemplateKind},
 };
 
 const KindFlag LIST_KINDS[] = {

@@ -22,6 +22,7 @@ enum ElementKind {
     MenuKind = 8, ///< menus of a menu bar, pop-up menus
     MenuItemKind = 16, ///< a sub-menu is an item that takes items
     CollectionKind = 32, ///< a group of radio items; has no widget
+    TemplateKind = 64, ///< flags that new elements begin with; has no widget
 };
 
 constexpr int ANY_KIND = 0xff;

@@ -99,6 +99,14 @@ QColor ButtonFill(QStyle::State state)
     return state & QStyle::State_MouseOver ? BUTTON_HOVER : BUTTON;
 }
 
+/// Of a button that a script gave a colour.
+QColor OwnFill(const QColor& color, QStyle::State state)
+{
+    if (state & (QStyle::State_Sunken | QStyle::State_On))
+        return color.darker(125);
+    return state & QStyle::State_MouseOver ? color.lighter(115) : color;
+}
+
 void DrawMark(
     const QStyleOptionMenuItem& item, const QStyle& style, QPainter* painter, const QWidget* widget)
 {
@@ -325,6 +333,10 @@ void HostStyle::DrawButton(const QStyleOption* option, QPainter* painter) const
         && (option->state & State_Enabled);
     if (isDefault)
         fill = option->state & State_Sunken ? DEFAULT_BUTTON.darker(130) : DEFAULT_BUTTON;
+    const QVariant own
+        = option->styleObject ? option->styleObject->property("ownColor") : QVariant();
+    if (own.isValid() && (option->state & State_Enabled))
+        fill = OwnFill(own.value<QColor>(), option->state);
     QColor edge = isDefault ? DEFAULT_BUTTON.lighter(120) : BUTTON_EDGE;
     if (option->state & State_HasFocus)
         edge = LAKE;

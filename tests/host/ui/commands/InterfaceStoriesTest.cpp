@@ -1,0 +1,87 @@
+#include "host/ui/UiFixture.h"
+#include "support/Story.h"
+#include "support/TestMain.h"
+
+#include <QAbstractButton>
+#include <QtTest>
+
+/// The stories of the data folder, each with a host of its own that has a window "w" with a column
+/// "c". Besides MEL, a line may do what a person does:
+///
+///     @click NAME [N]      presses the control, or the Nth button inside of it
+///     @type NAME TEXT      replaces the text of the field, or of the group's first field
+///     @key NAME KEY        presses a key in the control, or in the field that has its focus
+///     @access NAME         what assistive programs are told of the control
+class InterfaceStoriesTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void cleanup() { m_host.reset(); }
+    void ComesTrue_data() { Story::AddRows(TEST_DATA_DIR); }
+    void ComesTrue();
+
+private:
+    QString Run(const QString& text);
+    void Click(const QString& name, int number);
+    QWidget* Focused(const QString& name);
+
+    std::unique_ptr<UiFixture> m_host;
+};
+
+void InterfaceStoriesTest::ComesTrue()
+{
+    QFETCH(QStringList, steps);
+    m_host = std::make_unique<UiFixture>();
+    m_host->Run("window -widthHeight 400 300 w; columnLayout -adj 1 c");
+    const QString fault = Story::FaultOf(
+        steps, [this](const QString& text) { return Run(text); },
+        [this] {
+            const QString printed = m_host->TakePrinted();
+            return printed.isEmpty() ? QStringList() : QStringList{printed};
+        });
+    QCOMPARE(fault, "");
+}
+
+QString InterfaceStoriesTest::Run(const QString& text)
+{
+    const QString word = text.section(' ', 0, 0);
+    const QString name = text.section(' ', 1, 1);
+    const QString rest = text.section(' ', 2);
+    if (!word.startsWith('@'))
+        return m_host->Run(text);
+    if (!m_host->Find(name))
+        return "error: no " + name;
+    if (word == "@click") {
+        Click(name, qMax(1, rest.toInt()));
+    } else if (word == "@type") {
+        QTest::keySequence(Focused(name), QKeySequence::SelectAll);
+        QTest::keyClicks(Focused(name), rest);
+        QTest::keyClick(Focused(name), Qt::Key_Return);
+    } else if (word == "@key") {
+        QTest::keySequence(Focused(name), QKeySequence(rest));
+    } else if (word == "@access") {
+        return Focused(name)->accessibleName();
+    } else {
+        return "error: " + word;
+    }
+    return QString();
+}
+
+void InterfaceStoriesTest::Click(const QString& name, int number)
+{
+    QWidget* widget = m_host->Find(name)->GetWidget();
+    auto* button = qobject_cast<QAbstractButton*>(widget);
+    if (!button)
+        button = widget->findChildren<QAbstractButton*>().value(number - 1);
+    button->click();
+}
+
+QWidget* InterfaceStoriesTest::Focused(const QString& name)
+{
+    QWidget* widget = m_host->Find(name)->GetWidget();
+    return widget->focusProxy() ? widget->focusProxy() : widget;
+}
+
+TE2_TEST(InterfaceStoriesTest)
+#include "InterfaceStoriesTest.moc"
