@@ -208,6 +208,45 @@ private:
     const ExpressionCodePointer m_value;
 };
 
+/// Appends to a string variable. As with "+=", a long text built piece by piece takes time in
+/// proportion to it.
+template <typename Place>
+class Extension : public ExpressionCode
+{
+public:
+    Extension(Place place, ExpressionCodeList parts)
+        : ExpressionCode(Kind::String)
+        , m_place(place)
+        , m_parts(std::move(parts))
+    { }
+    Value Evaluate(Frame& frame) const override
+    {
+        Execute(frame);
+        return m_place.Get(frame);
+    }
+    void Execute(Frame& frame) const override
+    {
+        QString before = m_place.Get(frame).template Get<QString>();
+        QString tail;
+        for (const ExpressionCodePointer& part : m_parts) {
+            const Value value = part->Evaluate(frame);
+            tail += Apply(frame.interpreter, Operator::Add, QString(), value).ToText();
+            if (qint64(before.size()) + tail.size() > MAXIMUM_TEXT)
+                RaiseTooLong(frame.interpreter);
+        }
+        QString& text = m_place.Get(frame).template Get<QString>();
+        // A part may have written the variable, but what counts is what it held at first.
+        if (!text.isSharedWith(before))
+            text = before;
+        before.clear(); // Else the text would be copied before it grows.
+        text += tail;
+    }
+
+private:
+    const Place m_place;
+    const ExpressionCodeList m_parts;
+};
+
 template <typename Place>
 class IntStep : public ExpressionCode
 {
@@ -325,6 +364,13 @@ ExpressionCodePointer MakeAssignment(
             return std::make_unique<FloatAssignment<Place>>(place, operation, std::move(value));
         return std::make_unique<AnyAssignment<Place>>(
             symbol.kind, place, operation, std::move(value));
+    });
+}
+
+ExpressionCodePointer MakeExtension(const Symbol& symbol, ExpressionCodeList parts)
+{
+    return WithPlace(symbol, [&](auto place) -> ExpressionCodePointer {
+        return std::make_unique<Extension<decltype(place)>>(place, std::move(parts));
     });
 }
 

@@ -12,6 +12,8 @@ ExpressionCodePointer MakeVariable(const Symbol& symbol);
 /// "$x = value" or, with an operation, "$x += value".
 ExpressionCodePointer MakeAssignment(
     const Symbol& symbol, ast::Operator operation, ExpressionCodePointer value);
+/// "$x = $x + a + b" of a string variable: `parts` are what comes behind it.
+ExpressionCodePointer MakeExtension(const Symbol& symbol, ExpressionCodeList parts);
 /// "++$x" and the like.
 ExpressionCodePointer MakeStep(const Symbol& symbol, int delta, bool prefix);
 

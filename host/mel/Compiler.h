@@ -89,6 +89,7 @@ private:
     ExpressionCodePointer CompileConditional(const ast::Conditional& conditional);
     ExpressionCodePointer CompileAssignment(const ast::Assignment& assignment);
     ExpressionCodePointer CompileVariableAssignment(const ast::Assignment& assignment);
+    ExpressionCodePointer CompileExtension(const Symbol& symbol, const ast::Assignment& assignment);
     ExpressionCodePointer CompileElementAssignment(const ast::Assignment& assignment);
     ExpressionCodePointer CompileStep(const ast::Step& step);
     ExpressionCodePointer CompileElementChange(const ast::Index& target, ast::Operator operation,

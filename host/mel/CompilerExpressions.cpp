@@ -111,10 +111,36 @@ ExpressionCodePointer Compiler::CompileAssignment(const ast::Assignment& assignm
     }
 }
 
+/// "$text = $text + a + b" as what it means; null for anything else.
+ExpressionCodePointer Compiler::CompileExtension(
+    const Symbol& symbol, const ast::Assignment& assignment)
+{
+    std::vector<const ast::Expression*> pieces; // the last one first
+    const ast::Expression* left = assignment.value.get();
+    while (left->type == ast::Expression::Type::Binary
+        && As<ast::Binary>(*left).operation == ast::Operator::Add) {
+        pieces.push_back(As<ast::Binary>(*left).right.get());
+        left = As<ast::Binary>(*left).left.get();
+    }
+    const QString& name = As<ast::Variable>(*assignment.target).name;
+    const bool extends = left->type == ast::Expression::Type::Variable
+        && As<ast::Variable>(*left).name == name && !pieces.empty();
+    if (!extends || symbol.kind != Kind::String || assignment.operation != ast::Operator::None)
+        return nullptr;
+    ExpressionCodeList parts;
+    for (auto piece = pieces.rbegin(); piece != pieces.rend(); ++piece)
+        parts.push_back(CompileExpression(**piece));
+    return MakeExtension(symbol, std::move(parts));
+}
+
 ExpressionCodePointer Compiler::CompileVariableAssignment(const ast::Assignment& assignment)
 {
     const auto& variable = As<ast::Variable>(*assignment.target);
     std::optional<Symbol> symbol = FindSymbol(variable.name);
+    if (symbol) {
+        if (ExpressionCodePointer extension = CompileExtension(*symbol, assignment))
+            return extension;
+    }
     if (!symbol && assignment.operation != ast::Operator::None)
         symbol = GetSymbol(variable);
     ExpressionCodePointer value = CompileFor(*assignment.value, symbol ? symbol->kind : Kind::None);

@@ -175,6 +175,11 @@ void RaiseDivisionByZero(Interpreter& interpreter)
     interpreter.Raise(QStringLiteral("Division by zero."));
 }
 
+void RaiseTooLong(Interpreter& interpreter)
+{
+    interpreter.Raise(QStringLiteral("A string is longer than memory allows."));
+}
+
 void RaiseIllegal(Interpreter& interpreter, Operator operation, Kind kind)
 {
     interpreter.Raise(QStringLiteral("Illegal operation \"%1\" on data of type %2.")
@@ -279,7 +284,7 @@ Value Apply(Interpreter& interpreter, Operator operation, const Value& left, con
         const QString a = left.ToText();
         const QString b = right.ToText();
         if (qint64(a.size()) + b.size() > MAXIMUM_TEXT)
-            interpreter.Raise(QStringLiteral("A string is longer than memory allows."));
+            RaiseTooLong(interpreter);
         return QString(a + b);
     }
     if (left.GetKind() == Kind::Matrix || right.GetKind() == Kind::Matrix)

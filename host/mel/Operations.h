@@ -31,6 +31,7 @@ Value::Kind ResultKind(Operator operation, Value::Kind left, Value::Kind right);
 bool IsComparison(Operator operation);
 
 [[noreturn]] void RaiseDivisionByZero(Interpreter& interpreter);
+[[noreturn]] void RaiseTooLong(Interpreter& interpreter);
 [[noreturn]] void RaiseIllegal(Interpreter& interpreter, Operator operation, Value::Kind kind);
 
 /// int arithmetic wraps round at 32 bits.
