@@ -1,5 +1,7 @@
 #include "commands/Patterns.h"
 
+#include <QCache>
+
 namespace host::commands {
 
 namespace {
@@ -68,9 +70,7 @@ void AddRepeat(QString& expression, QChar repeat, int& lastRepeat)
     }
 }
 
-} // namespace
-
-QRegularExpression MatchExpression(const QString& pattern)
+QRegularExpression MakeMatchExpression(const QString& pattern)
 {
     QString expression;
     int lastRepeat = -1;
@@ -101,7 +101,7 @@ QRegularExpression MatchExpression(const QString& pattern)
     return QRegularExpression(expression, OPTIONS);
 }
 
-QRegularExpression ShellExpression(const QString& pattern)
+QRegularExpression MakeShellExpression(const QString& pattern)
 {
     QString expression;
     for (int i = 0; i < pattern.size(); ++i) {
@@ -122,6 +122,45 @@ QRegularExpression ShellExpression(const QString& pattern)
         }
     }
     return QRegularExpression(QStringLiteral("\\A(?:%1)\\z").arg(expression), OPTIONS);
+}
+
+/// Scripts use few patterns, but they use them in loops.
+class KnownExpressions
+{
+public:
+    using Make = QRegularExpression (*)(const QString& pattern);
+
+    explicit KnownExpressions(Make make)
+        : m_make(make)
+    { }
+    QRegularExpression Get(const QString& pattern)
+    {
+        if (const QRegularExpression* known = m_known.object(pattern))
+            return *known;
+        const QRegularExpression expression = m_make(pattern);
+        m_known.insert(pattern, new QRegularExpression(expression));
+        return expression;
+    }
+
+private:
+    static constexpr int KEPT = 100;
+
+    const Make m_make;
+    QCache<QString, QRegularExpression> m_known{KEPT};
+};
+
+} // namespace
+
+QRegularExpression MatchExpression(const QString& pattern)
+{
+    thread_local KnownExpressions known(MakeMatchExpression);
+    return known.Get(pattern);
+}
+
+QRegularExpression ShellExpression(const QString& pattern)
+{
+    thread_local KnownExpressions known(MakeShellExpression);
+    return known.Get(pattern);
 }
 
 } // namespace host::commands
