@@ -5,6 +5,7 @@
 #include <QSet>
 
 #include <algorithm>
+#include <cmath>
 
 namespace host::commands {
 
@@ -23,6 +24,12 @@ Value Sorted(List list, Less less)
     return list;
 }
 
+/// What is not a number comes last, so that the order is one.
+bool IsBefore(double a, double b)
+{
+    return a < b || (std::isnan(b) && !std::isnan(a));
+}
+
 /// A copy: the argument keeps its order.
 Outcome Sort(FunctionCall& call)
 {
@@ -30,11 +37,11 @@ Outcome Sort(FunctionCall& call)
     switch (array.GetKind()) {
     case Value::Kind::None: return array;
     case Value::Kind::IntArray: return Sorted(array.Get<IntList>(), std::less<int>());
-    case Value::Kind::FloatArray: return Sorted(array.Get<FloatList>(), std::less<double>());
+    case Value::Kind::FloatArray: return Sorted(array.Get<FloatList>(), IsBefore);
     case Value::Kind::StringArray: return Sorted(array.Get<StringList>(), std::less<QString>());
     case Value::Kind::VectorArray:
         return Sorted(array.Get<VectorList>(),
-            [](const Vector& a, const Vector& b) { return a.Length() < b.Length(); });
+            [](const Vector& a, const Vector& b) { return IsBefore(a.Length(), b.Length()); });
     default: return NotAnArray(array);
     }
 }

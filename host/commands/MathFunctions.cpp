@@ -200,6 +200,36 @@ Outcome Seed(FunctionCall& call)
     return call.Int(0);
 }
 
+/// randstate() tells the generator's state, randstate(state) goes back to it.
+Outcome RandomState(FunctionCall& call)
+{
+    Random& random = Session::Current().random;
+    if (call.Count() > 0 && !random.SetState(call.Text(0)))
+        return Error{QStringLiteral("randstate needs a state that it has told before.")};
+    return random.State();
+}
+
+Outcome LargestInt(FunctionCall&)
+{
+    return std::numeric_limits<int>::max();
+}
+
+Outcome SmallestInt(FunctionCall&)
+{
+    return std::numeric_limits<int>::min();
+}
+
+Outcome LargestFloat(FunctionCall&)
+{
+    return std::numeric_limits<double>::max();
+}
+
+/// The most negative number, as with the ints.
+Outcome SmallestFloat(FunctionCall&)
+{
+    return std::numeric_limits<double>::lowest();
+}
+
 /// noise(x), noise(x, y) and noise(vector).
 Vector NoisePlace(const FunctionCall& call)
 {
@@ -268,6 +298,11 @@ const FunctionRow FUNCTIONS[] = {
     {"any gauss(any, [any])",                  Gauss},
     {"vector sphrand(any)",                    SphereRand},
     {"int seed(int)",                          Seed},
+    {"string randstate([string])",             RandomState},
+    {"int maxint()",                           LargestInt},
+    {"int minint()",                           SmallestInt},
+    {"float maxfloat()",                       LargestFloat},
+    {"float minfloat()",                       SmallestFloat},
     {"float noise(any, [float])",              NoiseAt},
     {"vector dnoise(any)",                     VectorNoiseAt},
 };

@@ -3,6 +3,7 @@
 #include <array>
 #include <cmath>
 #include <numeric>
+#include <sstream>
 
 namespace host::commands {
 
@@ -54,6 +55,24 @@ double Mix(double t, double from, double to)
 void Random::Seed(int seed)
 {
     m_generator.seed(static_cast<std::mt19937::result_type>(seed));
+}
+
+QString Random::State() const
+{
+    std::ostringstream state;
+    state << m_generator;
+    return QString::fromStdString(state.str());
+}
+
+bool Random::SetState(const QString& state)
+{
+    std::istringstream text(state.toStdString());
+    std::mt19937 generator;
+    text >> generator;
+    if (text.fail())
+        return false;
+    m_generator = generator;
+    return true;
 }
 
 double Random::Between(double low, double high)

@@ -11,6 +11,10 @@ class Random
 {
 public:
     void Seed(int seed);
+    /// What the next numbers depend on, as text.
+    QString State() const;
+    /// False, with nothing changed, for a text that is no state.
+    bool SetState(const QString& state);
     /// Evenly spread between the two, whichever is larger.
     double Between(double low, double high);
     double Gauss(double deviation, double mean);

@@ -116,6 +116,44 @@ Outcome Tokenize(FunctionCall& call)
     return words.size();
 }
 
+/// One item of a list as people type it; `position` is on its first character and then behind it.
+/// Between double quotes everything belongs to the item, a backslash keeps the quote after it.
+QString NextItem(const QString& text, int& position, const QString& separators)
+{
+    QString item;
+    bool quoted = false;
+    for (; position < text.size(); ++position) {
+        QChar character = text.at(position);
+        if (character == QLatin1Char('"')) {
+            quoted = !quoted;
+            continue;
+        }
+        if (!quoted && separators.contains(character))
+            break;
+        if (quoted && character == QLatin1Char('\\') && position + 1 < text.size())
+            character = text.at(++position);
+        item += character;
+    }
+    return item;
+}
+
+/// tokenizeList(text) and tokenizeList(text, items): white space and commas part the items.
+Outcome TokenizeList(FunctionCall& call)
+{
+    const QString separators = QStringLiteral(", \t\r\n\f\v");
+    const QString text = call.Text(0);
+    QStringList items;
+    for (int position = 0; position < text.size();) {
+        if (separators.contains(text.at(position)))
+            ++position;
+        else
+            items += NextItem(text, position, separators);
+    }
+    if (call.Count() > 1)
+        call.Reference(1) = items;
+    return items;
+}
+
 Outcome Encode(Call& call)
 {
     QString encoded;
@@ -166,6 +204,7 @@ const FunctionRow FUNCTIONS[] = {
     {"string match(string, string)", Match},
     {"int gmatch(string, string)", ShellMatch},
     {"int tokenize(string, any&, [string[]&])", Tokenize},
+    {"string[] tokenizeList(string, [string[]&])", TokenizeList},
 };
 
 const CommandRow COMMANDS[] = {

@@ -77,6 +77,7 @@ public:
     const Objects& GetObjects() const;
     /// Sorted by long name; `-edit` and `-query` are not among them.
     const QVector<Flag>& GetFlags() const;
+    bool TakesFlags() const { return CanQuery() || CanEdit() || !GetFlags().isEmpty(); }
     /// By short or long name, without "-". Null when there is none.
     const Flag* FindFlag(const QString& name) const;
 

@@ -47,7 +47,7 @@ private:
         Frame& frame, const ArgumentCode& argument, const Parameter& parameter) const;
     Value EvaluateAs(Frame& frame, const ArgumentCode& argument, Kind kind) const;
     void KeepKinds(Frame& frame, const QVector<Value*>& references) const;
-    Word MakeWord(Frame& frame, const ArgumentCode& argument) const;
+    Word MakeWord(Frame& frame, const ArgumentCode& argument, bool readFlags) const;
     [[noreturn]] void RaiseCount(Frame& frame) const;
     const Function* FindFunction(Frame& frame) const;
 
@@ -199,12 +199,12 @@ void CallCode::KeepKinds(Frame& frame, const QVector<Value*>& references) const
     }
 }
 
-Word CallCode::MakeWord(Frame& frame, const ArgumentCode& argument) const
+Word CallCode::MakeWord(Frame& frame, const ArgumentCode& argument, bool readFlags) const
 {
     Word word;
     word.value = argument.value->Evaluate(frame);
     word.spelling = argument.spelling;
-    word.isFlag = argument.isFlag || (!m_site.isCommand && LooksLikeFlag(word.value));
+    word.isFlag = argument.isFlag || (readFlags && LooksLikeFlag(word.value));
     return word;
 }
 
@@ -213,8 +213,10 @@ Value CallCode::CallCommand(Frame& frame, const std::shared_ptr<const Command>& 
     Interpreter& interpreter = frame.interpreter;
     QVector<Word> words;
     words.reserve(static_cast<int>(m_site.arguments.size()));
+    // In a call with parentheses flags are strings; encodeString("-x") can only mean the text.
+    const bool readFlags = !m_site.isCommand && (command->takesRawWords || command->TakesFlags());
     for (const ArgumentCode& argument : m_site.arguments)
-        words.append(MakeWord(frame, argument));
+        words.append(MakeWord(frame, argument, readFlags));
     frame.line = m_site.line;
     interpreter.CountStep();
     EchoCommand(interpreter.GetEngine(), m_site.name, words);

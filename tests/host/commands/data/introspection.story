@@ -2,6 +2,7 @@
 runTimeCommand -command "print hi" Greet; global proc typed() {} int $number = 1; string $names[];
 whatIs about => Command
 whatIs substring => Command
+whatIs catchQuiet => Command
 whatIs Greet => Run Time Command
 whatIs typed => Mel procedure entered interactively.
 whatIs "$number" => int variable
