@@ -146,7 +146,8 @@ private:
     {
         Value array = Vars().Get(name);
         if (!array.IsArray() || index < 0 || index >= array.Count()) {
-            return Error{QStringLiteral("optionVar '%1' has no element %2.").arg(name).arg(index)};
+            return Error{QStringLiteral("optionVar '%1' has no element %2.")
+                             .arg(name, QString::number(index))};
         }
         switch (array.GetKind()) {
         case Value::Kind::IntArray: array.Get<IntList>().remove(index); break;

@@ -242,7 +242,8 @@ QString Interpreter::Place(PlaceLead lead) const
     if (!wanted || !m_top)
         return {};
     if (m_top->source->IsFile())
-        return QStringLiteral("file: %1 line %2: ").arg(m_top->source->Path()).arg(m_top->line);
+        return QStringLiteral("file: %1 line %2: ")
+            .arg(m_top->source->Path(), QString::number(m_top->line));
     return QStringLiteral("line %1: ").arg(m_top->line);
 }
 
@@ -254,7 +255,7 @@ QString Interpreter::StackTrace() const
         const QString name = frame->procedure ? frame->procedure->name : QStringLiteral("<script>");
         const QString file
             = frame->source->IsFile() ? frame->source->Path() + QLatin1Char(' ') : QString();
-        lines += QStringLiteral("  %1 (%2line %3)").arg(name, file).arg(frame->line);
+        lines += QStringLiteral("  %1 (%2line %3)").arg(name, file, QString::number(frame->line));
     }
     return lines.join(QLatin1Char('\n'));
 }

@@ -4,7 +4,7 @@
 
 namespace {
 
-constexpr QLatin1String WORD_BOUNDARY("\\b");
+const QLatin1String WORD_BOUNDARY("\\b");
 
 bool IsWordCode(uint code)
 {

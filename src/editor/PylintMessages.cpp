@@ -11,8 +11,9 @@ std::optional<ParserMessage> ReadMessage(const QStringList& fields)
     bool hasLine = false;
     bool hasColumn = false;
     ParserMessage message;
-    message.line = fields[Line].toInt(&hasLine) - 1;
-    message.column = fields[Column].toInt(&hasColumn);
+    // What concerns the whole file may be told of no line; it is shown at the first one.
+    message.line = qMax(1, fields[Line].toInt(&hasLine)) - 1;
+    message.column = qMax(0, fields[Column].toInt(&hasColumn));
     if (!hasLine || !hasColumn)
         return std::nullopt;
     message.message = QStringLiteral("%1 %2").arg(fields[Id], fields[Text].trimmed());

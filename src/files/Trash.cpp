@@ -90,7 +90,7 @@ bool MoveTo(const QString& trash, const QString& path, const QByteArray& info)
         return false;
     const QString name = QFileInfo(path).fileName();
     for (int i = 1; i < MOST_TRIES; ++i) {
-        const QString free = i == 1 ? name : QStringLiteral("%1.%2").arg(name).arg(i);
+        const QString free = i == 1 ? name : QStringLiteral("%1.%2").arg(name, QString::number(i));
         const QByteArray note
             = QFile::encodeName(QStringLiteral("%1/info/%2.trashinfo").arg(trash, free));
         PosixFile file(note, O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, OWN_FILE);

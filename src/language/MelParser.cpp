@@ -2,7 +2,7 @@
 
 namespace {
 
-constexpr QLatin1String TYPE_NAMES[] = {QLatin1String("string"), QLatin1String("int"),
+const QLatin1String TYPE_NAMES[] = {QLatin1String("string"), QLatin1String("int"),
     QLatin1String("float"), QLatin1String("matrix"), QLatin1String("vector")};
 
 /// Characters at which the scan does anything, besides words behind white space.

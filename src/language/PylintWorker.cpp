@@ -49,7 +49,8 @@ void PylintWorker::CreateTempFile()
 {
     const QString directory = Settings::GetTempDirectoryPath();
     if (!directory.isEmpty()) {
-        m_tempFilePath = QStringLiteral("%1/te2_worker%2_temp.py").arg(directory).arg(m_workerId);
+        m_tempFilePath
+            = QStringLiteral("%1/te2_worker%2_temp.py").arg(directory, QString::number(m_workerId));
         QFile file(m_tempFilePath);
         file.open(QIODevice::WriteOnly | QIODevice::Truncate);
     }

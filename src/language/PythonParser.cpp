@@ -6,7 +6,7 @@ namespace {
 
 constexpr int TAB_WIDTH = 8;
 
-constexpr QLatin1String CLOSING_STATEMENTS[] = {
+const QLatin1String CLOSING_STATEMENTS[] = {
     QLatin1String("class"), QLatin1String("def"), QLatin1String("import"), QLatin1String("from")};
 
 int Width(QStringView indent)

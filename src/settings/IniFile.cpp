@@ -20,7 +20,7 @@ QString CopyPath(const QString& path)
 {
     QString copy = path + QStringLiteral(".broken");
     for (int number = 2; QFile::exists(copy) && !IsCopy(copy, path); ++number)
-        copy = QStringLiteral("%1.broken%2").arg(path).arg(number);
+        copy = QStringLiteral("%1.broken%2").arg(path, QString::number(number));
     return copy;
 }
 

@@ -42,6 +42,8 @@ void PylintMessagesTest::FilesEveryLine_data()
     Row("refactoring", "R:3:4:[R1]:x", none, none, "2,4 [R1] x");
     Row("empty parts do not count", "E::3:4:[E1]::x", "2,4 [E1] x", none, none);
     Row("placeholders in the message", "E:3:4:[%2]:%1", "2,4 [%2] %1", none, none);
+    Row("a file without a line", "F:0:-1:[F1]:x", "0,0 [F1] x", none, none);
+    Row("the least number", "E:-2147483648:0:[E1]:x", "0,0 [E1] x", none, none);
     for (const char* line : {"I:3:4:[I1]:x", "e:3:4:[E1]:x", "E:three:4:[E1]:x", "E:3:-:[E1]:x",
              "E:3:4:[E1]", "E:3:4:[E1]:a: b", "\n", "", "************* Module x"})
         Row(qPrintable(QString("left out: \"%1\"").arg(line)), QString(line), none, none, none);

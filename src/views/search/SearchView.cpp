@@ -37,8 +37,9 @@ QString CountedFiles(int count)
 QString Named(const QStringList& paths)
 {
     const QString first = QStringLiteral("'%1'").arg(QFileInfo(paths.first()).fileName());
-    return paths.size() == 1 ? first
-                             : SearchView::tr("%1 and %2 more").arg(first).arg(paths.size() - 1);
+    return paths.size() == 1
+        ? first
+        : SearchView::tr("%1 and %2 more").arg(first, QString::number(paths.size() - 1));
 }
 
 QStringList Entries(const ToolLineEdit* field)

@@ -326,10 +326,10 @@ void CustomTabBar::UpdateAccessibleDescription()
         setAccessibleDescription(QString());
         return;
     }
-    setAccessibleDescription(tr("%1, tab %2 of %3")
-                                 .arg(GetTabAccessibleName(m_currentIndex))
-                                 .arg(m_currentIndex + 1)
-                                 .arg(m_tabs.size()));
+    setAccessibleDescription(
+        tr("%1, tab %2 of %3")
+            .arg(GetTabAccessibleName(m_currentIndex), QString::number(m_currentIndex + 1),
+                QString::number(m_tabs.size())));
 }
 
 void CustomTabBar::NotifyAccessibility(QAccessible::Event event, int index)

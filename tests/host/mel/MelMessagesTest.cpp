@@ -61,7 +61,7 @@ void MelMessagesTest::CompileErrorsComeInTwoMessages()
 void MelMessagesTest::PlacesNameTheFile()
 {
     MelFixture fixture;
-    const QString path = fixture.WriteScript("place.mel",
+    const QString path = fixture.WriteScript("%2 place.mel",
         "global proc inFile() {\n error \"no\"; }\nwarning \"look\";\ncatch(`inFile`);");
     QVERIFY(!fixture.mel.RunFile(path).failed);
     fixture.Run("\n inFile;");
