@@ -37,6 +37,7 @@ Host::Host(RunState state, const QString& applicationDirectory)
 {
     if (m_engine.IsBatch())
         m_console = std::make_unique<ConsoleOutput>(m_engine);
+    ReadEnvironment();
     m_engine.LoadPreferences();
     m_mel = std::make_unique<mel::MelLanguage>(m_engine);
     m_python = std::make_unique<python::PythonLanguage>(m_engine);
@@ -61,6 +62,16 @@ Host::~Host()
     m_model.reset();
     m_python.reset();
     m_mel.reset();
+}
+
+void Host::ReadEnvironment()
+{
+    QStringList problems = m_engine.environment.ReadFile(m_engine.paths.EnvironmentFile());
+    // A module makes its plug-ins findable; only folders that somebody named are loaded whole.
+    m_pluginFolders = EnvironmentEntries("MAYA_PLUG_IN_PATH");
+    problems += m_engine.modules.Read(m_engine.paths.ModulePath(), m_engine.environment);
+    for (const QString& problem : qAsConst(problems))
+        m_engine.output.Warning(problem);
 }
 
 void Host::CreateWindow()
@@ -108,9 +119,7 @@ void Host::LoadPlugins()
     const QString problem = commands::ReadPluginPreferences(m_engine);
     if (!problem.isEmpty())
         m_engine.output.Warning(problem);
-    const QStringList folders
-        = qEnvironmentVariable("MAYA_PLUG_IN_PATH").split(QLatin1Char(':'), Qt::SkipEmptyParts);
-    for (const QString& folder : folders) {
+    for (const QString& folder : qAsConst(m_pluginFolders)) {
         const QDir directory(folder);
         for (const QString& file : directory.entryList({QStringLiteral("*.so")}, QDir::Files))
             plugins += directory.absoluteFilePath(file);

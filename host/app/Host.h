@@ -37,8 +37,8 @@ public:
 
     /// Shows the window as the preferences remember it and runs userSetup.
     void Start();
-    /// Every plug-in along MAYA_PLUG_IN_PATH and those that are loaded at every start; then the
-    /// panels that waited for them.
+    /// Every plug-in along MAYA_PLUG_IN_PATH, as it was before modules joined it, and those that
+    /// are loaded at every start; then the panels that waited for them.
     void LoadPlugins();
     /// Opens the script editor when a plug-in offers it.
     void OpenEditor();
@@ -63,12 +63,14 @@ Q_SIGNALS:
     void Finished(int exitCode);
 
 private:
+    void ReadEnvironment();
     void CreateWindow();
     void OnQuitAccepted();
     void RunUserSetup();
     void RunIfPresent(Language language, const QString& path);
 
     Engine m_engine;
+    QStringList m_pluginFolders; ///< whose plug-ins are loaded at the start
     std::unique_ptr<ConsoleOutput> m_console;
     std::unique_ptr<mel::MelLanguage> m_mel;
     std::unique_ptr<python::PythonLanguage> m_python;

@@ -78,7 +78,7 @@ const AboutRow ABOUT[] = {
     {"customVersion",             [] { return Value(QString()); }},
     {"cutIdentifier",             [] { return Value(QStringLiteral("202400000000")); }},
     {"date",                      [] { return Value(QStringLiteral("2024/01/01")); }},
-    {"environmentFile",           [] { return Value(QString(HostPaths().VersionDirectory() + QLatin1String("/Maya.env"))); }},
+    {"environmentFile",           [] { return Value(HostPaths().EnvironmentFile()); }},
     {"evalVersion",               [] { return Value(false); }},
     {"file",                      Release},
     {"helpDataDirectory",         [] { return Value(QString(HostPaths().InstallDirectory() + QLatin1String("/docs"))); }},

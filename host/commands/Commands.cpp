@@ -36,6 +36,7 @@ void RegisterCommands(Engine& engine)
         RegisterHelp,
         RegisterIntrospection,
         RegisterMathematics,
+        RegisterModules,
         RegisterOptionVar,
         RegisterOutput,
         RegisterPlugins,

@@ -17,9 +17,7 @@ Plugins& AllPlugins()
 QStringList InstalledPlugins()
 {
     QStringList names;
-    const QStringList folders
-        = qEnvironmentVariable("MAYA_PLUG_IN_PATH").split(QLatin1Char(':'), Qt::SkipEmptyParts);
-    for (const QString& folder : folders) {
+    for (const QString& folder : EnvironmentEntries("MAYA_PLUG_IN_PATH")) {
         const QStringList files
             = QDir(folder).entryList({QStringLiteral("*.so")}, QDir::Files, QDir::Name);
         for (const QString& file : files)

@@ -15,6 +15,7 @@ void RegisterFiles(CommandRegistry& registry);
 void RegisterHelp(CommandRegistry& registry);
 void RegisterIntrospection(CommandRegistry& registry);
 void RegisterMathematics(CommandRegistry& registry);
+void RegisterModules(CommandRegistry& registry);
 void RegisterOptionVar(CommandRegistry& registry);
 void RegisterOutput(CommandRegistry& registry);
 void RegisterPlugins(CommandRegistry& registry);

@@ -4,11 +4,13 @@
 #include "engine/Events.h"
 #include "engine/IdleQueue.h"
 #include "engine/Interrupt.h"
+#include "engine/Modules.h"
 #include "engine/OptionVars.h"
 #include "engine/OutputHistory.h"
 #include "engine/OutputStream.h"
 #include "engine/Paths.h"
 #include "engine/Plugins.h"
+#include "engine/StartEnvironment.h"
 #include "engine/UndoQueue.h"
 #include "engine/UserInterface.h"
 
@@ -43,6 +45,8 @@ public:
 
     const RunState state;
     const Paths paths;
+    StartEnvironment environment;
+    Modules modules;
     OutputStream output;
     OutputHistory history;
     CommandRegistry commands;

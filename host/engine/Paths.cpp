@@ -1,5 +1,7 @@
 #include "engine/Paths.h"
 
+#include "engine/StartEnvironment.h"
+
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
@@ -48,6 +50,18 @@ QString Paths::UserScriptsDirectory() const
     return VersionDirectory() + QLatin1String("/scripts");
 }
 
+QString Paths::EnvironmentFile() const
+{
+    return VersionDirectory() + QLatin1String("/Maya.env");
+}
+
+QStringList Paths::ModulePath() const
+{
+    const QString own = QStringLiteral("/modules");
+    return EnvironmentEntries("MAYA_MODULE_PATH")
+        << VersionDirectory() + own << m_applicationDirectory + own << m_installDirectory + own;
+}
+
 QString Paths::TemporaryDirectory() const
 {
     return QDir::tempPath();
@@ -56,7 +70,7 @@ QString Paths::TemporaryDirectory() const
 QStringList Paths::ScriptPath() const
 {
     QStringList path{UserScriptsDirectory(), m_applicationDirectory + QLatin1String("/scripts")};
-    path += qEnvironmentVariable("MAYA_SCRIPT_PATH").split(QLatin1Char(':'), Qt::SkipEmptyParts);
+    path += EnvironmentEntries("MAYA_SCRIPT_PATH");
     const QString own = m_installDirectory + QLatin1String("/scripts");
     path += own;
     for (const QString& folder : QDir(own).entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name))

@@ -17,6 +17,9 @@ public:
     QString PreferencesDirectory() const; ///< <application>/2024/prefs
     QString UserScriptsDirectory() const; ///< <application>/2024/scripts
     QString TemporaryDirectory() const;
+    QString EnvironmentFile() const; ///< <application>/2024/Maya.env
+    /// Folders in which module files are looked for: MAYA_MODULE_PATH, then the user's own.
+    QStringList ModulePath() const;
     /// Holds scripts/, python/ and icons/ of the host itself: MAYA_LOCATION, or the folder beside
     /// the program, or the build folder.
     QString InstallDirectory() const { return m_installDirectory; }

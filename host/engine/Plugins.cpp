@@ -1,5 +1,7 @@
 #include "engine/Plugins.h"
 
+#include "engine/StartEnvironment.h"
+
 #include <QDir>
 #include <QFileInfo>
 
@@ -43,8 +45,7 @@ QString Plugins::FindFile(const QString& nameOrPath)
     QStringList directories{QDir::currentPath()};
     if (nameOrPath.contains(QLatin1Char('/')))
         return ExistingFile(nameOrPath);
-    directories
-        += qEnvironmentVariable("MAYA_PLUG_IN_PATH").split(QLatin1Char(':'), Qt::SkipEmptyParts);
+    directories += EnvironmentEntries("MAYA_PLUG_IN_PATH");
     for (const QString& directory : qAsConst(directories)) {
         const QString found = ExistingFile(QDir(directory).filePath(nameOrPath));
         if (!found.isEmpty())

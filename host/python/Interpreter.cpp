@@ -2,6 +2,7 @@
 
 #include "engine/OutputStream.h"
 #include "engine/Paths.h"
+#include "engine/StartEnvironment.h"
 #include "python/HostModule.h"
 #include "python/MainThreadCalls.h"
 #include "python/PythonApi.h"
@@ -83,11 +84,6 @@ PyStatus Configure(Configuration& config)
     return PyConfig_SetArgv(config.Get(), 1, arguments);
 }
 
-QStringList Entries(const char* variable)
-{
-    return qEnvironmentVariable(variable).split(QLatin1Char(':'), Qt::SkipEmptyParts);
-}
-
 bool AddToPath(PyObject* path, const QStringList& entries, Py_ssize_t position)
 {
     for (const QString& entry : entries) {
@@ -106,7 +102,7 @@ bool ExtendPath(const Paths& paths)
     if (!path || !PyList_Check(path))
         return false;
     QStringList first{paths.InstallDirectory() + QLatin1String("/python")};
-    first += Entries("PYTHONPATH");
+    first += EnvironmentEntries("PYTHONPATH");
     return AddToPath(path, first, 0) && AddToPath(path, paths.ScriptPath(), PyList_GET_SIZE(path));
 }
 

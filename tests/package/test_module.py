@@ -169,5 +169,40 @@ class Symbols(Installed):
         self.assertEqual([name for name in plain if not member.match(name)], [])
 
 
+class InHost(unittest.TestCase):
+    """A person installs the module, starts the host in a bare environment and loads the plug-in."""
+
+    def setUp(self):
+        folder = tempfile.TemporaryDirectory(prefix="tarnwick-package-")
+        self.addCleanup(folder.cleanup)
+        self.home = folder.name
+
+    def run_host(self, **variables):
+        """What the script wrote, line by line."""
+        environment = {"HOME": self.home, "XDG_RUNTIME_DIR": self.home, "LC_ALL": "C.UTF-8",
+                       "QT_QPA_PLATFORM": "offscreen", "PATH": os.environ["PATH"], **variables}
+        script = os.path.join(os.path.dirname(__file__), "data", "load_module.mel")
+        said = output(os.path.join(BUILD, "bin/tarnwick-host"), "-script", script,
+                      env=environment, cwd=self.home, timeout=100)
+        try:
+            with open(os.path.join(self.home, "report.txt"), encoding="utf-8") as file:
+                return file.read().splitlines()
+        except FileNotFoundError:
+            return ["no report", said]
+
+    def assert_loads_from(self, modules, **variables):
+        install(modules)
+        self.assertEqual(self.run_host(**variables), [
+            "module " + VERSION, "loaded before 0", "path " + os.path.join(modules, MODULE),
+            "version " + VERSION, "visible 1", "unloaded 1", "visible after 0"])
+
+    def test_finds_a_module_of_the_module_path(self):
+        modules = os.path.join(self.home, "studio modules")
+        self.assert_loads_from(modules, MAYA_MODULE_PATH="/nowhere:" + modules)
+
+    def test_finds_a_module_where_the_readme_puts_it(self):
+        self.assert_loads_from(os.path.join(self.home, "maya/2024/modules"))
+
+
 if __name__ == "__main__":
     unittest.main()

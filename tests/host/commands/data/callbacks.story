@@ -124,3 +124,8 @@ pluginInfo -q -autoload missing => 0
 source "%dmaya/2024/prefs/pluginPrefs.mel"
 @idle
 pluginInfo -q -loaded tool => 1
+
+== Modules are asked about
+moduleInfo -listModules =>
+moduleInfo -version => error: moduleInfo needs -listModules or -moduleName.
+moduleInfo -moduleName tool -path => error: Module, "tool", was not found on MAYA_MODULE_PATH.
