@@ -6,6 +6,7 @@
 #include "window/chrome/LookFollower.h"
 #include "window/chrome/NamedControl.h"
 #include "window/chrome/Theme.h"
+#include "window/chrome/ToolTipText.h"
 
 #include <QAbstractItemView>
 #include <QCheckBox>
@@ -234,7 +235,7 @@ void InsertPathDialog::UpdateDisplay()
             : m_folder->count() > 0  ? tr("The path is on another drive or machine")
                                      : tr("There is no folder that it could be relative to"));
     m_folder->setEnabled(IsRelative());
-    m_folder->setToolTip(m_folder->currentData().toString().toHtmlEscaped());
+    m_folder->setToolTip(ToolTipText(m_folder->currentData().toString()));
     m_escapeBackslashes->setEnabled(!m_forwardSlashes->isChecked());
     m_preview->setText(GetText());
     m_preview->setCursorPosition(0);

@@ -9,6 +9,7 @@
 #include "window/chrome/FlatButton.h"
 #include "window/chrome/LookFollower.h"
 #include "window/chrome/Theme.h"
+#include "window/chrome/ToolTipText.h"
 
 #include <QActionGroup>
 #include <QComboBox>
@@ -257,7 +258,7 @@ void PanelGroup::UpdateWriteToFile()
     m_writeToFileButton->SetToolTip(m_keyBindings->GetToolTip(KeyBindings::ToggleWriteOutputToFile,
         active ? tr("Stop writing to file") : tr("Write to File")));
     m_fileName->SetText(QFileInfo(path).fileName());
-    m_fileName->setToolTip(path.toHtmlEscaped());
+    m_fileName->setToolTip(ToolTipText(path));
 }
 
 void PanelGroup::ShowTitleMenu(const QPoint& point)

@@ -314,7 +314,7 @@ void PanelGroupTest::TitleMenuActsOnThePanel()
 void PanelGroupTest::LongFileNamesGiveWay()
 {
     const int width = m_panel->minimumSizeHint().width();
-    const QString path = m_directory.filePath(QString("x").repeated(200) + ".log");
+    const QString path = m_directory.filePath(QString("R&D").repeated(70) + ".log");
     QVERIFY(m_panel->GetOutput()->BeginWriteToFile(path));
     m_panel->UpdateKeyBindings();
     QCOMPARE(m_panel->minimumSizeHint().width(), width);

@@ -10,6 +10,7 @@
 #include "window/chrome/FlatButton.h"
 #include "window/chrome/LookFollower.h"
 #include "window/chrome/Theme.h"
+#include "window/chrome/ToolTipText.h"
 
 #include <QApplication>
 #include <QDir>
@@ -288,7 +289,7 @@ void WorkspaceView::UpdateTitle()
     if (name.endsWith(Settings::WORKSPACE_EXTENSION, Qt::CaseInsensitive))
         name.chop(Settings::WORKSPACE_EXTENSION.size());
     GetHeader()->SetTitle(path.isEmpty() || IsDefaultWorkspace(path) ? tr("Workspace") : name);
-    GetHeader()->setToolTip(path.toHtmlEscaped());
+    GetHeader()->setToolTip(ToolTipText(path));
 }
 
 void WorkspaceView::AddFolder(const QString& path)

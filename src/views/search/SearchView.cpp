@@ -11,6 +11,7 @@
 #include "window/chrome/ElidedLabel.h"
 #include "window/chrome/FlatButton.h"
 #include "window/chrome/ToolLineEdit.h"
+#include "window/chrome/ToolTipText.h"
 
 #include <QContextMenuEvent>
 #include <QFileInfo>
@@ -345,7 +346,7 @@ void SearchView::UpdateResultsState()
     else if (!hasSearched)
         status.clear();
     m_status->SetText(m_note.isEmpty() ? status : m_note);
-    m_status->setToolTip(m_status->GetText());
+    m_status->setToolTip(ToolTipText(m_status->GetText()));
 
     QStringList messages;
     if (!m_searchField->GetFault().isEmpty())

@@ -6,6 +6,7 @@
 #include "window/chrome/CustomTabBarAccessibility.h"
 #include "window/chrome/CustomTabBarMetrics.h"
 #include "window/chrome/Theme.h"
+#include "window/chrome/ToolTipText.h"
 
 #include <QHelpEvent>
 #include <QScrollBar>
@@ -359,7 +360,7 @@ bool CustomTabBar::viewportEvent(QEvent* event)
     case QEvent::ToolTip: {
         const auto* help = static_cast<QHelpEvent*>(event);
         QToolTip::showText(
-            help->globalPos(), GetTabToolTip(GetTabAt(help->pos())).toHtmlEscaped(), viewport());
+            help->globalPos(), ToolTipText(GetTabToolTip(GetTabAt(help->pos()))), viewport());
         return true;
     }
     default: break;

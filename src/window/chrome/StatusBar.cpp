@@ -4,6 +4,7 @@
 #include "window/chrome/LookFollower.h"
 #include "window/chrome/StatusItem.h"
 #include "window/chrome/Theme.h"
+#include "window/chrome/ToolTipText.h"
 
 #include <QContextMenuEvent>
 #include <QHBoxLayout>
@@ -146,7 +147,7 @@ void StatusBar::SetFormat(const QString& encoding, const QString& lineEnds)
 void StatusBar::SetSession(const QString& text, const QString& explanation)
 {
     m_session->SetText(text, Theme::Color(Theme::Role::Strong), explanation);
-    m_session->setToolTip(explanation.toHtmlEscaped());
+    m_session->setToolTip(ToolTipText(explanation));
     m_session->setVisible(!text.isEmpty());
 }
 
@@ -190,7 +191,7 @@ void StatusBar::UpdateInfo()
     } else {
         m_info->SetText(m_tip, color, m_tip);
     }
-    m_info->setToolTip(isMessage ? m_infoText.toHtmlEscaped() : QString());
+    m_info->setToolTip(isMessage ? ToolTipText(m_infoText) : QString());
     m_info->SetPressable(isMessage);
 }
 
