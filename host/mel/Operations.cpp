@@ -1,5 +1,6 @@
 #include "mel/Operations.h"
 
+#include "mel/Arrays.h"
 #include "mel/Interpreter.h"
 
 #include <cmath>
@@ -112,13 +113,19 @@ Matrix MatrixFromVector(const Vector& vector, bool asRow)
     return {asRow ? 1 : 3, asRow ? 3 : 1, {vector.x, vector.y, vector.z}};
 }
 
-Matrix Product(const Matrix& a, const Matrix& b)
+Matrix Product(Interpreter& interpreter, const Matrix& a, const Matrix& b)
 {
+    // A column times a row can be far larger than both.
+    if (qint64(a.rows) * b.columns > MAXIMUM_ELEMENTS)
+        interpreter.Raise(QStringLiteral("The product of two matrices is out of range."));
     Matrix product{a.rows, b.columns, QVector<double>(a.rows * b.columns, 0.0)};
     for (int row = 0; row < a.rows; ++row) {
         for (int column = 0; column < b.columns; ++column) {
+            interpreter.CountStep();
+            double sum = 0.0;
             for (int i = 0; i < a.columns; ++i)
-                product.At(row, column) += a.At(row, i) * b.At(i, column);
+                sum += a.At(row, i) * b.At(i, column);
+            product.At(row, column) = sum;
         }
     }
     return product;
@@ -133,7 +140,7 @@ Value MultiplyMatrices(Interpreter& interpreter, const Value& l, const Value& r)
         = r.GetKind() == Kind::Matrix ? r.Get<Matrix>() : MatrixFromVector(r.ToVector(), false);
     if (a.columns != b.rows)
         RaiseIllegal(interpreter, Operator::Multiply, Kind::Matrix);
-    const Matrix product = Product(a, b);
+    const Matrix product = Product(interpreter, a, b);
     if (l.GetKind() == Kind::Vector && product.columns == 3)
         return Vector{product.At(0, 0), product.At(0, 1), product.At(0, 2)};
     return product;
