@@ -31,6 +31,7 @@ extern "C" int LLVMFuzzerInitialize(int* argc, char*** argv)
         ListTargets();
         std::exit(2);
     }
+    qputenv("QT_QPA_PLATFORM", "offscreen");
     static QApplication application(*argc, *argv);
     return 0;
 }

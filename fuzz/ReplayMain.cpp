@@ -41,6 +41,7 @@ bool Replay(const fuzz::Target& target, const QString& path)
 
 int main(int argc, char** argv)
 {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
     const QApplication application(argc, argv);
     const QStringList arguments = QApplication::arguments();
     const fuzz::Target* const target = fuzz::FindTarget(arguments.value(1).toLocal8Bit());

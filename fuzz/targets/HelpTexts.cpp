@@ -27,9 +27,11 @@ void ReadHelp(const QString& help)
     QuickHelpText::Flags(help.split(QLatin1Char('\n')));
 }
 
-/// The interpreter reads what was escaped as the text it was.
-void Escape(const QString& text)
+/// The interpreter reads what was escaped as the text it was. Texts of documents hold no other
+/// line ends.
+void Escape(QString text)
 {
+    text.remove(QLatin1Char('\r'));
     const QString literal = QLatin1Char('"') + MelText::Escaped(text) + QLatin1Char('"');
     const mel::Lexer lexer(literal);
     const mel::Token token = lexer.Next(0, mel::Lexer::Mode::Expression);

@@ -1,10 +1,12 @@
 // Both parsers of the editor: what they tell lies in the text, and telling it twice tells the same.
 
+#include "editor/CodeEditorMarks.h"
 #include "fuzz/Fuzz.h"
 #include "language/MelParser.h"
 #include "language/PythonParser.h"
 
 #include <QStringList>
+#include <QTextDocument>
 
 using fuzz::Expect;
 
@@ -27,7 +29,10 @@ QString Told(const QVector<ParserMessage>& messages, int length)
         const QString text
             = QStringLiteral("%1-%2 %3").arg(message.start).arg(message.end).arg(message.message);
         Expect(!message.message.isEmpty(), QStringLiteral("a message says something"));
-        Expect(0 <= message.start && message.start <= message.end && message.end <= length,
+        // A note in a comment that is never closed ends nowhere, one in a text behind the line end
+        // that is added.
+        Expect(0 <= message.start && message.start <= length
+                && (message.end == -1 || message.start <= message.end) && message.end <= length + 1,
             QStringLiteral("within %1: %2").arg(length).arg(text));
         told += text;
     }
@@ -41,6 +46,18 @@ bool StandsAt(const ParserItem& item, const QString& script)
     return text.startsWith(item.name) || text.startsWith(item.name.section(QLatin1Char(' '), 0, 0))
         || text.startsWith(
             item.name.section(QStringLiteral(" = "), 1).section(QLatin1Char(' '), 0, 0));
+}
+
+/// The editor can show each message somewhere.
+void ExpectMarked(const QVector<ParserMessage>& messages, const QTextDocument& document)
+{
+    CodeEditorMarks marks;
+    marks.SetMessages(MarkSeverity::Info, messages, document);
+    for (const CodeEditorMark& mark : marks.GetMarks(MarkSeverity::Info)) {
+        Expect(0 <= mark.start && mark.start <= mark.end && mark.end < document.characterCount()
+                && mark.line < document.blockCount(),
+            QStringLiteral("marked at %1-%2").arg(mark.start).arg(mark.end));
+    }
 }
 
 QString Told(BaseParser& parser, const QString& script)
@@ -77,4 +94,7 @@ TE2_FUZZ_TARGET(ScriptParsers)
     BaseParser& parser = isMel ? static_cast<BaseParser&>(mel) : python;
     const QString told = Told(parser, script);
     Expect(Told(parser, script) == told, QStringLiteral("each pass starts afresh"));
+    QTextDocument document;
+    document.setPlainText(script.left(2000));
+    ExpectMarked(parser.GetErrors() + parser.GetWarnings() + parser.GetInfos(), document);
 }

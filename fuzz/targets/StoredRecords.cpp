@@ -37,9 +37,10 @@ void ReadRule(const QString& text)
     Expect(once == twice, QStringLiteral("a rule\n%1\nbecame\n%2").arg(once, twice));
 }
 
-/// A rule that somebody made, whatever its name and expression.
-void WriteRule(const QString& name, const QString& pattern, int switches)
+/// A rule that somebody made. A name that looks like the rest of a rule cannot be told from it.
+void WriteRule(QString name, const QString& pattern, int switches)
 {
+    name.replace(QStringLiteral(";;;"), QStringLiteral(";;"));
     const ExtraSelectionProperties rule(name, (switches & 1) != 0 ? QColor(1, 2, 3) : QColor(),
         (switches & 2) != 0 ? QColor(4, 5, 6) : QColor(), pattern, (switches & 4) != 0,
         (switches & 8) != 0, (switches & 16) != 0);

@@ -7,9 +7,10 @@ bool IsText(const QVariant& stored)
     return stored.type() == QVariant::String;
 }
 
+/// Of texts one of which holds a null character, the toolkit makes a list of anything.
 bool IsList(const QVariant& stored)
 {
-    return stored.type() == QVariant::StringList;
+    return stored.type() == QVariant::StringList || stored.type() == QVariant::List;
 }
 
 } // namespace

@@ -94,7 +94,8 @@ void DropZonesTest::KeepsLargeNumbersInTheProcess()
 void DropZonesTest::TakesLocalFilesOnly()
 {
     QMimeData payload;
-    payload.setUrls({QUrl("file:///b%20c.py"), QUrl("https://host/x.py"), QUrl("file:///a.mel")});
+    payload.setUrls({QUrl("file:///b%20c.py"), QUrl("https://host/x.py"), QUrl("file:"),
+        QUrl("file:///a.mel")});
     QCOMPARE(TabDragData::LocalFiles(&payload), QStringList({"/b c.py", "/a.mel"}));
     QVERIFY(TabDragData::LocalFiles(nullptr).isEmpty());
 }

@@ -151,6 +151,14 @@ void SettingsFileTest::StoredEmptyListEmptiesTheList()
     Settings::ReadUserConfig();
     QVERIFY(Settings::recentFiles.isEmpty());
     QCOMPARE(Settings::tabDetails, QStringList{"only one"});
+
+    // The toolkit writes texts with such characters in a way of its own.
+    const QStringList odd{"a", QString::fromLatin1("b\0c", 3), "@d"};
+    Settings::tabDetails = odd;
+    Settings::WriteUserConfig();
+    Settings::tabDetails.clear();
+    Settings::ReadUserConfig();
+    QCOMPARE(Settings::tabDetails, odd);
 }
 
 void SettingsFileTest::BrokenFileGivesWhatCanBeRead()

@@ -47,8 +47,9 @@ QStringList TabDragData::LocalFiles(const QMimeData* data)
     if (!data)
         return paths;
     for (const QUrl& url : data->urls()) {
-        if (url.isLocalFile() && !QFileInfo(url.toLocalFile()).isDir())
-            paths.append(url.toLocalFile());
+        const QString path = url.toLocalFile();
+        if (!path.isEmpty() && !QFileInfo(path).isDir())
+            paths.append(path);
     }
     return paths;
 }
