@@ -29,6 +29,7 @@ private Q_SLOTS:
     void ListsAndFiltersFlags();
     void GivesFlagsAway();
     void OpensTheFileOfAProcedure();
+    void FollowsEveryWidth();
     void LooksUpWhatIsTyped();
     void AFlagsNameOnlyFilters();
     void RemembersNames();
@@ -192,6 +193,19 @@ void QuickHelpViewTest::OpensTheFileOfAProcedure()
     QCOMPARE(wanted.size(), 1);
     QCOMPARE(wanted[0][0].toString(), m_folder.filePath("te_tools.mel"));
     QCOMPARE(wanted[0][1].toInt(), 2);
+}
+
+void QuickHelpViewTest::FollowsEveryWidth()
+{
+    Ask("teTwice");
+    auto* const page = Find<QuickHelpPage>("m_quickHelpPage");
+    // So low that a scroll bar comes and goes while the page is written.
+    for (int width = 400; width > 20; width -= 3) {
+        m_view->resize(width, 150);
+        QCoreApplication::processEvents();
+        QVERIFY(Page().contains("teTwice"));
+        QTRY_VERIFY(page->document()->idealWidth() <= page->viewport()->width() || width < 150);
+    }
 }
 
 void QuickHelpViewTest::LooksUpWhatIsTyped()

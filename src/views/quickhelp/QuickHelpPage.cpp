@@ -194,6 +194,12 @@ void QuickHelpPage::UpdateHeight()
 void QuickHelpPage::resizeEvent(QResizeEvent* event)
 {
     QTextBrowser::resizeEvent(event);
+    // Later: while text is written its scroll bar comes and goes, which brings us here as well.
+    QMetaObject::invokeMethod(this, &QuickHelpPage::WriteForWidth, Qt::QueuedConnection);
+}
+
+void QuickHelpPage::WriteForWidth()
+{
     if (viewport()->width() != m_writtenWidth)
         Write();
 }

@@ -30,6 +30,7 @@ protected:
 
 private:
     void Write();
+    void WriteForWidth();
     void WriteTitle(QTextCursor& cursor);
     void WriteFile(QTextCursor& cursor);
     void UpdateHeight();
