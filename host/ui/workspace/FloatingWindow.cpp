@@ -22,7 +22,8 @@ const QSize SMALLEST(160, FloatingTitleBar::HEIGHT + 2 * EDGE);
 } // namespace
 
 FloatingWindow::FloatingWindow(QWidget* mainWindow)
-    : QWidget(mainWindow, Qt::Window | Qt::FramelessWindowHint)
+    // Window managers keep dialogs, and no plain windows, in front of the window they belong to.
+    : QWidget(mainWindow, Qt::Dialog | Qt::FramelessWindowHint)
     , m_title(new FloatingTitleBar(this))
     , m_area(new DockArea(this))
 {
