@@ -19,7 +19,9 @@ QStringList InstalledPlugins()
     QStringList names;
     for (const QString& folder : EnvironmentEntries("MAYA_PLUG_IN_PATH")) {
         const QStringList files
-            = QDir(folder).entryList({QStringLiteral("*.so")}, QDir::Files, QDir::Name);
+            = QDir(folder).entryList({QLatin1Char('*') + Plugins::LibrarySuffix(),
+                                         QLatin1Char('*') + Plugins::ScriptSuffix()},
+                QDir::Files, QDir::Name);
         for (const QString& file : files)
             names += Plugins::NameOf(file);
     }

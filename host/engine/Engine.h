@@ -1,5 +1,6 @@
 #pragma once
 
+#include "engine/CallListeners.h"
 #include "engine/CommandRegistry.h"
 #include "engine/Events.h"
 #include "engine/IdleQueue.h"
@@ -49,6 +50,7 @@ public:
     Modules modules;
     OutputStream output;
     OutputHistory history;
+    CallListeners callListeners;
     CommandRegistry commands;
     OptionVars optionVars;
     Events events;

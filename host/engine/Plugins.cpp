@@ -11,13 +11,22 @@ namespace host {
 
 namespace {
 
-const QString SUFFIX = QStringLiteral(".so");
-
 QString ExistingFile(const QString& path)
 {
-    for (const QString& candidate : {path, QString(path + SUFFIX)}) {
-        if (QFileInfo(candidate).isFile())
-            return QFileInfo(candidate).absoluteFilePath();
+    for (const QString& suffix : {QString(), Plugins::LibrarySuffix(), Plugins::ScriptSuffix()}) {
+        const QFileInfo candidate(path + suffix);
+        if (candidate.isFile())
+            return candidate.absoluteFilePath();
+    }
+    return {};
+}
+
+/// The suffix of a plug-in's file; empty for other files.
+QString SuffixOf(const QString& path)
+{
+    for (const QString& suffix : {Plugins::LibrarySuffix(), Plugins::ScriptSuffix()}) {
+        if (path.endsWith(suffix))
+            return suffix;
     }
     return {};
 }
@@ -25,6 +34,25 @@ QString ExistingFile(const QString& path)
 const QString NO_LOADER = QStringLiteral("This host cannot load plug-ins.");
 
 } // namespace
+
+void Plugins::SetLoader(const QString& suffix, std::unique_ptr<PluginLoader> loader)
+{
+    m_loaders[suffix] = std::move(loader);
+}
+
+/// The loader of libraries says what is wrong with a file that is none.
+PluginLoader* Plugins::LoaderOf(const QString& path) const
+{
+    const QString suffix = SuffixOf(path);
+    const auto found = m_loaders.find(suffix.isEmpty() ? LibrarySuffix() : suffix);
+    return found == m_loaders.end() ? nullptr : found->second.get();
+}
+
+Error Plugins::InUse(const Plugin& plugin, const QString& reason)
+{
+    return {QStringLiteral("Plug-in, \"%1\", cannot be unloaded because it is still in use: %2.")
+                .arg(plugin.name, reason)};
+}
 
 void Plugins::Forget(const Plugin* plugin)
 {
@@ -35,9 +63,9 @@ void Plugins::Forget(const Plugin* plugin)
 
 QString Plugins::NameOf(const QString& path)
 {
-    return QFileInfo(path).completeBaseName().isEmpty() || !path.endsWith(SUFFIX)
-        ? QFileInfo(path).fileName()
-        : QFileInfo(path).completeBaseName();
+    const QFileInfo file(path);
+    const bool bare = file.completeBaseName().isEmpty() || SuffixOf(path).isEmpty();
+    return bare ? file.fileName() : file.completeBaseName();
 }
 
 QString Plugins::FindFile(const QString& nameOrPath)
@@ -85,7 +113,8 @@ Outcome Plugins::Load(const QString& nameOrPath, bool* alreadyLoaded)
         return Error{
             QStringLiteral("Plug-in, \"%1\", was not found on MAYA_PLUG_IN_PATH.").arg(nameOrPath)};
     }
-    if (!m_loader)
+    PluginLoader* loader = LoaderOf(path);
+    if (!loader)
         return Error{NO_LOADER};
     auto plugin = std::make_unique<Plugin>();
     plugin->path = path;
@@ -93,7 +122,7 @@ Outcome Plugins::Load(const QString& nameOrPath, bool* alreadyLoaded)
     Plugin& record = *plugin;
     // The entry point may ask for its own record, so it is listed before it runs.
     m_plugins.push_back(std::move(plugin));
-    const Outcome outcome = m_loader->Load(record);
+    const Outcome outcome = loader->Load(record);
     if (!outcome.Ok()) {
         Forget(&record);
         return outcome;
@@ -108,8 +137,11 @@ Outcome Plugins::Unload(const QString& name, bool force)
         return Error{QStringLiteral("Plug-in, \"%1\", is not loaded.").arg(name)};
     if (plugin->unloading)
         return Error{QStringLiteral("Plug-in, \"%1\", is being unloaded already.").arg(name)};
+    PluginLoader* loader = LoaderOf(plugin->path);
+    if (!loader)
+        return Error{NO_LOADER};
     plugin->unloading = true;
-    const Outcome outcome = m_loader->Unload(*plugin, force);
+    const Outcome outcome = loader->Unload(*plugin, force);
     plugin->unloading = false;
     if (!outcome.Ok())
         return outcome;

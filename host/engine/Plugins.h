@@ -2,6 +2,7 @@
 
 #include "engine/Outcome.h"
 
+#include <map>
 #include <memory>
 #include <vector>
 
@@ -37,10 +38,19 @@ public:
 class Plugins
 {
 public:
-    void SetLoader(std::unique_ptr<PluginLoader> loader) { m_loader = std::move(loader); }
+    /// Who loads libraries.
+    void SetLoader(std::unique_ptr<PluginLoader> loader)
+    {
+        SetLoader(LibrarySuffix(), std::move(loader));
+    }
+    /// Who loads the files with a suffix; null when nobody does any more.
+    void SetLoader(const QString& suffix, std::unique_ptr<PluginLoader> loader);
+
+    static QString LibrarySuffix() { return QStringLiteral(".so"); }
+    static QString ScriptSuffix() { return QStringLiteral(".py"); }
 
     /// Absolute path of the file that `nameOrPath` means: as it is, in the current directory, or
-    /// along MAYA_PLUG_IN_PATH; the suffix ".so" may be missing. Empty when there is none.
+    /// along MAYA_PLUG_IN_PATH; the suffix ".so" or ".py" may be missing. Empty when there is none.
     static QString FindFile(const QString& nameOrPath);
 
     /// The plug-in's name. An error when it cannot be loaded; loading again is `alreadyLoaded`.
@@ -55,11 +65,15 @@ public:
 
     static QString NameOf(const QString& path);
 
+    /// Why a plug-in cannot be unloaded now.
+    static Error InUse(const Plugin& plugin, const QString& reason);
+
 private:
     void Forget(const Plugin* plugin);
+    PluginLoader* LoaderOf(const QString& path) const;
 
     std::vector<std::unique_ptr<Plugin>> m_plugins;
-    std::unique_ptr<PluginLoader> m_loader;
+    std::map<QString, std::unique_ptr<PluginLoader>> m_loaders; ///< by suffix
 };
 
 } // namespace host

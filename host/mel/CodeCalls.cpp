@@ -220,6 +220,8 @@ Value CallCode::CallCommand(Frame& frame, const std::shared_ptr<const Command>& 
     frame.line = m_site.line;
     interpreter.CountStep();
     EchoCommand(interpreter.GetEngine(), m_site.name, words);
+    const CallScope heard(
+        interpreter.GetEngine().callListeners, m_site.name, CallNotice::Kind::Command);
     const Outcome outcome = CommandRegistry::Run(ReadWords(*command, words));
     if (!outcome.Ok())
         interpreter.Raise(outcome.GetError());

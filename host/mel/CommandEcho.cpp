@@ -59,6 +59,8 @@ void EchoCommand(Engine& engine, const QString& name, const QVector<Word>& words
 {
     if (engine.echo.echoAll && !engine.echo.filter.contains(name))
         engine.output.Write(MessageType::History, CommandText(name, words));
+    if (engine.callListeners.HearsCommands())
+        engine.callListeners.TellCommand(CommandText(name, words).trimmed());
 }
 
 } // namespace host::mel

@@ -132,6 +132,7 @@ Value Interpreter::CallProcedure(const Procedure& procedure, Value* slots, Value
     Frame frame{*this, procedure.module->source.get(), &procedure, nullptr, slots, references,
         procedure.line, {}};
     const FrameScope scope(*this, frame);
+    const CallScope heard(m_engine.callListeners, procedure.name, CallNotice::Kind::Procedure);
     if (procedure.body->Run(frame) != Flow::Return && procedure.resultKind != Value::Kind::None)
         return Value::Default(procedure.resultKind);
     return frame.result;

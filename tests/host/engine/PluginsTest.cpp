@@ -100,7 +100,8 @@ void PluginsTest::NamesAFileWithoutItsSuffix_data()
     Row("path", "/a/b/tool.so", "tool");
     Row("name alone", "tool", "tool");
     Row("dots inside", "/a/tool.v2.so", "tool.v2");
-    Row("other suffix stays", "tool.py", "tool.py");
+    Row("of a script", "/a/tool.py", "tool");
+    Row("other suffix stays", "tool.txt", "tool.txt");
 }
 
 void PluginsTest::NamesAFileWithoutItsSuffix()
