@@ -148,6 +148,21 @@ MStatus MArgParser::getFlagArgument(
     return m_parsed->Read(flag, index, result);
 }
 
+MStatus MArgParser::getFlagArgument(const char* flag, unsigned int index, MDistance& result) const
+{
+    return m_parsed->Read(flag, index, result);
+}
+
+MStatus MArgParser::getFlagArgument(const char* flag, unsigned int index, MAngle& result) const
+{
+    return m_parsed->Read(flag, index, result);
+}
+
+MStatus MArgParser::getFlagArgument(const char* flag, unsigned int index, MTime& result) const
+{
+    return m_parsed->Read(flag, index, result);
+}
+
 bool MArgParser::flagArgumentBool(const char* flag, unsigned int index, MStatus* ReturnStatus) const
 {
     bool result = false;
@@ -220,6 +235,21 @@ MStatus MArgParser::getCommandArgument(unsigned int index, double& result) const
 }
 
 MStatus MArgParser::getCommandArgument(unsigned int index, MString& result) const
+{
+    return m_parsed->ReadObject(index, result);
+}
+
+MStatus MArgParser::getCommandArgument(unsigned int index, MDistance& result) const
+{
+    return m_parsed->ReadObject(index, result);
+}
+
+MStatus MArgParser::getCommandArgument(unsigned int index, MAngle& result) const
+{
+    return m_parsed->ReadObject(index, result);
+}
+
+MStatus MArgParser::getCommandArgument(unsigned int index, MTime& result) const
 {
     return m_parsed->ReadObject(index, result);
 }

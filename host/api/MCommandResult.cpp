@@ -89,6 +89,21 @@ MStatus MCommandResult::getResult(MStringArray& result) const
     return Read(m_result->value, result);
 }
 
+MStatus MCommandResult::getResult(MInt64Array& result) const
+{
+    return Read(m_result->value, result);
+}
+
+MStatus MCommandResult::getResult(MVector& result) const
+{
+    return Read(m_result->value, result);
+}
+
+MStatus MCommandResult::getResult(MVectorArray& result) const
+{
+    return Read(m_result->value, result);
+}
+
 MStatus MCommandResult::getResult(MDoubleArray& result, int& numRows, int& numColumns) const
 {
     if (m_result->value.GetKind() != Value::Kind::Matrix)

@@ -55,6 +55,14 @@ MCommandMessage::MessageType TypeOf(const Message& message)
     return static_cast<MCommandMessage::MessageType>(message.type);
 }
 
+unsigned int TypeOf(const host::CallNotice& notice)
+{
+    return notice.kind == host::CallNotice::Kind::Command ? MCommandMessage::kMELCommand
+                                                          : MCommandMessage::kMELProc;
+}
+
+const QString COMMAND_CALLBACK = QStringLiteral("Command callback");
+
 /// Calls a function that gets the host's output. An exception cannot be shown in the output, which
 /// would only call the function again.
 template <typename Function>
@@ -77,6 +85,16 @@ MCallbackId KeepListener(const std::shared_ptr<Callback>& callback, int listener
     Engine& engine = Engine::Current();
     Session::Current().callbacks.Keep(
         callback, [&engine, listener] { engine.output.Remove(listener); });
+    Report(status, MS::kSuccess);
+    return callback->id;
+}
+
+MCallbackId KeepCallListener(
+    const std::shared_ptr<Callback>& callback, int listener, MStatus* status)
+{
+    Engine& engine = Engine::Current();
+    Session::Current().callbacks.Keep(
+        callback, [&engine, listener] { engine.callListeners.Remove(listener); });
     Report(status, MS::kSuccess);
     return callback->id;
 }
@@ -172,6 +190,41 @@ MCallbackId MCommandMessage::addCommandOutputFilterCallback(
               return keepBack;
           });
     return KeepListener(callback, listener, ReturnStatus);
+}
+
+MCallbackId MCommandMessage::addCommandCallback(
+    MMessage::MStringFunction func, void* clientData, MStatus* ReturnStatus)
+{
+    if (const MStatus status = Precondition(AddressOf(func)); !status)
+        return Refuse(ReturnStatus, status);
+    const auto callback = Session::Current().callbacks.Make(AddressOf(func));
+    const int listener = Engine::Current().callListeners.AddForCommands(
+        [callback, func, clientData](const QString& text) {
+            const CallbackScope scope(*callback);
+            if (scope.MayRun())
+                host::api::CallGuarded(
+                    COMMAND_CALLBACK, [&] { func(host::api::ToMString(text), clientData); });
+        });
+    return KeepCallListener(callback, listener, ReturnStatus);
+}
+
+MCallbackId MCommandMessage::addProcCallback(
+    MMessage::MStringIntBoolIntFunction func, void* clientData, MStatus* ReturnStatus)
+{
+    if (const MStatus status = Precondition(AddressOf(func)); !status)
+        return Refuse(ReturnStatus, status);
+    const auto callback = Session::Current().callbacks.Make(AddressOf(func));
+    const int listener = Engine::Current().callListeners.AddForCalls(
+        [callback, func, clientData](const host::CallNotice& notice) {
+            const CallbackScope scope(*callback);
+            if (!scope.MayRun())
+                return;
+            host::api::CallGuarded(COMMAND_CALLBACK, [&] {
+                func(host::api::ToMString(notice.name), notice.number, notice.begins,
+                    TypeOf(notice), clientData);
+            });
+        });
+    return KeepCallListener(callback, listener, ReturnStatus);
 }
 
 const char* MCommandMessage::className()

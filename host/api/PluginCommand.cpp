@@ -5,6 +5,7 @@
 #include "api/Conversions.h"
 #include "api/Guard.h"
 #include "api/PluginStep.h"
+#include "engine/CallWords.h"
 #include "engine/Engine.h"
 
 #include <maya/MArgList.h>
@@ -12,57 +13,6 @@
 namespace host::api {
 
 namespace {
-
-/// The call as a person would type it.
-QString CallText(const QString& name, const QVector<Word>& words)
-{
-    QString text = name;
-    for (const Word& word : words) {
-        const bool quoted = word.value.IsString() && !word.isFlag;
-        text += QLatin1Char(' ');
-        text += quoted ? QLatin1Char('"') + word.Text() + QLatin1Char('"') : word.Text();
-    }
-    return text;
-}
-
-/// The words that mean a checked call. Those of a script are it; keywords have to be written out,
-/// as a flag that is False or a query's True says something else as a word.
-QVector<Word> WordsOf(const Call& call)
-{
-    if (call.GetLanguage() == Language::Mel || call.GetCommand().takesRawWords)
-        return call.GetWords();
-    QVector<Word> words;
-    for (const Value& object : call.GetObjects())
-        words.append({object, {}, false, {}});
-    if (!call.IsCreate())
-        words += Word::FlagNamed(call.IsQuery() ? QStringLiteral("query") : QStringLiteral("edit"));
-    for (const QString& flag : call.GivenFlags()) {
-        const QByteArray name = flag.toUtf8();
-        const int arguments = call.GetCommand().FindFlag(flag)->arguments.size();
-        for (int use = 0; use < call.UseCount(name.constData()); ++use) {
-            words += Word::FlagNamed(flag);
-            for (int i = 0; i < arguments; ++i) {
-                const Value argument = call.Argument(name.constData(), i, use);
-                if (!argument.IsNone())
-                    words.append({argument, {}, false, {}});
-            }
-        }
-    }
-    return words;
-}
-
-/// Python hands keywords only to commands that say which they take.
-std::optional<Error> KeywordError(const Call& call)
-{
-    if (!call.GetCommand().takesRawWords || call.GetLanguage() != Language::Python)
-        return std::nullopt;
-    for (const Word& word : call.GetWords()) {
-        if (word.isFlag)
-            return Error{
-                QStringLiteral("Invalid flag '%1'").arg(word.Text().mid(1)), ErrorKind::Type};
-    }
-    return std::nullopt;
-}
 
 /// The command has said itself what went wrong, or at least its status does.
 Error FailureOf(const CommandRun& run, const MStatus& status)

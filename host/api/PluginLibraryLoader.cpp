@@ -3,11 +3,16 @@
 #include "api/ApiAccess.h"
 #include "api/Conversions.h"
 #include "api/Guard.h"
+#include "api/MenuItems.h"
 #include "api/PluginCommand.h"
 #include "api/PluginStep.h"
 #include "api/Session.h"
 #include "engine/Engine.h"
 
+#include <QCoreApplication>
+#include <QEvent>
+
+#include <algorithm>
 #include <dlfcn.h>
 
 namespace host::api {
@@ -57,10 +62,44 @@ bool Call(EntryPoint entry, Plugin& plugin)
     return !status.error();
 }
 
-Error InUse(const Plugin& plugin, const QString& reason)
+/// Calls a function as an event's handler is called, so that what the function deletes later goes
+/// when it is done, and nothing that its callers are still busy with.
+class DeletingCall : public QObject
 {
-    return {QStringLiteral("Plug-in, \"%1\", cannot be unloaded because it is still in use: %2.")
-                .arg(plugin.name, reason)};
+public:
+    explicit DeletingCall(std::function<void()> function)
+        : m_function(std::move(function))
+    { }
+
+    void Run()
+    {
+        QEvent event(QEvent::User);
+        if (QCoreApplication::instance())
+            QCoreApplication::sendEvent(this, &event);
+        else
+            m_function();
+    }
+
+protected:
+    bool event(QEvent*) override
+    {
+        m_function();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        return true;
+    }
+
+private:
+    const std::function<void()> m_function;
+};
+
+/// Controls that the host's windows still know; others only wait for their end.
+bool HasControls(const PluginRecord& record)
+{
+    const UserInterface* ui = Engine::Current().ui;
+    return std::any_of(
+        record.controls.begin(), record.controls.end(), [ui](const QPointer<QObject>& control) {
+            return ui && control && !ui->FullName(control).isEmpty();
+        });
 }
 
 } // namespace
@@ -116,13 +155,22 @@ Outcome PluginLibraryLoader::Unload(Plugin& plugin, bool force)
         return Error{QStringLiteral("Plug-in, \"%1\", is not loaded.").arg(plugin.name)};
     // Its code would be gone when the call returns, so that not even force helps.
     if (record->running > 0 || session.callbacks.IsRunning(record->library))
-        return InUse(plugin, QStringLiteral("its code is running"));
+        return Plugins::InUse(plugin, QStringLiteral("its code is running"));
+    if (!force && HasControls(*record))
+        return Plugins::InUse(plugin, QStringLiteral("its controls are open"));
     if (!force && HasSteps(*record))
-        return InUse(plugin, QStringLiteral("its commands can still be undone"));
-    const Outcome outcome = Uninitialize(plugin, record);
+        return Plugins::InUse(plugin, QStringLiteral("its commands can still be undone"));
+    Outcome outcome;
+    QStringList leftovers;
+    // Widgets that the plug-in deletes have its code in their connections.
+    DeletingCall([&] {
+        outcome = Uninitialize(plugin, record);
+        if (outcome.Ok() || force)
+            leftovers = RemoveLeftovers(record);
+    }).Run();
     if (!outcome.Ok() && !force)
         return outcome;
-    for (const QString& leftover : RemoveLeftovers(record)) {
+    for (const QString& leftover : qAsConst(leftovers)) {
         m_engine.output.Warning(
             QStringLiteral("Plug-in, \"%1\", left behind %2; removed.").arg(plugin.name, leftover));
     }
@@ -153,6 +201,18 @@ QStringList PluginLibraryLoader::RemoveLeftovers(const std::shared_ptr<PluginRec
     }
     record->commands.clear();
     record->plugin->commands.clear();
+    const QStringList menuItems = record->menuItems;
+    for (const QString& item : menuItems)
+        DeleteMenuItem(*record, item);
+    for (const QString& type : qAsConst(record->uiTypes)) {
+        m_engine.commands.Unregister(session.uiTypes.take(type));
+        removed += QStringLiteral("the control type %1").arg(type);
+    }
+    record->uiTypes.clear();
+    // Their code is about to go.
+    for (const QPointer<QObject>& control : qAsConst(record->controls))
+        delete control;
+    record->controls.clear();
     const int callbacks = session.callbacks.RemoveOf(record->library);
     if (callbacks > 0)
         removed += QStringLiteral("%1 callback(s)").arg(callbacks);

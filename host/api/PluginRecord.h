@@ -3,6 +3,7 @@
 #include "engine/Plugins.h"
 
 #include <QMap>
+#include <QPointer>
 
 namespace host::api {
 
@@ -19,6 +20,9 @@ struct PluginRecord
     /// MEL procedures to run after loading and before unloading; may be empty.
     QString creationProcedure;
     QString deletionProcedure;
+    QStringList menuItems; ///< full names
+    QStringList uiTypes; ///< types of controls it adds
+    QVector<QPointer<QObject>> controls; ///< made by them, dead or alive
 };
 
 /// Held while the host calls into a plug-in, so that it is not unloaded under its own feet.

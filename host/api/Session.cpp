@@ -57,6 +57,7 @@ std::shared_ptr<PluginRecord> Session::FindLibrary(const void* library) const
 void Session::Clear()
 {
     callbacks.Clear();
+    uiTypes.clear();
     const QMutexLocker lock(&m_mutex);
     for (const auto& record : m_plugins) {
         for (const auto& command : record->commands)

@@ -3,6 +3,8 @@
 #include "api/Callbacks.h"
 #include "api/PluginRecord.h"
 
+#include <QHash>
+
 #include <vector>
 
 namespace host::api {
@@ -15,6 +17,8 @@ public:
     static Session& Current();
 
     Callbacks callbacks;
+    /// The commands that make the controls of plug-ins' types.
+    QHash<QString, QString> uiTypes;
 
     std::shared_ptr<PluginRecord> AddPlugin(host::Plugin& plugin, const void* library);
     void RemovePlugin(const host::Plugin& plugin);

@@ -29,9 +29,23 @@ bool IsNumeric(const Value& value)
     return value.IsString() && exact;
 }
 
+MVector ToMVector(const Vector& vector)
+{
+    return {vector.x, vector.y, vector.z};
+}
+
 bool IsWhole(const Value& value)
 {
     return value.IsInt() || value.GetKind() == Value::Kind::Bool;
+}
+
+template <typename Measure>
+bool ReadMeasure(const Value& value, typename Measure::Unit unit, Measure& target)
+{
+    if (!IsNumeric(value))
+        return false;
+    target = Measure(value.ToFloat(), unit);
+    return true;
 }
 
 } // namespace
@@ -81,6 +95,21 @@ bool ReadValue(const Value& value, MString& target)
         return false;
     target = ToMString(value.ToText());
     return true;
+}
+
+bool ReadValue(const Value& value, MDistance& target)
+{
+    return ReadMeasure(value, MDistance::kCentimeters, target);
+}
+
+bool ReadValue(const Value& value, MAngle& target)
+{
+    return ReadMeasure(value, MAngle::kDegrees, target);
+}
+
+bool ReadValue(const Value& value, MTime& target)
+{
+    return ReadMeasure(value, MTime::kFilm, target);
 }
 
 bool ReadWord(const Word& word, MString& target)
@@ -148,6 +177,37 @@ bool ReadResult(const Value& value, MStringArray& target)
     if (!fits)
         return false;
     target = ToMStringArray(value.ToTextList());
+    return true;
+}
+
+bool ReadResult(const Value& value, MInt64Array& target)
+{
+    MIntArray numbers;
+    if (!ReadResult(value, numbers))
+        return false;
+    target.clear();
+    for (const int number : numbers)
+        target.append(number);
+    return true;
+}
+
+bool ReadResult(const Value& value, MVector& target)
+{
+    if (value.GetKind() != Value::Kind::Vector)
+        return false;
+    target = ToMVector(value.Get<Vector>());
+    return true;
+}
+
+bool ReadResult(const Value& value, MVectorArray& target)
+{
+    const bool fits = value.GetKind() == Value::Kind::Vector
+        || value.GetKind() == Value::Kind::VectorArray || (value.IsArray() && value.Count() == 0);
+    if (!fits)
+        return false;
+    target.clear();
+    for (int i = 0; i < value.Count(); ++i)
+        target.append(ToMVector(value.At(i).ToVector()));
     return true;
 }
 

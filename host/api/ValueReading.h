@@ -2,11 +2,16 @@
 
 #include "engine/Call.h"
 
+#include <maya/MAngle.h>
+#include <maya/MDistance.h>
 #include <maya/MDoubleArray.h>
+#include <maya/MInt64Array.h>
 #include <maya/MIntArray.h>
 #include <maya/MString.h>
 #include <maya/MStringArray.h>
+#include <maya/MTime.h>
 #include <maya/MTypes.h>
+#include <maya/MVectorArray.h>
 
 /// From the engine's values to the API's types. The functions answer false, and leave the target as
 /// it is, when the value does not fit.
@@ -18,6 +23,10 @@ bool ReadValue(const Value& value, int& target);
 bool ReadValue(const Value& value, unsigned int& target);
 bool ReadValue(const Value& value, double& target);
 bool ReadValue(const Value& value, MString& target);
+// A bare number is in the unit that scripts use: centimetres, degrees, frames of film.
+bool ReadValue(const Value& value, MDistance& target);
+bool ReadValue(const Value& value, MAngle& target);
+bool ReadValue(const Value& value, MTime& target);
 
 template <typename T>
 bool ReadWord(const Word& word, T& target)
@@ -36,6 +45,9 @@ bool ReadResult(const Value& value, MString& target);
 bool ReadResult(const Value& value, MIntArray& target);
 bool ReadResult(const Value& value, MDoubleArray& target);
 bool ReadResult(const Value& value, MStringArray& target);
+bool ReadResult(const Value& value, MInt64Array& target);
+bool ReadResult(const Value& value, MVector& target);
+bool ReadResult(const Value& value, MVectorArray& target);
 
 /// A flag's name without its "-"; "" for null.
 QString FlagName(const char* flag);

@@ -30,6 +30,9 @@ public:
     MStatus getFlagArgument(const char* flag, unsigned int index, double& result) const;
     MStatus getFlagArgument(const char* flag, unsigned int index, MString& result) const;
     MStatus getFlagArgument(const char* flag, unsigned int index, unsigned int& result) const;
+    MStatus getFlagArgument(const char* flag, unsigned int index, MDistance& result) const;
+    MStatus getFlagArgument(const char* flag, unsigned int index, MAngle& result) const;
+    MStatus getFlagArgument(const char* flag, unsigned int index, MTime& result) const;
     bool flagArgumentBool(
         const char* flag, unsigned int index, MStatus* ReturnStatus = nullptr) const;
     int flagArgumentInt(
@@ -51,6 +54,9 @@ public:
     MStatus getCommandArgument(unsigned int index, int& result) const;
     MStatus getCommandArgument(unsigned int index, double& result) const;
     MStatus getCommandArgument(unsigned int index, MString& result) const;
+    MStatus getCommandArgument(unsigned int index, MDistance& result) const;
+    MStatus getCommandArgument(unsigned int index, MAngle& result) const;
+    MStatus getCommandArgument(unsigned int index, MTime& result) const;
     bool commandArgumentBool(unsigned int index, MStatus* ReturnStatus = nullptr) const;
     int commandArgumentInt(unsigned int index, MStatus* ReturnStatus = nullptr) const;
     double commandArgumentDouble(unsigned int index, MStatus* ReturnStatus = nullptr) const;

@@ -42,7 +42,10 @@ public:
     MStatus getResult(double& result) const;
     MStatus getResult(MDoubleArray& result) const;
     MStatus getResult(MString& result) const;
+    MStatus getResult(MInt64Array& result) const;
     MStatus getResult(MStringArray& result) const;
+    MStatus getResult(MVector& result) const;
+    MStatus getResult(MVectorArray& result) const;
     /// The cells of a matrix, row by row.
     MStatus getResult(MDoubleArray& result, int& numRows, int& numColumns) const;
     MString stringResult(MStatus* ReturnStatus = nullptr) const;

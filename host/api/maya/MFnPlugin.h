@@ -5,6 +5,7 @@
 #include <maya/MObject.h>
 #include <maya/MStatus.h>
 #include <maya/MString.h>
+#include <maya/MStringArray.h>
 
 #ifndef MNoVersionString
 #include <maya/MApiVersion.h>
@@ -55,6 +56,13 @@ public:
     /// unloaded; the second pair replaces the first where there is no interface.
     MStatus registerUI(const MString& creationProc, const MString& deletionProc,
         const MString& creationBatchProc = "", const MString& deletionBatchProc = "");
+
+    /// Adds an entry that runs a MEL command with parameters, and with `needOptionBox` a box behind
+    /// it that runs `optBoxFunction`. The names of what was made; empty on failure.
+    MStringArray addMenuItem(const MString& menuItemName, const MString& parentName,
+        const MString& commandName, const MString& commandParams, bool needOptionBox = false,
+        const MString* optBoxFunction = nullptr, MStatus* retStatus = nullptr);
+    MStatus removeMenuItem(MStringArray& menuItemNames);
 
     static MObject findPlugin(const MString& pluginName);
     static bool isNodeRegistered(const MString& nodeName);

@@ -21,6 +21,8 @@ public:
 
     typedef void (*MBasicFunction)(void* clientData);
     typedef void (*MStringFunction)(const MString& text, void* clientData);
+    typedef void (*MStringIntBoolIntFunction)(
+        const MString& text, unsigned int id, bool state, unsigned int type, void* clientData);
 
     /// kInvalidParameter for an id that never was one, kFailure for one removed before. A callback
     /// may remove itself and others.

@@ -24,6 +24,9 @@ OPENMAYA_MAJOR_NAMESPACE_OPEN
 class OPENMAYA_EXPORT MQtUtil
 {
 public:
+    /// Makes a control of a plug-in's type; the host owns it.
+    typedef QWidget* (*UITypeCreatorFn)(QWidget* parent, const QString& name);
+
     /// Null before the window exists and in batch mode.
     static QWidget* mainWindow();
     /// By plain name or path "window|layout|control"; null when absent.
@@ -40,6 +43,11 @@ public:
     /// Puts a widget under the host's management; its full name, "" on failure.
     static MString addWidgetToMayaLayout(
         QWidget* control, QWidget* layout, const MString& uiType = MString());
+
+    /// Adds a type of control that a MEL command makes. False when either name is taken.
+    static bool registerUIType(
+        const MString& name, UITypeCreatorFn creator, const MString& command);
+    static bool deregisterUIType(const MString& name);
 
     /// From a Qt resource or a file along the icon path; null when absent.
     static QPixmap* createPixmap(const MString& imageName, bool autoScale = true);

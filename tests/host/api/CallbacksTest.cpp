@@ -4,6 +4,7 @@
 #include <maya/MCallbackIdArray.h>
 #include <maya/MCommandMessage.h>
 #include <maya/MEventMessage.h>
+#include <maya/MGlobal.h>
 
 #include <QSemaphore>
 #include <QtTest>
@@ -46,6 +47,7 @@ private Q_SLOTS:
     void RemovesItselfAndOthersWhileCalled();
     void EventsNeedAKnownName();
     void ExceptionsStopAtTheBorder();
+    void PluginsHearOfCalls();
     void RemovalWaitsForOtherThreads();
     void CallbacksEndWithTheHost();
 
@@ -150,6 +152,29 @@ void CallbacksTest::ExceptionsStopAtTheBorder()
     m_host->engine.output.Display("x");
     m_host->engine.events.Fire("idle");
     QCOMPARE(record.texts, (QStringList{"1:x", "4:idle: unhandled exception: in an event"}));
+}
+
+void CallbacksTest::PluginsHearOfCalls()
+{
+    using host::CallNotice;
+    QVERIFY(m_host->Load("ListeningPlugin").Ok());
+    host::CallListeners& listeners = m_host->engine.callListeners;
+    {
+        const host::CallScope outer(listeners, "work", CallNotice::Kind::Procedure);
+        const host::CallScope inner(listeners, "ls", CallNotice::Kind::Command);
+        listeners.TellCommand("ls -sl;");
+    }
+    m_host->engine.events.Fire("SelectionChanged");
+    m_host->engine.idle.Drain();
+    const auto heard = [](const char* name) {
+        return QString::fromUtf8(MGlobal::optionVarStringValue(name).asUTF8());
+    };
+    QCOMPARE(heard("heardCommands"), "ls -sl;;");
+    QCOMPARE(heard("heardCalls"), "work>1p;ls>2c;ls<2c;work<1p;");
+    QCOMPARE(heard("heardEvents"), "SelectionChanged;idle;");
+    QVERIFY(m_host->engine.plugins.Unload("ListeningPlugin", false).Ok());
+    QVERIFY(!listeners.HearsCommands() && !listeners.HearsCalls());
+    QVERIFY(m_host->Texts(MessageType::Warning).isEmpty());
 }
 
 void CallbacksTest::RemovalWaitsForOtherThreads()

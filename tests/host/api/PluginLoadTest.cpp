@@ -93,6 +93,9 @@ void PluginLoadTest::RefusesFilesThatAreNoPlugins_data()
         = "No initializePlugin\\(\\) or initializePlugin2\\(\\) function \\(%1\\)";
     Row("no entry points", "NoEntry", noEntry.arg("NoEntry"));
     Row("hidden entry points", "HiddenEntry", noEntry.arg("HiddenEntry"));
+    Row("a missing symbol", "MissingSymbol",
+        "Unable to dynamically load : .*/MissingSymbol\\.so\n.*undefined symbol: "
+        ".*SoldElsewhere.*");
     Row("no library", "", "Unable to dynamically load : .*/text\\.so\n.*text\\.so.*");
 }
 

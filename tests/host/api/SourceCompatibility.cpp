@@ -1,20 +1,28 @@
 // Compiles or not: what clients of the API may write, and what they must not.
 
+#include <maya/MAngle.h>
 #include <maya/MArgDatabase.h>
 #include <maya/MArgList.h>
 #include <maya/MCallbackIdArray.h>
 #include <maya/MCommandMessage.h>
 #include <maya/MCommandResult.h>
+#include <maya/MDistance.h>
 #include <maya/MDoubleArray.h>
 #include <maya/MEventMessage.h>
 #define MNoVersionString
 #define MNoPluginEntry
 #include <maya/MFnPlugin.h>
 #include <maya/MGlobal.h>
+#include <maya/MInt64Array.h>
 #include <maya/MIntArray.h>
+#include <maya/MMatrix.h>
+#include <maya/MPoint.h>
 #include <maya/MPxCommand.h>
 #include <maya/MStringArray.h>
 #include <maya/MSyntax.h>
+#include <maya/MTime.h>
+#include <maya/MVector.h>
+#include <maya/MVectorArray.h>
 
 #include <type_traits>
 #include <utility>
@@ -78,6 +86,16 @@ using Execute = MStatus (*)(const MString&, R&, bool, bool);
     const MString&, void* (*)(), MSyntax (*)())
     = &MFnPlugin::registerCommand;
 
+[[maybe_unused]] constexpr MStatus (MCommandResult::*INTO_VECTORS)(
+    MVectorArray&) const = &MCommandResult::getResult;
+[[maybe_unused]] constexpr MStatus (MArgParser::*INTO_TIME)(
+    const char*, unsigned int, MTime&) const = &MArgParser::getFlagArgument;
+[[maybe_unused]] constexpr MCallbackId (*ON_CALLS)(
+    void (*)(const MString&, unsigned int, bool, unsigned int, void*), void*, MStatus*)
+    = &MCommandMessage::addProcCallback;
+[[maybe_unused]] constexpr MStatus (MFnPlugin::*REMOVE_ITEMS)(MStringArray&)
+    = &MFnPlugin::removeMenuItem;
+
 // Numbers that clients print, store and compare.
 static_assert(MStatus::kEndOfFile == 8 && MStatus::MStatusCode::kNotFound == 7, "");
 static_assert(MSyntax::kString == 5 && MSyntax::kLastArgType == 11, "");
@@ -85,6 +103,8 @@ static_assert(MSyntax::kSelectionList == 3, "");
 static_assert(MCommandMessage::kStackTrace == 6 && MCommandMessage::kResult == 5, "");
 static_assert(MCommandResult::kMatrixArray == 12 && MCommandResult::kDouble == 5, "");
 static_assert(MGlobal::kBaseUIMode == 3 && MPxCommand::kNoArg == 3, "");
+static_assert(MTime::kNTSCField == 11 && MDistance::kMeters == 8 && MAngle::kAngSeconds == 4, "");
+static_assert(MCommandMessage::kMELCommand == 1, "");
 static_assert(MMessage::kDoAction == 2 && MAYA_API_VERSION == 20240000, "");
 
 // Enumerators work in a switch, and a command needs nothing but its doIt.

@@ -1,12 +1,18 @@
 #include "support/TestMain.h"
 
+#include <maya/MAngle.h>
 #include <maya/MCallbackIdArray.h>
+#include <maya/MDistance.h>
 #include <maya/MDoubleArray.h>
 #include <maya/MIOStream.h>
 #include <maya/MIntArray.h>
+#include <maya/MMatrix.h>
+#include <maya/MPoint.h>
 #include <maya/MStatus.h>
 #include <maya/MString.h>
 #include <maya/MStringArray.h>
+#include <maya/MTime.h>
+#include <maya/MVectorArray.h>
 
 #include <QtTest>
 
@@ -64,6 +70,8 @@ private Q_SLOTS:
     void ArraysCopyIndependently();
     void StringArraysFindElements();
     void FloatsConvert();
+    void MatricesMoveVectorsAndPoints();
+    void UnitsConvert();
 };
 
 void ValuesTest::NamesItsErrors_data()
@@ -176,6 +184,42 @@ void ValuesTest::FloatsConvert()
     float copied[2];
     array.get(copied);
     QCOMPARE(copied[0] + copied[1], 3.5f);
+}
+
+void ValuesTest::MatricesMoveVectorsAndPoints()
+{
+    const double rows[4][4] = {{0, 2, 0, 0}, {-3, 0, 0, 0}, {0, 0, 4, 0}, {5, 6, 7, 1}};
+    const MMatrix matrix(rows);
+    const MVector moved = MVector(1, 1, 1) * matrix;
+    QVERIFY(moved == MVector(-3, 2, 4));
+    QVERIFY(MPoint(moved) + MVector(5, 6, 7) == MPoint(1, 1, 1) * matrix);
+    QVERIFY((matrix * matrix.inverse()).isEquivalent(MMatrix::identity));
+    QVERIFY((matrix * matrix).transpose() == matrix.transpose() * matrix.transpose());
+    QCOMPARE(matrix.det4x4(), 24.0);
+    QCOMPARE(matrix[3][1], 6.0);
+    QVERIFY((matrix - matrix).isSingular());
+    QCOMPARE(2 * MVector::xAxis * MVector(3, 4), 6.0);
+    QVERIFY((MVector::xAxis ^ MVector::yAxis) == MVector::zAxis && MVector::zero.normal().x == 0);
+    QCOMPARE(MPoint(3, 4).distanceTo(MPoint::origin), 5.0);
+    QVERIFY(MPoint(2, 4, 6, 2).cartesianize() == MPoint(1, 2, 3));
+    MVectorArray array(2, MVector::one);
+    array.append(moved);
+    std::ostringstream stream;
+    stream << array;
+    QCOMPARE(stream.str().c_str(), "[[1, 1, 1], [1, 1, 1], [-3, 2, 4]]");
+}
+
+void ValuesTest::UnitsConvert()
+{
+    QCOMPARE(MTime(2, MTime::kSeconds).as(MTime::kFilm), 48.0);
+    QVERIFY(MTime(1, MTime::kSeconds) + MTime(12) == MTime(1500, MTime::kMilliseconds));
+    QVERIFY(MTime(25, MTime::kPALFrame) <= MTime(24) && MTime(25) > MTime(1, MTime::kSeconds));
+    QCOMPARE(MDistance(1, MDistance::kFeet).asInches(), 12.0);
+    QCOMPARE(MAngle(180, MAngle::kDegrees).asAngMinutes(), 10800.0);
+    MDistance distance(1, MDistance::kMeters);
+    QVERIFY(distance.setUnit(MDistance::kMillimeters));
+    QCOMPARE(distance.value(), 1000.0);
+    QCOMPARE(distance.setUnit(MDistance::kInvalid).statusCode(), MS::kInvalidParameter);
 }
 
 TE2_TEST(ValuesTest)
