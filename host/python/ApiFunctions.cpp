@@ -2,7 +2,6 @@
 
 #include "engine/Engine.h"
 #include "python/Execution.h"
-#include "python/PythonCallable.h"
 #include "python/PythonCommands.h"
 #include "python/PythonErrors.h"
 #include "python/PythonValue.h"
@@ -94,116 +93,11 @@ PyObject* SetOptionVar(PyObject*, PyObject* arguments)
     Py_RETURN_TRUE;
 }
 
-PyObject* EventNames(PyObject*, PyObject*)
+PyObject* UndoState(PyObject*, PyObject*)
 {
-    return FromValue(Events::Names());
-}
-
-/// (event, function): the handler's id; ValueError for an event that does not exist.
-PyObject* AddEventHandler(PyObject*, PyObject* arguments)
-{
-    PyObject* event = nullptr;
-    PyObject* function = nullptr;
-    if (!PyArg_ParseTuple(arguments, "UO", &event, &function) || !RequireApiThread())
-        return nullptr;
-    const Script script{Language::Python, {}, std::make_shared<PythonCallable>(function)};
-    const int id = Engine::Current().events.Add(ToText(event), [script] { script.Run(); });
-    if (id == 0)
-        return PyErr_Format(PyExc_ValueError, "There is no event named '%U'", event);
-    return PyLong_FromLong(id);
-}
-
-PyObject* RemoveEventHandler(PyObject*, PyObject* id)
-{
-    const long number = PyLong_AsLong(id);
-    if ((number == -1 && PyErr_Occurred()) || !RequireApiThread())
-        return nullptr;
-    return PyBool_FromLong(Engine::Current().events.Remove(static_cast<int>(number)));
-}
-
-/// The listeners by id. They go here rather than in OutputStream::Remove, which holds a lock that
-/// the thread with the interpreter lock may want.
-QHash<int, std::shared_ptr<PythonCallable>> outputListeners;
-
-/// Calls the function with a message, on the thread that prints.
-void TellListener(const std::shared_ptr<PythonCallable>& function, const Message& message)
-{
-    // The message about a listener that fails would come back to it.
-    static thread_local bool reporting = false;
-    if (reporting || !InterpreterIsRunning())
-        return;
-    const InterpreterLock lock;
-    // What was raised before the message was written belongs to somebody else.
-    PyObject *type, *value, *traceback;
-    PyErr_Fetch(&type, &value, &traceback);
-    const Reference result
-        = Reference::Take(function->Invoke({message.text, static_cast<int>(message.type)}));
-    if (!result) {
-        reporting = true;
-        ReportRaisedError();
-        reporting = false;
-    }
-    PyErr_Restore(type, value, traceback);
-}
-
-PyObject* AddOutputListener(PyObject*, PyObject* function)
-{
-    const auto callable = std::make_shared<PythonCallable>(function);
-    const int id = Engine::Current().output.AddListener(
-        [callable](const Message& message) { TellListener(callable, message); });
-    outputListeners.insert(id, callable);
-    return PyLong_FromLong(id);
-}
-
-PyObject* RemoveOutputListener(PyObject*, PyObject* id)
-{
-    const long number = PyLong_AsLong(id);
-    if (number == -1 && PyErr_Occurred())
-        return nullptr;
-    const std::shared_ptr<PythonCallable> removed = outputListeners.take(static_cast<int>(number));
-    if (removed)
-        Engine::Current().output.Remove(static_cast<int>(number));
-    return PyBool_FromLong(removed != nullptr);
-}
-
-void* FindElement(const QString& kind, const QString& name)
-{
-    const UserInterface* ui = Engine::Current().ui;
-    if (!ui)
-        return nullptr;
-    if (kind == QLatin1String("control"))
-        return ui->FindControl(name, nullptr);
-    if (kind == QLatin1String("layout"))
-        return ui->FindLayout(name, nullptr);
-    if (kind == QLatin1String("window"))
-        return ui->FindWindow(name);
-    if (kind == QLatin1String("menuItem"))
-        return ui->FindMenuItem(name);
-    if (kind == QLatin1String("mainWindow"))
-        return ui->MainWindow();
-    return ui->CurrentParent();
-}
-
-/// (kind, name): address of a widget or action; None when there is none.
-PyObject* FindWidget(PyObject*, PyObject* arguments)
-{
-    PyObject* kind = nullptr;
-    PyObject* name = nullptr;
-    if (!PyArg_ParseTuple(arguments, "UU", &kind, &name) || !RequireApiThread())
-        return nullptr;
-    void* element = FindElement(ToText(kind), ToText(name));
-    return element ? PyLong_FromVoidPtr(element) : Py_NewRef(Py_None);
-}
-
-/// Path of the element at an address, which must be one of a living object.
-PyObject* FullName(PyObject*, PyObject* address)
-{
-    const void* object = PyLong_AsVoidPtr(address);
-    if (PyErr_Occurred() || !RequireApiThread())
-        return nullptr;
-    const UserInterface* ui = Engine::Current().ui;
-    // A widget's address is that of its QObject, which comes first.
-    return FromText(ui && object ? ui->FullName(static_cast<const QObject*>(object)) : QString());
+    const UndoQueue& queue = Engine::Current().undoQueue;
+    return Py_BuildValue(
+        "(NN)", PyBool_FromLong(queue.IsUndoing()), PyBool_FromLong(queue.IsRedoing()));
 }
 
 // clang-format off
@@ -212,13 +106,7 @@ PyMethodDef METHODS[] = {
     {"executeOnIdle",        ExecuteOnIdle,        METH_VARARGS, nullptr},
     {"optionVar",            OptionVar,            METH_O,       nullptr},
     {"setOptionVar",         SetOptionVar,         METH_VARARGS, nullptr},
-    {"eventNames",           EventNames,           METH_NOARGS,  nullptr},
-    {"addEventHandler",      AddEventHandler,      METH_VARARGS, nullptr},
-    {"removeEventHandler",   RemoveEventHandler,   METH_O,       nullptr},
-    {"addOutputListener",    AddOutputListener,    METH_O,       nullptr},
-    {"removeOutputListener", RemoveOutputListener, METH_O,       nullptr},
-    {"findWidget",           FindWidget,           METH_VARARGS, nullptr},
-    {"fullName",             FullName,             METH_O,       nullptr},
+    {"undoState",            UndoState,            METH_NOARGS,  nullptr},
     {nullptr,                nullptr,              0,            nullptr},
 };
 // clang-format on
@@ -227,7 +115,8 @@ PyMethodDef METHODS[] = {
 
 bool AddApiFunctions(PyObject* module)
 {
-    return PyModule_AddFunctions(module, METHODS) == 0;
+    return PyModule_AddFunctions(module, METHODS) == 0 && AddCallbackFunctions(module)
+        && AddWidgetFunctions(module);
 }
 
 } // namespace host::python

@@ -7,6 +7,7 @@
 #include "python/PythonCommands.h"
 #include "python/PythonErrors.h"
 #include "python/PythonOutput.h"
+#include "python/PythonPlugins.h"
 #include "python/PythonValue.h"
 
 namespace host::python {
@@ -114,7 +115,7 @@ PyObject* MakeHostModule()
     Reference module = Reference::Take(PyModule_Create(&definition));
     if (!module)
         return nullptr;
-    if (!AddApiFunctions(module.Get()))
+    if (!AddApiFunctions(module.Get()) || !AddPluginFunctions(module.Get()))
         return nullptr;
     for (const auto& [name, type] : MESSAGE_TYPES) {
         if (PyModule_AddIntConstant(module.Get(), name, static_cast<int>(type)) != 0)

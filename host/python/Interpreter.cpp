@@ -3,6 +3,7 @@
 #include "engine/OutputStream.h"
 #include "engine/Paths.h"
 #include "engine/StartEnvironment.h"
+#include "python/ApiFunctions.h"
 #include "python/HostModule.h"
 #include "python/MainThreadCalls.h"
 #include "python/PythonApi.h"
@@ -164,6 +165,7 @@ void StopInterpreter()
 {
     CloseMainThreadCalls();
     CallSession("stop");
+    ReleaseTimers();
     ReleaseCommands();
     runningNumber = 0;
     CloseOutput();

@@ -44,12 +44,15 @@ bool PythonCallable::IsAlive() const
 
 PyObject* PythonCallable::Invoke(const QVector<Value>& arguments) const
 {
+    const Reference tuple = ArgumentTuple(arguments);
+    return tuple ? InvokeWith(tuple.Get()) : nullptr;
+}
+
+PyObject* PythonCallable::InvokeWith(PyObject* arguments) const
+{
     // A control may be deleted, and its callback with it, by the callback itself.
     const Reference function = Reference::Share(m_function);
-    const Reference tuple = ArgumentTuple(arguments);
-    if (!tuple)
-        return nullptr;
-    return WithoutUnwinding([&] { return PyObject_CallObject(function.Get(), tuple.Get()); });
+    return WithoutUnwinding([&] { return PyObject_CallObject(function.Get(), arguments); });
 }
 
 Outcome PythonCallable::Call(const QVector<Value>& arguments)

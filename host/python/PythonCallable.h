@@ -22,10 +22,13 @@ public:
     /// New reference to the result, or null with the exception set. Any thread that holds the
     /// interpreter lock.
     PyObject* Invoke(const QVector<Value>& arguments) const;
+    /// The same with a tuple of any objects.
+    PyObject* InvokeWith(PyObject* arguments) const;
 
-private:
+    /// False once the interpreter that the function belongs to is gone.
     bool IsAlive() const;
 
+private:
     PyObject* m_function; ///< a reference of its own
     const int m_interpreter; ///< the one it belongs to
 };

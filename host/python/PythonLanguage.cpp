@@ -4,6 +4,7 @@
 #include "python/Execution.h"
 #include "python/Interpreter.h"
 #include "python/PythonErrors.h"
+#include "python/PythonPlugins.h"
 #include "python/PythonSource.h"
 #include "python/PythonValue.h"
 
@@ -34,11 +35,13 @@ PythonLanguage::PythonLanguage(Engine& engine)
         ReportRaisedError();
     current = this;
     engine.python = this;
+    engine.plugins.SetLoader(Plugins::ScriptSuffix(), std::make_unique<PythonPluginLoader>());
     PyEval_SaveThread();
 }
 
 PythonLanguage::~PythonLanguage()
 {
+    m_engine.plugins.SetLoader(Plugins::ScriptSuffix(), nullptr);
     PyGILState_Ensure(); // never released: it ends with the interpreter
     m_stopWatcher.reset();
     StopInterpreter();

@@ -1,1 +1,4 @@
-"""Classes to derive plug-ins from: the host loads compiled plug-ins only, and so has none."""
+"""Classes to derive plug-ins from, in the API's older form. Commands are all that can be added."""
+
+from maya._plugins import MPxCommand, asMPxPtr
+from maya._plugins import OlderMFnPlugin as MFnPlugin

@@ -1,3 +1,3 @@
 """The API's way to the host's widgets."""
 
-from maya._api import MQtUtil
+from maya._interface import MQtUtil

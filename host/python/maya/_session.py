@@ -1,5 +1,6 @@
 """What the host calls when Python starts and ends."""
 
+import logging
 import sys
 import threading
 import _maya_host
@@ -20,10 +21,18 @@ def _on_unraisable(problem):
     _maya_host.showException(problem.exc_type, problem.exc_value, problem.exc_traceback)
 
 
+def _log_to_the_host():
+    from maya import utils
+    logger = logging.getLogger()
+    logger.addHandler(utils.guiLogHandler())
+    logger.setLevel(logging.INFO)
+
+
 def start():
     sys.excepthook = _maya_host.showException
     sys.unraisablehook = _on_unraisable
     threading.excepthook = _on_thread_exception
+    _log_to_the_host()
 
 
 def _threads_to_wait_for():

@@ -6,8 +6,12 @@ are.
 """
 
 import functools
+import logging
+import os
+import sys
 import traceback
 
+import _maya_host
 from _maya_host import executeDeferred
 from _maya_host import executeInMainThread as executeInMainThreadWithResult
 from _maya_host import processIdleEvents
@@ -80,3 +84,34 @@ def _formatGuiResult(obj):
 def formatGuiResult(obj):
     """Text of a result line."""
     return _formatGuiResult(obj)
+
+
+class MayaGuiLogHandler(logging.Handler):
+    """Shows what is logged as the host's messages: errors, warnings and information."""
+
+    def emit(self, record):
+        kind = _maya_host.INFO
+        if record.levelno > logging.WARNING:
+            kind = _maya_host.ERROR
+        elif record.levelno > logging.INFO:
+            kind = _maya_host.WARNING
+        try:
+            _maya_host.show(kind, self.format(record))
+        except Exception:
+            self.handleError(record)
+
+
+def guiLogHandler():
+    """A new handler that logs to the script window."""
+    handler = MayaGuiLogHandler()
+    handler.setFormatter(logging.Formatter(
+        os.environ.get("MAYA_GUI_LOGGER_FORMAT", "%(name)s : %(message)s")))
+    return handler
+
+
+def shellLogHandler():
+    """A new handler that logs to the terminal the host was started from."""
+    handler = logging.StreamHandler(sys.__stdout__)
+    handler.setFormatter(logging.Formatter(
+        os.environ.get("MAYA_SHELL_LOGGER_FORMAT", "%(name)s : %(levelname)s : %(message)s")))
+    return handler

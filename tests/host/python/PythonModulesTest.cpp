@@ -31,7 +31,7 @@ private:
 void PythonModulesTest::initTestCase()
 {
     commands::RegisterCommands(m_host.engine);
-    QVERIFY(!m_host.Execute("from maya import mel, OpenMaya as om").failed);
+    QVERIFY(!m_host.Execute("from maya import mel\nfrom maya.api import OpenMaya as om").failed);
 }
 
 void PythonModulesTest::ImportsEveryModule()
