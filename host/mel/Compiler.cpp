@@ -2,7 +2,7 @@
 
 #include "mel/Compiler.h"
 
-#include "engine/CommandRegistry.h"
+#include "engine/Engine.h"
 #include "mel/Interpreter.h"
 #include "mel/Parser.h"
 
@@ -126,6 +126,16 @@ static bool SameSize(const Value& first, const Value& second)
     return a.rows == b.rows && a.columns == b.columns;
 }
 
+/// Told on request only: declaring a variable again is legal and common.
+void Compiler::WarnOfDuplicate(const QString& name, int end) const
+{
+    Engine& engine = m_interpreter.GetEngine();
+    if (!engine.echo.duplicateVariableWarnings)
+        return;
+    engine.output.Warning(m_interpreter.CompilePlace(*m_module->source, end)
+        + QStringLiteral("Variable \"%1\" is declared again.").arg(name));
+}
+
 Symbol Compiler::DeclareLocal(const QString& name, const Value& initial, Kind kind, int end)
 {
     QHash<QString, Symbol>& scope = m_context->scopes.back();
@@ -136,6 +146,7 @@ Symbol Compiler::DeclareLocal(const QString& name, const Value& initial, Kind ki
             : Value();
         if (found->kind != kind || !SameSize(known, initial))
             ThrowRedeclaration(name, end);
+        WarnOfDuplicate(name, end);
         return *found;
     }
     const Symbol symbol{Symbol::Storage::Local, AddSlot(initial), nullptr, kind};

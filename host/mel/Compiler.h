@@ -47,6 +47,7 @@ private:
     Symbol GetSymbol(const ast::Variable& variable) const;
     Symbol Declare(const QString& name, const Value& initial, Kind kind, int end);
     Symbol DeclareLocal(const QString& name, const Value& initial, Kind kind, int end);
+    void WarnOfDuplicate(const QString& name, int end) const;
     Symbol DeclareGlobal(const QString& name, const Value& initial, Kind kind, int end);
     GlobalVariable* FindGlobal(const QString& name) const;
     int AddSlot(const Value& initial);
@@ -95,7 +96,7 @@ private:
     ExpressionCodePointer CompileElementChange(const ast::Index& target, ast::Operator operation,
         ExpressionCodePointer value, Yields yields);
     ExpressionCodePointer CompileArray(const ast::Array& array, Kind elementKind);
-    ExpressionCodePointer CompileVector(const ast::Vector& vector);
+    ExpressionCodePointer CompileVector(const ast::Vector& vector, Kind kind);
     ExpressionCodePointer CompileCall(const ast::Call& call);
     ExpressionCodePointer CompileCatch(const ast::Call& call);
 

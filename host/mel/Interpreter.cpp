@@ -222,15 +222,8 @@ void Interpreter::RaiseCompileError(const Source& source, const CompileError& er
     m_lastError = error.text;
     if (m_hidden > 0)
         throw ScriptError{error.text};
-    const int line = source.LineOf(error.offset);
-    const QString position = QStringLiteral("%1.%2: ").arg(line).arg(source.ColumnOf(error.offset));
-    QString place;
-    if (m_engine.echo.lineNumbers) {
-        place = source.IsFile() ? QStringLiteral("\"%1\" line ").arg(source.Path()) + position
-                                : QStringLiteral("Line ") + position;
-    }
-    m_engine.output.Error(source.LineText(line));
-    m_engine.output.Error(place + error.text);
+    m_engine.output.Error(source.LineText(source.LineOf(error.offset)));
+    m_engine.output.Error(CompilePlace(source, error.offset) + error.text);
     if (m_engine.echo.stackTrace && m_top)
         m_engine.output.Write(MessageType::StackTrace, StackTrace());
     throw ScriptError{error.text};
@@ -246,6 +239,16 @@ QString Interpreter::Place(PlaceLead lead) const
         return QStringLiteral("file: %1 line %2: ")
             .arg(m_top->source->Path(), QString::number(m_top->line));
     return QStringLiteral("line %1: ").arg(m_top->line);
+}
+
+QString Interpreter::CompilePlace(const Source& source, int offset) const
+{
+    if (!m_engine.echo.lineNumbers)
+        return {};
+    const QString position
+        = QStringLiteral("%1.%2: ").arg(source.LineOf(offset)).arg(source.ColumnOf(offset));
+    return source.IsFile() ? QStringLiteral("\"%1\" line ").arg(source.Path()) + position
+                           : QStringLiteral("Line ") + position;
 }
 
 /// One line per frame, innermost first.

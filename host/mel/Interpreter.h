@@ -64,6 +64,8 @@ public:
     void Warn(const QString& text, PlaceLead lead = PlaceLead::AsSet);
     /// "line 3: " or "file: /a.mel line 3: ".
     QString Place(PlaceLead lead) const;
+    /// "Line 2.7: " or "\"/a.mel\" line 2.7: ", as what is said about a text while it is compiled.
+    QString CompilePlace(const Source& source, int offset) const;
     const QString& LastError() const { return m_lastError; }
 
     Engine& GetEngine() { return m_engine; }
