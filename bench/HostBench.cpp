@@ -19,6 +19,12 @@ using host::Language;
 const QString MEL_LOOP
     = QStringLiteral("{ int $i; int $x = 0; for ($i = 0; $i < 1000000; $i++) $x += $i; }");
 const QString PYTHON_LOOP = QStringLiteral("x = 0\nfor i in range(1000000):\n    x += i\n");
+const QString MEL_CALLS
+    = QStringLiteral("proc int next(int $a) { return $a + 1; }"
+                     "{ int $i; int $x; for ($i = 0; $i < 1000000; $i++) $x = next($x); }");
+const QString PYTHON_CALLS
+    = QStringLiteral("def next_one(a):\n    return a + 1\n"
+                     "x = 0\nfor i in range(1000000):\n    x = next_one(x)\n");
 const QString MEL_PRINTS = QStringLiteral(
     "{ int $i; for ($i = 0; $i < 100000; $i++) print (\"line \" + $i + \" of the log\\n\"); }");
 const QString PYTHON_PRINTS
@@ -26,6 +32,28 @@ const QString PYTHON_PRINTS
 
 const QString LONG_PYTHON_PRINTS
     = QStringLiteral("for i in range(1000000):\n    print('line', i, 'of the log')\n");
+
+/// Work whose time must stay in proportion to the number of turns, which stands for %1.
+struct GrowthRow
+{
+    const char* name;
+    const char* floorName;
+    const char* script;
+};
+
+// clang-format off
+constexpr GrowthRow GROWTHS[] = {
+    {"mel_text_growth", "mel_text_growth/floor",
+        "{ string $s; int $i; for ($i = 0; $i < %1; $i++) $s = $s + $i + \",\"; }"},
+    {"mel_array_growth", "mel_array_growth/floor",
+        "{ string $a[]; int $i; for ($i = 0; $i < %1; $i++) $a[size($a)] = \"n\" + $i; }"},
+    {"mel_duplicates", "mel_duplicates/floor",
+        "{ string $a[]; int $i; for ($i = 0; $i < %1; $i += 10) $a[size($a)] = \"n\" + ($i / 2);"
+        " $a = stringArrayRemoveDuplicates($a); }"},
+};
+// clang-format on
+constexpr int FEW_TURNS = 100000;
+constexpr int MANY_TURNS = 4 * FEW_TURNS;
 
 host::Host* theHost = nullptr;
 
@@ -135,6 +163,16 @@ void RegisterAll()
     Register("mel_additions", [](auto& s) { RunScript(s, Language::Mel, MEL_LOOP); });
     Register("mel_additions/floor", [](auto& s) { RunScript(s, Language::Python, PYTHON_LOOP); });
     RatioGoal("mel_additions", 3);
+    Register("mel_calls", [](auto& s) { RunScript(s, Language::Mel, MEL_CALLS); });
+    Register("mel_calls/floor", [](auto& s) { RunScript(s, Language::Python, PYTHON_CALLS); });
+    RatioGoal("mel_calls", 3);
+    for (const GrowthRow& row : GROWTHS) {
+        const QString script = QString::fromLatin1(row.script);
+        Register(row.name, [=](auto& s) { RunScript(s, Language::Mel, script.arg(MANY_TURNS)); });
+        Register(
+            row.floorName, [=](auto& s) { RunScript(s, Language::Mel, script.arg(FEW_TURNS)); });
+        RatioGoal(row.name, 6);
+    }
     Register("mel_prints", [](auto& s) { RunWithWindow(s, Language::Mel, MEL_PRINTS); });
     Register("mel_prints/floor", [](auto& s) { RunWithoutWindow(s, Language::Mel, MEL_PRINTS); });
     RatioGoal("mel_prints", 3);
