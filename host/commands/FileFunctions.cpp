@@ -13,6 +13,8 @@ namespace host::commands {
 namespace {
 
 constexpr int MAXIMUM_STRING_BYTES = 1024; ///< what `fread` takes for one string
+constexpr int MAXIMUM_FILE = 1 << 27; ///< bytes read at once; a device has no end
+constexpr int MAXIMUM_PART = 1 << 20;
 
 OpenFiles& Files()
 {
@@ -167,7 +169,14 @@ Outcome ReadAll(const QString& path)
     if (!file.open(QIODevice::ReadOnly)) {
         return Error{QStringLiteral("Cannot read file \"%1\": %2.").arg(path, file.errorString())};
     }
-    return DecodedText(file.readAll());
+    QByteArray bytes;
+    while (bytes.size() <= MAXIMUM_FILE) {
+        const QByteArray part = file.read(MAXIMUM_PART);
+        if (part.isEmpty())
+            return DecodedText(bytes);
+        bytes += part;
+    }
+    return Error{QStringLiteral("Cannot read file \"%1\": It is too long.").arg(path)};
 }
 
 Outcome ReadAllText(FunctionCall& call)

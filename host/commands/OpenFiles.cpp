@@ -5,6 +5,13 @@
 
 namespace host::commands {
 
+namespace {
+
+/// Bytes; a device without line ends must not take all memory.
+constexpr int MAXIMUM_LINE = 1 << 24;
+
+} // namespace
+
 OpenFiles::~OpenFiles()
 {
     // A pipe's command may run on: waiting for it here could take for ever.
@@ -64,8 +71,8 @@ QByteArray OpenFiles::ReadLine(int id)
 {
     std::FILE* file = Prepare(id, Last::Read);
     QByteArray line;
-    while (file && !line.endsWith('\n')) {
-        const int byte = std::fgetc(file);
+    while (file && !line.endsWith('\n') && line.size() < MAXIMUM_LINE) {
+        const int byte = getc_unlocked(file);
         if (byte == EOF)
             break;
         line += static_cast<char>(byte);
@@ -77,8 +84,8 @@ QByteArray OpenFiles::ReadWord(int id, const QByteArray& separators)
 {
     std::FILE* file = Prepare(id, Last::Read);
     QByteArray word;
-    while (file) {
-        const int byte = std::fgetc(file);
+    while (file && word.size() < MAXIMUM_LINE) {
+        const int byte = getc_unlocked(file);
         if (byte == EOF)
             break;
         if (!separators.contains(static_cast<char>(byte)))
@@ -94,7 +101,7 @@ QByteArray OpenFiles::ReadText(int id, int limit)
     std::FILE* file = Prepare(id, Last::Read);
     QByteArray text;
     while (file && text.size() < limit) {
-        const int byte = std::fgetc(file);
+        const int byte = getc_unlocked(file);
         if (byte == EOF || byte == 0)
             break;
         text += static_cast<char>(byte);

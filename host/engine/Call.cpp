@@ -102,7 +102,7 @@ bool Convert(Word& word, ArgumentType type)
 /// The elements of an array as words of their own.
 QVector<Word> Spread(const Word& word)
 {
-    if (!word.value.IsArray())
+    if (!word.value.IsArray() && !word.value.IsNone())
         return {word};
     QVector<Word> words;
     for (int i = 0; i < word.value.Count(); ++i)
@@ -251,9 +251,12 @@ bool CallReader::ReadMelFlag(const QVector<Word>& words, int& position)
     while (position < words.size() && !words[position].isFlag
         && (arguments.size() < wanted || flag->takesList)) {
         arguments += flag->takesList ? Spread(words[position]) : QVector<Word>{words[position]};
-        // A whole array is the whole list; what follows it are objects.
-        if (words[position++].value.IsArray() && flag->takesList)
+        const Value& value = words[position++].value;
+        // A whole array, be it an empty one, is the whole list; what follows it are objects.
+        if (flag->takesList && (value.IsArray() || value.IsNone())) {
+            wanted = 0;
             break;
+        }
     }
     if (arguments.size() < wanted && flag->queryTakesArguments && m_read.call.m_mode == Query
         && arguments.isEmpty()) {

@@ -78,6 +78,8 @@ double Vector::Length() const
 
 QString NumberText(double value)
 {
+    if (value == 0 && std::signbit(value))
+        return QStringLiteral("-0"); // as C writes it; QString drops the sign
     return QString::number(value, 'g', SIGNIFICANT_DIGITS);
 }
 

@@ -47,7 +47,7 @@ ExpressionCodePointer Compiler::CompileExpression(const ast::Expression& express
     }
     case Type::Call: return CompileCall(As<ast::Call>(expression));
     case Type::Array: return CompileArray(As<ast::Array>(expression), Kind::None);
-    case Type::Vector: return CompileVector(As<ast::Vector>(expression));
+    case Type::Vector: return CompileVector(As<ast::Vector>(expression), Kind::None);
     case Type::Pieces: return MakeJoinedText(CompileList(As<ast::Pieces>(expression).parts));
     }
     return nullptr;
@@ -58,6 +58,8 @@ ExpressionCodePointer Compiler::CompileFor(const ast::Expression& expression, Ki
 {
     if (expression.type == ast::Expression::Type::Array && IsArrayKind(kind))
         return CompileArray(As<ast::Array>(expression), ElementKindOf(kind));
+    if (expression.type == ast::Expression::Type::Vector && kind == Kind::Matrix)
+        return CompileVector(As<ast::Vector>(expression), kind);
     return CompileExpression(expression);
 }
 
@@ -213,7 +215,8 @@ ExpressionCodePointer Compiler::CompileArray(const ast::Array& array, Kind eleme
     return MakeArray(std::move(elements));
 }
 
-ExpressionCodePointer Compiler::CompileVector(const ast::Vector& vector)
+/// One short row is a vector, unless a matrix is wanted.
+ExpressionCodePointer Compiler::CompileVector(const ast::Vector& vector, Kind kind)
 {
     constexpr size_t VECTOR_PARTS = 3;
     ExpressionCodeList cells;
@@ -226,7 +229,7 @@ ExpressionCodePointer Compiler::CompileVector(const ast::Vector& vector)
         for (ExpressionCodePointer& cell : CompileList(row))
             cells.push_back(std::move(cell));
     }
-    if (vector.rows.size() == 1 && columns <= VECTOR_PARTS)
+    if (vector.rows.size() == 1 && columns <= VECTOR_PARTS && kind != Kind::Matrix)
         return MakeVector(std::move(cells));
     return MakeMatrix(std::move(cells), static_cast<int>(columns));
 }

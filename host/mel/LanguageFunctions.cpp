@@ -30,7 +30,7 @@ QString JoinedArguments(const FunctionCall& call)
 {
     QStringList texts;
     for (int i = 0; i < call.Count(); ++i)
-        texts += call.Text(i);
+        texts += call.At(i).ToTextList();
     return texts.join(QLatin1Char(' '));
 }
 
@@ -126,9 +126,9 @@ Outcome Trace(Call& call)
 // clang-format off
 constexpr FunctionRow FUNCTIONS[] = {
     {"void print(any)",                       Print},
-    {"any eval(string, [string], ...)",       Eval},
-    {"any evalNoSelectNotify(string, [string], ...)", Eval},
-    {"any evalEcho(string, [string], ...)",   EvalEcho},
+    {"any eval(any, [any], ...)",             Eval},
+    {"any evalNoSelectNotify(any, [any], ...)", Eval},
+    {"any evalEcho(any, [any], ...)",         EvalEcho},
     {"void source(string)",                   SourceFile},
     {"int catch(any)",                        NothingCaught},
     {"int catchQuiet(any)",                   NothingCaught},

@@ -32,6 +32,21 @@ evalDeferred "print late"
 @idle
 >>
 
+== A filter is emptied by an empty list
+commandEcho -filter {"ls", "print"}
+commandEcho -filter {}
+commandEcho -q -filter =>
+
+== A variable that is declared twice is told on request
+{ int $one; int $one; }
+melOptions -duplicateVariableWarnings on
+{ int $one; int $two; { int $one; } int $one; } >> warning: Variable "$one" is declared again.
+proc once(int $one) { int $one; } >> warning: Variable "$one" is declared again.
+
+== A device without an end is not read to it
+int $f = fopen("/dev/zero", "r"); print(size(fgetline($f)) > 0); fclose($f); >> print: 1
+freadAllText("/dev/zero"); => error: Cannot read file "/dev/zero": It is too long.
+
 == There is nothing to undo
 undo; redo; >> warning: There are no more commands to undo. | warning: There are no more commands to redo.
 undoInfo -q -undoQueueEmpty => 1
