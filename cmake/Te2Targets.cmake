@@ -22,7 +22,7 @@ find_program(TE2_CCACHE ccache)
 if(TE2_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
   # The build folders of one work tree share their cache.
   set(CMAKE_CXX_COMPILER_LAUNCHER
-    "${CMAKE_COMMAND};-E;env;CCACHE_BASEDIR=${CMAKE_SOURCE_DIR};CCACHE_NOHASHDIR=1;${TE2_CCACHE}")
+    "${CMAKE_COMMAND};-E;env;CCACHE_BASEDIR=${CMAKE_SOURCE_DIR};CCACHE_NOHASHDIR=1;CCACHE_SLOPPINESS=pch_defines,time_macros;${TE2_CCACHE}")
 endif()
 
 add_library(te2_flags INTERFACE)
@@ -77,7 +77,7 @@ endfunction()
 # te2_set_test_environment(<test>): no screen, and what the toolkit keeps is no leak.
 function(te2_set_test_environment test)
   set_tests_properties(${test} PROPERTIES TIMEOUT 120
-    ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8;TE2_BUILD_DIR=${CMAKE_BINARY_DIR};LSAN_OPTIONS=print_suppressions=0:suppressions=${CMAKE_SOURCE_DIR}/tests/support/lsan.supp")
+    ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8;TE2_BUILD_DIR=${CMAKE_BINARY_DIR};UBSAN_OPTIONS=halt_on_error=1:print_stacktrace=1;LSAN_OPTIONS=print_suppressions=0:suppressions=${CMAKE_SOURCE_DIR}/tests/support/lsan.supp")
 endfunction()
 
 # te2_add_test(<program> CLASSES A B SOURCES ... LINKS ...): one Qt Test program per subsystem;
@@ -88,6 +88,14 @@ function(te2_add_test name)
   target_include_directories(${name} PRIVATE "${CMAKE_SOURCE_DIR}/tests")
   target_compile_definitions(${name} PRIVATE "TEST_DATA_DIR=\"${CMAKE_CURRENT_SOURCE_DIR}/data\"")
   target_link_libraries(${name} PRIVATE test_support ${ARG_LINKS} Qt5::Test te2_flags)
+  if(TE2_PRECOMPILE_TESTS)
+    target_precompile_headers(${name} REUSE_FROM test_support)
+    # Lets the compiler's cache see through them.
+    target_compile_options(${name} PRIVATE $<$<CXX_COMPILER_ID:GNU>:-fpch-preprocess>)
+    # Nearly always empty, since the classes include their own.
+    set_property(SOURCE "${CMAKE_CURRENT_BINARY_DIR}/${name}_autogen/mocs_compilation.cpp"
+      PROPERTY SKIP_PRECOMPILE_HEADERS ON)
+  endif()
   foreach(class IN LISTS ARG_CLASSES)
     add_test(NAME ${name}.${class} COMMAND ${name} ${class})
     te2_set_test_environment(${name}.${class})
