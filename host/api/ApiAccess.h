@@ -25,6 +25,8 @@ public:
     static const QVector<host::Word>& WordsOf(const MArgList& list);
     static void SetWords(MArgList& list, const QVector<host::Word>& words);
 
+    static bool TakesSelection(const MSyntax& syntax);
+    static unsigned int MinimumObjects(const MSyntax& syntax);
     /// Gives a command the flags, objects and modes of a syntax.
     static void Describe(host::Command& command, const MSyntax& syntax);
 
@@ -32,6 +34,7 @@ public:
     static void Attach(MPxCommand& object, const std::shared_ptr<host::api::PluginCommand>& command,
         const QString& text);
 
+    static void SetNames(MSelectionList& list, const QStringList& names);
     static void SetValue(MCommandResult& result, const host::Value& value);
 };
 

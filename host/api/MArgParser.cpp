@@ -1,11 +1,13 @@
 #include "api/ApiAccess.h"
 #include "api/Conversions.h"
+#include "api/SceneNames.h"
 #include "api/StatusDetails.h"
 #include "api/ValueReading.h"
 #include "engine/Engine.h"
 
 #include <maya/MArgDatabase.h>
 #include <maya/MArgList.h>
+#include <maya/MSelectionList.h>
 #include <maya/MSyntax.h>
 
 OPENMAYA_MAJOR_NAMESPACE_OPEN
@@ -18,11 +20,14 @@ struct MArgParser::Parsed
 {
     host::Command command{QString(), host::CommandOrigin::PlugIn, {}};
     host::Call call;
+    QStringList objects; ///< those given, or the selection in their place
 
     const host::Flag* Find(const char* flag) const
     {
         return command.FindFlag(host::api::FlagName(flag));
     }
+    /// The selection stands for objects that are not given.
+    std::optional<host::Error> TakeSelection(unsigned int minimum);
     unsigned int Uses(const char* flag) const;
     host::Value Argument(const char* flag, unsigned int index, unsigned int use = 0) const;
     /// Position in the words of the flag's use `use`; -1 when there is none.
@@ -44,6 +49,18 @@ struct MArgParser::Parsed
         return host::api::ReadValue(value, result) ? MS::kSuccess : MS::kFailure;
     }
 };
+
+std::optional<host::Error> MArgParser::Parsed::TakeSelection(unsigned int minimum)
+{
+    if (objects.isEmpty())
+        objects = host::api::SelectedObjects();
+    if (objects.size() >= static_cast<int>(minimum))
+        return std::nullopt;
+    return host::Error{QStringLiteral("This command requires at least %1 argument(s) to be "
+                                      "specified or selected; found %2.")
+                           .arg(minimum)
+                           .arg(objects.size())};
+}
 
 unsigned int MArgParser::Parsed::Uses(const char* flag) const
 {
@@ -83,6 +100,9 @@ MArgParser::MArgParser(const MSyntax& syntax, const MArgList& argList, MStatus* 
 {
     ApiAccess::Describe(m_parsed->command, syntax);
     host::ReadCall read = host::ReadWords(m_parsed->command, ApiAccess::WordsOf(argList));
+    m_parsed->objects = read.call.ObjectTexts();
+    if (ApiAccess::TakesSelection(syntax) && !read.error && read.call.IsCreate())
+        read.error = m_parsed->TakeSelection(ApiAccess::MinimumObjects(syntax));
     if (read.error && host::Engine::Exists())
         host::Engine::Current().output.Error(read.error->text);
     m_parsed->call = std::move(read.call);
@@ -284,7 +304,7 @@ MString MArgParser::commandArgumentString(unsigned int index, MStatus* ReturnSta
 
 MStatus MArgParser::getObjects(MStringArray& objects) const
 {
-    objects = host::api::ToMStringArray(m_parsed->call.ObjectTexts());
+    objects = host::api::ToMStringArray(m_parsed->objects);
     return MS::kSuccess;
 }
 
@@ -299,6 +319,40 @@ MArgDatabase::~MArgDatabase() = default;
 MArgDatabase::MArgDatabase(const MSyntax& syntax, const MArgList& argList, MStatus* ReturnStatus)
     : MArgParser(syntax, argList, ReturnStatus)
 { }
+
+namespace {
+
+/// One text as a list of what it means.
+MStatus ReadList(const MStatus& status, const MString& text, MSelectionList& result)
+{
+    result.clear();
+    return status ? result.add(text) : status;
+}
+
+} // namespace
+
+MStatus MArgDatabase::getFlagArgument(
+    const char* flag, unsigned int index, MSelectionList& result) const
+{
+    MString text;
+    return ReadList(getFlagArgument(flag, index, text), text, result);
+}
+
+MStatus MArgDatabase::getCommandArgument(unsigned int index, MSelectionList& result) const
+{
+    MString text;
+    return ReadList(getCommandArgument(index, text), text, result);
+}
+
+MStatus MArgDatabase::getObjects(MSelectionList& result) const
+{
+    MStringArray names;
+    MStatus status = getObjects(names);
+    result.clear();
+    for (unsigned int i = 0; status && i < names.length(); ++i)
+        status = result.add(names[i]);
+    return status;
+}
 
 const char* MArgDatabase::className()
 {

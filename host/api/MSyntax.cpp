@@ -58,6 +58,7 @@ struct MSyntax::Description
     unsigned int maximumObjects = ANY_NUMBER;
     bool canQuery = false;
     bool canEdit = false;
+    bool takesSelection = false;
 
     host::Flag* Find(const char* name);
     bool TakesObjects() const
@@ -85,7 +86,8 @@ host::Objects MSyntax::Description::Objects() const
         ? host::Objects::UNLIMITED
         : static_cast<int>(maximumObjects);
     return {QStringLiteral("[%1...]").arg(host::ArgumentTypeName(host::ArgumentType::String)),
-        {host::ArgumentType::String}, static_cast<int>(minimumObjects), maximum};
+        {host::ArgumentType::String}, takesSelection ? 0 : static_cast<int>(minimumObjects),
+        maximum};
 }
 
 MSyntax::MSyntax()
@@ -157,9 +159,9 @@ MStatus MSyntax::addArg(MArgType type)
     return MS::kSuccess;
 }
 
-void MSyntax::useSelectionAsDefault(bool)
+void MSyntax::useSelectionAsDefault(bool use)
 {
-    // There is no scene here, and so never a selection to take.
+    m_description->takesSelection = use;
 }
 
 MStatus MSyntax::setObjectType(MObjectFormat objectFormat, unsigned int minimumObjects)
@@ -219,6 +221,16 @@ bool MSyntax::canQuery() const
 bool MSyntax::canEdit() const
 {
     return m_description->canEdit;
+}
+
+bool ApiAccess::TakesSelection(const MSyntax& syntax)
+{
+    return syntax.m_description->TakesObjects() && syntax.m_description->takesSelection;
+}
+
+unsigned int ApiAccess::MinimumObjects(const MSyntax& syntax)
+{
+    return syntax.m_description->minimumObjects;
 }
 
 void ApiAccess::Describe(host::Command& command, const MSyntax& syntax)

@@ -1,5 +1,8 @@
 #include "engine/Call.h"
 
+#include "engine/Engine.h"
+#include "engine/Measures.h"
+
 namespace host {
 
 namespace {
@@ -66,11 +69,16 @@ std::optional<bool> ReadBool(const Word& word)
     return std::nullopt;
 }
 
+bool IsMeasure(ArgumentType type)
+{
+    return type == ArgumentType::Length || type == ArgumentType::Angle
+        || type == ArgumentType::Time;
+}
+
 bool IsNumeric(ArgumentType type)
 {
     return type == ArgumentType::Int || type == ArgumentType::Unsigned
-        || type == ArgumentType::Float || type == ArgumentType::Length
-        || type == ArgumentType::Angle || type == ArgumentType::Time;
+        || type == ArgumentType::Float || IsMeasure(type);
 }
 
 /// Turns the word into the type wanted; false when it cannot be.
@@ -85,6 +93,13 @@ bool Convert(Word& word, ArgumentType type)
         if (yes)
             word.value = *yes;
         return yes.has_value();
+    }
+    if (IsMeasure(type) && word.value.IsString()) {
+        const Units units = Engine::Exists() ? Engine::Current().units : Units();
+        const std::optional<double> number = ReadMeasure(word.Text(), type, units);
+        if (number)
+            word.value = *number;
+        return number.has_value();
     }
     if (!IsNumeric(type)) {
         word.value = word.Text();

@@ -6,6 +6,7 @@
 #include "engine/IdleQueue.h"
 #include "engine/Interrupt.h"
 #include "engine/Modules.h"
+#include "engine/Measures.h"
 #include "engine/OptionVars.h"
 #include "engine/OutputHistory.h"
 #include "engine/OutputStream.h"
@@ -59,6 +60,7 @@ public:
     IdleQueue idle;
     Interrupt interrupt;
     EchoState echo;
+    Units units;
     /// What the commands' library keeps (commands/Session.h).
     std::shared_ptr<void> commandState;
 

@@ -6,8 +6,7 @@
 
 OPENMAYA_MAJOR_NAMESPACE_OPEN
 
-/// An MArgParser that would also know the scene's selection. This host has none, so it offers what
-/// the parser does.
+/// An MArgParser that knows the scene's objects, too.
 class OPENMAYA_EXPORT MArgDatabase : public MArgParser
 {
 public:
@@ -18,6 +17,12 @@ public:
     using MArgParser::getCommandArgument;
     using MArgParser::getFlagArgument;
     using MArgParser::getObjects;
+
+    /// kInvalidParameter when there is no such object.
+    MStatus getFlagArgument(const char* flag, unsigned int index, MSelectionList& result) const;
+    MStatus getCommandArgument(unsigned int index, MSelectionList& result) const;
+    /// The objects given; where the syntax wants it, the selection when none are.
+    MStatus getObjects(MSelectionList& result) const;
 
     static const char* className();
 };

@@ -16,6 +16,13 @@ class OPENMAYA_EXPORT MGlobal
 public:
     enum MMayaState { kInteractive = 0, kBatch, kLibraryApp, kBaseUIMode };
     enum MIdleTaskPriority { kHighIdlePriority = 0, kLowIdlePriority, kVeryLowIdlePriority };
+    enum ListAdjustment {
+        kReplaceList = 0,
+        kXORWithList,
+        kAddToList,
+        kRemoveFromList,
+        kAddToHeadOfList
+    };
 
     static MMayaState mayaState(MStatus* ReturnStatus = nullptr);
     static MString mayaVersion();
@@ -78,6 +85,17 @@ public:
     static void displayInfo(const MString& text);
     static void displayWarning(const MString& text);
     static void displayError(const MString& text);
+
+    // The scene's selection.
+    static MStatus getActiveSelectionList(
+        MSelectionList& dest, bool orderedSelectionIfAvailable = false);
+    static MStatus setActiveSelectionList(
+        const MSelectionList& src, ListAdjustment listAdjustment = kReplaceList);
+    /// Adds what a name or pattern means; kInvalidParameter when nothing does.
+    static MStatus getSelectionListByName(const MString& name, MSelectionList& list);
+    static MStatus selectByName(const MString& name, ListAdjustment listAdjustment = kAddToList);
+    static MStatus unselectByName(const MString& name);
+    static MStatus clearSelectionList();
 
     // 0, 0.0 or "" when there is no such variable.
     static int optionVarIntValue(const MString& name, bool* exists = nullptr);

@@ -54,7 +54,7 @@ Outcome Keep(Call& call)
 
 // clang-format off
 const CommandRow ROWS[] = {
-    {"spell",    "string", "QE", "[String...]", "flag/f - cqe; size/s int int cqe; name/n str cqe; item/i str cqem; pair/p str int cem; list/ls str[] c; number/nr int cqe; ratio/r float c; on/o B cqe", Spell},
+    {"spell",    "string", "QE", "[String...]", "flag/f - cqe; size/s int int cqe; name/n str cqe; item/i str cqem; pair/p str int cem; list/ls str[] c; number/nr int cqe; ratio/r float c; on/o B cqe; far/fr length c; turn/t angle c; when/w time c", Spell},
     {"giveBack", "any",    "Q",  "[String]",    "", GiveBack},
     {"lsUI",     "any",    "",   "[String]",    "", GiveBack},
     {"fail",     "none",   "",   "[String]",    "", Fail},
@@ -116,6 +116,13 @@ void PythonCommandsTest::ReadsArguments_data()
     TextRow("name=10**12", "Result: create name(1000000000000)");
     TextRow("ratio=10**12", "Result: create ratio(1e+12)");
     TextRow("name='\xF0\x9F\x98\x80'", "Result: create name(\xF0\x9F\x98\x80)");
+    TextRow("far=5", "Result: create far(5)");
+    TextRow("far='5cm'", "Result: create far(5)");
+    TextRow("far='1.5 in', turn='180 deg'", "Result: create far(3.81) turn(180)");
+    TextRow("when='2sec'", "Result: create when(48)");
+    TextRow("when='10 60fps'", "Result: create when(4)");
+    TextRow(
+        "far='5deg'", "TypeError: Invalid arguments for flag 'far'.  Expected distance, got str");
     TextRow("'w', query=None", "Result: create w");
     TextRow("query='w', name=True", "Result: query name() w");
     TextRow("foo=1", "TypeError: Invalid flag 'foo'");
