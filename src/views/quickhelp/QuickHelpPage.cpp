@@ -9,6 +9,7 @@
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMenu>
+#include <QScopedValueRollback>
 #include <QTextBlock>
 #include <QToolTip>
 
@@ -99,6 +100,7 @@ void QuickHelpPage::SetTopic(const QuickHelpTopic& topic)
 
 void QuickHelpPage::Write()
 {
+    const QScopedValueRollback<bool> writing(m_writing, true);
     m_writtenWidth = viewport()->width();
     document()->clear();
     document()->setDocumentMargin(0);
@@ -194,8 +196,11 @@ void QuickHelpPage::UpdateHeight()
 void QuickHelpPage::resizeEvent(QResizeEvent* event)
 {
     QTextBrowser::resizeEvent(event);
-    // Later: while text is written its scroll bar comes and goes, which brings us here as well.
-    QMetaObject::invokeMethod(this, &QuickHelpPage::WriteForWidth, Qt::QueuedConnection);
+    // While text is written its scroll bar comes and goes, which brings us here as well.
+    if (m_writing)
+        QMetaObject::invokeMethod(this, &QuickHelpPage::WriteForWidth, Qt::QueuedConnection);
+    else
+        WriteForWidth();
 }
 
 void QuickHelpPage::WriteForWidth()

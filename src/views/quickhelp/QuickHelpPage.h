@@ -37,4 +37,5 @@ private:
 
     QuickHelpTopic m_topic;
     int m_writtenWidth = -1; ///< pixels of the viewport
+    bool m_writing = false;
 };
