@@ -20,6 +20,7 @@ QString TypeText(ArgumentType type)
     case ArgumentType::String:
     case ArgumentType::Name: return QStringLiteral("string");
     case ArgumentType::Script: return QStringLiteral("script");
+    case ArgumentType::Any: return QStringLiteral("value");
     }
     return {};
 }
@@ -88,6 +89,8 @@ bool Convert(Word& word, ArgumentType type)
         return type == ArgumentType::Script;
     if (word.value.IsNone() || word.value.IsArray())
         return false;
+    if (type == ArgumentType::Any)
+        return true;
     if (type == ArgumentType::Bool) {
         const std::optional<bool> yes = ReadBool(word);
         if (yes)

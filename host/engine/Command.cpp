@@ -27,6 +27,7 @@ constexpr TypeRow TYPES[] = {
     {"length", "Length", ArgumentType::Length},
     {"angle", "Angle", ArgumentType::Angle},
     {"time", "Time", ArgumentType::Time},
+    {"any", "Any", ArgumentType::Any},
 };
 
 ArgumentType TypeFromWord(const QString& word, const char* TypeRow::*column)

@@ -11,7 +11,19 @@ namespace host {
 class Call;
 
 /// What one argument of a flag, or one object of a command, has to be.
-enum class ArgumentType { Bool, Int, Unsigned, Float, String, Script, Name, Length, Angle, Time };
+enum class ArgumentType {
+    Bool,
+    Int,
+    Unsigned,
+    Float,
+    String,
+    Script,
+    Name,
+    Length,
+    Angle,
+    Time,
+    Any, ///< of objects only: a number or a text, as it was given
+};
 
 /// How a command is called. The numbers are bits, so that a flag can name several.
 enum Mode { Create = 1, Query = 2, Edit = 4 };
@@ -52,7 +64,8 @@ struct CommandRow
     /// when it is made from this command's result.
     const char* result;
     const char* modes; ///< "", "Q", "E" or "QE"
-    /// Synopsis of the objects: "" for none, "String", "[String]", "Float Float [String...]".
+    /// Synopsis of the objects: "" for none, "String", "[String]", "Float Float [String...]". "Any"
+    /// leaves numbers numbers.
     const char* objects;
     /// "long/short ARGUMENTS MODES; ..." where ARGUMENTS are any of "-" (none), B, int, uint,
     /// float, str, name, script, length, angle, time, each once per argument ("str[]" for a list),

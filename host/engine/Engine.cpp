@@ -107,6 +107,7 @@ ScriptScope::ScriptScope(Language language)
     Engine& engine = Engine::Current();
     if (engine.m_runningScripts++ == 0)
         engine.interrupt.Clear();
+    engine.undoQueue.OpenChunk();
     engine.idle.Hold();
 }
 
@@ -114,6 +115,7 @@ ScriptScope::~ScriptScope()
 {
     Engine& engine = Engine::Current();
     engine.idle.Release();
+    engine.undoQueue.CloseChunk();
     if (--engine.m_runningScripts == 0)
         engine.interrupt.Clear();
 }

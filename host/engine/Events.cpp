@@ -7,6 +7,8 @@ namespace host {
 const QStringList& Events::Names()
 {
     static const QStringList names = {
+        QStringLiteral("DagObjectCreated"),
+        QStringLiteral("NameChanged"),
         QStringLiteral("NewSceneOpened"),
         QStringLiteral("PostSceneRead"),
         QStringLiteral("SceneOpened"),

@@ -21,12 +21,12 @@ public:
     virtual QString Name() const = 0;
 };
 
-/// What can be undone, and what can be redone after that. Only commands of plug-ins put something
-/// here, as the host has no scene that its own commands could change. Main thread only.
+/// What can be undone, and what can be redone after that. The steps that are added while a chunk is
+/// open become one step when it is closed: a text that runs is such a chunk. Main thread only.
 class UndoQueue
 {
 public:
-    static constexpr size_t MAXIMUM_LENGTH = 50;
+    static constexpr int DEFAULT_LENGTH = 50;
 
     enum class StepResult { Done, Failed, NothingThere };
 
@@ -42,7 +42,16 @@ public:
     /// is dropped itself while nothing is recorded.
     void Add(std::unique_ptr<UndoStep> step);
 
-    /// A step that fails is dropped.
+    /// Chunks may lie in each other; the outermost one counts. An empty one leaves nothing. Without
+    /// a name it bears that of its first step.
+    void OpenChunk(const QString& name = {});
+    void CloseChunk();
+
+    /// Number of steps that are kept; the oldest ones beyond it are dropped. 0 keeps all.
+    int GetLength() const { return m_length; }
+    void SetLength(int length);
+
+    /// A step that fails is dropped. The steps of an open chunk are taken back one by one.
     StepResult Undo();
     StepResult Redo();
     bool IsUndoing() const { return m_undoing; }
@@ -65,10 +74,16 @@ private:
     using Steps = std::deque<std::unique_ptr<UndoStep>>;
 
     StepResult Take(Steps& from, Steps& to, bool& running, bool (UndoStep::*run)());
+    void BreakChunk();
+    void DropOldest();
 
     // The last element is the next step.
     Steps m_done;
     Steps m_undone;
+    Steps m_chunk;
+    QString m_chunkName;
+    int m_chunkDepth = 0;
+    int m_length = DEFAULT_LENGTH;
     int m_pauses = 0;
     bool m_undoing = false;
     bool m_redoing = false;

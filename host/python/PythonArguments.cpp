@@ -107,6 +107,7 @@ QString TypeWord(ArgumentType type)
     case ArgumentType::Length: return QStringLiteral("distance");
     case ArgumentType::Angle: return QStringLiteral("angle");
     case ArgumentType::Time: return QStringLiteral("time");
+    case ArgumentType::Any: return QStringLiteral("value");
     case ArgumentType::Script: return QStringLiteral("script");
     case ArgumentType::String:
     case ArgumentType::Name: return QStringLiteral("str");
