@@ -3,6 +3,7 @@
 #include "commands/PluginPreferences.h"
 #include "commands/Session.h"
 #include "commands/Tables.h"
+#include "commands/scene/SceneCommands.h"
 #include "engine/Engine.h"
 
 #include <QFileInfo>
@@ -41,6 +42,21 @@ void RegisterCommands(Engine& engine)
         RegisterOutput,
         RegisterPlugins,
         RegisterRunTimeCommands,
+        RegisterSceneAttributes,
+        RegisterSceneAttributeEditing,
+        RegisterSceneConnections,
+        RegisterSceneDisplay,
+        RegisterSceneFiles,
+        RegisterSceneHierarchy,
+        RegisterSceneKeys,
+        RegisterSceneLists,
+        RegisterSceneNamespaces,
+        RegisterSceneNodes,
+        RegisterScenePlayback,
+        RegisterScenePrimitives,
+        RegisterSceneSelection,
+        RegisterSceneSets,
+        RegisterSceneTransforms,
         RegisterScriptJobs,
         RegisterStrings,
         RegisterSystem,

@@ -21,6 +21,19 @@ constexpr struct
     {"uiDeleted", JobTrigger::Kind::UiDeleted},
 };
 
+constexpr struct
+{
+    const char* flag;
+    scene::NodeChange change;
+} SCENE_TRIGGERS[] = {
+    {"attributeAdded", scene::NodeChange::AttributeAdded},
+    {"attributeChange", scene::NodeChange::AttributeChanged},
+    {"attributeDeleted", scene::NodeChange::AttributeDeleted},
+    {"connectionChange", scene::NodeChange::ConnectionChanged},
+    {"nodeDeleted", scene::NodeChange::Deleted},
+    {"nodeNameChanged", scene::NodeChange::Renamed},
+};
+
 Outcome Kill(const Call& call)
 {
     for (int use = 0; use < call.UseCount("kill"); ++use) {
@@ -47,12 +60,22 @@ Outcome Create(const Call& call)
     for (const auto& row : TRIGGERS) {
         if (!call.Has(row.flag))
             continue;
-        job.trigger = {row.kind, call.Text(row.flag)};
+        job.trigger = {row.kind, call.Text(row.flag), {}};
         job.script = call.GetScript(row.flag, 1);
+    }
+    for (const auto& row : SCENE_TRIGGERS) {
+        if (!call.Has(row.flag))
+            continue;
+        job.trigger = {JobTrigger::Kind::NodeChange, call.Text(row.flag), row.change};
+        job.script = call.GetScript(row.flag, 1);
+    }
+    if (call.Has("timeChange")) {
+        job.trigger = {JobTrigger::Kind::Event, QStringLiteral("timeChanged"), {}};
+        job.script = call.GetScript("timeChange");
     }
     // The event of that name comes as often as an idle job runs.
     if (job.trigger.kind == JobTrigger::Kind::Event && job.trigger.name == QLatin1String("idle"))
-        job.trigger = {JobTrigger::Kind::Idle, {}};
+        job.trigger = {JobTrigger::Kind::Idle, {}, {}};
     if (job.script.IsEmpty())
         return Error{QStringLiteral("scriptJob needs something to wait for and a script.")};
     return Jobs().Add(job);
@@ -75,6 +98,9 @@ Outcome RunScriptJob(Call& call)
 
 const CommandRow COMMANDS[] = {
     {"scriptJob", "any", "", "",
+        "attributeAdded/aa str script c; attributeChange/ac str script c;"
+        "attributeDeleted/ad str script c; connectionChange/con str script c;"
+        "nodeDeleted/nd str script c; nodeNameChanged/nnc str script c; timeChange/tc script c;"
         "event/e str script c; exists/ex int c; force/f - c; idleEvent/ie script c; kill/k int cm;"
         "killAll/ka - c; listEvents/le - c; listJobs/lj - c; optionVarChanged/ovc str script c;"
         "parent/p str c; permanent/per - c; protected/pro - c; runOnce/ro B c;"

@@ -1,5 +1,6 @@
 #include "commands/ScriptJobs.h"
 
+#include "commands/scene/SceneCommands.h"
 #include "engine/Engine.h"
 
 #include <QAction>
@@ -14,6 +15,19 @@ QString Quoted(const QString& text)
     return QLatin1Char('"') + text + QLatin1Char('"');
 }
 
+QString FlagName(scene::NodeChange change)
+{
+    switch (change) {
+    case scene::NodeChange::AttributeChanged: return QStringLiteral("attributeChange");
+    case scene::NodeChange::AttributeAdded: return QStringLiteral("attributeAdded");
+    case scene::NodeChange::AttributeDeleted: return QStringLiteral("attributeDeleted");
+    case scene::NodeChange::ConnectionChanged: return QStringLiteral("connectionChange");
+    case scene::NodeChange::Deleted: return QStringLiteral("nodeDeleted");
+    case scene::NodeChange::Renamed: return QStringLiteral("nodeNameChanged");
+    }
+    return {};
+}
+
 QString FlagText(const JobTrigger& trigger)
 {
     switch (trigger.kind) {
@@ -23,6 +37,8 @@ QString FlagText(const JobTrigger& trigger)
         return QStringLiteral("\"-optionVarChanged\" ") + Quoted(trigger.name);
     case JobTrigger::Kind::UiDeleted:
         return QStringLiteral("\"-uiDeleted\" ") + Quoted(trigger.name);
+    case JobTrigger::Kind::NodeChange:
+        return QStringLiteral("\"-%1\" %2").arg(FlagName(trigger.change), Quoted(trigger.name));
     }
     return {};
 }
@@ -56,6 +72,23 @@ QObject* ScriptJobs::FindElement(const QString& name) const
     return m_engine.ui->FindMenuItem(name);
 }
 
+std::optional<Error> ScriptJobs::Watch(Entry& entry, int number)
+{
+    const JobTrigger& trigger = entry.job.trigger;
+    const FoundItems found = FindAll({trigger.name});
+    if (found.error)
+        return found.error;
+    const scene::Item& item = found.items.first();
+    const bool isAttribute = trigger.change == scene::NodeChange::AttributeChanged
+        || trigger.change == scene::NodeChange::ConnectionChanged;
+    if (isAttribute != item.IsPlug() && trigger.change != scene::NodeChange::AttributeAdded
+        && trigger.change != scene::NodeChange::AttributeDeleted)
+        return NoMatch(trigger.name);
+    entry.watchId = scene::Scene::Current().watches.Add(
+        trigger.change, *item.node, item.part, [this, number] { Run(number); });
+    return std::nullopt;
+}
+
 Outcome ScriptJobs::Add(const ScriptJob& job)
 {
     const auto missing = [](const QString& name) {
@@ -65,13 +98,16 @@ Outcome ScriptJobs::Add(const ScriptJob& job)
     if (!job.parent.isEmpty() && !parent)
         return missing(job.parent);
     const int number = m_lastNumber + 1;
-    Entry entry{job, 0, {}, {}};
+    Entry entry{job, 0, 0, {}, {}};
     if (job.trigger.kind == JobTrigger::Kind::Event) {
         entry.eventId = m_engine.events.Add(job.trigger.name, [this, number] { Run(number); });
         if (entry.eventId == 0)
             return Error{QStringLiteral("Invalid event name '%1'.").arg(job.trigger.name)};
     } else if (job.trigger.kind == JobTrigger::Kind::Idle) {
         m_idleTimer.start();
+    } else if (job.trigger.kind == JobTrigger::Kind::NodeChange) {
+        if (const auto error = Watch(entry, number))
+            return *error;
     } else if (job.trigger.kind == JobTrigger::Kind::UiDeleted) {
         QObject* const element = FindElement(job.trigger.name);
         if (!element)
@@ -102,6 +138,8 @@ bool ScriptJobs::Kill(int number, bool force)
     if (found->job.isProtected && !force)
         return false;
     m_engine.events.Remove(found->eventId);
+    if (found->watchId != 0)
+        scene::Scene::Current().watches.Remove(found->watchId);
     disconnect(found->watched);
     disconnect(found->parentWatched);
     m_jobs.remove(number);

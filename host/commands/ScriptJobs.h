@@ -1,6 +1,7 @@
 #pragma once
 
 #include "engine/Script.h"
+#include "scene/Watches.h"
 
 #include <QMap>
 #include <QPointer>
@@ -15,10 +16,11 @@ namespace host::commands {
 /// What a job waits for.
 struct JobTrigger
 {
-    enum class Kind { Event, Idle, OptionVar, UiDeleted };
+    enum class Kind { Event, Idle, OptionVar, UiDeleted, NodeChange };
 
     Kind kind = Kind::Event;
-    QString name; ///< of the event, option variable or interface element
+    QString name; ///< of the event, option variable, interface element, node or attribute
+    scene::NodeChange change = scene::NodeChange::AttributeChanged;
 };
 
 struct ScriptJob
@@ -32,7 +34,8 @@ struct ScriptJob
 };
 
 /// The scripts that wait for something to happen. Jobs run at once when it does, except those of
-/// deleted elements, which run when the host is idle again. Owned by the session; main thread only.
+/// deleted elements and of what happens in the scene, which run when the host is idle again. Owned
+/// by the session; main thread only.
 class ScriptJobs : public QObject
 {
     Q_OBJECT
@@ -57,10 +60,12 @@ private:
     {
         ScriptJob job;
         int eventId = 0;
+        int watchId = 0;
         QMetaObject::Connection watched;
         QMetaObject::Connection parentWatched;
     };
 
+    std::optional<Error> Watch(Entry& entry, int number);
     void Run(int number);
     void RunIdleJobs();
     void OnOptionVarChanged(const QString& name);

@@ -5,7 +5,8 @@
 namespace host::commands {
 
 Session::Session(Engine& engine)
-    : runTimeCommands(engine)
+    : scene(engine)
+    , runTimeCommands(engine)
     , scriptJobs(std::make_unique<ScriptJobs>(engine))
 {
     project.SetRoot(engine.paths.ApplicationDirectory() + QLatin1String("/projects/default"));

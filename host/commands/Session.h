@@ -9,6 +9,7 @@
 #include "commands/RunTimeCommands.h"
 #include "commands/ScriptJobs.h"
 #include "engine/Value.h"
+#include "scene/Scene.h"
 
 #include <QElapsedTimer>
 #include <QMap>
@@ -31,6 +32,7 @@ public:
     /// Since the session began.
     double Seconds() const { return m_clock.nsecsElapsed() / 1e9; }
 
+    scene::Scene scene; ///< goes last: the jobs wait for what happens in it
     Random random;
     OpenFiles files;
     QHash<QString, double> timers; ///< when each was started, see Seconds

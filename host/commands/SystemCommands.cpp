@@ -106,8 +106,10 @@ Outcome ShowHelp(Call& call)
     return {};
 }
 
-Outcome AfterStep(UndoQueue::StepResult result, const QString& word)
+Outcome AfterStep(UndoQueue::StepResult result, const QString& word, const QString& event)
 {
+    if (result == UndoQueue::StepResult::Done)
+        Engine::Current().events.Fire(event);
     if (result == UndoQueue::StepResult::Failed)
         return Error{QStringLiteral("The command could not be %1ne.").arg(word)};
     if (result == UndoQueue::StepResult::NothingThere) {
@@ -119,12 +121,14 @@ Outcome AfterStep(UndoQueue::StepResult result, const QString& word)
 
 Outcome Undo(Call&)
 {
-    return AfterStep(Engine::Current().undoQueue.Undo(), QStringLiteral("undo"));
+    return AfterStep(
+        Engine::Current().undoQueue.Undo(), QStringLiteral("undo"), QStringLiteral("Undo"));
 }
 
 Outcome Redo(Call&)
 {
-    return AfterStep(Engine::Current().undoQueue.Redo(), QStringLiteral("redo"));
+    return AfterStep(
+        Engine::Current().undoQueue.Redo(), QStringLiteral("redo"), QStringLiteral("Redo"));
 }
 
 Outcome FlushUndo(Call&)
@@ -148,9 +152,9 @@ Outcome UndoQuery(const QString& asked)
         return {};
     }
     if (asked == QLatin1String("infinity"))
-        return false;
+        return queue.GetLength() == 0;
     if (asked == QLatin1String("length"))
-        return static_cast<int>(UndoQueue::MAXIMUM_LENGTH);
+        return queue.GetLength();
     return names.value(0);
 }
 
@@ -166,6 +170,16 @@ Outcome UndoInfo(Call& call)
     }
     if (call.Has("stateWithoutFlush"))
         queue.enabled = call.Bool("stateWithoutFlush");
+    if (call.Has("length") && call.Int("length") < 1)
+        return Error{QStringLiteral("The undo queue keeps at least one step.")};
+    if (call.Has("length"))
+        queue.SetLength(call.Int("length"));
+    if (call.Has("infinity"))
+        queue.SetLength(call.Bool("infinity") ? 0 : UndoQueue::DEFAULT_LENGTH);
+    if (call.Has("openChunk"))
+        queue.OpenChunk(call.Text("chunkName"));
+    if (call.Has("closeChunk"))
+        queue.CloseChunk();
     return {};
 }
 
