@@ -47,6 +47,7 @@ struct HostWindow::ActionRow
     /// For switches: option variable that keeps the state, and what it acts on.
     const char* optionVar;
     void (HostWindow::*toggle)(bool);
+    const char* mel = nullptr; ///< for entries that are commands
 };
 
 using W = HostWindow;
@@ -64,6 +65,12 @@ const HostWindow::MenuRow HostWindow::MENUS[] = {
 };
 
 const HostWindow::ActionRow HostWindow::ACTIONS[] = {
+    {"mainFileMenu", "newScene", "New Scene", "Begin an empty scene", nullptr, &W::NewScene, nullptr, nullptr},
+    {"mainFileMenu", "openScene", "Open Scene...", "Open a scene from a file", nullptr, &W::OpenScene, nullptr, nullptr},
+    {"mainFileMenu", "saveScene", "Save Scene", "Save the scene under its name", nullptr, &W::SaveSceneNow, nullptr, nullptr},
+    {"mainFileMenu", "saveSceneAs", "Save Scene As...", "Save the scene under another name", nullptr, &W::SaveSceneUnderName, nullptr, nullptr},
+    {"mainFileMenu", "importScene", "Import...", "Add what is in a scene file", nullptr, &W::ImportScene, nullptr, nullptr},
+    {"mainFileMenu", nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr},
     {"mainFileMenu", "sourceScript",   "Source Script...",          "Run a MEL or Python file",                      nullptr,  &W::SourceScript,          nullptr, nullptr},
     {"mainFileMenu", nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr},
     {"mainFileMenu", "savePreferences","Save Preferences",          "Write option variables, shelves and panels now", nullptr, &W::SavePreferences,       nullptr, nullptr},
@@ -77,19 +84,49 @@ const HostWindow::ActionRow HostWindow::ACTIONS[] = {
     {"mainEditMenu", "cut",            "Cut",                       "Cut the selected text",                         nullptr,  &W::RunEditSlot,           nullptr, nullptr},
     {"mainEditMenu", "copy",           "Copy",                      "Copy the selected text",                        nullptr,  &W::RunEditSlot,           nullptr, nullptr},
     {"mainEditMenu", "paste",          "Paste",                     "Paste into the text that has the keyboard",     nullptr,  &W::RunEditSlot,           nullptr, nullptr},
+    {"mainEditMenu", nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr},
+    {"mainEditMenu", "undoCommand", "Undo Command", "Take back the last change of the scene", nullptr, nullptr, nullptr, nullptr, "undo"},
+    {"mainEditMenu", "redoCommand", "Redo Command", "Make the change that was taken back again", nullptr, nullptr, nullptr, nullptr, "redo"},
+    {"mainEditMenu", nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr},
+    {"mainEditMenu", "deleteObjects", "Delete Objects", "Delete the selected objects", nullptr, nullptr, nullptr, nullptr, "delete"},
+    {"mainEditMenu", "duplicateObjects", "Duplicate Objects", "Copy the selected objects", nullptr, nullptr, nullptr, nullptr, "duplicate -rr"},
+    {"mainEditMenu", "groupObjects", "Group Objects", "Put the selected objects below a new one", nullptr, nullptr, nullptr, nullptr, "group"},
+    {"mainEditMenu", "ungroupObjects", "Ungroup Objects", "Take the selected groups apart", nullptr, nullptr, nullptr, nullptr, "ungroup"},
+    {"mainEditMenu", "parentObjects", "Parent Objects", "Put the selected objects below the one that was selected last", nullptr, nullptr, nullptr, nullptr, "parent"},
+    {"mainEditMenu", "unparentObjects", "Unparent Objects", "Take the selected objects out of the one above", nullptr, nullptr, nullptr, nullptr, "parent -world"},
 
+    {"mainCreateMenu", "createCube", "Cube", "Add a cube", nullptr, nullptr, nullptr, nullptr, "polyCube"},
+    {"mainCreateMenu", "createSphere", "Sphere", "Add a sphere", nullptr, nullptr, nullptr, nullptr, "polySphere"},
+    {"mainCreateMenu", "createCylinder", "Cylinder", "Add a cylinder", nullptr, nullptr, nullptr, nullptr, "polyCylinder"},
+    {"mainCreateMenu", "createCone", "Cone", "Add a cone", nullptr, nullptr, nullptr, nullptr, "polyCone"},
+    {"mainCreateMenu", "createPlane", "Plane", "Add a plane", nullptr, nullptr, nullptr, nullptr, "polyPlane"},
+    {"mainCreateMenu", "createTorus", "Torus", "Add a torus", nullptr, nullptr, nullptr, nullptr, "polyTorus"},
+    {"mainCreateMenu", nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr},
+    {"mainCreateMenu", "createLocator", "Locator", "Add a point to hold on to", nullptr, nullptr, nullptr, nullptr, "spaceLocator"},
+    {"mainCreateMenu", "createCamera", "Camera", "Add a camera", nullptr, nullptr, nullptr, nullptr, "camera"},
+    {"mainCreateMenu", "createLight", "Point Light", "Add a point light", nullptr, nullptr, nullptr, nullptr, "pointLight"},
+    {"mainCreateMenu", nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr},
     {"mainCreateMenu", "createShelf",       "Shelf...",             "Add an empty shelf",                            nullptr,  &W::CreateShelf,           nullptr, nullptr},
     {"mainCreateMenu", "createShelfButton", "Shelf Button...",      "Add a button for a MEL command to the current shelf", nullptr, &W::CreateShelfButton, nullptr, nullptr},
 
+    {"mainSelectMenu", "selectAllObjects", "All Objects", "Select all objects of the scene", nullptr, nullptr, nullptr, nullptr, "select -all"},
+    {"mainSelectMenu", "selectNoObjects", "No Objects", "Select none of the objects", nullptr, nullptr, nullptr, nullptr, "select -clear"},
+    {"mainSelectMenu", nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr},
     {"mainSelectMenu", "selectAll",    "All Text",                  "Select all of the text that has the keyboard",  nullptr,  &W::RunEditSlot,           nullptr, nullptr},
     {"mainSelectMenu", "selectNone",   "No Text",                   "Drop the selection in the text that has the keyboard", nullptr, &W::SelectNothing,   nullptr, nullptr},
     {"mainSelectMenu", nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr},
 
+    {"mainModifyMenu", "freezeTransformations", "Freeze Transformations", "Make the place of the selected objects their origin", nullptr, nullptr, nullptr, nullptr, "makeIdentity -apply true"},
+    {"mainModifyMenu", "centerPivot", "Center Pivot", "Put the pivots into the middle of the selected objects", nullptr, nullptr, nullptr, nullptr, "xform -centerPivots"},
+    {"mainModifyMenu", nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr},
     {"mainModifyMenu", "toggleFloating", "Float or Dock Panel",     "Move the current panel into a window of its own, or back", nullptr, &W::ToggleFloating, nullptr, nullptr},
     {"mainModifyMenu", "closePanel",   "Close Panel",               "Close the current panel",                       nullptr,  &W::ClosePanel,            nullptr, nullptr},
     {"mainModifyMenu", nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr},
     {"mainModifyMenu", "clearHistory", "Clear Output History",      "Forget everything the host printed",            nullptr,  &W::ClearHistory,          nullptr, nullptr},
 
+    {"mainDisplayMenu", "hideObjects", "Hide Objects", "Hide the selected objects", nullptr, nullptr, nullptr, nullptr, "hide"},
+    {"mainDisplayMenu", "showLastHidden", "Show Last Hidden", "Show what was hidden last", nullptr, nullptr, nullptr, nullptr, "showHidden -lastHidden"},
+    {"mainDisplayMenu", nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr},
     {"mainDisplayMenu", "shelfVisible",       "Shelf",              "Show or hide the shelves",                      nullptr,  nullptr, "shelfVisible",       &W::ShowShelf},
     {"mainDisplayMenu", "commandLineVisible", "Command Line",       "Show or hide the command line",                 nullptr,  nullptr, "commandLineVisible", &W::ShowCommandLine},
     {"mainDisplayMenu", "helpLineVisible",    "Help Line",          "Show or hide the help line",                    nullptr,  nullptr, "helpLineVisible",    &W::ShowHelpLine},
@@ -169,8 +206,15 @@ void HostWindow::CreateAction(const ActionRow& row, Element* menu)
         = m_model.Create(MenuItemKind, QStringLiteral("menuItem"), QLatin1String(row.name), menu);
     element->values.insert(QStringLiteral("label"), QString::fromLatin1(row.label));
     element->SetCallback(QStringLiteral("command"),
-        {Language::Mel, QStringLiteral("hostAction \"%1\"").arg(QLatin1String(row.name)), {}});
+        {Language::Mel,
+            row.mel ? QString::fromLatin1(row.mel)
+                    : QStringLiteral("hostAction \"%1\"").arg(QLatin1String(row.name)),
+            {}});
     element->SetAction(action);
+    if (row.mel)
+        connect(action, &QAction::triggered, this, [this, mel = QString::fromLatin1(row.mel)] {
+            m_engine.Execute(Language::Mel, mel, true);
+        });
     if (row.run)
         connect(action, &QAction::triggered, this, row.run);
     if (!row.toggle)

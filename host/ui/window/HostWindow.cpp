@@ -146,6 +146,8 @@ void HostWindow::Build()
 {
     CreateMenus();
     ApplyStoredSwitches();
+    m_viewport->FollowScene();
+    FollowSceneName();
     QFile script(QStringLiteral(":/host/mainWindow.mel"));
     if (script.open(QIODevice::ReadOnly))
         m_engine.Execute(Language::Mel, QString::fromUtf8(script.readAll()), false);

@@ -102,6 +102,20 @@ private:
     void UpdatePanelEntries();
     void UpdateModifyActions();
 
+    // Scenes: questions about what would be lost, and names of files
+    bool MayDropScene();
+    bool RunFileCommand(const QString& arguments);
+    QString ChooseScene(const QString& title);
+    void FollowSceneName();
+    void ShowSceneName();
+    void NewScene();
+    void OpenScene();
+    bool SaveScene();
+    bool SaveSceneAs();
+    void SaveSceneNow();
+    void SaveSceneUnderName();
+    void ImportScene();
+
     // Actions, by menu
     void SourceScript();
     void SavePreferences();

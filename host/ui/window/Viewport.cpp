@@ -1,5 +1,7 @@
 #include "ui/window/Viewport.h"
 
+#include "engine/Engine.h"
+#include "scene/Scene.h"
 #include "ui/window/HostColors.h"
 
 #include <QMouseEvent>
@@ -32,6 +34,20 @@ Viewport::Viewport(QWidget* parent)
     setStatusTip(tr("Alt and a mouse button turn, shift and zoom the view"));
     setMinimumSize(120, 80);
     setAttribute(Qt::WA_OpaquePaintEvent);
+}
+
+Viewport::~Viewport()
+{
+    if (Engine::Exists() && Engine::Current().commandState)
+        scene::Scene::Current().watches.sceneChanged = nullptr;
+}
+
+void Viewport::FollowScene()
+{
+    scene::Scene::Current().watches.sceneChanged = [this] {
+        m_wires.Invalidate();
+        update();
+    };
 }
 
 void Viewport::SetGridVisible(bool visible)
@@ -104,6 +120,15 @@ void Viewport::DrawGrid(QPainter& painter) const
     }
 }
 
+void Viewport::DrawScene(QPainter& painter)
+{
+    painter.setRenderHint(QPainter::Antialiasing);
+    for (const SceneWires::Line& line : m_wires.GetLines()) {
+        painter.setPen(QPen(line.isSelected ? colors::WIRE_SELECTED : colors::WIRE, 1.2));
+        DrawLine(painter, line.from, line.to);
+    }
+}
+
 void Viewport::DrawAxis(QPainter& painter) const
 {
     QVector3D right;
@@ -136,6 +161,7 @@ void Viewport::paintEvent(QPaintEvent*)
     painter.fillRect(rect(), sky);
     if (m_gridVisible)
         DrawGrid(painter);
+    DrawScene(painter);
     if (m_axisVisible)
         DrawAxis(painter);
     painter.setPen(colors::TEXT);

@@ -1,18 +1,24 @@
 #pragma once
 
+#include "ui/window/SceneWires.h"
+
 #include <QPointF>
 #include <QVector3D>
 #include <QWidget>
 
 namespace host::ui {
 
-/// The empty scene as the "persp" camera sees it: a grid and the axes. Alt with the left button
-/// orbits, with the middle one pans, with the right one or the wheel moves in and out.
+/// The scene as lines, with a grid and the axes, seen by a camera of its own. Alt with the left
+/// button orbits, with the middle one pans, with the right one or the wheel moves in and out.
 class Viewport : public QWidget
 {
     Q_OBJECT
 public:
     explicit Viewport(QWidget* parent = nullptr);
+    ~Viewport() override;
+
+    /// Draws the scene anew whenever it changes; the commands have to be there.
+    void FollowScene();
 
     bool IsGridVisible() const { return m_gridVisible; }
     bool IsAxisVisible() const { return m_axisVisible; }
@@ -44,9 +50,11 @@ private:
     QVector3D ToEye(const QVector3D& point) const;
     void DrawLine(QPainter& painter, const QVector3D& from, const QVector3D& to) const;
     void DrawGrid(QPainter& painter) const;
+    void DrawScene(QPainter& painter);
     void DrawAxis(QPainter& painter) const;
     void Dolly(double steps);
 
+    SceneWires m_wires;
     Camera m_camera;
     QPoint m_lastPosition;
     bool m_gridVisible = true;

@@ -6,7 +6,9 @@ set(HOST_UI_WINDOW_SOURCES
   window/HostActionCommand.cpp
   window/HostIcons.cpp
   window/HostMenus.cpp
+  window/HostSceneMenus.cpp
   window/HostStyle.cpp window/HostStyle.h
   window/HostWindow.cpp window/HostWindow.h
+  window/SceneWires.cpp
   window/Viewport.cpp window/Viewport.h
   window/host_window.qrc)
