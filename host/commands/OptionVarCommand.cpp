@@ -239,6 +239,7 @@ Outcome OptionVar(Call& call)
     return OptionVarCall(call).Run();
 }
 
+// A file of preferences begins by telling its version. All versions are read alike.
 const CommandRow COMMANDS[] = {
     {"optionVar", "any", "Q", "[String]",
         "arraySize/arraySize str c; category/cat str c; clearArray/ca str cm; clearStash/cs str cm;"
@@ -250,7 +251,7 @@ const CommandRow COMMANDS[] = {
         "intValueAppend/iva str int cm; list/l - c; listCategories/lc - c; listModified/lm - c;"
         "remove/rm str cm; removeFromArray/rfa str int cm; stash/st str cm; stringArray/sa str cm;"
         "stringValue/sv str str cm; stringValueAppend/sva str str cm; transient/t - c;"
-        "unstash/us str cm",
+        "unstash/us str cm; version/v int c",
         OptionVar},
 };
 
