@@ -2,6 +2,8 @@
 #include "engine/Engine.h"
 
 #include <QDateTime>
+#include <QFontInfo>
+#include <QGuiApplication>
 #include <QLocale>
 #include <QSysInfo>
 
@@ -71,24 +73,36 @@ const AboutRow ABOUT[] = {
     {"buildDirectory",            [] { return Value(HostPaths().InstallDirectory()); }},
     {"buildVariant",              [] { return Value(QStringLiteral("Standard")); }},
     {"codeset",                   [] { return Value(QStringLiteral("UTF-8")); }},
+    {"compositingManager",         [] { return Value(qEnvironmentVariableIsSet("DISPLAY")); }},
     {"connected",                 [] { return Value(false); }},
+    {"creativeVersion",            [] { return Value(false); }},
     {"ctime",                     CTime},
     {"currentDate",               [] { return Now("yyyy/MM/dd"); }},
     {"currentTime",               [] { return Now("HH:mm:ss"); }},
     {"customVersion",             [] { return Value(QString()); }},
+    {"customVersionClient",        [] { return Value(QString()); }},
+    {"customVersionMajor",         [] { return Value(QString()); }},
+    {"customVersionMinor",         [] { return Value(QString()); }},
+    {"customVersionString",        [] { return Value(QString()); }},
     {"cutIdentifier",             [] { return Value(QStringLiteral("202400000000")); }},
     {"date",                      [] { return Value(QStringLiteral("2024/01/01")); }},
     {"environmentFile",           [] { return Value(HostPaths().EnvironmentFile()); }},
     {"evalVersion",               [] { return Value(false); }},
     {"file",                      Release},
+    {"fontInfo",                   [] { return Value(QString(QGuiApplication::font().family() + QLatin1Char(' ') + QString::number(QFontInfo(QGuiApplication::font()).pixelSize()))); }},
     {"helpDataDirectory",         [] { return Value(QString(HostPaths().InstallDirectory() + QLatin1String("/docs"))); }},
     {"installedVersion",          Product},
+    {"ioVersion",                  [] { return Value(false); }},
     {"irix",                      [] { return Value(false); }},
     {"is64",                      [] { return Value(QSysInfo::WordSize == 64); }},
+    {"languageResources",          [] { return Value(StringList()); }},
     {"linux",                     [] { return Value(true); }},
     {"linux64",                   [] { return Value(QSysInfo::WordSize == 64); }},
+    {"liveUpdate",                 [] { return Value(false); }},
+    {"localizedResourceLocation",  [] { return Value(QString()); }},
     {"ltVersion",                 [] { return Value(false); }},
     {"macOS",                     [] { return Value(false); }},
+    {"macOSASi",                   [] { return Value(false); }},
     {"macOSppc",                  [] { return Value(false); }},
     {"macOSx86",                  [] { return Value(false); }},
     {"majorVersion",              Release},
@@ -100,12 +114,15 @@ const AboutRow ABOUT[] = {
     {"preferences",               [] { return Value(HostPaths().VersionDirectory()); }},
     {"product",                   Product},
     {"qtVersion",                 [] { return Value(Latin1(qVersion())); }},
+    {"tablet",                     [] { return Value(false); }},
+    {"tabletMode",                 [] { return Value(0); }},
     {"uiLanguage",                [] { return Value(QStringLiteral("en_US")); }},
     {"uiLanguageForStartup",      [] { return Value(QStringLiteral("en_US")); }},
     {"uiLanguageIsLocalized",     [] { return Value(false); }},
     {"uiLocaleLanguage",          [] { return Value(QStringLiteral("en_US")); }},
     {"version",                   Release},
     {"win64",                     [] { return Value(false); }},
+    {"windowManager",              [] { return Value(QString()); }},
     {"windows",                   [] { return Value(false); }},
 };
 // clang-format on
@@ -176,7 +193,14 @@ const CommandRow COMMANDS[] = {
         "operatingSystem/os - c; operatingSystemVersion/osv - c; patchVersion/pv - c;"
         "preferences/pd - c; product/p - c; qtVersion/qt - c; uiLanguage/uil - c;"
         "uiLanguageForStartup/uis - c; uiLanguageIsLocalized/uii - c; uiLocaleLanguage/ull - c;"
-        "version/v - c; win64/w64 - c; windows/win - c",
+        "version/v - c; win64/w64 - c; windows/win - c;"
+        "compositingManager/cm - c; creativeVersion/cre - c; customVersionClient/cvc - c; "
+        "customVersionMajor/cvm - c;"
+        "customVersionMinor/cvn - c; customVersionString/cvs - c; fontInfo/foi - c; ioVersion/io - "
+        "c;"
+        "languageResources/lr - c; liveUpdate/lu - c; localizedResourceLocation/lrl - c; "
+        "macOSASi/asi - c;"
+        "tablet/tab - c; tabletMode/tm - c; windowManager/wm - c;",
         About},
     {"internalVar", "string", "", "",
         "mayaInstallDir/mid - c; userAppDir/uad - c; userBitmapsDir/ubd - c; userHotkeyDir/uhk - c;"

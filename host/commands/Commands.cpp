@@ -21,6 +21,7 @@ void ReadPreferences(Engine& engine)
     const QString runTimeCommands = Session::Current().runTimeCommands.FilePath();
     if (engine.mel && QFileInfo(runTimeCommands).isFile())
         engine.mel->RunFile(runTimeCommands);
+    Session::Current().hotkeys.Read();
 }
 
 } // namespace
@@ -35,6 +36,7 @@ void RegisterCommands(Engine& engine)
         RegisterFileSystem,
         RegisterFiles,
         RegisterHelp,
+        RegisterHotkeys,
         RegisterIntrospection,
         RegisterMathematics,
         RegisterModules,

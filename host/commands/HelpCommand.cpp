@@ -23,8 +23,41 @@ Outcome NamesLike(const QString& pattern)
     return names;
 }
 
+/// How the interface explains itself is kept as option variables, for scripts that switch it.
+struct ModeRow
+{
+    const char* flag;
+    int usual;
+};
+
+const ModeRow MODES[] = {
+    {"popupDisplayTime", 5000},
+    {"popupMode", 1},
+    {"popupPauseTime", 500},
+    {"popupSimpleMode", 0},
+    {"rolloverMode", 1},
+};
+
+std::optional<Outcome> ChangeModes(const Call& call)
+{
+    OptionVars& variables = Engine::Current().optionVars;
+    std::optional<Outcome> outcome;
+    for (const ModeRow& row : MODES) {
+        if (!call.Has(row.flag))
+            continue;
+        const QString name = QStringLiteral("help_") + QLatin1String(row.flag);
+        if (call.IsQuery())
+            return Outcome(variables.Contains(name) ? variables.Get(name) : Value(row.usual));
+        variables.Set(name, call.Argument(row.flag).ToInt());
+        outcome = Outcome();
+    }
+    return outcome;
+}
+
 Outcome Help(Call& call)
 {
+    if (const std::optional<Outcome> changed = ChangeModes(call))
+        return *changed;
     const QString name = call.ObjectText();
     if (call.Has("list"))
         return NamesLike(name);
@@ -48,7 +81,11 @@ Outcome Help(Call& call)
 }
 
 const CommandRow COMMANDS[] = {
-    {"help", "any", "", "[String]", "documentation/doc - c; list/l - c; syntaxOnly/so - c", Help},
+    {"help", "any", "Q", "[String]",
+        "documentation/doc - c; language/lng str c; list/l - c; popupDisplayTime/pdt int cq;"
+        "popupMode/pm B cq; popupPauseTime/ppt int cq; popupSimpleMode/psm B cq; rolloverMode/rm B "
+        "cq; syntaxOnly/so - c",
+        Help},
 };
 
 } // namespace

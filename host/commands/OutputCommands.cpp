@@ -1,3 +1,4 @@
+#include "commands/Quoting.h"
 #include "commands/Session.h"
 #include "commands/Tables.h"
 #include "engine/Engine.h"
@@ -89,6 +90,17 @@ Outcome QueryScriptEditor(const Call& call)
     return {};
 }
 
+/// Into every field where scripts are written.
+void SetInput(const QString& text)
+{
+    if (!Engine::Current().commands.FindCommand(QStringLiteral("cmdScrollFieldExecuter")))
+        return;
+    const QString script = QStringLiteral("{ string $field; for ($field in `lsUI -long -type "
+                                          "\"cmdScrollFieldExecuter\"`)"
+                                          " cmdScrollFieldExecuter -edit -text %1 $field; }");
+    Script{Language::Mel, script.arg(Quoted(text)), nullptr}.Run();
+}
+
 Outcome ScriptEditorInfo(Call& call)
 {
     if (call.IsQuery())
@@ -103,6 +115,8 @@ Outcome ScriptEditorInfo(Call& call)
         session.suppressStackWindow = call.Bool("suppressStackWindow");
     if (call.Has("clearHistory"))
         history.Clear();
+    if (call.Has("input"))
+        SetInput(call.Text("input"));
     QStringList problems;
     if (call.Has("historyFilename"))
         problems += session.historyFile.SetName(call.Text("historyFilename"));
@@ -121,7 +135,7 @@ const CommandRow COMMANDS[] = {
     {"melOptions", "int", "Q", "", "duplicateVariableWarnings/dvw B cq", MelOptions},
     {"scriptEditorInfo", "any", "QE", "",
         "clearHistory/ch - ce; clearHistoryFile/chf - ce; historyFilename/hfn str cqe;"
-        "suppressErrors/se B cqe; suppressInfo/si B cqe; suppressResults/sr B cqe;"
+        "input/i str ce; suppressErrors/se B cqe; suppressInfo/si B cqe; suppressResults/sr B cqe;"
         "suppressStackWindow/ssw B cqe; suppressWarnings/sw B cqe; writeHistory/wh B cqe",
         ScriptEditorInfo},
 };

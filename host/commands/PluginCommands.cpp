@@ -101,6 +101,10 @@ Outcome QueryPlugin(const Call& call)
             paths += AllPlugins().Find(loaded)->path;
         return paths;
     }
+    if (call.Has("activeFile"))
+        return QString();
+    if (call.Has("pluginsInUse"))
+        return QStringList();
     if (call.Has("autoload"))
         return AllPlugins().autoload.contains(Plugins::NameOf(name));
     const Plugin* plugin = AllPlugins().Find(name);
@@ -133,9 +137,10 @@ const CommandRow COMMANDS[] = {
     {"loadPlugin", "string[]", "", "[String...]", "allPlugins/a - c; quiet/qt - c", LoadPlugin},
     {"unloadPlugin", "string[]", "", "String [String...]", "force/f - c", UnloadPlugin},
     {"pluginInfo", "any", "QE", "[String]",
-        "apiVersion/av - q; autoload/a B cqe; command/c - q; listPlugins/ls - q;"
-        "listPluginsPath/lsp - q; loadPluginPrefs/lpp - c; loaded/l - q; name/n - q; path/p - q;"
-        "registered/r - q; savePluginPrefs/spp - c; unloadOk/uo - q; vendor/vd - q; version/v - q",
+        "activeFile/af - q; apiVersion/av - q; autoload/a B cqe; command/c str qm; listPlugins/ls "
+        "- q; listPluginsPath/lsp - q; loadPluginPrefs/lpp - c; loaded/l - q; name/n str q;"
+        "path/p str q; pluginsInUse/pu - q; registered/r - q; savePluginPrefs/spp - c;"
+        "unloadOk/uo - q; vendor/vd str q; version/v - q",
         PluginInfo},
 };
 

@@ -1,5 +1,6 @@
 #include "commands/RunTimeCommands.h"
 
+#include "commands/Quoting.h"
 #include "engine/Engine.h"
 
 #include <QDir>
@@ -8,17 +9,6 @@
 namespace host::commands {
 
 namespace {
-
-QString Quoted(const QString& text)
-{
-    QString quoted = text;
-    quoted.replace(QLatin1Char('\\'), QLatin1String("\\\\"));
-    quoted.replace(QLatin1Char('"'), QLatin1String("\\\""));
-    quoted.replace(QLatin1Char('\n'), QLatin1String("\\n"));
-    quoted.replace(QLatin1Char('\r'), QLatin1String("\\r"));
-    quoted.replace(QLatin1Char('\t'), QLatin1String("\\t"));
-    return QLatin1Char('"') + quoted + QLatin1Char('"');
-}
 
 /// The statement that makes the command again.
 QString Statement(const QString& name, const RunTimeCommand& command)

@@ -3,6 +3,7 @@
 #include "commands/Deferred.h"
 #include "commands/HelpRequests.h"
 #include "commands/HistoryFile.h"
+#include "commands/Hotkeys.h"
 #include "commands/OpenFiles.h"
 #include "commands/Project.h"
 #include "commands/Random.h"
@@ -44,6 +45,7 @@ public:
     Deferred deferred;
     HelpRequests helpRequests;
     HistoryFile historyFile;
+    Hotkeys hotkeys;
     Project project;
     RunTimeCommands runTimeCommands;
     std::unique_ptr<ScriptJobs> scriptJobs;

@@ -13,6 +13,7 @@ void RegisterDisplayStrings(CommandRegistry& registry);
 void RegisterFileSystem(CommandRegistry& registry);
 void RegisterFiles(CommandRegistry& registry);
 void RegisterHelp(CommandRegistry& registry);
+void RegisterHotkeys(CommandRegistry& registry);
 void RegisterIntrospection(CommandRegistry& registry);
 void RegisterMathematics(CommandRegistry& registry);
 void RegisterModules(CommandRegistry& registry);

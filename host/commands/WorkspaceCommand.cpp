@@ -44,6 +44,10 @@ Outcome Query(const Call& call)
         return project.Root();
     if (call.Has("active") || call.Has("shortName"))
         return project.Name();
+    if (call.Has("openWorkspace"))
+        return project.Root();
+    if (call.Has("projectPath"))
+        return QFileInfo(project.Root()).path();
     if (call.Has("directory"))
         return QString(QDir::currentPath() + QLatin1Char('/'));
     if (call.Has("expandName"))
@@ -103,7 +107,8 @@ const CommandRow COMMANDS[] = {
     {"workspace", "any", "Q", "[String]",
         "active/act - cq; create/cr str c; directory/dir str cq; expandName/en str cqv;"
         "fileRule/fr str str cqm; fileRuleEntry/fre str cqv; fullName/fn - cq;"
-        "listWorkspaces/lw - cq; newWorkspace/n - c; openWorkspace/o - c; rootDirectory/rd - q;"
+        "listWorkspaces/lw - cq; newWorkspace/n - c; openWorkspace/o - cq; projectPath/pp str cq;"
+        "rootDirectory/rd - q; update/u - c;"
         "saveWorkspace/s - c; shortName/sn - cq",
         Workspace},
 };

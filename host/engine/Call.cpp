@@ -280,6 +280,8 @@ bool CallReader::ReadMelFlag(const QVector<Word>& words, int& position)
         && arguments.isEmpty()) {
         wanted = 0; // The name may be left out of such a query.
     }
+    if (arguments.isEmpty() && flag->valueMayMiss)
+        wanted = 0;
     if (arguments.size() < wanted) {
         return Fail(QStringLiteral("Flag '-%1' must be passed a %2 argument")
                         .arg(flag->longName, TypeText(flag->arguments.value(arguments.size()))));

@@ -50,6 +50,7 @@ void ReadModes(const QString& letters, Flag& flag)
         case u'e': flag.modes |= Edit; break;
         case u'm': flag.multiUse = true; break;
         case u'v': flag.queryTakesArguments = true; break;
+        case u'o': flag.valueMayMiss = true; break;
         default: Q_ASSERT_X(false, "ReadModes", qPrintable(letters));
         }
     }

@@ -36,6 +36,7 @@ struct Flag
     int modes = Create; ///< bits of Mode
     bool multiUse = false;
     bool queryTakesArguments = false; ///< the value is given in query mode too
+    bool valueMayMiss = false; ///< a switch that MEL may leave without its "on"
     bool takesList = false; ///< the last argument repeats up to the next flag
 };
 
@@ -70,7 +71,7 @@ struct CommandRow
     /// "long/short ARGUMENTS MODES; ..." where ARGUMENTS are any of "-" (none), B, int, uint,
     /// float, str, name, script, length, angle, time, each once per argument ("str[]" for a list),
     /// and MODES is made of c(reate), q(uery), e(dit), m(ay repeat), v(alue is given in query mode
-    /// too).
+    /// too), o(n is meant where a B is left out).
     const char* flags;
     Outcome (*run)(Call&);
 };

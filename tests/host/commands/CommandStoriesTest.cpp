@@ -1,4 +1,5 @@
 #include "CommandsFixture.h"
+#include "commands/Session.h"
 #include "support/Story.h"
 #include "support/TestMain.h"
 
@@ -73,6 +74,9 @@ QString CommandStoriesTest::Run(const QString& text)
         return QTest::qWaitFor([&] { return Run(rest) == "1"; }) ? "" : "error: in vain";
     else if (word == "@restart")
         Restart();
+    else if (word == "@press")
+        commands::Session::Current().hotkeys.Run(
+            commands::Session::Current().hotkeys.Find(rest).press);
     else if (word == "@plugins")
         UsePlugins();
     else
