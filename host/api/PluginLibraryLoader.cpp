@@ -92,6 +92,11 @@ private:
     const std::function<void()> m_function;
 };
 
+bool IsRunning(const PluginRecord& record)
+{
+    return record.running > 0 || Session::Current().callbacks.IsRunning(record.library);
+}
+
 /// Controls that the host's windows still know; others only wait for their end.
 bool HasControls(const PluginRecord& record)
 {
@@ -153,13 +158,10 @@ Outcome PluginLibraryLoader::Unload(Plugin& plugin, bool force)
     const auto record = session.FindPlugin(&plugin);
     if (!record)
         return Error{QStringLiteral("Plug-in, \"%1\", is not loaded.").arg(plugin.name)};
+    const QString obstacle = Obstacle(plugin);
     // Its code would be gone when the call returns, so that not even force helps.
-    if (record->running > 0 || session.callbacks.IsRunning(record->library))
-        return Plugins::InUse(plugin, QStringLiteral("its code is running"));
-    if (!force && HasControls(*record))
-        return Plugins::InUse(plugin, QStringLiteral("its controls are open"));
-    if (!force && HasSteps(*record))
-        return Plugins::InUse(plugin, QStringLiteral("its commands can still be undone"));
+    if (!obstacle.isNull() && (!force || IsRunning(*record)))
+        return Plugins::InUse(plugin, obstacle);
     Outcome outcome;
     QStringList leftovers;
     // Widgets that the plug-in deletes have its code in their connections.
@@ -175,6 +177,18 @@ Outcome PluginLibraryLoader::Unload(Plugin& plugin, bool force)
             QStringLiteral("Plug-in, \"%1\", left behind %2; removed.").arg(plugin.name, leftover));
     }
     Close(plugin, record);
+    return {};
+}
+
+QString PluginLibraryLoader::Obstacle(const Plugin& plugin) const
+{
+    const auto record = Session::Current().FindPlugin(&plugin);
+    if (record && IsRunning(*record))
+        return QStringLiteral("its code is running");
+    if (record && HasControls(*record))
+        return QStringLiteral("its controls are open");
+    if (record && HasSteps(*record))
+        return QStringLiteral("its commands can still be undone");
     return {};
 }
 

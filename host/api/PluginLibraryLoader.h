@@ -21,6 +21,7 @@ public:
 
     Outcome Load(Plugin& plugin) override;
     Outcome Unload(Plugin& plugin, bool force) override;
+    QString Obstacle(const Plugin& plugin) const override;
 
 private:
     Outcome Initialize(Plugin& plugin, const std::shared_ptr<PluginRecord>& record);

@@ -4,6 +4,8 @@
 
 #include <QDir>
 
+#include <algorithm>
+
 namespace host::commands {
 
 namespace {
@@ -29,15 +31,31 @@ QStringList InstalledPlugins()
     return names;
 }
 
+/// Adds and removes what is told of plug-ins; false when the call asks for neither.
+bool ChangeCallbacks(const Call& call, QVector<Script>& callbacks)
+{
+    for (int use = 0; use < call.UseCount("addCallback"); ++use)
+        callbacks += call.GetScript("addCallback", 0, use);
+    if (call.Has("removeCallback")) {
+        const QString removed = call.GetScript("removeCallback").Description();
+        callbacks.erase(std::remove_if(callbacks.begin(), callbacks.end(),
+                            [&](const Script& script) { return script.Description() == removed; }),
+            callbacks.end());
+    }
+    return call.Has("addCallback") || call.Has("removeCallback");
+}
+
 Outcome LoadPlugin(Call& call)
 {
+    if (ChangeCallbacks(call, AllPlugins().loadCallbacks) && call.GetObjects().isEmpty())
+        return {};
     const QStringList wanted = call.Has("allPlugins") ? InstalledPlugins() : call.ObjectTexts();
     if (wanted.isEmpty() && !call.Has("allPlugins"))
         return Error{QStringLiteral("loadPlugin needs the name of a plug-in.")};
     QStringList loaded;
     for (const QString& name : wanted) {
         bool already = false;
-        const Outcome outcome = AllPlugins().Load(name, &already);
+        const Outcome outcome = AllPlugins().Load(name, &already, call.Text("name"));
         if (!outcome.Ok())
             return outcome;
         if (!already) {
@@ -52,6 +70,8 @@ Outcome LoadPlugin(Call& call)
 
 Outcome UnloadPlugin(Call& call)
 {
+    if (!ChangeCallbacks(call, AllPlugins().unloadCallbacks) && call.GetObjects().isEmpty())
+        return Error{QStringLiteral("unloadPlugin needs the name of a plug-in.")};
     QStringList unloaded;
     for (const QString& name : call.ObjectTexts()) {
         const Outcome outcome = AllPlugins().Unload(name, call.Has("force"));
@@ -85,10 +105,25 @@ constexpr DetailRow DETAILS[] = {
     {"command", [](const Plugin& plugin) { return Value(plugin.commands); }},
     {"name", [](const Plugin& plugin) { return Value(plugin.name); }},
     {"path", [](const Plugin& plugin) { return Value(plugin.path); }},
-    {"unloadOk", [](const Plugin& plugin) { return Value(!plugin.unloading); }},
+    {"unloadOk",
+        [](const Plugin& plugin) {
+            return Value(!plugin.unloading && AllPlugins().Obstacle(plugin).isNull());
+        }},
     {"vendor", [](const Plugin& plugin) { return Value(plugin.vendor); }},
     {"version", [](const Plugin& plugin) { return Value(plugin.version); }},
 };
+
+/// Name and version of each, one behind the other.
+QStringList PluginsInUse()
+{
+    QStringList used;
+    for (const QString& name : AllPlugins().Names()) {
+        const Plugin& plugin = *AllPlugins().Find(name);
+        if (!AllPlugins().Obstacle(plugin).isNull())
+            used << plugin.name << plugin.version;
+    }
+    return used;
+}
 
 Outcome QueryPlugin(const Call& call)
 {
@@ -104,7 +139,7 @@ Outcome QueryPlugin(const Call& call)
     if (call.Has("activeFile"))
         return QString();
     if (call.Has("pluginsInUse"))
-        return QStringList();
+        return PluginsInUse();
     if (call.Has("autoload"))
         return AllPlugins().autoload.contains(Plugins::NameOf(name));
     const Plugin* plugin = AllPlugins().Find(name);
@@ -134,8 +169,14 @@ Outcome PluginInfo(Call& call)
 }
 
 const CommandRow COMMANDS[] = {
-    {"loadPlugin", "string[]", "", "[String...]", "allPlugins/a - c; quiet/qt - c", LoadPlugin},
-    {"unloadPlugin", "string[]", "", "String [String...]", "force/f - c", UnloadPlugin},
+    {"loadPlugin", "string[]", "", "[String...]",
+        "addCallback/ac script cm; allPlugins/a - c;"
+        "name/n str c; quiet/qt - c; removeCallback/rc script c",
+        LoadPlugin},
+    {"unloadPlugin", "string[]", "", "[String...]",
+        "addCallback/ac script cm; force/f - c;"
+        "removeCallback/rc script c",
+        UnloadPlugin},
     {"pluginInfo", "any", "QE", "[String]",
         "activeFile/af - q; apiVersion/av - q; autoload/a B cqe; command/c str qm; listPlugins/ls "
         "- q; listPluginsPath/lsp - q; loadPluginPrefs/lpp - c; loaded/l - q; name/n str q;"

@@ -6,7 +6,7 @@ namespace host::commands {
 
 Session::Session(Engine& engine)
     : scene(engine)
-    : hotkeys(engine)
+    , hotkeys(engine)
     , runTimeCommands(engine)
     , scriptJobs(std::make_unique<ScriptJobs>(engine))
 {

@@ -48,6 +48,35 @@ PluginLoader* Plugins::LoaderOf(const QString& path) const
     return found == m_loaders.end() ? nullptr : found->second.get();
 }
 
+QString Plugins::Obstacle(const Plugin& plugin) const
+{
+    const PluginLoader* loader = LoaderOf(plugin.path);
+    return loader ? loader->Obstacle(plugin) : QString();
+}
+
+/// A text names a procedure; one that fails has shown why.
+void Plugins::Tell(const QVector<Script>& callbacks, const QString& name)
+{
+    const QVector<Script> present = callbacks;
+    for (const Script& callback : present) {
+        const bool isMel = callback.language == Language::Mel && !callback.callable;
+        const QString call = isMel ? QStringLiteral("%1 \"%2\"") : QStringLiteral("%1(\"%2\")");
+        if (callback.callable)
+            callback.Run({name});
+        else
+            Script{callback.language, call.arg(callback.text, name), nullptr}.Run();
+    }
+}
+
+Plugin* Plugins::FindPath(const QString& path) const
+{
+    for (const auto& plugin : m_plugins) {
+        if (plugin->path == path)
+            return plugin.get();
+    }
+    return nullptr;
+}
+
 Error Plugins::InUse(const Plugin& plugin, const QString& reason)
 {
     return {QStringLiteral("Plug-in, \"%1\", cannot be unloaded because it is still in use: %2.")
@@ -99,16 +128,19 @@ QStringList Plugins::Names() const
     return names;
 }
 
-Outcome Plugins::Load(const QString& nameOrPath, bool* alreadyLoaded)
+Outcome Plugins::Load(const QString& nameOrPath, bool* alreadyLoaded, const QString& wantedName)
 {
     if (alreadyLoaded)
         *alreadyLoaded = false;
-    if (const Plugin* plugin = Find(nameOrPath)) {
+    const QString path = FindFile(nameOrPath);
+    const Plugin* known = path.isEmpty() ? nullptr : FindPath(path);
+    if (!known)
+        known = Find(nameOrPath);
+    if (known) {
         if (alreadyLoaded)
             *alreadyLoaded = true;
-        return plugin->name;
+        return known->name;
     }
-    const QString path = FindFile(nameOrPath);
     if (path.isEmpty()) {
         return Error{
             QStringLiteral("Plug-in, \"%1\", was not found on MAYA_PLUG_IN_PATH.").arg(nameOrPath)};
@@ -118,7 +150,7 @@ Outcome Plugins::Load(const QString& nameOrPath, bool* alreadyLoaded)
         return Error{NO_LOADER};
     auto plugin = std::make_unique<Plugin>();
     plugin->path = path;
-    plugin->name = NameOf(path);
+    plugin->name = wantedName.isEmpty() ? NameOf(path) : wantedName;
     Plugin& record = *plugin;
     // The entry point may ask for its own record, so it is listed before it runs.
     m_plugins.push_back(std::move(plugin));
@@ -127,7 +159,9 @@ Outcome Plugins::Load(const QString& nameOrPath, bool* alreadyLoaded)
         Forget(&record);
         return outcome;
     }
-    return record.name;
+    const QString name = record.name;
+    Tell(loadCallbacks, name);
+    return name;
 }
 
 Outcome Plugins::Unload(const QString& name, bool force)
@@ -141,6 +175,8 @@ Outcome Plugins::Unload(const QString& name, bool force)
     if (!loader)
         return Error{NO_LOADER};
     plugin->unloading = true;
+    if (force || loader->Obstacle(*plugin).isNull())
+        Tell(unloadCallbacks, plugin->name);
     const Outcome outcome = loader->Unload(*plugin, force);
     plugin->unloading = false;
     if (!outcome.Ok())

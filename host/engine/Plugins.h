@@ -1,6 +1,6 @@
 #pragma once
 
-#include "engine/Outcome.h"
+#include "engine/Script.h"
 
 #include <map>
 #include <memory>
@@ -32,6 +32,8 @@ public:
     virtual Outcome Load(Plugin& plugin) = 0;
     /// Runs the exit point and closes the file. On failure the plug-in stays loaded, unless forced.
     virtual Outcome Unload(Plugin& plugin, bool force) = 0;
+    /// Why only force would unload it now; null when nothing is in the way.
+    virtual QString Obstacle(const Plugin&) const { return {}; }
 };
 
 /// The plug-ins of this process. Main thread only.
@@ -53,8 +55,10 @@ public:
     /// along MAYA_PLUG_IN_PATH; the suffix ".so" or ".py" may be missing. Empty when there is none.
     static QString FindFile(const QString& nameOrPath);
 
-    /// The plug-in's name. An error when it cannot be loaded; loading again is `alreadyLoaded`.
-    Outcome Load(const QString& nameOrPath, bool* alreadyLoaded = nullptr);
+    /// The plug-in's name, which is the file's unless another is wanted. An error when it cannot be
+    /// loaded; loading again is `alreadyLoaded`.
+    Outcome Load(
+        const QString& nameOrPath, bool* alreadyLoaded = nullptr, const QString& wantedName = {});
     Outcome Unload(const QString& name, bool force);
     /// By name, file name or path. Null when it is not loaded.
     Plugin* Find(const QString& nameOrPath) const;
@@ -65,11 +69,18 @@ public:
 
     static QString NameOf(const QString& path);
 
-    /// Why a plug-in cannot be unloaded now.
+    QString Obstacle(const Plugin& plugin) const;
     static Error InUse(const Plugin& plugin, const QString& reason);
+
+    /// Procedures (or functions) that get a plug-in's name when it was loaded, and before it is
+    /// unloaded.
+    QVector<Script> loadCallbacks;
+    QVector<Script> unloadCallbacks;
 
 private:
     void Forget(const Plugin* plugin);
+    Plugin* FindPath(const QString& path) const;
+    static void Tell(const QVector<Script>& callbacks, const QString& name);
     PluginLoader* LoaderOf(const QString& path) const;
 
     std::vector<std::unique_ptr<Plugin>> m_plugins;

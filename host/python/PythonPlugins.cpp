@@ -139,6 +139,13 @@ Outcome PythonPluginLoader::Unload(Plugin& plugin, bool force)
     return {};
 }
 
+QString PythonPluginLoader::Obstacle(const Plugin& plugin) const
+{
+    const Execution execution;
+    return execution.IsAllowed() ? CallModule(execution, "obstacle", plugin)
+                                 : execution.Report().text;
+}
+
 bool AddPluginFunctions(PyObject* module)
 {
     return PyModule_AddFunctions(module, METHODS) == 0;

@@ -13,6 +13,7 @@ public:
     /// A script that raises while it is read or started is reported with its traceback first.
     Outcome Load(Plugin& plugin) override;
     Outcome Unload(Plugin& plugin, bool force) override;
+    QString Obstacle(const Plugin& plugin) const override;
 };
 
 /// Adds what _plugins.py needs to the module _maya_host. False, with the exception set, on failure.

@@ -347,7 +347,7 @@ class MArgDatabase(MArgParser):
     """An MArgParser that knows the scene's objects too."""
 
     def getObjectList(self):
-        from maya._selection import MSelectionList
+        from maya._nodes import MSelectionList
         objects = MSelectionList()
         for name in self._texts():
             objects.add(name)

@@ -128,10 +128,10 @@ def _single_or_zero(value=0.0):
     return single(value)
 
 
-def make(base):
-    """The classes of one form by their names."""
+def make(base, **objects):
+    """The classes of one form by their names; `objects` are those of the scene's objects."""
     kinds = {}
-    for name, element in _KINDS:
+    for name, element in (*_KINDS, *objects.items()):
         element = _single_or_zero if element is single else element
         kinds[name] = type(name, (base,), {
             "_element": staticmethod(element) if element is _single_or_zero else element,

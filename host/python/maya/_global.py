@@ -107,6 +107,13 @@ class MGlobal(Global):
         return _maya_host.execute(True, command, display)
 
 
+class MStatus:
+    """The older form's words for how a call went; the calls themselves raise when they fail."""
+
+    (kSuccess, kFailure, kInsufficientMemory, kInvalidParameter, kLicenseFailure,
+     kUnknownParameter, kNotImplemented, kNotFound, kEndOfFile) = range(9)
+
+
 class MCommandResult:
     """Takes the result of a command in the older form."""
 

@@ -413,7 +413,7 @@ def forced_obstacle(path, name):
 
 
 def obstacle(path, name):
-    if _maya_host.hasUndoSteps(path):
+    if not _records[path].running and _maya_host.hasUndoSteps(path):
         return "its commands can still be undone"
     return forced_obstacle(path, name)
 

@@ -93,6 +93,10 @@ void PluginLoadTest::RefusesFilesThatAreNoPlugins_data()
         = "No initializePlugin\\(\\) or initializePlugin2\\(\\) function \\(%1\\)";
     Row("no entry points", "NoEntry", noEntry.arg("NoEntry"));
     Row("hidden entry points", "HiddenEntry", noEntry.arg("HiddenEntry"));
+    Row("another release's entry points", "OtherRelease", noEntry.arg("OtherRelease"));
+    Row("a missing library", "MissingDependency",
+        "Unable to dynamically load : .*/MissingDependency\\.so\nlibapi_dependency\\.so: cannot "
+        "open .*");
     Row("a missing symbol", "MissingSymbol",
         "Unable to dynamically load : .*/MissingSymbol\\.so\n.*undefined symbol: "
         ".*SoldElsewhere.*");

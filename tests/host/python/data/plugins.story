@@ -57,3 +57,16 @@ mel: loadPlugin broken => error: Unable to dynamically load : %p/broken.py\n...
 mel: loadPlugin mixed => error: initializePlugin function failed (mixed) >> Error: TypeError: MFnPlugin needs the object that the entry point got ...
 mel: loadPlugin nowhere.py => error: Plug-in, "nowhere.py", was not found on MAYA_PLUG_IN_PATH.
 cmds.pluginInfo(q=True, listPlugins=True) is None => True
+
+== Scripts hear of plug-ins that come and go
+mel: global proc came(string $name) { print("came " + $name + ";"); } loadPlugin -addCallback "came";
+cmds.loadPlugin(addCallback=lambda name: print("hello", name)); cmds.unloadPlugin(addCallback=lambda name: print("bye", name))
+cmds.loadPlugin("newer", name="counting") => ['counting'] >> Display: came counting;hello counting
+cmds.loadPlugin("newer") => [] >> Warning: Plug-in, "newer", is already loaded.
+cmds.pluginInfo("counting", q=True, unloadOk=True), cmds.pluginInfo(q=True, pluginsInUse=True) is None => (True, True)
+cmds.pyCounter(b=1)
+cmds.pluginInfo("counting", q=True, unloadOk=True), cmds.pluginInfo(q=True, pluginsInUse=True) => (False, ['counting', '1.5'])
+cmds.unloadPlugin("counting") => error: ... >> Error: RuntimeError: Plug-in, "counting", cannot be unloaded because it is still in use: its commands can still be undone.
+cmds.unloadPlugin("counting", force=True) => ['counting'] >> Display: bye counting
+mel: loadPlugin -removeCallback "came"
+cmds.loadPlugin("newer") => ['newer'] >> Display: hello newer
