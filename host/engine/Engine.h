@@ -101,8 +101,8 @@ private:
     int m_runningScripts = 0;
 };
 
-/// Marks a text as running: idle work waits, what it changes can be undone as one, and a stop request
-/// ends with the outermost text.
+/// Marks a text as running: idle work waits, what it changes can be undone as one, and a stop
+/// request ends with the outermost text.
 class ScriptScope
 {
 public:

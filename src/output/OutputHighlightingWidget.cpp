@@ -7,6 +7,7 @@
 #include "window/chrome/LookFollower.h"
 #include "window/chrome/Theme.h"
 #include "window/chrome/ToolSeparator.h"
+#include "window/chrome/ToolTipText.h"
 
 #include <QAction>
 #include <QFocusEvent>
@@ -44,9 +45,7 @@ QString ToolTipOf(const ExtraSelectionProperties& rule)
     const QString fault = expression.isValid() ? QString()
                                                : QStringLiteral("\n")
             + OutputHighlightingWidget::tr("Finds nothing: %1").arg(expression.errorString());
-    // Shown as it stands, never as rich text.
-    return QStringLiteral("<p style=\"white-space:pre-wrap\">%1</p>")
-        .arg((rule.pattern + fault).toHtmlEscaped());
+    return WrappedToolTipText(rule.pattern + fault);
 }
 
 } // namespace

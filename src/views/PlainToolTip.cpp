@@ -1,14 +1,13 @@
 #include "views/PlainToolTip.h"
 
+#include "window/chrome/ToolTipText.h"
+
 #include <QAbstractItemView>
 #include <QToolTip>
 
 void ShowPlainToolTip(const QAbstractItemView& view, const QModelIndex& index,
     const QPoint& globalPosition, const QString& text)
 {
-    // Never read as rich text.
-    const QString shown = text.isEmpty()
-        ? text
-        : QStringLiteral("<p style=\"white-space:pre\">%1</p>").arg(text.toHtmlEscaped());
-    QToolTip::showText(globalPosition, shown, view.viewport(), view.visualRect(index));
+    QToolTip::showText(globalPosition, text.isEmpty() ? text : ToolTipLines(text), view.viewport(),
+        view.visualRect(index));
 }

@@ -4,6 +4,7 @@
 #include "settings/pages/KeyCaptureField.h"
 #include "window/chrome/LookFollower.h"
 #include "window/chrome/Theme.h"
+#include "window/chrome/ToolTipText.h"
 
 #include <QApplication>
 #include <QHeaderView>
@@ -339,10 +340,7 @@ bool KeyBindingsTable::viewportEvent(QEvent* event)
         m_model->index(index.row(), M::COMMAND).data(Qt::AccessibleTextRole).toString(),
         m_model->DescribeDefault(index.row()), m_model->Describe(index.row())};
     lines.removeAll(QString());
-    // Shown as it stands, never as rich text.
-    QToolTip::showText(help->globalPos(),
-        QStringLiteral("<p style=\"white-space:pre\">%1</p>")
-            .arg(lines.join(QLatin1Char('\n')).toHtmlEscaped()),
-        this, visualRect(index));
+    QToolTip::showText(
+        help->globalPos(), ToolTipLines(lines.join(QLatin1Char('\n'))), this, visualRect(index));
     return true;
 }

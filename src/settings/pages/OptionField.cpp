@@ -10,6 +10,7 @@
 #include "window/chrome/ElidedLabel.h"
 #include "window/chrome/LookFollower.h"
 #include "window/chrome/Theme.h"
+#include "window/chrome/ToolTipText.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -167,7 +168,7 @@ void OptionField::UpdateRemark()
 {
     const QString text = m_fault.isEmpty() ? m_note : m_fault;
     m_remark->SetText(text);
-    m_remark->setToolTip(PlainToolTip(text));
+    m_remark->setToolTip(WrappedToolTipText(text));
     m_remark->setVisible(!text.isEmpty());
     SetInvalid(*m_remark, !m_fault.isEmpty());
     UpdateToolTip();
@@ -179,11 +180,6 @@ void OptionField::SetMatched(bool matched)
     update();
 }
 
-QString OptionField::PlainToolTip(const QString& text)
-{
-    return QStringLiteral("<p style=\"white-space:pre-wrap\">%1</p>").arg(text.toHtmlEscaped());
-}
-
 void OptionField::UpdateToolTip()
 {
     QString text = OptionTable::Describe(m_row);
@@ -191,7 +187,7 @@ void OptionField::UpdateToolTip()
         text = tr("%1\nWithout effect: %2").arg(text, m_reason);
     if (!m_fault.isEmpty())
         text = m_fault + QLatin1Char('\n') + text;
-    setToolTip(PlainToolTip(text));
+    setToolTip(WrappedToolTipText(text));
     GetControl()->setAccessibleDescription(text);
 }
 

@@ -38,9 +38,6 @@ public:
     void SetMatched(bool matched);
     bool IsMatched() const { return m_matched; }
 
-    /// As a tool tip that takes nothing in the text for markup.
-    static QString PlainToolTip(const QString& text);
-
     /// Of the label in front of the control; 0 when there is none.
     int GetLabelWidth() const;
     void SetLabelWidth(int width);

@@ -6,6 +6,7 @@
 #include "window/chrome/FlatButton.h"
 #include "window/chrome/LookFollower.h"
 #include "window/chrome/Theme.h"
+#include "window/chrome/ToolTipText.h"
 
 #include <QAction>
 #include <QFileDialog>
@@ -95,7 +96,7 @@ void PathListField::AddPath(const QString& path)
 {
     auto* item = new QListWidgetItem(path);
     item->setFlags(item->flags() | Qt::ItemIsEditable);
-    item->setToolTip(PlainToolTip(path));
+    item->setToolTip(WrappedToolTipText(path));
     m_list->addItem(item);
 }
 
@@ -130,7 +131,7 @@ void PathListField::OnItemChanged(QListWidgetItem* item)
 {
     const QSignalBlocker blocker(m_list);
     item->setText(WithHomeFolder(item->text()));
-    item->setToolTip(PlainToolTip(item->text()));
+    item->setToolTip(WrappedToolTipText(item->text()));
     if (item->text().trimmed().isEmpty())
         delete item;
     UpdateButtons();

@@ -4,6 +4,7 @@
 #include "window/chrome/LookFollower.h"
 #include "window/chrome/TextLook.h"
 #include "window/chrome/Theme.h"
+#include "window/chrome/ToolTipText.h"
 
 #include <QFileInfo>
 #include <QHelpEvent>
@@ -224,7 +225,7 @@ bool QuickHelpPage::event(QEvent* event)
         const auto& help = static_cast<const QHelpEvent&>(*event);
         const QString text = anchorAt(viewport()->mapFrom(this, help.pos())).isEmpty()
             ? QString()
-            : m_topic.file.toHtmlEscaped();
+            : ToolTipText(m_topic.file);
         QToolTip::showText(help.globalPos(), text, this);
         return true;
     }

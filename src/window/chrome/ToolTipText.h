@@ -2,6 +2,12 @@
 
 class QString;
 
-/// `text` for a tool tip that shows it as it stands, tags and entities too. For names, paths and
-/// messages, which come from files and programs.
+// Texts for tool tips that show names, paths and messages as they stand, tags and entities too:
+// these come from files and programs.
+
+/// As short as it can be said: the toolkit keeps such a text on one line.
 QString ToolTipText(const QString& text);
+/// Keeps its lines; long ones are wrapped.
+QString WrappedToolTipText(const QString& text);
+/// Keeps its lines, however long.
+QString ToolTipLines(const QString& text);
