@@ -13,7 +13,9 @@ loadPlugin -quiet "%p/TypedCommand.so"
 typedCommand -as labels -label "a b" -lb c => a b c
 py: cmds.typedCommand(resultType="labels", label=["a b", "c"]) => ['a b', 'c']
 py: cmds.typedCommand(size=(3, 4), resultType="size") => 12
-typedCommand -u; typedCommand -u; typedCommand -q; => 2
+typedCommand -u
+typedCommand -u
+typedCommand -q => 2
 undo; typedCommand -q; => 1
 redo; typedCommand -q; => 2
 py: cmds.typedCommand(count="many") => error: Invalid arguments for flag 'count'.  Expected int, got str
