@@ -6,10 +6,19 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <ctime>
 
 namespace {
 
+/// Of the processor, for one input. The fuzzer's own limit counts what other programs take as well.
+constexpr double MAXIMUM_SECONDS = 5;
+
 const fuzz::Target* chosen = nullptr;
+
+double ProcessorSeconds()
+{
+    return static_cast<double>(std::clock()) / CLOCKS_PER_SEC;
+}
 
 void ListTargets()
 {
@@ -38,7 +47,10 @@ extern "C" int LLVMFuzzerInitialize(int* argc, char*** argv)
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {
+    const double start = ProcessorSeconds();
     fuzz::RunTarget(
         *chosen, QByteArray(reinterpret_cast<const char*>(data), static_cast<int>(size)));
+    const double seconds = ProcessorSeconds() - start;
+    fuzz::Expect(seconds < MAXIMUM_SECONDS, QStringLiteral("%1 s are not long").arg(seconds));
     return 0;
 }
