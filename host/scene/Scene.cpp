@@ -90,6 +90,7 @@ Scene& Scene::Current()
 void Scene::Reset()
 {
     m_engine.undoQueue.Clear();
+    const bool wasSelected = !m_selection.isEmpty();
     m_selection.clear();
     m_selectedNodes.clear();
     for (const auto& [serial, node] : m_nodes) {
@@ -109,11 +110,16 @@ void Scene::Reset()
     fileName.clear();
     m_root = std::make_shared<Node>(*NodeType::Find(QStringLiteral("transform")), 0, QString());
     m_root->m_isInScene = true;
+    watches.silent = true;
     CreateDefaultNodes(*this);
+    watches.silent = false;
     for (const auto& [serial, node] : m_nodes)
         node->m_isDefault = true;
     isModified = false;
-    watches.NoteEvent(QStringLiteral("SelectionChanged"));
+    if (wasSelected)
+        watches.NoteEvent(QStringLiteral("SelectionChanged"));
+    if (watches.sceneChanged)
+        watches.sceneChanged();
 }
 
 QVector<Node*> Scene::Nodes() const

@@ -40,6 +40,8 @@ void Watches::Remove(int id)
 
 void Watches::Note(NodeChange change, const Node& node, const QString& key)
 {
+    if (silent)
+        return;
     if (sceneChanged)
         sceneChanged();
     for (auto watch = m_watches.constFind(&node);
@@ -56,6 +58,8 @@ void Watches::Note(NodeChange change, const Node& node, const QString& key)
 
 void Watches::NoteEvent(const QString& event)
 {
+    if (silent)
+        return;
     if (sceneChanged)
         sceneChanged();
     if (m_events.contains(event))

@@ -42,6 +42,8 @@ public:
     void Note(NodeChange change, const Node& node, const QString& key = {});
     /// One of the host's named events.
     void NoteEvent(const QString& event);
+    /// What happens meanwhile is nobody's concern: the scene makes the nodes it begins with.
+    bool silent = false;
     /// Told at once when anything changed that can be seen; set by whoever draws the scene.
     std::function<void()> sceneChanged;
 

@@ -98,7 +98,7 @@ getAttr "*.rotateOrder" => error: More than one object matches name: *.rotateOrd
 getAttr pCube1.pm[0] => 1 0 0 0 0 1 0 0 0 0 1 0 0 0 0 1
 
 == Attributes that scripts add
-createNode transform -n a; addAttr -ln size -sn sz -at double -min 0 -max 10 -dv 3 -k true a; getAttr a.sz => 3
+createNode transform -n a; addAttr -ln size -sn sze -at double -min 0 -max 10 -dv 3 -k true a; getAttr a.sze => 3
 setAttr a.size 11; => error: setAttr: Cannot set the attribute 'a.size' past its maximum value of 10.
 setAttr -c a.size 11; getAttr a.size => 10
 addAttr -ln notes -dt "string"; setAttr a.notes -type "string" "some text"; getAttr a.notes => some text

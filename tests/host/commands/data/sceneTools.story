@@ -1,14 +1,11 @@
 == Matrices give back the angles that made them
 createNode transform -n a; setAttr a.s 1 2 3; setAttr a.sh 0.5 0 0.25; setAttr a.t 1 2 3; setAttr a.rp 1 0 0;
-for ($o = 0; $o < 6; $o++) {
+proc string show(string $what) { float $v[] = `getAttr ("a." + $what)`; return $v[0] + " " + $v[1] + " " + $v[2]; }
+    for ($o = 0; $o < 6; $o++) {
         setAttr a.ro $o; setAttr a.r 20 -35 130; float $m[] = `xform -q -m a`; setAttr a.r 0 0 0; setAttr a.s 1 1 1; setAttr a.sh 0 0 0; setAttr a.t 0 0 0;
         xform -m $m[0] $m[1] $m[2] $m[3] $m[4] $m[5] $m[6] $m[7] $m[8] $m[9] $m[10] $m[11] $m[12] $m[13] $m[14] $m[15] a;
-        float $r[] = `getAttr a.r`; float $t[] = `getAttr a.t`; float $s[] = `getAttr a.s`; float $h[] = `getAttr a.sh`;
-        for ($v in $r) print(floor($v * 1000 + 0.5) / 1000 + " ");
-        for ($v in $t) print(floor($v * 1000 + 0.5) / 1000 + " ");
-        for ($v in $s) print(floor($v * 1000 + 0.5) / 1000 + " ");
-        for ($v in $h) print(floor($v * 1000 + 0.5) / 1000 + " ");
-    } >> print: 20 -35 130 1 2 3 1 2 3 0.5 0 0.25 20 -35 130 1 2 3 1 2 3 0.5 0 0.25 20 -35 130 1 2 3 1 2 3 0.5 0 0.25 20 -35 130 1 2 3 1 2 3 0.5 0 0.25 20 -35 130 1 2 3 1 2 3 0.5 0 0.25 20 -35 130 1 2 3 1 2 3 0.5 0 0.25 
+        print(show("r") + " " + show("t") + " " + show("s") + " " + show("sh") + ";");
+    } >> print: 20 -35 130 1 2 3 1 2 3 0.5 0 0.25;20 -35 130 1 2 3 1 2 3 0.5 0 0.25;20 -35 130 1 2 3 1 2 3 0.5 0 0.25;20 -35 130 1 2 3 1 2 3 0.5 0 0.25;20 -35 130 1 2 3 1 2 3 0.5 0 0.25;20 -35 130 1 2 3 1 2 3 0.5 0 0.25;
 
 == Sets and shading
 polyCube; polySphere; sets -n things pCube1 pSphere1 => things
@@ -37,7 +34,7 @@ getAttr -t 100 pCube1.tx => 20
 listConnections -s 1 -d 0 pCube1.tx => pCube1_translateX
 nodeType pCube1_translateX => animCurveTL
 keyframe -q -tc pCube1 => 1 11
-keyframe -q -at tx -vc -t 5:20 pCube1 => 20
+keyframe -q -at tx -vc -t "5:20" pCube1 => 20
 keyframe -q -kc pCube1 => 2
 keyframe -e -at tx -t 11 -vc 40 pCube1; getAttr pCube1.tx => 20
 findKeyframe -w next pCube1 => 11
@@ -75,7 +72,7 @@ delete -cn pSphere1; listRelatives pSphere1 => pSphereShape1
 pointLight -i 2 -rgb 1 0 0 => pointLightShape1
 getAttr pointLightShape1.color => 1 0 0
 ls -lights => pointLightShape1
-camera -n shot; => shot1 shotShape1
+camera -n shot => shot shotShape
 spaceLocator -p 1 2 3 => locator1
 joint -p 0 1 0; joint -p 0 2 0; listRelatives -p joint2 => joint1
 xform -q -ws -t joint2 => 0 2 0
@@ -102,7 +99,7 @@ select -ne box;
 @idle  >> print: sel
 delete box;
 @idle  >> print: gonesel
-file -f -new;
+polyCube; file -f -new;
 @idle  >> print: sel
 
 == Scripts of other hosts' files run

@@ -55,7 +55,7 @@ undoInfo -state off; undoInfo -q -state => 0
 
 == Flags that are not offered are refused
 about -moon => error: Invalid flag '-moon'
-scriptJob -attributeChange "a.tx" "print x" => error: Invalid flag '-attributeChange'
+scriptJob -conditionNone "a" "print x" => error: Invalid flag '-conditionNone'
 commandEcho -q -addFilter => error: Flag '-addFilter' cannot be used in query mode.
 mayaDpiSetting -mode 1 => error: The scale of this host's interface follows the system and cannot be set.
 
