@@ -127,10 +127,13 @@ def clear_views(s):
 
 def close_tabs(s):
     """Without keeping anything."""
-    for _ in range(4):
+    for _ in range(20):
         s.focus_editor()
         s.hands.keys(key("closeAllFiles"))
-        sight = s.wait(lambda seen: (seen.modal or not seen.tab_count()) and seen, 2)
+        sight = s.wait(lambda seen: (seen.modal or not seen.tab_count()) and seen, 1)
+        if not sight:
+            s.hands.keys(key("closeFile"))
+            sight = s.blink()
         for _ in range(60):
             if not sight or not sight.modal:
                 break

@@ -57,7 +57,7 @@ class Session:
 
     def wait(self, condition, seconds=3.0):
         """What the condition makes of a sight once it is something, or None after that time."""
-        end = time.monotonic() + seconds * patience()
+        end = time.monotonic() + seconds * min(patience(), 3.0)
         while True:
             found = condition(self.look())
             if found or time.monotonic() > end:
@@ -96,7 +96,7 @@ class Session:
         dialog = sight.modal
         self.note(f"    dialog {dialog['class']} {dialog['title']!r}")
         self.activate(dialog["window"])
-        if attempt >= ANSWERS // 2:
+        if attempt >= ANSWERS // 2 or dialog["name"] == "m_preferencesDialog":
             self.hands.keys("Escape")
         elif dialog["class"] == "QFileDialog":
             self._answer_file_dialog()
@@ -184,11 +184,12 @@ class Session:
             self.hands.click(middle(handle["place"]), times=2)
 
     def click_into_editor_window(self, sight):
+        """Where the hint is when there is no editor."""
         self.activate(sight.editor_window())
         bar = next((area for area in (*sight.bars, sight.console) if area), None)
         if bar:
             x, y, width, height = bar["place"]
-            self.hands.click((x + width - 60, y + height // 2))
+            self.hands.click((x + width // 2, y + height + 40 if sight.bars else y + height // 2))
 
     def run_command_line(self, command):
         """MEL in the host's command line."""

@@ -9,7 +9,7 @@ from .session import BLINK_S
 from .sight import middle, somewhere
 
 SEARCH_S = 3
-PREFERENCE_PAGES = 11
+PREFERENCE_PAGES = 10  # all but the last one, which holds the keys that the soak presses
 
 
 @action("switch the side bar", 5)
@@ -138,13 +138,16 @@ def open_preferences(s):
 
 def _poke(s, dialog):
     """Somewhere in the dialog, but not on what closes it."""
+    sight = s.look()
     areas = [area for area in s.areas() if area["window"] == dialog["window"]
              and area["place"][2] > 1 and area["place"][3] > 1]
-    buttons = [button["place"] for button in s.look().buttons_in(dialog["window"])
-               if button["text"].replace("&", "") in ("OK", "Apply", "Cancel")]
-    area = s.rng.choice(areas)
-    point = somewhere(s.rng, area["place"])
-    if not any(x <= point[0] < x + w and y <= point[1] < y + h for x, y, w, h in buttons):
+    left_alone = [button["place"] for button in sight.buttons_in(dialog["window"])
+                  if button["text"].replace("&", "") in ("OK", "Apply", "Cancel")]
+    left_alone += [each["place"] for each in (sight.view("m_pageList"), sight.field("m_search")) if each]
+    if not areas:
+        return
+    point = somewhere(s.rng, s.rng.choice(areas)["place"])
+    if not any(x <= point[0] < x + w and y <= point[1] < y + h for x, y, w, h in left_alone):
         s.hands.click(point)
         s.hands.keys(*s.rng.choice((["Down"], ["Up", "Up"], ["a"], ["space"], ["BackSpace"], ["Tab"], [])))
 
@@ -155,6 +158,7 @@ def change_preferences(s):
     if not sight:
         return
     s.count("preferences opened")
+    s.preferences_changed = True
     dialog = sight.modal
     s.hands.keys("Home", *["Down"] * s.rng.randrange(PREFERENCE_PAGES))
     for _ in range(s.rng.randint(1, 6)):
@@ -175,7 +179,6 @@ def close_preferences(s, button_text):
         if sight.modal and button and button["enabled"]:
             s.hands.click(middle(button["place"]))
             if text in ("OK", "Apply"):
-                s.preferences_changed = True
                 s.count("preferences applied")
 
 
@@ -183,18 +186,18 @@ def restore_preferences(s):
     """Every page as a first start has it."""
     if not open_preferences(s):
         return
-    s.hands.keys("Home")
-    for _ in range(PREFERENCE_PAGES):
+    for page in range(PREFERENCE_PAGES):
+        rows = s.look().view("m_pageList")
+        if not rows:
+            return
+        x, y, width, _ = rows["place"]
+        s.hands.click((x + width // 2, y + 12))
+        s.hands.keys("Home", *["Down"] * page)
         sight = s.blink()
         button = sight.button("Restore Defaults")
         if button and button["enabled"] and sight.modal:
             s.hands.click(middle(button["place"]))
             _confirm(s)
-        rows = s.look().view("m_pageList")
-        if not rows:
-            break
-        s.hands.click((rows["place"][0] + 4, rows["place"][1] + rows["place"][3] - 3))
-        s.hands.keys("Down")
     sight = s.blink()
     button = sight.button("OK")
     if button:
