@@ -46,6 +46,8 @@ EmptyGroupHint::EmptyGroupHint(const KeyBindings* keyBindings, QWidget* parent)
     , m_keyBindings(keyBindings)
 {
     setAccessibleName(tr("No editors"));
+    // A click brings the keyboard here, also from outside of the window: its keys work then.
+    setFocusPolicy(Qt::ClickFocus);
     setGeometry(parent->rect());
     parent->installEventFilter(this);
 }

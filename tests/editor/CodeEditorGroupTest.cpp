@@ -475,6 +475,8 @@ void CodeEditorGroupTest::ShowsAHintWhileItIsEmpty()
     auto* const hint = group.findChild<EmptyGroupHint*>();
     QVERIFY(hint->isVisible());
     QCOMPARE(hint->accessibleDescription(), QString());
+    QTest::mouseClick(hint, Qt::LeftButton);
+    QVERIFY(group.focusWidget() == hint); // the window's keys work after a click
     QSignalSpy asked(&group, &CodeEditorGroup::NewTabRequested);
     QTest::mouseDClick(hint, Qt::LeftButton);
     QCOMPARE(asked.count(), 1);
