@@ -88,10 +88,9 @@ def return_to_base(s):
     s.settle()
     close_windows(s)
     s.show_editor()
-    if s.preferences_changed:
+    if s.changed_preferences:
         views.restore_preferences(s)
         s.settle()
-        s.preferences_changed = False
     clear_views(s)
     close_tabs(s)
     s.run_command_line("hostAction clearHistory")

@@ -22,7 +22,7 @@ class Session:
         self.manager = manager  # a window manager runs
         self.counts = collections.Counter()
         self.number = 0  # of the last script that was executed
-        self.preferences_changed = False
+        self.changed_preferences = set()  # numbers of the dialog's pages
         self._log = open(os.path.join(report, "actions.log"), "a", encoding="utf-8")
 
     # Books

@@ -158,9 +158,10 @@ def change_preferences(s):
     if not sight:
         return
     s.count("preferences opened")
-    s.preferences_changed = True
     dialog = sight.modal
-    s.hands.keys("Home", *["Down"] * s.rng.randrange(PREFERENCE_PAGES))
+    page = s.rng.randrange(PREFERENCE_PAGES)
+    s.changed_preferences.add(page)
+    _show_page(s, sight, page)
     for _ in range(s.rng.randint(1, 6)):
         sight = s.look()
         if not sight.modal:
@@ -182,24 +183,26 @@ def close_preferences(s, button_text):
                 s.count("preferences applied")
 
 
+def _show_page(s, sight, page):
+    """The pages are known by their places in the list."""
+    x, y, width, _ = sight.view("m_pageList")["place"]
+    s.hands.click((x + width // 2, y + 12))
+    s.hands.keys("Home", *["Down"] * page)
+
+
 def restore_preferences(s):
-    """Every page as a first start has it."""
-    if not open_preferences(s):
+    """Every page that was touched as a first start has it."""
+    sight = open_preferences(s)
+    if not sight:
         return
-    for page in range(PREFERENCE_PAGES):
-        rows = s.look().view("m_pageList")
-        if not rows:
-            return
-        x, y, width, _ = rows["place"]
-        s.hands.click((x + width // 2, y + 12))
-        s.hands.keys("Home", *["Down"] * page)
-        sight = s.blink()
-        button = sight.button("Restore Defaults")
-        if button and button["enabled"] and sight.modal:
+    for page in s.changed_preferences:
+        _show_page(s, sight, page)
+        button = s.blink().button("Restore Defaults")
+        if button and button["enabled"]:
             s.hands.click(middle(button["place"]))
             _confirm(s)
-    sight = s.blink()
-    button = sight.button("OK")
+    s.changed_preferences.clear()
+    button = s.blink().button("OK")
     if button:
         s.hands.click(middle(button["place"]))
         _confirm(s)
