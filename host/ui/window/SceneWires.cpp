@@ -79,7 +79,7 @@ const QVector<SceneWires::Line>& SceneWires::GetLines()
         ++forms;
         const Matrix4 matrix = WorldMatrix(scene, *place.node);
         const Box box = ShapeBox(scene, *place.node);
-        if (box.isEmpty)
+        if (box.isEmpty || place.node->GetType().Is("locator"))
             AddCross(matrix, isSelected, m_lines);
         else
             AddBox(box, matrix, isSelected, m_lines);
