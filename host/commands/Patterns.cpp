@@ -121,7 +121,9 @@ QRegularExpression MakeShellExpression(const QString& pattern)
             expression += Literal(character);
         }
     }
-    return QRegularExpression(QStringLiteral("\\A(?:%1)\\z").arg(expression), OPTIONS);
+    const QRegularExpression whole(QStringLiteral("\\A(?:%1)\\z").arg(expression), OPTIONS);
+    // A range that runs backwards, "[z-a]", is in no set, so nothing fits the pattern.
+    return whole.isValid() ? whole : QRegularExpression(QStringLiteral("(?!)"));
 }
 
 /// Scripts use few patterns, but they use them in loops.

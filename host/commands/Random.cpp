@@ -99,6 +99,8 @@ Vector Random::InSphere(const Vector& radii)
 
 double Noise(const Vector& place)
 {
+    if (!std::isfinite(place.x) || !std::isfinite(place.y) || !std::isfinite(place.z))
+        return 0;
     const double floors[] = {std::floor(place.x), std::floor(place.y), std::floor(place.z)};
     int cell[3] = {};
     for (int i = 0; i < 3; ++i)
