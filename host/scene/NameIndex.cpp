@@ -1,7 +1,5 @@
 #include "scene/NameIndex.h"
 
-#include <limits>
-
 namespace host::scene {
 
 namespace {
@@ -32,7 +30,9 @@ Numbered Split(const QString& name)
     Numbered parts{name.left(start), 0, 0};
     bool fits = false;
     parts.number = name.midRef(start).toInt(&fits);
-    if (!fits && start < name.size())
+    // A longer number is just text: there has to be room for counting up.
+    constexpr int MOST_DIGITS = 9;
+    if (start < name.size() && (!fits || name.size() - start > MOST_DIGITS))
         return {name, 0, 0};
     const int length = name.size() - start;
     parts.digits = length > 1 && name.at(start) == QLatin1Char('0') ? length : 0;
@@ -105,8 +105,6 @@ QString NameIndex::UnusedName(const QString& wanted) const
     QString name = wanted;
     while (m_byName.contains(name)) {
         Numbered parts = Split(name);
-        if (parts.number == std::numeric_limits<int>::max())
-            parts = {name + QLatin1Char('_'), 0, 0};
         const auto taken = m_numbers.constFind(parts.Family());
         ++parts.number;
         if (taken != m_numbers.constEnd())

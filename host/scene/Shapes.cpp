@@ -129,10 +129,14 @@ PartCounts TorusCounts(int around, int section)
     return counts;
 }
 
+/// Counts of more than this many parts in a row would not fit into numbers any more.
+constexpr int MOST_PARTS = 10000;
+
 PartCounts MadeCounts(const Scene& scene, const Node& maker)
 {
     const NodeType& type = maker.GetType();
-    const auto number = [&](const char* name) { return Whole(scene, maker, name); };
+    const auto number
+        = [&](const char* name) { return std::clamp(Whole(scene, maker, name), 0, MOST_PARTS); };
     if (type.Is("polyCube")) {
         return CubeCounts(
             number("subdivisionsWidth"), number("subdivisionsHeight"), number("subdivisionsDepth"));

@@ -221,7 +221,10 @@ QStringList ElementNames(const QString& name)
 {
     static const QRegularExpression range(QStringLiteral("^(.*)\\[(\\d+):(\\d+)\\](.*)$"));
     const auto match = range.match(name);
-    if (!match.hasMatch())
+    constexpr int MOST_ELEMENTS = 1000000;
+    const bool isSmall
+        = match.captured(3).toLongLong() - match.captured(2).toLongLong() < MOST_ELEMENTS;
+    if (!match.hasMatch() || !isSmall)
         return {name};
     QStringList names;
     for (int i = match.captured(2).toInt(); i <= match.captured(3).toInt(); ++i)

@@ -36,11 +36,12 @@ std::optional<Error> PlaceError(const Node& node, const Node& parent)
 void Place(Node& node, Node& parent, bool relative)
 {
     Scene& scene = Scene::Current();
-    const Matrix4 world = WorldMatrix(scene, node);
-    const bool placed = node.GetType().IsTransform() && !relative;
+    const Matrix4 before = ParentMatrix(scene, node);
     scene.SetParent(node, parent);
-    if (placed)
-        SetWorldMatrix(scene, node, world);
+    if (relative || !node.GetType().IsTransform()
+        || ParentMatrix(scene, node).Cells() == before.Cells())
+        return;
+    SetWorldMatrix(scene, node, LocalMatrix(scene, node) * before);
 }
 
 std::optional<Error> ParentOne(const Call& call, Node& node, Node& parent, Item& placed)
@@ -265,7 +266,8 @@ int NewPlace(const Call& call, int now, int last)
         return 0;
     if (call.Has("back"))
         return last;
-    return call.Has("relative") ? qBound(0, now + call.Int("relative"), last) : now;
+    const int step = qBound(-last, call.Int("relative"), last);
+    return call.Has("relative") ? qBound(0, now + step, last) : now;
 }
 
 Outcome Reorder(Call& call)

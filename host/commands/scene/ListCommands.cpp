@@ -242,10 +242,11 @@ QStringList Texts(const Call& call, const Item& item)
 
 QStringList Cut(const Call& call, const QStringList& names, int step)
 {
+    const auto count = [&](const char* flag) { return qBound(0, call.Int(flag), names.size()); };
     if (call.Has("head"))
-        return names.mid(0, qMax(0, call.Int("head")) * step);
+        return names.mid(0, qMin(count("head"), names.size() / step) * step);
     if (call.Has("tail"))
-        return names.mid(qMax(0, names.size() - qMax(0, call.Int("tail")) * step));
+        return names.mid(names.size() - qMin(count("tail"), names.size() / step) * step);
     return names;
 }
 

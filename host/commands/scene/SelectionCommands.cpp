@@ -74,6 +74,17 @@ QVector<Item> Once(const QVector<Item>& items)
     return once;
 }
 
+QVector<Item> Combined(const Call& call, const QVector<Item>& before, const QVector<Item>& items)
+{
+    if (call.Has("addFirst"))
+        return items + Without(before, items);
+    if (call.Has("deselect"))
+        return Without(before, items);
+    if (call.Has("toggle"))
+        return Without(before, items) + Without(items, before);
+    return items;
+}
+
 Outcome Select(Call& call)
 {
     Scene& scene = Scene::Current();
@@ -95,17 +106,11 @@ Outcome Select(Call& call)
     if (call.Has("hierarchy"))
         found.items = WithHierarchy(found.items);
     found.items = Once(found.items);
-    const QVector<Item> before = scene.Selection();
+    // A list that is held here would have to be copied to be added to.
     if (call.Has("add"))
         scene.AddToSelection(found.items);
-    else if (call.Has("addFirst"))
-        scene.Select(found.items + Without(before, found.items));
-    else if (call.Has("deselect"))
-        scene.Select(Without(before, found.items));
-    else if (call.Has("toggle"))
-        scene.Select(Without(before, found.items) + Without(found.items, before));
     else
-        scene.Select(found.items);
+        scene.Select(Combined(call, scene.Selection(), found.items));
     return {};
 }
 
