@@ -84,6 +84,9 @@ void HostWindowTest::ScriptsFindTheMainWindow_data()
         "General Editors");
     Row("shelves", "tabLayout -q -childArray $gShelfTopLevel", "General Custom");
     Row("nothing is current at first", "setParent -q", "");
+    Row("entries for the scene", "hostAction createCube; hostAction groupObjects; ls -sl",
+        "group1");
+    Row("an entry tells its command", "menuItem -q -command duplicateObjects", "duplicate -rr");
     Row("unknown action", "hostAction nonsense", "error: There is no host action \"nonsense\".");
 }
 
