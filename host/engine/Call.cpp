@@ -174,6 +174,7 @@ private:
     bool SetMode(Mode mode);
     const Flag* FindFlag(const QString& name);
     bool WantsArguments(const Flag& flag) const;
+    int ArgumentCount(const Flag& flag) const;
     bool AddUse(const Flag& flag, QVector<Word> arguments, const QString& spelling = {});
     bool ReadMelFlag(const QVector<Word>& words, int& position);
     bool ReadPythonFlag(const Keyword& keyword);
@@ -229,6 +230,13 @@ bool CallReader::WantsArguments(const Flag& flag) const
     return m_read.call.m_mode != Query || flag.queryTakesArguments;
 }
 
+/// A query names only what it asks about.
+int CallReader::ArgumentCount(const Flag& flag) const
+{
+    const bool namesOne = flag.valueMayMiss && m_read.call.m_mode == Query;
+    return namesOne ? qMin(1, flag.arguments.size()) : flag.arguments.size();
+}
+
 bool CallReader::AddUse(const Flag& flag, QVector<Word> arguments, const QString& spelling)
 {
     // Some flags that change things are accepted without the edit flag; none can be queried by
@@ -265,7 +273,7 @@ bool CallReader::ReadMelFlag(const QVector<Word>& words, int& position)
     QVector<Word> arguments;
     if (!WantsArguments(*flag))
         return AddUse(*flag, arguments);
-    int wanted = flag->arguments.size();
+    int wanted = ArgumentCount(*flag);
     while (position < words.size() && !words[position].isFlag
         && (arguments.size() < wanted || flag->takesList)) {
         arguments += flag->takesList ? Spread(words[position]) : QVector<Word>{words[position]};
@@ -280,7 +288,8 @@ bool CallReader::ReadMelFlag(const QVector<Word>& words, int& position)
         && arguments.isEmpty()) {
         wanted = 0; // The name may be left out of such a query.
     }
-    if (arguments.isEmpty() && flag->valueMayMiss)
+    const bool isSwitch = flag->arguments.value(0) == ArgumentType::Bool;
+    if (arguments.isEmpty() && flag->valueMayMiss && isSwitch)
         wanted = 0;
     if (arguments.size() < wanted) {
         return Fail(QStringLiteral("Flag '-%1' must be passed a %2 argument")
@@ -325,8 +334,8 @@ bool CallReader::ReadPythonFlag(const Keyword& keyword)
                 AddUse(*flag, {});
             continue;
         }
-        if (use.size() < flag->arguments.size()
-            || (use.size() > flag->arguments.size() && !flag->takesList)) {
+        const int wantedCount = ArgumentCount(*flag);
+        if (use.size() < wantedCount || (use.size() > wantedCount && !flag->takesList)) {
             QStringList wanted;
             for (const ArgumentType type : flag->arguments)
                 wanted += PythonTypeText(type);

@@ -14,6 +14,9 @@ class Interrupt
 public:
     /// Called at most every POLL_INTERVAL_MS while a script runs, once it has run that long.
     std::function<void()> hook;
+    /// Asked first when a person wants the script to stop: true when it was only told to hurry up
+    /// and goes on. Set by progress bars while they run.
+    std::function<bool()> cancel;
 
     static constexpr int POLL_INTERVAL_MS = 100;
 

@@ -265,6 +265,10 @@ Outcome QueryFlag(const ControlRow& row, Element& element, const Call& call)
     if (call.GivenFlags().isEmpty())
         return Error{QStringLiteral("Nothing to query: name a flag.")};
     const QString name = call.GivenFlags().first();
+    const std::optional<Outcome> answer
+        = row.answer ? row.answer(element, call) : std::optional<Outcome>();
+    if (answer)
+        return *answer;
     const Property* property = FindProperty(row, name);
     if (property && property->query)
         return property->query(element);

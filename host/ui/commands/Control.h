@@ -93,6 +93,9 @@ struct ControlRow
     /// Flags that the command shares with all others of its sort.
     CommonFlags common = CommonFlags::Control;
     const Family* family = nullptr;
+    /// Answers queries that name something of the element; none when the call is no such query.
+    /// May be null.
+    std::optional<Outcome> (*answer)(Element&, const Call&) = nullptr;
 };
 
 /// Registers the rows' commands. The rows must stay where they are.

@@ -96,7 +96,8 @@ void FieldGroup::NameFields()
     for (QWidget* field : qAsConst(m_fields))
         ++counts[field->metaObject()->className()];
     for (int i = 0; i < m_fields.size(); ++i) {
-        if (qobject_cast<QAbstractButton*>(m_fields.at(i)))
+        const auto* button = qobject_cast<QAbstractButton*>(m_fields.at(i));
+        if (button && !button->text().isEmpty())
             continue;
         const bool numbered = counts.value(m_fields.at(i)->metaObject()->className()) > 1;
         const QString number = numbered ? QStringLiteral(" %1").arg(i + 1) : QString();

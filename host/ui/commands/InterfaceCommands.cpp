@@ -3,6 +3,7 @@
 #include "commands/Session.h"
 #include "engine/Engine.h"
 #include "ui/commands/Tables.h"
+#include "ui/commands/WindowTables.h"
 
 namespace host::ui {
 
@@ -23,6 +24,13 @@ const Registration REGISTRATIONS[] = {
     RegisterScriptFieldCommands,
     RegisterDialogCommands,
     RegisterMessageCommands,
+    RegisterProgressCommands,
+    RegisterFileDialogCommands,
+    RegisterColorCommands,
+    RegisterTreeView,
+    RegisterLayoutDialog,
+    RegisterPanelCommands,
+    RegisterWindowPref,
     RegisterRowCommands,
     RegisterPaneCommands,
     RegisterOptionMenuCommands,

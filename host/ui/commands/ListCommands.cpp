@@ -195,6 +195,37 @@ Value SelectedIndexes(Element& element)
     return Selected<IntList>(element, [](int row) { return row + 1; });
 }
 
+// Lists of pictures with a label below each
+
+void MakeIcons(Element& element, const Call& call)
+{
+    MakeList(element, call);
+    List(element)->setViewMode(QListView::IconMode);
+    List(element)->setResizeMode(QListView::Adjust);
+    List(element)->setMovement(QListView::Static);
+    QObject::connect(List(element), &QListWidget::itemSelectionChanged, &element,
+        [&element] { element.RunCallback(QStringLiteral("changeCommand")); });
+}
+
+void AppendIcons(Edit& edit)
+{
+    for (int use = 0; use < edit.UseCount(); ++use)
+        List(edit.element)
+            ->addItem(new QListWidgetItem(FindIcon(edit.Text(0, use)), edit.Text(1, use)));
+}
+
+void SetIconSize(Edit& edit)
+{
+    List(edit.element)
+        ->setIconSize({Scaled(qBound(1, edit.Int(0), 1024)), Scaled(qBound(1, edit.Int(1), 1024))});
+}
+
+Value IconSize(Element& element)
+{
+    const QSize size = List(element)->iconSize();
+    return IntList{Unscaled(size.width()), Unscaled(size.height())};
+}
+
 // clang-format off
 const Property LIST[] = {
     {"allItems",             nullptr, AllItems},
@@ -219,7 +250,23 @@ const Property LIST[] = {
     {"showIndexedItem",      [](Edit& e) { const int row = CheckedRow(e, e.Int()); if (row >= 0) List(e.element)->scrollToItem(List(e.element)->item(row)); }, nullptr},
 };
 
+const Property ICONS[] = {
+    {"allowMultiSelection", [](Edit& e) { List(e.element)->setSelectionMode(e.Bool() ? QListWidget::ExtendedSelection : QListWidget::SingleSelection); },
+                            [](Element& e) -> Value { return List(e)->selectionMode() == QListWidget::ExtendedSelection; }},
+    {"iconWidthHeight",     SetIconSize, IconSize},
+    {"numberOfIcons",       nullptr, [](Element& e) -> Value { return List(e)->count(); }},
+    {"removeAll",           [](Edit& e) { List(e.element)->clear(); }, nullptr},
+    {"append",              AppendIcons, nullptr},
+    {"deselectAll",         [](Edit& e) { const QSignalBlocker blocker(List(e.element)); List(e.element)->clearSelection(); }, nullptr},
+    {"selectItem",          [](Edit& e) { ApplyToItems(e, Qt::DisplayRole, Select); }, SelectedTexts},
+    {"selectIndexedItem",   [](Edit& e) { ApplyToIndexes(e, Select); }, SelectedIndexes},
+};
+
 const ControlRow ROWS[] = {
+    {"iconTextScrollList", ControlKind, MakeIcons, ICONS,
+        "allowMultiSelection/ams B cqe; append/a str str cem; changeCommand/cc script ce; deselectAll/da - ce; doubleClickCommand/dcc script ce;"
+        "iconWidthHeight/iwh int int cqe; numberOfIcons/nic - q; removeAll/ra - ce; selectCommand/sc script ce; selectIndexedItem/sii int cqem;"
+        "selectItem/si str cqem;"},
     {"textScrollList", ControlKind, MakeList, LIST,
         "allItems/ai - q; allowAutomaticSelection/aas B cqe; allowMultiSelection/ams B cqe; append/a str cem;"
         "appendPosition/ap int str cem; deleteKeyCommand/dkc script ce; deselectAll/da - ce; deselectIndexedItem/dii int cem;"

@@ -9,6 +9,7 @@ namespace host::ui {
 
 namespace {
 
+const QString FILL = QStringLiteral("postMenuCommand");
 const QString CHANGE = QStringLiteral("changeCommand");
 
 /// Lets scripts fill the list before it drops down.
@@ -22,10 +23,12 @@ public:
 
     void showPopup() override
     {
-        for (const char* flag : {"postMenuCommand", "beforeShowPopup"}) {
-            if (m_element)
-                m_element->RunCallback(QString::fromLatin1(flag));
-        }
+        const Script fill = m_element ? m_element->GetCallback(FILL) : Script();
+        if (m_element && Stored(*m_element, "postMenuCommandOnce", false).ToBool())
+            m_element->SetCallback(FILL, {});
+        fill.Run();
+        if (m_element)
+            m_element->RunCallback(QStringLiteral("beforeShowPopup"));
         if (m_element)
             QComboBox::showPopup();
     }
@@ -103,6 +106,18 @@ void MakeOptionGroup(Element& element, const Call& call)
         [&element] { element.RunCallback(CHANGE, {Option(element)->box->currentText()}); });
 }
 
+/// It is the menu that fills itself when it opens.
+void SetFilling(Edit& edit)
+{
+    edit.element.GetChildren().first()->SetCallback(FILL, edit.call.GetScript(edit.flag));
+}
+
+void SetFillingOnce(Edit& edit)
+{
+    edit.element.values.insert(QString::fromLatin1(edit.flag), edit.Bool());
+    edit.element.GetChildren().first()->values.insert(QString::fromLatin1(edit.flag), edit.Bool());
+}
+
 void DeleteItems(Edit& edit)
 {
     const Element& menu = MenuOf(edit.element);
@@ -159,6 +174,8 @@ const Property OPTION_MENU[] = {
 };
 
 const Property OPTION_GROUP[] = {
+    {"postMenuCommand", SetFilling, nullptr},
+    {"postMenuCommandOnce", SetFillingOnce, nullptr},
     {"deleteAllItems", DeleteItems, nullptr},
     {"numberOfItems",  nullptr, [](Element& e) -> Value { return Option(e)->box->count(); }},
     {"itemListShort",  nullptr, [](Element& e) -> Value { return ChildNames(MenuOf(e)); }},

@@ -79,7 +79,11 @@ void ArrangePanes(Element& element)
         widget->setParent(outer);
     const QList<QSplitter*> groups
         = outer->findChildren<QSplitter*>(QStringLiteral("paneGroup"), Qt::FindDirectChildrenOnly);
-    qDeleteAll(groups);
+    for (QSplitter* group : groups) {
+        // A control that is being removed, perhaps by its own callback, is still inside.
+        group->setParent(nullptr);
+        group->deleteLater();
+    }
     outer->setOrientation(configuration.groups);
     const bool across = configuration.groups == Qt::Vertical;
     int next = 0;

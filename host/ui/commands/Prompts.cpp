@@ -2,7 +2,9 @@
 
 #include "engine/Engine.h"
 
+#include <QColorDialog>
 #include <QDialog>
+#include <QFileDialog>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -17,6 +19,8 @@ namespace {
 constexpr int ICON_PIXELS = 32;
 
 PromptFunction replacement;
+FileFunction fileReplacement;
+ColorFunction colorReplacement;
 
 struct IconRow
 {
@@ -30,6 +34,10 @@ const IconRow ICONS[] = {
     {"critical", QStyle::SP_MessageBoxCritical},
     {"question", QStyle::SP_MessageBoxQuestion},
 };
+
+/// In the order of FileQuestion::Mode.
+const QFileDialog::FileMode FILE_MODES[] = {QFileDialog::AnyFile, QFileDialog::ExistingFile,
+    QFileDialog::Directory, QFileDialog::ExistingFiles};
 
 /// The dialog that asks. Its result is the index of the button plus one; 0 when it was closed.
 class PromptDialog : public QDialog
@@ -84,9 +92,11 @@ private:
             return;
         if (m_prompt.multiLine) {
             m_field = new QPlainTextEdit(m_prompt.text, this);
+            m_field->setAccessibleName(m_prompt.message);
             rows->addWidget(m_field);
         } else {
             m_line = new QLineEdit(m_prompt.text, this);
+            m_line->setAccessibleName(m_prompt.message);
             m_line->selectAll();
             rows->addWidget(m_line);
         }
@@ -141,6 +151,62 @@ PromptAnswer Ask(const Prompt& prompt)
     PromptDialog dialog(prompt, engine.ui ? engine.ui->MainWindow() : nullptr);
     const int result = dialog.exec();
     return dialog.Answer(result);
+}
+
+void SetColorFunction(ColorFunction function)
+{
+    colorReplacement = std::move(function);
+}
+
+std::optional<QColor> AskForColor(const QColor& color)
+{
+    if (colorReplacement)
+        return colorReplacement(color);
+    const Engine& engine = Engine::Current();
+    if (engine.IsBatch())
+        return std::nullopt;
+    QColorDialog dialog(color, engine.ui ? engine.ui->MainWindow() : nullptr);
+    dialog.setOption(QColorDialog::DontUseNativeDialog);
+    if (dialog.exec() != QDialog::Accepted)
+        return std::nullopt;
+    return dialog.selectedColor();
+}
+
+void SetFileFunction(FileFunction function)
+{
+    fileReplacement = std::move(function);
+}
+
+FileAnswer AskForFiles(const FileQuestion& question)
+{
+    if (fileReplacement)
+        return fileReplacement(question);
+    const Engine& engine = Engine::Current();
+    if (engine.IsBatch())
+        return {};
+    QFileDialog dialog(engine.ui ? engine.ui->MainWindow() : nullptr, question.title);
+    dialog.setOption(QFileDialog::DontUseNativeDialog);
+    const QFileInfo start(question.folder);
+    if (start.isDir() || question.folder.isEmpty()) {
+        dialog.setDirectory(question.folder);
+    } else {
+        dialog.setDirectory(start.path());
+        dialog.selectFile(start.fileName());
+    }
+    const bool saves = question.mode == FileQuestion::Mode::AnyFile;
+    dialog.setAcceptMode(saves ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
+    dialog.setFileMode(FILE_MODES[static_cast<int>(question.mode)]);
+    if (question.mode == FileQuestion::Mode::Folder)
+        dialog.setOption(QFileDialog::ShowDirsOnly);
+    if (!question.filter.isEmpty())
+        dialog.setNameFilters(question.filter.split(QLatin1String(";;")));
+    if (!question.selectedFilter.isEmpty())
+        dialog.selectNameFilter(question.selectedFilter);
+    if (!question.accept.isEmpty())
+        dialog.setLabelText(QFileDialog::Accept, question.accept);
+    if (dialog.exec() != QDialog::Accepted)
+        return {{}, dialog.selectedNameFilter()};
+    return {dialog.selectedFiles(), dialog.selectedNameFilter()};
 }
 
 } // namespace host::ui

@@ -1,8 +1,11 @@
 #include "engine/Engine.h"
 #include "ui/commands/ExecuterView.h"
+#include "ui/commands/Prompts.h"
 #include "ui/commands/ReporterView.h"
 #include "ui/commands/Tables.h"
 
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QSaveFile>
 #include <QTextDocumentFragment>
 
@@ -121,6 +124,33 @@ void MakeExecuter(Element& element, const Call&)
     element.SetWidget(view);
 }
 
+QString AskForScript(const Element& element)
+{
+    const bool python = Executer(element)->GetLanguage() == Language::Python;
+    FileQuestion question;
+    question.mode = FileQuestion::Mode::ExistingFile;
+    question.title = QStringLiteral("Script");
+    question.filter = python ? QStringLiteral("Python (*.py);;All files (*)")
+                             : QStringLiteral("MEL (*.mel);;All files (*)");
+    return AskForFiles(question).files.value(0);
+}
+
+void LoadChosen(Edit& edit)
+{
+    const QPointer<Element> alive(&edit.element);
+    const QString path = edit.Bool() ? AskForScript(edit.element) : QString();
+    if (alive && !path.isEmpty())
+        edit.error = Executer(edit.element)->Load(path);
+}
+
+void SourceChosen(Edit& edit)
+{
+    const Language language = Executer(edit.element)->GetLanguage();
+    const QString path = edit.Bool() ? AskForScript(edit.element) : QString();
+    if (!path.isEmpty())
+        Engine::Current().GetLanguage(language).RunFile(path);
+}
+
 void SetSourceType(Edit& edit)
 {
     const bool python = edit.Text() == QLatin1String("python");
@@ -167,6 +197,7 @@ const Property REPORTER[] = {
     {"select",             Select, nullptr},
     {"copySelection",      [](Edit& e) { Field(e.element)->copy(); }, nullptr},
     {"cutSelection",       [](Edit& e) { Field(e.element)->copy(); }, nullptr}, // The log itself is not for cutting.
+    {"pasteSelection",     [](Edit& e) { Reporter(e.element)->AppendNote(QGuiApplication::clipboard()->text()); }, nullptr},
     {"saveSelection",      [](Edit& e) { SaveText(e, SelectedText(e.element)); }, nullptr},
     {"saveSelectionToShelf", SaveToShelf, nullptr},
     {"hasFocus",           nullptr, HasFocus},
@@ -178,6 +209,8 @@ const Property EXECUTER[] = {
     {"text",          [](Edit& e) { Field(e.element)->setPlainText(e.Text()); },
                       [](Element& e) -> Value { return Field(e)->toPlainText(); }},
     {"loadFile",      [](Edit& e) { e.error = Executer(e.element)->Load(e.Text()); }, nullptr},
+    {"load",          LoadChosen, nullptr},
+    {"source",        SourceChosen, nullptr},
     {"appendText",    [](Edit& e) { Field(e.element)->moveCursor(QTextCursor::End); Field(e.element)->insertPlainText(e.Text()); }, nullptr},
     {"insertText",    [](Edit& e) { Field(e.element)->insertPlainText(e.Text()); }, nullptr},
     {"saveFile",      [](Edit& e) { e.error = Executer(e.element)->Save(e.Text()); }, nullptr},
@@ -197,13 +230,13 @@ const Property EXECUTER[] = {
 const ControlRow ROWS[] = {
     {"cmdScrollFieldReporter", ControlKind, MakeReporter, REPORTER,
         "clear/clr - ce; copySelection/cp - ce; cutSelection/ct - ce; echoAllCommands/eac B cqe; filterSourceType/fst str cqe;"
-        "hasFocus/hf - q; lineNumbers/ln B cqe; receiveFocusCommand/rfc script ce; saveSelection/sv str ce; saveSelectionToShelf/svs - ce;"
+        "hasFocus/hf - q; lineNumbers/ln B cqe; pasteSelection/pst - ce; receiveFocusCommand/rfc script ce; saveSelection/sv str ce; saveSelectionToShelf/svs - ce;"
         "select/sl int int ce; selectAll/sla - ce; stackTrace/st B cqe; suppressErrors/se B cqe; suppressInfo/si B cqe;"
         "suppressResults/sr B cqe; suppressStackTrace/sst B cqe; suppressWarnings/sw B cqe; text/t str cqe; textLength/tl - q;"},
     {"cmdScrollFieldExecuter", ControlKind, MakeExecuter, EXECUTER,
         "appendText/at str ce; clear/clr B ce; copySelection/cp B ce; execute/exc B ce; executeAll/exa B ce; filename/fn - q;"
-        "hasFocus/hf - q; insertText/it str ce; loadFile/ldf str ce; redo/rd B ce; saveFile/svf str ce;"
-        "select/sl int int ce; selectAll/sla B ce; selectedText/slt - q; sourceType/st str cq; text/t str cqe;"
+        "hasFocus/hf - q; insertText/it str ce; load/ld B ce; loadFile/ldf str ce; redo/rd B ce; saveFile/svf str ce;"
+        "select/sl int int ce; selectAll/sla B ce; selectedText/slt - q; source/src B ce; sourceType/st str cq; text/t str cqe;"
         "textLength/tl - q; undo/ud B ce;"},
 };
 // clang-format on

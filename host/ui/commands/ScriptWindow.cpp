@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QScreen>
+#include <QScrollArea>
 #include <QSettings>
 #include <QVBoxLayout>
 
@@ -13,21 +14,30 @@ namespace host::ui {
 
 namespace {
 
-QString PreferencesFile()
+/// Of the screen; windows that need more scroll.
+constexpr double LARGEST_SHARE = 0.9;
+
+} // namespace
+
+QString ScriptWindow::PreferencesFile()
 {
     return Engine::Current().paths.PreferencesDirectory() + QLatin1String("/windowPrefs.ini");
 }
 
-} // namespace
-
 ScriptWindow::ScriptWindow(Element& element, QWidget* parent)
     : QMainWindow(parent, Qt::Window)
     , m_element(&element)
+    , m_content(new QWidget)
 {
-    auto* content = new QWidget(this);
-    auto* fill = new QVBoxLayout(content);
+    auto* fill = new QVBoxLayout(m_content);
     fill->setContentsMargins(0, 0, 0, 0);
-    setCentralWidget(content);
+    auto* area = new QScrollArea(this);
+    area->setFrameShape(QFrame::NoFrame);
+    area->setFocusPolicy(Qt::NoFocus);
+    area->setWidgetResizable(true);
+    area->setWidget(m_content);
+    setCentralWidget(area);
+    m_content->installEventFilter(this);
     setWindowTitle(element.GetName());
     connect(qApp, &QCoreApplication::aboutToQuit, this, &ScriptWindow::Remember);
 }
@@ -37,15 +47,52 @@ void ScriptWindow::Present()
     if (!m_presented) {
         m_presented = true;
         const bool sized = m_element && m_element->values.contains(QStringLiteral("width"));
-        const bool recalled = !m_hasOwnPlace && Recall();
+        const bool recalled = !m_hasOwnPlace && m_sizeable && Recall();
         if (!recalled && !sized)
-            adjustSize();
+            resize(NaturalSize());
+        if (!m_sizeable)
+            setFixedSize(size());
         if (!recalled && !m_hasOwnPlace && parentWidget())
             move(parentWidget()->frameGeometry().center() - rect().center());
     }
     show();
     raise();
     activateWindow();
+}
+
+QSize ScriptWindow::NaturalSize() const
+{
+    const QWidget* bar = menuWidget();
+    const int barHeight = bar && !bar->isHidden() ? bar->sizeHint().height() : 0;
+    const QSize needed = m_content->sizeHint().expandedTo(m_content->minimumSizeHint());
+    return (needed + QSize(0, barHeight)).boundedTo(screen()->availableSize() * LARGEST_SHARE);
+}
+
+void ScriptWindow::SetFitting(bool fits)
+{
+    m_fits = fits;
+    if (fits && m_presented)
+        resize(NaturalSize());
+}
+
+void ScriptWindow::SetSizeable(bool sizeable)
+{
+    m_sizeable = sizeable;
+    if (!m_presented)
+        return;
+    if (!sizeable) {
+        setFixedSize(size());
+        return;
+    }
+    setMinimumSize(0, 0);
+    setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
+}
+
+bool ScriptWindow::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == m_content && event->type() == QEvent::LayoutRequest && m_fits && m_presented)
+        resize(NaturalSize());
+    return QMainWindow::eventFilter(watched, event);
 }
 
 bool ScriptWindow::Recall()

@@ -16,7 +16,7 @@ void MakeWindow(Element& element, const Call& call)
     };
     if (call.Has("topLeftCorner") || call.Has("leftEdge") || call.Has("topEdge"))
         window->ChooseOwnPlace();
-    element.SetWidget(window, window->centralWidget());
+    element.SetWidget(window, window->GetContent());
     InterfaceModel& model = InterfaceModel::Current();
     model.SetCurrentParent(&element);
     model.SetCurrentMenu(nullptr);
@@ -26,7 +26,7 @@ void SetWidthHeight(Edit& edit)
 {
     edit.element.values.insert(QStringLiteral("width"), edit.Int(0));
     edit.element.values.insert(QStringLiteral("height"), edit.Int(1));
-    edit.element.GetWidget()->resize(qMax(1, edit.Int(0)), qMax(1, edit.Int(1)));
+    ApplySize(edit.element);
 }
 
 void SetIconified(Edit& edit)
@@ -38,14 +38,30 @@ void SetIconified(Edit& edit)
         window->showNormal();
 }
 
+/// The main window stays as it is.
 void SetSizeable(Edit& edit)
 {
-    QWidget* window = edit.element.GetWidget();
     edit.element.values.insert(QStringLiteral("sizeable"), edit.Bool());
-    if (edit.Bool())
-        window->setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
-    else
-        window->setFixedSize(window->size());
+    if (auto* window = qobject_cast<ScriptWindow*>(edit.element.GetWidget()))
+        window->SetSizeable(edit.Bool());
+}
+
+void SetFitting(Edit& edit)
+{
+    if (auto* window = qobject_cast<ScriptWindow*>(edit.element.GetWidget()))
+        window->SetFitting(edit.Bool());
+}
+
+Value IsFitting(Element& element)
+{
+    const auto* window = qobject_cast<ScriptWindow*>(element.GetWidget());
+    return window && window->IsFitting();
+}
+
+Value Size(Element& element)
+{
+    const QWidget* window = element.GetWidget();
+    return IntList{Unscaled(window->width()), Unscaled(window->height())};
 }
 
 void SetToolBox(Edit& edit)
@@ -71,10 +87,11 @@ const Property WINDOW[] = {
                         [](Element& e) -> Value { return e.GetWidget()->windowTitle(); }},
     {"toolbox",         SetToolBox, nullptr},
     {"width",           [](Edit& e) { e.element.values.insert(QStringLiteral("width"), e.Int()); ApplySize(e.element); },
-                        [](Element& e) -> Value { return e.GetWidget()->width(); }},
+                        [](Element& e) { return Size(e).At(0); }},
     {"height",          [](Edit& e) { e.element.values.insert(QStringLiteral("height"), e.Int()); ApplySize(e.element); },
-                        [](Element& e) -> Value { return e.GetWidget()->height(); }},
-    {"widthHeight",     SetWidthHeight, [](Element& e) -> Value { return IntList{e.GetWidget()->width(), e.GetWidget()->height()}; }},
+                        [](Element& e) { return Size(e).At(1); }},
+    {"widthHeight",     SetWidthHeight, Size},
+    {"resizeToFitChildren", SetFitting, IsFitting},
     {"topLeftCorner",   [](Edit& e) { e.element.GetWidget()->move(e.Int(1), e.Int(0)); },
                         [](Element& e) -> Value { return IntList{e.GetWidget()->y(), e.GetWidget()->x()}; }},
     {"leftEdge",        [](Edit& e) { e.element.GetWidget()->move(e.Int(), e.element.GetWidget()->y()); },

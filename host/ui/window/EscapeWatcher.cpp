@@ -61,7 +61,8 @@ void EscapeWatcher::ProcessEvents()
     m_escapePressed = false;
     QCoreApplication::processEvents(QEventLoop::AllEvents, LONGEST_PAUSE_MS);
     qApp->removeEventFilter(this);
-    if (m_escapePressed)
+    const auto cancel = m_engine.interrupt.cancel;
+    if (m_escapePressed && !(cancel && cancel()))
         m_engine.interrupt.Request();
 }
 

@@ -17,8 +17,20 @@ Outcome RunHostAction(Call& call)
     return {};
 }
 
+/// Everything is written, whichever part the script names.
+Outcome SavePreferences(Call&)
+{
+    auto* window = static_cast<HostWindow*>(Engine::Current().ui);
+    if (window)
+        window->TriggerAction(QStringLiteral("savePreferences"));
+    else
+        Engine::Current().SavePreferences();
+    return {};
+}
+
 // clang-format off
 const CommandRow COMMANDS[] = {
+    {"savePrefs", "none", "", "", "colors/c - c; general/g - c; hotkeys/hk - c; menuSets/ms - c; uiLayout/ui - c", SavePreferences},
     {"hostAction", "none", "", "String", "", RunHostAction},
 };
 // clang-format on

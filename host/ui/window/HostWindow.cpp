@@ -1,6 +1,6 @@
 #include "ui/window/HostWindow.h"
 
-#include "commands/HelpRequests.h"
+#include "commands/Session.h"
 #include "engine/Engine.h"
 #include "ui/model/InterfaceModel.h"
 #include "ui/window/CommandLine.h"
@@ -142,9 +142,25 @@ void HostWindow::CreateWidgets()
     SetBackground(statusBar(), colors::HELP_LINE, colors::HELP_TEXT);
 }
 
+/// A layout at the end of the help line, for the main progress bar; a name for the view.
+void HostWindow::CreateElements()
+{
+    auto* area = new QWidget(statusBar());
+    auto* row = new QHBoxLayout(area);
+    row->setContentsMargins(0, 2, 8, 2);
+    statusBar()->addPermanentWidget(area);
+    Element* element = m_model.Create(
+        LayoutKind, QStringLiteral("formLayout"), QStringLiteral("MainHelpLineLayout"), nullptr);
+    element->SetWidget(area, area);
+    m_model
+        .Create(ControlKind, QStringLiteral("modelPanel"), QStringLiteral("modelPanel4"), nullptr)
+        ->SetWidget(m_viewport);
+}
+
 void HostWindow::Build()
 {
     CreateMenus();
+    CreateElements();
     ApplyStoredSwitches();
     m_viewport->FollowScene();
     FollowSceneName();
@@ -300,6 +316,27 @@ void HostWindow::closeEvent(QCloseEvent* event)
     }
     event->accept();
     Q_EMIT QuitAccepted();
+}
+
+void HostWindow::keyPressEvent(QKeyEvent* event)
+{
+    const commands::Hotkeys& hotkeys = commands::Session::Current().hotkeys;
+    const commands::Hotkey hotkey
+        = hotkeys.Find(commands::Hotkeys::KeyText(event->key(), event->modifiers()));
+    if (event->isAutoRepeat())
+        return QMainWindow::keyPressEvent(event);
+    if (!hotkey.release.isEmpty())
+        m_heldKeys.insert(event->key(), hotkey.release);
+    if (!hotkeys.Run(hotkey.press))
+        QMainWindow::keyPressEvent(event);
+}
+
+/// Only of keys that were pressed here: fields leave it to others that a key is let go.
+void HostWindow::keyReleaseEvent(QKeyEvent* event)
+{
+    const QString release = event->isAutoRepeat() ? QString() : m_heldKeys.take(event->key());
+    if (!commands::Session::Current().hotkeys.Run(release))
+        QMainWindow::keyReleaseEvent(event);
 }
 
 void HostWindow::NoteCloseEvent()

@@ -3,6 +3,7 @@
 #include "engine/UserInterface.h"
 #include "ui/workspace/WorkspaceFile.h"
 
+#include <QHash>
 #include <QMainWindow>
 #include <QPointer>
 #include <QTimer>
@@ -73,6 +74,9 @@ Q_SIGNALS:
 
 protected:
     void closeEvent(QCloseEvent* event) override;
+    /// Keys that nothing else wanted: neither a menu nor what has the keyboard.
+    void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
@@ -82,6 +86,7 @@ private:
     static const ActionRow ACTIONS[];
 
     void CreateWidgets();
+    void CreateElements();
     void CreateMenus();
     void CreateAction(const ActionRow& row, Element* menu);
     QAction* ActionNamed(const char* name) const;
@@ -152,6 +157,8 @@ private:
     QTimer m_saveTimer;
     QRect m_windowedGeometry; ///< before it filled the screen
     SavedWorkspace m_frozenWorkspace;
+    /// Hotkeys that run something when they are let go, and what.
+    QHash<int, QString> m_heldKeys;
     bool m_awaitsCloseEvent = false; ///< it is on its way and may be kept from us
     bool m_frozen = false;
     bool m_saveFailed = false;

@@ -1,9 +1,12 @@
 #include "host/ui/UiFixture.h"
 #include "support/Story.h"
 #include "support/TestMain.h"
+#include "ui/commands/Prompts.h"
 
 #include <QAbstractButton>
 #include <QtTest>
+
+using namespace host;
 
 /// The stories of the data folder, each with a host of its own that has a window "w" with a column
 /// "c". Besides MEL, a line may do what a person does:
@@ -12,12 +15,17 @@
 ///     @type NAME TEXT      replaces the text of the field, or of the group's first field
 ///     @key NAME KEY        presses a key in the control, or in the field that has its focus
 ///     @access NAME         what assistive programs are told of the control
+///     @escape NAME         wants the script to stop; 1 when it goes on instead
+///     @until MEL           1 as soon as the text answers that
+///     @asked               the kind, title, filter and folder of the last question for files
+///
+/// Who is asked for files answers "chosen" and "filter"; who is asked for a colour, green.
 class InterfaceStoriesTest : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void cleanup() { m_host.reset(); }
+    void cleanup();
     void ComesTrue_data() { Story::AddRows(TEST_DATA_DIR); }
     void ComesTrue();
 
@@ -27,12 +35,28 @@ private:
     QWidget* Focused(const QString& name);
 
     std::unique_ptr<UiFixture> m_host;
+    QString m_asked;
 };
+
+void InterfaceStoriesTest::cleanup()
+{
+    m_host.reset();
+    ui::SetFileFunction({});
+    ui::SetColorFunction({});
+}
 
 void InterfaceStoriesTest::ComesTrue()
 {
     QFETCH(QStringList, steps);
     m_host = std::make_unique<UiFixture>();
+    ui::SetFileFunction([this](const ui::FileQuestion& question) {
+        const QStringList modes{"AnyFile", "ExistingFile", "Folder", "ExistingFiles"};
+        m_asked = QStringList{modes.at(static_cast<int>(question.mode)), question.title,
+            question.filter, question.folder}
+                      .join('|');
+        return ui::FileAnswer{{"chosen"}, "filter"};
+    });
+    ui::SetColorFunction([](const QColor&) { return QColor(Qt::green); });
     m_host->Run("window -widthHeight 400 300 w; columnLayout -adj 1 c");
     const QString fault = Story::FaultOf(
         steps, [this](const QString& text) { return Run(text); },
@@ -50,6 +74,10 @@ QString InterfaceStoriesTest::Run(const QString& text)
     const QString rest = text.section(' ', 2);
     if (!word.startsWith('@'))
         return m_host->Run(text);
+    if (word == "@until")
+        return QTest::qWaitFor([&] { return Run(text.section(' ', 1)) == "1"; }) ? "1" : "0";
+    if (word == "@asked")
+        return m_asked;
     if (!m_host->Find(name))
         return "error: no " + name;
     if (word == "@click") {
@@ -62,6 +90,9 @@ QString InterfaceStoriesTest::Run(const QString& text)
         QTest::keySequence(Focused(name), QKeySequence(rest));
     } else if (word == "@access") {
         return Focused(name)->accessibleName();
+    } else if (word == "@escape") {
+        const auto cancel = m_host->GetEngine().interrupt.cancel;
+        return cancel && cancel() ? "1" : "0";
     } else {
         return "error: " + word;
     }

@@ -68,6 +68,15 @@ void PythonInterfaceTest::CallablesGetTheValue()
     Run("cmds.button('b', command=lambda *values: print(len(values)))");
     m_host->Widget<QPushButton>("b")->click();
     QCOMPARE(m_host->TakePrinted(), "1\n");
+    Run("cmds.floatFieldGrp('g', nf=2, value1=1.5, cc=lambda *values: print(values))\n"
+        "cmds.textFieldButtonGrp('t', buttonCommand=lambda: print('pressed'))");
+    QWidget* field = m_host->Find("g")->GetWidget()->focusProxy();
+    QTest::keySequence(field, QKeySequence::SelectAll);
+    QTest::keyClicks(field, "2");
+    QTest::keyClick(field, Qt::Key_Return);
+    QCOMPARE(m_host->TakePrinted(), "(2.0, 0.0)\n");
+    m_host->Find("t")->GetWidget()->findChild<QPushButton*>()->click();
+    QCOMPARE(m_host->TakePrinted(), "pressed\n");
     QVERIFY(Value("cmds.button('b', q=True, command=True)").contains("<function <lambda>"));
 }
 
@@ -109,6 +118,15 @@ void PythonInterfaceTest::ResultsAndErrorsArePythons_data()
     Row("repeated flag",
         "cmds.textScrollList(cmds.textScrollList(append=['a', 'b']), q=True, allItems=True)",
         "['a', 'b']");
+    Row("group of numbers",
+        "cmds.floatFieldGrp(cmds.floatFieldGrp(nf=2, value=(1, 2.5, 0, 0)), q=True, value=True)",
+        "[1.0, 2.5]");
+    Row("one of a group", "cmds.intFieldGrp(cmds.intFieldGrp(value1=3), q=True, value1=True)", "3");
+    Row("columns as pairs",
+        "cmds.rowLayout(numberOfColumns=2, columnWidth=[(1, 50), (2, 60)], adjustableColumn=2)",
+        "'w|c|rowLayout1'");
+    Row("item of a tree", "cmds.treeView(cmds.treeView(addItem=('a', '')), q=True, itemExists='a')",
+        "True");
     Row("nothing of the type", "cmds.lsUI(type='symbolButton')", "None");
     Row("missing object", "cmds.button('none', q=True, label=True)",
         "RuntimeError: Object 'none' not found.");

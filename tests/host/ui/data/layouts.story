@@ -52,3 +52,41 @@ setUITemplate -pst nobody => error: Object 'nobody' not found.
 setUITemplate -ppt => error: There is no template to go back from.
 setUITemplate -pst DefaultTemplate; setUITemplate -ppt;
 deleteUI -uiTemplate t; uiTemplate -exists t => 0
+
+== Windows follow what is in them
+window -title "Fits" -rtf 1 fit; columnLayout; button -w 300 -h 120 big; showWindow fit;
+int $s[] = `window -q -wh fit`; $s[0] >= 300 && $s[1] >= 120 => 1
+button -w 320 -h 60; button -w 320 -h 90;
+@until int $s[] = `window -q -wh fit`; $s[1] >= 270; => 1
+window -q -rtf fit => 1
+window -widthHeight 120 80 -s 0 small; columnLayout; button -w 500 wide; showWindow small;
+window -q -wh small => 120 80
+button -q -width wide => 500
+window -q -s small => 0
+
+== Windows are remembered by name
+window -widthHeight 210 110 memo; showWindow memo; deleteUI memo;
+windowPref -exists memo => 1
+windowPref -q -wh memo => 210 110
+windowPref -e -w 250 memo; windowPref -q -width memo => 250
+windowPref -remove memo; windowPref -exists memo => 0
+windowPref -q -width memo => error: Object 'memo' not found.
+
+== A dialog made of layouts
+global proc fill() { string $form = `setParent -q`; print($form); columnLayout; button -l "OK" -c "layoutDialog -dismiss \"OK\"" ok; layoutDialog -dismiss "early"; }
+layoutDialog -title "Sure?" -ui "fill" => early
+>> layoutDialog1|formLayout1
+setParent -q => w|c
+button -exists ok => 0
+layoutDialog -dismiss "x" => error: No layout dialog is open.
+layoutDialog -ui "noSuchThing" => error: Cannot find procedure "noSuchThing".
+
+== Views in a window
+modelPanel -camera "persp" -label "View" m => w|c|m
+modelPanel -q -cam m => persp
+modelEditor -e -gr 0 m; modelEditor -q -gr m => 0
+getPanel -type "modelPanel" => m
+getPanel -to m => modelPanel
+getPanel -to c =>
+getPanel -wl "View" => m
+size(`getPanel -type "outlinerPanel"`) => 0

@@ -50,6 +50,7 @@ private Q_SLOTS:
     void ClosingMayBeRefused_data();
     void ClosingMayBeRefused();
     void EscapeStopsARunningScript();
+    void HotkeysAreKeysThatNothingElseWants();
     void InputIsDroppedWhileAScriptRuns();
 
 private:
@@ -184,6 +185,24 @@ void HostWindowTest::EscapeStopsARunningScript()
     QVERIFY(m_host->Run("while (1) {}").startsWith("error: "));
     QVERIFY(!m_host->GetEngine().interrupt.IsRequested());
     QCOMPARE(m_host->Run("$x = 7"), "7");
+}
+
+void HostWindowTest::HotkeysAreKeysThatNothingElseWants()
+{
+    m_host->Run("nameCommand -command \"print down;\" down; nameCommand -command \"print up;\" up;"
+                "hotkey -keyShortcut \"k\" -name down -releaseName up;"
+                "hotkey -keyShortcut \"F7\" -ctl -name down");
+    ui::HostWindow& window = m_host->GetWindow();
+    QTest::keyPress(&window, Qt::Key_K);
+    QTest::keyRelease(&window, Qt::Key_K);
+    QCOMPARE(m_host->TakePrinted(), "downup");
+    auto* line = Child<QLineEdit>("commandLineField");
+    QVERIFY(line);
+    QTest::keyClick(line, Qt::Key_K);
+    QCOMPARE(line->text(), "k");
+    QCOMPARE(m_host->TakePrinted(), QString());
+    QTest::keyClick(line, Qt::Key_F7, Qt::ControlModifier);
+    QCOMPARE(m_host->TakePrinted(), "down");
 }
 
 void HostWindowTest::InputIsDroppedWhileAScriptRuns()
