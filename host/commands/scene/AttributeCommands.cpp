@@ -307,6 +307,20 @@ Value Presented(const Call& call, const Plug& plug, const Value& value)
     return VectorList{{value.At(0).ToFloat(), value.At(1).ToFloat(), value.At(2).ToFloat()}};
 }
 
+/// "$HOME/x" and "${HOME}/x" with what the variables hold; those that are not set stay.
+QString WithVariables(QString text)
+{
+    static const QRegularExpression variable(QStringLiteral("\\$(?:\\{(\\w+)\\}|(\\w+))"));
+    int from = 0;
+    for (auto match = variable.match(text); match.hasMatch(); match = variable.match(text, from)) {
+        const QString name = match.captured(match.capturedLength(1) > 0 ? 1 : 2);
+        const QString value = qEnvironmentVariable(name.toUtf8().constData(), match.captured());
+        text.replace(match.capturedStart(), match.capturedLength(), value);
+        from = match.capturedStart() + value.size();
+    }
+    return text;
+}
+
 Outcome ValueOf(const Call& call, const Plug& plug)
 {
     if (plug.attribute->type->IsNamed("message"))
@@ -322,6 +336,8 @@ Outcome ValueOf(const Call& call, const Plug& plug)
         && value.ToText().isEmpty() && !plug.node->FindValue(plug.key);
     if (isUnset && call.GetLanguage() == Language::Python)
         return {};
+    if (call.Has("expandEnvironmentVariables") && value.IsString())
+        return WithVariables(value.ToText());
     return Presented(call, plug, value);
 }
 

@@ -245,7 +245,7 @@ const CommandRow COMMANDS[] = {
 
 const char* const CONSTRAINT_FLAGS
     = "maintainOffset/mo - c; name/n str c; targetList/tl - q; weight/w float ce;"
-      "weightAliasList/wal - q; offset/o float float float c; remove/rm - e";
+      "weightAliasList/wal - q; offset/o float float float c";
 
 const CommandRow CONSTRAINTS[] = {
     {"parentConstraint", "string[]", "QE", "[String...]",

@@ -296,8 +296,7 @@ const CommandRow COMMANDS[] = {
         "absolute/a - c; empty/em - c; name/n str c; parent/p str c; relative/r - c;"
         "useAsGroup/uag str c; world/w - c",
         Group},
-    {"ungroup", "none", "", "[String...]",
-        "absolute/a - c; parent/p str c; relative/r - c; world/w - c", Ungroup},
+    {"ungroup", "none", "", "[String...]", "absolute/a - c; relative/r - c; world/w - c", Ungroup},
     {"listRelatives", "string[]", "", "[String...]",
         "allDescendents/ad - c; allParents/ap - c; children/c - c; fullPath/f - c;"
         "noIntermediate/ni - c; parent/p - c; path/pa - c; shapes/s - c; type/typ str cm",

@@ -79,12 +79,30 @@ void AppendLeaves(const Plug& plug, QVector<Plug>& plugs)
         plugs += plug;
 }
 
+/// What the flag "hierarchy" adds to the objects: nodes below them.
+void AddHierarchy(const Call& call, QVector<Item>& items)
+{
+    const bool known = call.GetCommand().FindFlag(QStringLiteral("hierarchy"));
+    const QString extent = known ? call.Text("hierarchy") : QString();
+    if (extent != QLatin1String("below") && extent != QLatin1String("both"))
+        return;
+    const QVector<Item> tops = items;
+    for (const Item& item : tops) {
+        QVector<Node*> tree;
+        item.node->CollectTree(tree);
+        for (Node* node : tree.mid(1))
+            items += Item{node->shared_from_this(), {}, false};
+    }
+}
+
 FoundPlugs KeyablePlugs(const Call& call)
 {
     FoundPlugs found;
-    const FoundItems targets = Targets(call);
+    FoundItems targets = Targets(call);
     found.error = targets.error;
-    for (const Item& item : targets.items) {
+    const QVector<Item> named = targets.items;
+    AddHierarchy(call, targets.items);
+    for (const Item& item : qAsConst(targets.items)) {
         if (item.IsPlug()) {
             AppendLeaves(Plug::FromKey(*item.node, item.part), found.plugs);
             continue;
@@ -93,7 +111,8 @@ FoundPlugs KeyablePlugs(const Call& call)
         for (const QString& name : names) {
             const QVector<Plug> plugs
                 = FindPlugs(Scene::Current().DisplayName(*item.node) + QLatin1Char('.') + name);
-            if (plugs.isEmpty())
+            // What is only there because of its parent may do without the attribute.
+            if (plugs.isEmpty() && named.contains(item))
                 found.error = NoMatch(Scene::Current().DisplayName(item) + QLatin1Char('.') + name);
             for (const Plug& plug : plugs)
                 AppendLeaves(plug, found.plugs);
@@ -310,7 +329,7 @@ Outcome FindKeyframe(Call& call)
 const CommandRow COMMANDS[] = {
     {"setKeyframe", "int", "", "[String...]",
         "attribute/at str cm; breakdown/bd B c; controlPoints/cp B c; hierarchy/hi str c;"
-        "identity/id - c; inTangentType/itt str c; insert/i - c; outTangentType/ott str c;"
+        "inTangentType/itt str c; insert/i - c; outTangentType/ott str c;"
         "shape/s B c; time/t time cm; value/v float c",
         SetKeyframe},
     {"cutKey", "int", "", "[String...]",

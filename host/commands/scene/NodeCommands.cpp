@@ -220,6 +220,8 @@ Outcome RenameOne(Call& call, Node& node, const QString& wanted)
 
 Outcome Rename(Call& call)
 {
+    if (call.Has("uuid"))
+        return Error{QStringLiteral("rename: The unique ids of nodes stay as they are here.")};
     const QStringList objects = call.ObjectTexts();
     const QStringList names = objects.size() > 1 ? objects.mid(0, 1) : QStringList();
     const FoundItems found = Targets(names);
@@ -248,6 +250,9 @@ Outcome NodeTypeOf(Call& call)
     if (found.error)
         return *found.error;
     const NodeType& type = found.items.first().node->GetType();
+    // The API calls a mesh "kMesh".
+    if (call.Has("apiType"))
+        return QLatin1Char('k') + type.GetName().left(1).toUpper() + type.GetName().mid(1);
     if (call.Has("inherited"))
         return type.GetLineage();
     if (call.Has("derived"))

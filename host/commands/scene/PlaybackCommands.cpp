@@ -136,7 +136,7 @@ const CommandRow COMMANDS[] = {
     {"currentTime", "float", "QE", "[Any]", "update/u B c", CurrentTime},
     {"playbackOptions", "any", "QE", "",
         "animationEndTime/aet time cqe; animationStartTime/ast time cqe; blockingAnim/ba B cq;"
-        "by/by float cqe; framesPerSecond/fps - q; loop/l str cqe; maxPlaybackSpeed/mps float cqe;"
+        "by/by float cqe; framesPerSecond/fps B cq; loop/l str cqe; maxPlaybackSpeed/mps float cqe;"
         "maxTime/max time cqe; minTime/min time cqe; playbackSpeed/ps float cqe;"
         "stepLoop/slp B cq; view/v str cqe",
         PlaybackOptions},

@@ -475,7 +475,7 @@ const CommandRow COMMANDS[] = {
         "rotation/rot angle angle angle c", RunThing},
     {"spaceLocator", "any", "QE", "[String...]", "name/n str c; position/p length length length c; absolute/a - c; relative/r - c", RunThing},
     {"joint", "any", "QE", "[String...]",
-        "absolute/a - c; name/n str c; position/p length length length cq; radius/rad float cqe; relative/r - c; rotateOrder/roo str c;"
+        "absolute/a - c; name/n str c; position/p length length length cq; radius/rad float cqe; relative/r - c;"
         "segmentScaleCompensate/ssc B cqe", Joint},
     {"curve", "string", "", "",
         "degree/d float c; editPoint/ep length length length cm; knot/k float cm; name/n str c; objectSpace/os - c; periodic/per B c;"

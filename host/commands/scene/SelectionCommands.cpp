@@ -162,7 +162,7 @@ Outcome AcceptSelectMode(Call&)
 const CommandRow COMMANDS[] = {
     {"select", "none", "", "[String...]",
         "add/add - c; addFirst/af - c; all/all - c; clear/cl - c; deselect/d - c; hierarchy/hi - c;"
-        "noExpand/ne - c; replace/r - c; toggle/tgl - c; visible/vis - c",
+        "noExpand/ne - c; replace/r - c; toggle/tgl - c",
         Select},
     {"pickWalk", "string[]", "", "[String...]", "direction/d str c; type/typ str c", PickWalk},
     {"selectMode", "none", "", "",

@@ -327,8 +327,8 @@ const CommandRow COMMANDS[] = {
         "allSets/allSets - c; extendToShape/ets - c; object/o name c; type/t int c", ListSets},
     {"shadingNode", "string", "", "String",
         "asLight/al - c; asPostProcess/app - c; asRendering/ar - c; asShader/as - c;"
-        "asTexture/at - c; asUtility/au - c; isColorManaged/icm - c; name/n str c; parent/p str c;"
-        "shared/s - c; skipSelect/ss - c",
+        "asTexture/at - c; asUtility/au - c; isColorManaged/icm - c; name/n str c; skipSelect/ss - "
+        "c",
         ShadingNode},
     {"hyperShade", "any", "", "[String...]", "assign/a name c; objects/o name c", HyperShade},
 };

@@ -3,6 +3,7 @@ ls -assemblies => persp top front side
 ls -cameras => frontShape perspShape sideShape topShape
 ls -type lambert; => lambert1
 nodeType persp => transform
+nodeType -api perspShape => kCamera
 getAttr persp.t => 28 21 28
 objExists("initialShadingGroup") + objExists("defaultRenderGlobals") + objExists("none") => 2
 delete persp; >> warning: Nodes that belong to every scene were not deleted: persp
@@ -103,6 +104,8 @@ setAttr a.size 11; => error: setAttr: Cannot set the attribute 'a.size' past its
 setAttr -c a.size 11; getAttr a.size => 10
 addAttr -ln notes -dt "string"; setAttr a.notes -type "string" "some text"; getAttr a.notes => some text
 setAttr a.notes 5; => error: setAttr: 'a.notes' is a string: say so with -type "string".
+putenv TE2_ROOM "den"; setAttr a.notes -type "string" "${TE2_ROOM}/$TE2_ROOM/$none"; getAttr -x a.notes => den/den/$none
+setAttr a.notes -type "string" "some text";
 addAttr -ln kind -at enum -en "red:green=5:blue" a; setAttr a.kind 6; getAttr -asString a.kind => blue
 addAttr -ln size -at double a; => error: addAttr: Found an attribute of the name 'size' on the node 'a'.
 addAttr -ln bad -at nonsense a; => error: addAttr: Unknown attribute type: nonsense

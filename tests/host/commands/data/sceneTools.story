@@ -42,7 +42,8 @@ setAttr pCube1.tx 1; => error: setAttr: The attribute 'pCube1.translateX' is loc
 cutKey -at tx -t 11 pCube1 => 1
 undo; keyframe -q -kc pCube1 => 2
 setKeyframe pCube1 => 10
-delete pCube1; ls -type animCurve; => 
+group -n g pCube1; setKeyframe -at tx -hi below g => 2
+delete g; ls -type animCurve; => 
 
 == Namespaces
 namespace -add arm => arm
