@@ -41,6 +41,8 @@ void ReadRule(const QString& text)
 void WriteRule(QString name, const QString& pattern, int switches)
 {
     name.replace(QStringLiteral(";;;"), QStringLiteral(";;"));
+    if (!name.isValidUtf16() || !pattern.isValidUtf16())
+        return;
     const ExtraSelectionProperties rule(name, (switches & 1) != 0 ? QColor(1, 2, 3) : QColor(),
         (switches & 2) != 0 ? QColor(4, 5, 6) : QColor(), pattern, (switches & 4) != 0,
         (switches & 8) != 0, (switches & 16) != 0);

@@ -43,8 +43,9 @@ PythonLanguage::~PythonLanguage()
 {
     m_engine.plugins.SetLoader(Plugins::ScriptSuffix(), nullptr);
     PyGILState_Ensure(); // never released: it ends with the interpreter
-    m_stopWatcher.reset();
+    m_stopWatcher->End();
     StopInterpreter();
+    m_stopWatcher.reset();
     m_engine.python = nullptr;
     current = nullptr;
 }

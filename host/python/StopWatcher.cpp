@@ -31,12 +31,18 @@ StopWatcher::StopWatcher()
 
 StopWatcher::~StopWatcher()
 {
+    End();
+}
+
+void StopWatcher::End()
+{
     {
         const std::lock_guard lock(m_mutex);
         m_ending = true;
         m_changed.notify_all();
     }
-    m_thread.join();
+    if (m_thread.joinable())
+        m_thread.join();
 }
 
 bool StopWatcher::InstallSignalHandler()

@@ -27,6 +27,9 @@ public:
     /// Has the interpreter call us when a signal ended a wait. False, with the exception set, when
     /// that fails.
     bool InstallSignalHandler();
+    /// Watches no more. A call that the interpreter has still to make comes here all the same: the
+    /// object has to outlive it.
+    void End();
 
     /// Python code runs on the main thread while it lives. May be nested.
     class Watch
