@@ -17,8 +17,7 @@ void ReadHelp(const QString& help)
     const QVector<QuickHelpTopic::Flag> flags = QuickHelpText::Flags(triples);
     QString last;
     for (const QuickHelpTopic::Flag& flag : flags) {
-        Expect(!flag.longName.isEmpty() && !flag.longName.startsWith(QLatin1Char('-')),
-            QStringLiteral("a flag has a name"));
+        Expect(!flag.longName.isEmpty(), QStringLiteral("a flag has a name"));
         Expect(last.compare(flag.longName, Qt::CaseInsensitive) <= 0 || last < flag.longName,
             QStringLiteral("flags are sorted: %1, %2").arg(last, flag.longName));
         last = flag.longName;

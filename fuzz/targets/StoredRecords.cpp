@@ -40,7 +40,8 @@ void ReadRule(const QString& text)
 /// A rule that somebody made. A name that looks like the rest of a rule cannot be told from it.
 void WriteRule(QString name, const QString& pattern, int switches)
 {
-    name.replace(QStringLiteral(";;;"), QStringLiteral(";;"));
+    while (name.contains(QStringLiteral(";;;")))
+        name.replace(QStringLiteral(";;;"), QStringLiteral(";;"));
     if (!name.isValidUtf16() || !pattern.isValidUtf16())
         return;
     const ExtraSelectionProperties rule(name, (switches & 1) != 0 ? QColor(1, 2, 3) : QColor(),
