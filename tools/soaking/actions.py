@@ -15,3 +15,11 @@ def action(name, weight):
 
 def choose(rng):
     return rng.choices(ACTIONS, [each.weight for each in ACTIONS])[0]
+
+
+def keep_only(beginnings):
+    """Actions whose names begin with one of these; all of them for None."""
+    if beginnings:
+        ACTIONS[:] = [each for each in ACTIONS if each.name.startswith(tuple(beginnings))]
+    if not ACTIONS:
+        raise SystemExit("soak: no action begins so")
