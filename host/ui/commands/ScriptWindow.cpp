@@ -48,12 +48,15 @@ void ScriptWindow::Present()
         m_presented = true;
         const bool sized = m_element && m_element->values.contains(QStringLiteral("width"));
         const bool recalled = !m_hasOwnPlace && m_sizeable && Recall();
-        if (!recalled && !sized)
-            resize(NaturalSize());
+        const QRect available = screen()->availableGeometry();
+        if (!recalled)
+            resize(sized ? size().boundedTo(available.size()) : NaturalSize());
         if (!m_sizeable)
             setFixedSize(size());
-        if (!recalled && !m_hasOwnPlace && parentWidget())
-            move(parentWidget()->frameGeometry().center() - rect().center());
+        if (!recalled && !m_hasOwnPlace && parentWidget()) {
+            const QPoint place = parentWidget()->frameGeometry().center() - rect().center();
+            move(qMax(place.x(), available.left()), qMax(place.y(), available.top()));
+        }
     }
     show();
     raise();

@@ -38,12 +38,13 @@ Viewport::Viewport(QWidget* parent)
 
 Viewport::~Viewport()
 {
-    if (Engine::Exists() && Engine::Current().commandState)
+    if (m_followsScene && Engine::Exists() && Engine::Current().commandState)
         scene::Scene::Current().watches.sceneChanged = nullptr;
 }
 
 void Viewport::FollowScene()
 {
+    m_followsScene = true;
     scene::Scene::Current().watches.sceneChanged = [this] {
         m_wires.Invalidate();
         update();

@@ -57,6 +57,7 @@ private:
     SceneWires m_wires;
     Camera m_camera;
     QPoint m_lastPosition;
+    bool m_followsScene = false;
     bool m_gridVisible = true;
     bool m_axisVisible = true;
 };
