@@ -1,5 +1,7 @@
 #include "engine/Measures.h"
 
+#include "engine/UnitSize.h"
+
 namespace host {
 
 namespace {
@@ -51,6 +53,16 @@ double SizeOfNumbers(ArgumentType type, const Units& units)
 
 } // namespace
 
+double UnitSize(const QString& name, ArgumentType type)
+{
+    for (const UnitRow& row : UNITS) {
+        if (row.type == type
+            && (name == QLatin1String(row.name) || name == QLatin1String(row.longName)))
+            return row.size;
+    }
+    return 0;
+}
+
 std::optional<double> ReadMeasure(const QString& text, ArgumentType type, const Units& units)
 {
     const QString trimmed = text.trimmed();
@@ -67,12 +79,10 @@ std::optional<double> ReadMeasure(const QString& text, ArgumentType type, const 
         return std::nullopt;
     if (unit.isEmpty())
         return number;
-    for (const UnitRow& row : UNITS) {
-        if (row.type == type
-            && (unit == QLatin1String(row.name) || unit == QLatin1String(row.longName)))
-            return number * row.size / SizeOfNumbers(type, units);
-    }
-    return std::nullopt;
+    const double size = UnitSize(unit, type);
+    if (size == 0)
+        return std::nullopt;
+    return number * size / SizeOfNumbers(type, units);
 }
 
 } // namespace host

@@ -3,6 +3,7 @@
 #include "scene/Scene.h"
 
 #include "engine/Engine.h"
+#include "engine/UnitSize.h"
 #include "scene/DefaultNodes.h"
 
 #include <QRegularExpression>
@@ -107,6 +108,7 @@ void Scene::Reset()
     currentNamespace.clear();
     m_playback = {};
     m_units = {};
+    m_engine.units = {};
     fileName.clear();
     m_root = std::make_shared<Node>(*NodeType::Find(QStringLiteral("transform")), 0, QString());
     m_root->m_isInScene = true;
@@ -325,7 +327,13 @@ void Scene::SetPlayback(const Playback& playback)
 
 void Scene::SetUnits(const SceneUnits& units)
 {
-    Change([this, units] { m_units = units; }, [this, before = m_units] { m_units = before; });
+    const auto apply = [this](const SceneUnits& value) {
+        m_units = value;
+        // Commands read lengths, angles and times with units of their own in these.
+        m_engine.units = {UnitSize(value.length, ArgumentType::Length),
+            UnitSize(value.angle, ArgumentType::Angle), 1 / FramesPerSecond()};
+    };
+    Change([apply, units] { apply(units); }, [apply, before = m_units] { apply(before); });
 }
 
 double Scene::FramesPerSecond() const
