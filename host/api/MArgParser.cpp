@@ -1,4 +1,5 @@
 #include "api/ApiAccess.h"
+#include "api/CommandRun.h"
 #include "api/Conversions.h"
 #include "api/SceneNames.h"
 #include "api/StatusDetails.h"
@@ -104,7 +105,7 @@ MArgParser::MArgParser(const MSyntax& syntax, const MArgList& argList, MStatus* 
     if (ApiAccess::TakesSelection(syntax) && !read.error && read.call.IsCreate())
         read.error = m_parsed->TakeSelection(ApiAccess::MinimumObjects(syntax));
     if (read.error && host::Engine::Exists())
-        host::Engine::Current().output.Error(read.error->text);
+        host::api::ShowMessage(host::MessageType::Error, read.error->text);
     m_parsed->call = std::move(read.call);
     Report(ReturnStatus, read.error ? MS::kFailure : MS::kSuccess);
 }

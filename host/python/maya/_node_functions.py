@@ -115,7 +115,8 @@ class DependencyNode(FunctionSet):
         return None
 
     def _is_locked(self):
-        return bool(cmds.lockNode(self._name(), query=True, lock=True)[0])
+        locked = cmds.lockNode(self._name(), query=True, lock=True)
+        return bool(locked[0] if isinstance(locked, list) else locked)
 
     def _set_locked(self, locked):
         cmds.lockNode(self._name(), lock=bool(locked))

@@ -74,3 +74,17 @@ failingCommand => error: Cannot find procedure "failingCommand".
 loadPlugin "/etc/hostname" => error: Unable to dynamically load : /etc/hostname\n...
 loadPlugin nowhere => error: Plug-in, "nowhere", was not found on MAYA_PLUG_IN_PATH.
 pluginInfo -q -listPlugins =>
+
+== A command that works on the selection
+loadPlugin "%p/SelectionPlugin.so"
+createNode transform -n a; createNode transform -n b; createNode transform -n c; select -clear;
+listObjects => error: This command requires at least 1 argument(s) to be specified or selected; found 0.
+listObjects "nothing" => error: (kInvalidParameter): Object does not exist
+select a b; listObjects; => a b
+listObjects c => c
+listObjects -without a => b
+py: cmds.listObjects("a", "c", select=True) => ['a', 'c']
+ls -selection => a c
+listObjects -farAway 2.54 -atTime 48 => 3
+listObjects -farAway "1in" -atTime "2sec" => 3
+py: cmds.listObjects(farAway="2ft") => 24.0
