@@ -34,6 +34,10 @@ target_compile_definitions(te2_flags INTERFACE
 if(TE2_SANITIZE)
   target_compile_options(te2_flags INTERFACE -fsanitize=address,undefined -fno-omit-frame-pointer)
   target_link_options(te2_flags INTERFACE -fsanitize=address,undefined)
+elseif(TE2_SANITIZE_THREADS)
+  target_compile_options(te2_flags INTERFACE -fsanitize=thread)
+  target_link_options(te2_flags INTERFACE -fsanitize=thread)
+  target_compile_definitions(te2_flags INTERFACE TE2_SANITIZE_THREADS)
 endif()
 if(TE2_FUZZ)
   # Any fault ends the run. Unoptimised code would be too slow to get anywhere.
@@ -77,13 +81,14 @@ endfunction()
 # te2_set_test_environment(<test>): no screen, and what the toolkit keeps is no leak.
 function(te2_set_test_environment test)
   set_tests_properties(${test} PROPERTIES TIMEOUT 120
-    ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8;TE2_BUILD_DIR=${CMAKE_BINARY_DIR};UBSAN_OPTIONS=halt_on_error=1:print_stacktrace=1;LSAN_OPTIONS=print_suppressions=0:suppressions=${CMAKE_SOURCE_DIR}/tests/support/lsan.supp")
+    ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8;TE2_BUILD_DIR=${CMAKE_BINARY_DIR};UBSAN_OPTIONS=halt_on_error=1:print_stacktrace=1;LSAN_OPTIONS=print_suppressions=0:suppressions=${CMAKE_SOURCE_DIR}/tests/support/lsan.supp;TSAN_OPTIONS=second_deadlock_stack=1:suppressions=${CMAKE_SOURCE_DIR}/tests/support/tsan.supp")
 endfunction()
 
-# te2_add_test(<program> CLASSES A B SOURCES ... LINKS ...): one Qt Test program per subsystem;
-# each class is an entry of its own in the test list and runs in a process of its own.
+# te2_add_test(<program> CLASSES A B SOURCES ... LINKS ... [THREADS A ...]): one Qt Test program per
+# subsystem; each class is an entry of its own in the test list and runs in a process of its own.
+# THREADS names the classes that the thread sanitizer watches, too.
 function(te2_add_test name)
-  cmake_parse_arguments(ARG "" "" "CLASSES;SOURCES;LINKS" ${ARGN})
+  cmake_parse_arguments(ARG "" "" "CLASSES;SOURCES;LINKS;THREADS" ${ARGN})
   add_executable(${name} ${ARG_SOURCES})
   target_include_directories(${name} PRIVATE "${CMAKE_SOURCE_DIR}/tests")
   target_compile_definitions(${name} PRIVATE "TEST_DATA_DIR=\"${CMAKE_CURRENT_SOURCE_DIR}/data\"")
@@ -100,4 +105,12 @@ function(te2_add_test name)
     add_test(NAME ${name}.${class} COMMAND ${name} ${class})
     te2_set_test_environment(${name}.${class})
   endforeach()
+  if(ARG_THREADS)
+    list(TRANSFORM ARG_THREADS PREPEND "${name}.")
+    set_tests_properties(${ARG_THREADS} PROPERTIES LABELS threads)
+    if(NOT TARGET te2_thread_tests)
+      add_custom_target(te2_thread_tests)
+    endif()
+    add_dependencies(te2_thread_tests ${name})
+  endif()
 endfunction()

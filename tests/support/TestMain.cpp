@@ -1,5 +1,9 @@
 #include "support/TestMain.h"
 
+#ifdef TE2_SANITIZE_THREADS
+#include "support/ToolkitThreads.h"
+#endif
+
 #include <QApplication>
 #include <QtTest>
 
@@ -10,6 +14,21 @@
 namespace {
 
 using Entry = std::pair<const char*, TestRegistry::Factory>;
+
+#ifdef TE2_SANITIZE_THREADS
+class Application : public QApplication
+{
+public:
+    using QApplication::QApplication;
+    bool notify(QObject* receiver, QEvent* event) override
+    {
+        ToolkitThreads::EventIsHandled();
+        return QApplication::notify(receiver, event);
+    }
+};
+#else
+using Application = QApplication;
+#endif
 
 std::vector<Entry>& Entries()
 {
@@ -51,6 +70,6 @@ int TestRegistry::Run(int argc, char** argv)
 
 int main(int argc, char** argv)
 {
-    QApplication application(argc, argv);
+    Application application(argc, argv);
     return TestRegistry::Run(argc, argv);
 }
