@@ -13,7 +13,7 @@ configure_file("${CMAKE_SOURCE_DIR}/src/plugin/TarnwickEditor2.mod.in"
 install(FILES "${CMAKE_BINARY_DIR}/TarnwickEditor2.mod" DESTINATION .)
 
 if(MAYA_DEVKIT)
-  set(TE2_BUILT_AGAINST "the host's development kit ${MAYA_KIT_API_VERSION}")
+  set(TE2_BUILT_AGAINST "the host's development kit, API version ${MAYA_KIT_API_VERSION}")
 else()
   set(TE2_BUILT_AGAINST "the stand-in host (`tarnwick-host`), for trying the module there")
 endif()

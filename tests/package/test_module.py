@@ -3,16 +3,12 @@
 import os
 import re
 import stat
-import subprocess
 import tarfile
 import tempfile
 import unittest
 import zipfile
 
-BUILD = os.environ["TE2_BUILD_DIR"]
-VERSION = os.environ["TE2_VERSION"]
-SOURCE = os.path.abspath(os.path.join(os.path.dirname(__file__), os.pardir, os.pardir))
-MODULE = "TarnwickEditor2/plug-ins/TarnwickEditor2.so"
+from module import BUILD, MODULE, SOURCE, VERSION, HostCase, install, output
 
 ENTRY_POINTS = {
     "_Z16initializePluginN8Autodesk4Maya16OpenMaya202400007MObjectE",
@@ -25,17 +21,6 @@ OTHER_LIBRARIES = {"libQt5Core.so.5", "libQt5Gui.so.5", "libQt5Widgets.so.5", "l
 API_CLASSES = ["MArgDatabase", "MArgParser", "MCallbackIdArray", "MCommandMessage", "MCommandResult",
                "MEventMessage", "MFnPlugin", "MGlobal", "MMessage", "MObject", "MPxCommand", "MQtUtil",
                "MStatus", "MString", "MStringArray", "MSyntax"]
-
-
-def output(*command, **options):
-    done = subprocess.run(command, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True, **options)
-    if done.returncode:
-        raise AssertionError(f"{' '.join(command)}\n{done.stdout}")
-    return done.stdout
-
-
-def install(prefix):
-    output("cmake", "--install", BUILD, "--prefix", prefix, "--strip")
 
 
 def tree(folder):
@@ -169,39 +154,18 @@ class Symbols(Installed):
         self.assertEqual([name for name in plain if not member.match(name)], [])
 
 
-class InHost(unittest.TestCase):
-    """A person installs the module, starts the host in a bare environment and loads the plug-in."""
-
-    def setUp(self):
-        folder = tempfile.TemporaryDirectory(prefix="tarnwick-package-")
-        self.addCleanup(folder.cleanup)
-        self.home = folder.name
-
-    def run_host(self, **variables):
-        """What the script wrote, line by line."""
-        environment = {"HOME": self.home, "XDG_RUNTIME_DIR": self.home, "LC_ALL": "C.UTF-8",
-                       "QT_QPA_PLATFORM": "offscreen", "PATH": os.environ["PATH"], **variables}
-        script = os.path.join(os.path.dirname(__file__), "data", "load_module.mel")
-        said = output(os.path.join(BUILD, "bin/tarnwick-host"), "-script", script,
-                      env=environment, cwd=self.home, timeout=100)
-        try:
-            with open(os.path.join(self.home, "report.txt"), encoding="utf-8") as file:
-                return file.read().splitlines()
-        except FileNotFoundError:
-            return ["no report", said]
-
-    def assert_loads_from(self, modules, **variables):
-        install(modules)
-        self.assertEqual(self.run_host(**variables), [
-            "module " + VERSION, "loaded before 0", "path " + os.path.join(modules, MODULE),
-            "version " + VERSION, "visible 1", "unloaded 1", "visible after 0"])
+class InHost(HostCase):
+    """A person installs the module and loads the plug-in."""
 
     def test_finds_a_module_of_the_module_path(self):
         modules = os.path.join(self.home, "studio modules")
+        install(modules)
         self.assert_loads_from(modules, MAYA_MODULE_PATH="/nowhere:" + modules)
 
     def test_finds_a_module_where_the_readme_puts_it(self):
-        self.assert_loads_from(os.path.join(self.home, "maya/2024/modules"))
+        modules = os.path.join(self.home, "maya/2024/modules")
+        install(modules)
+        self.assert_loads_from(modules)
 
 
 if __name__ == "__main__":

@@ -22,7 +22,7 @@ public:
     using QApplication::QApplication;
     bool notify(QObject* receiver, QEvent* event) override
     {
-        ToolkitThreads::EventIsHandled();
+        const ToolkitThreads::EventScope scope;
         return QApplication::notify(receiver, event);
     }
 };

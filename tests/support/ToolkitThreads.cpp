@@ -31,9 +31,14 @@ Function Original(const char* name)
 
 } // namespace
 
-void ToolkitThreads::EventIsHandled()
+ToolkitThreads::EventScope::EventScope()
 {
     __tsan_acquire(&channel);
+}
+
+ToolkitThreads::EventScope::~EventScope()
+{
+    __tsan_release(&channel);
 }
 
 void QMutex::lock() noexcept
