@@ -10,11 +10,12 @@ from maya._arguments import OlderMArgParser as MArgParser
 from maya._arguments import OlderMSyntax as MSyntax
 from maya._functions import MFn
 from maya._global import MCommandResult, MStatus
+from maya._iterators import MItDependencyNodes
 from maya._matrices import MFloatMatrix
 from maya._messages import (MCommandMessage, MEventMessage, MMessage, MSceneMessage,
                             MTimerMessage, MUserEventMessage)
 from maya._node_messages import MNodeMessage
-from maya._nodes import MItDependencyNodes, MObject, MObjectHandle, MSpace, MUuid
+from maya._nodes import MObject, MObjectHandle, MSpace, MUuid
 from maya._nodes_older import OlderMDagPath as MDagPath
 from maya._nodes_older import OlderMEulerRotation as MEulerRotation
 from maya._nodes_older import OlderMFnDagNode as MFnDagNode

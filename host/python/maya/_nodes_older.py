@@ -1,9 +1,9 @@
 """The scene's objects in the API's older form: results come through what the caller hands in."""
 
+from maya._iterators import DagIterator, SelectionIterator
 from maya._matrices import MMatrix
 from maya._node_functions import DagNode, DependencyNode, Transform
-from maya._nodes import (DagIterator, MDagPath, MObject, MSpace, SelectionIterator,
-                         SelectionList)
+from maya._nodes import MDagPath, MObject, MSpace, SelectionList
 from maya._plugs import FACTS, SETTERS, Plug
 from maya._pointers import RowPointer
 from maya._rotations import MEulerRotation, MQuaternion, MTransformationMatrix

@@ -1,8 +1,8 @@
 #include "ui/commands/Control.h"
 
 #include "engine/Engine.h"
-#include "ui/commands/ColumnBox.h"
 #include "ui/commands/Templates.h"
+#include "ui/commands/layouts/ColumnBox.h"
 #include "ui/window/HostStyle.h"
 
 #include <QAbstractButton>

@@ -3,7 +3,7 @@
 #include "commands/Session.h"
 #include "engine/Engine.h"
 #include "ui/commands/Tables.h"
-#include "ui/commands/WindowTables.h"
+#include "ui/commands/windows/WindowTables.h"
 
 namespace host::ui {
 

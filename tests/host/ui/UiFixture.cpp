@@ -2,7 +2,7 @@
 
 #include "commands/Commands.h"
 #include "ui/commands/InterfaceCommands.h"
-#include "ui/commands/Prompts.h"
+#include "ui/commands/windows/Prompts.h"
 
 #include <QCoreApplication>
 #include <QEvent>

@@ -6,13 +6,13 @@ What the host does not offer is missing, and asking for it is an AttributeError.
 from maya import _arrays
 from maya._arguments import MArgDatabase, MArgList, MArgParser, MSyntax
 from maya._functions import MFn
+from maya._iterators import MItDag, MItDependencyNodes, MItSelectionList
 from maya._matrices import MFloatMatrix, MMatrix
 from maya._messages import (MCommandMessage, MEventMessage, MMessage, MSceneMessage,
                             MTimerMessage, MUserEventMessage)
 from maya._node_functions import MFnDagNode, MFnDependencyNode, MFnTransform
 from maya._node_messages import MNodeMessage
-from maya._nodes import (MDagPath, MItDag, MItDependencyNodes, MItSelectionList, MObject,
-                         MObjectHandle, MSelectionList, MSpace, MUuid)
+from maya._nodes import MDagPath, MObject, MObjectHandle, MSelectionList, MSpace, MUuid
 from maya._plugins import MFnPlugin, MPxCommand
 from maya._plugs import MPlug
 from maya._rotations import MEulerRotation, MQuaternion, MTransformationMatrix

@@ -1,6 +1,6 @@
 #include "host/ui/UiFixture.h"
 #include "support/TestMain.h"
-#include "ui/commands/Prompts.h"
+#include "ui/commands/windows/Prompts.h"
 
 #include <QCheckBox>
 #include <QDialog>

@@ -1,7 +1,7 @@
 #include "host/ui/UiFixture.h"
 #include "support/Story.h"
 #include "support/TestMain.h"
-#include "ui/commands/Prompts.h"
+#include "ui/commands/windows/Prompts.h"
 
 #include <QAbstractButton>
 #include <QtTest>

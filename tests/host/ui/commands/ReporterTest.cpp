@@ -1,6 +1,6 @@
 #include "host/ui/UiFixture.h"
 #include "support/TestMain.h"
-#include "ui/commands/ReporterView.h"
+#include "ui/commands/controls/ReporterView.h"
 
 #include <QtTest>
 
