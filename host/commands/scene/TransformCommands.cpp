@@ -62,7 +62,7 @@ struct ReadNumbers
 };
 
 /// The axes that the flags single out, each with its own number or all with the one that is there.
-ReadNumbers Read(const Call& call, const char* const (&axes)[3], const char* pair[3])
+ReadNumbers Read(const Call& call, const char* const (&axes)[3], const char* const (&pair)[3])
 {
     const NumbersAndNames split = SplitNumbers(call);
     ReadNumbers read{{}, split.names, std::nullopt};
@@ -97,9 +97,32 @@ ReadNumbers Read(const Call& call, const char* const (&axes)[3], const char* pai
     return read;
 }
 
-const char* MOVE_PAIRS[] = {"moveXY", "moveXZ", "moveYZ"};
-const char* ROTATE_PAIRS[] = {"rotateXY", "rotateXZ", "rotateYZ"};
-const char* SCALE_PAIRS[] = {"scaleXY", "scaleXZ", "scaleYZ"};
+/// The flags that single out axes.
+struct AxisFlags
+{
+    const char* axes[3];
+    const char* pairs[3];
+};
+
+constexpr AxisFlags MOVE_AXES{{"moveX", "moveY", "moveZ"}, {"moveXY", "moveXZ", "moveYZ"}};
+constexpr AxisFlags ROTATE_AXES{
+    {"rotateX", "rotateY", "rotateZ"}, {"rotateXY", "rotateXZ", "rotateYZ"}};
+constexpr AxisFlags SCALE_AXES{{"scaleX", "scaleY", "scaleZ"}, {"scaleXY", "scaleXZ", "scaleYZ"}};
+
+/// Calls `change(node, numbers)` for each of the transforms that are named, or selected.
+template <typename Change>
+Outcome ForEachTransform(const Call& call, const AxisFlags& flags, Change change)
+{
+    const ReadNumbers read = Read(call, flags.axes, flags.pairs);
+    if (read.error)
+        return *read.error;
+    const FoundTransforms found = TransformsOf(Targets(read.names));
+    if (found.error)
+        return *found.error;
+    for (Node* node : found.nodes)
+        change(*node, read.numbers);
+    return {};
+}
 
 void MoveOne(const Call& call, Node& node, const Numbers& numbers)
 {
@@ -127,15 +150,8 @@ void MoveOne(const Call& call, Node& node, const Numbers& numbers)
 
 Outcome Move(Call& call)
 {
-    const ReadNumbers read = Read(call, {"moveX", "moveY", "moveZ"}, MOVE_PAIRS);
-    if (read.error)
-        return *read.error;
-    const FoundTransforms found = TransformsOf(Targets(read.names));
-    if (found.error)
-        return *found.error;
-    for (Node* node : found.nodes)
-        MoveOne(call, *node, read.numbers);
-    return {};
+    return ForEachTransform(
+        call, MOVE_AXES, [&](Node& node, const Numbers& numbers) { MoveOne(call, node, numbers); });
 }
 
 /// A turn in the world, about the node's own pivot.
@@ -175,35 +191,25 @@ void RotateOne(const Call& call, Node& node, const Numbers& numbers)
 
 Outcome Rotate(Call& call)
 {
-    const ReadNumbers read = Read(call, {"rotateX", "rotateY", "rotateZ"}, ROTATE_PAIRS);
-    if (read.error)
-        return *read.error;
-    const FoundTransforms found = TransformsOf(Targets(read.names));
-    if (found.error)
-        return *found.error;
-    for (Node* node : found.nodes)
-        RotateOne(call, *node, read.numbers);
-    return {};
+    return ForEachTransform(call, ROTATE_AXES,
+        [&](Node& node, const Numbers& numbers) { RotateOne(call, node, numbers); });
+}
+
+void ScaleOne(const Call& call, Node& node, const Numbers& numbers)
+{
+    Scene& scene = Scene::Current();
+    const Vector now = GetTriple(scene, node, "scale");
+    const Vector factors = numbers.Else(1);
+    const Vector scaled = call.Has("relative")
+        ? Vector{now.x * factors.x, now.y * factors.y, now.z * factors.z}
+        : numbers.Over(now);
+    SetTriple(scene, node, "scale", scaled);
 }
 
 Outcome Scale(Call& call)
 {
-    const ReadNumbers read = Read(call, {"scaleX", "scaleY", "scaleZ"}, SCALE_PAIRS);
-    if (read.error)
-        return *read.error;
-    const FoundTransforms found = TransformsOf(Targets(read.names));
-    if (found.error)
-        return *found.error;
-    Scene& scene = Scene::Current();
-    for (Node* node : found.nodes) {
-        const Vector now = GetTriple(scene, *node, "scale");
-        const Vector factors = read.numbers.Else(1);
-        const Vector scaled = call.Has("relative")
-            ? Vector{now.x * factors.x, now.y * factors.y, now.z * factors.z}
-            : read.numbers.Over(now);
-        SetTriple(scene, *node, "scale", scaled);
-    }
-    return {};
+    return ForEachTransform(call, SCALE_AXES,
+        [&](Node& node, const Numbers& numbers) { ScaleOne(call, node, numbers); });
 }
 
 // xform

@@ -2,8 +2,10 @@
 
 import _maya_host
 
+from maya._display import Display
 
-class Global:
+
+class Global(Display):
     """Messages, execution and option variables. Messages may come from any thread."""
 
     kInteractive = 0
@@ -26,18 +28,6 @@ class Global:
     @staticmethod
     def mayaName():
         return "Maya"
-
-    @staticmethod
-    def displayInfo(text):
-        _maya_host.show(_maya_host.INFO, text)
-
-    @staticmethod
-    def displayWarning(text, showLineNumber=False):
-        _maya_host.show(_maya_host.WARNING, text)
-
-    @staticmethod
-    def displayError(text, showLineNumber=False):
-        _maya_host.show(_maya_host.ERROR, text)
 
     @staticmethod
     def executeCommandStringResult(command, display=False, undo=False):

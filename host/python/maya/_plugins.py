@@ -11,6 +11,7 @@ import sys
 import _maya_host
 
 from maya._arguments import MArgList, MSyntax, OlderMArgList, OlderMSyntax
+from maya._display import Display
 
 _NO_OBJECT = "(kFailure): Object does not exist"
 _TAKEN = "(kInvalidParameter): Object already exists"
@@ -74,7 +75,7 @@ def _plain(value):
     return value if value is None or isinstance(value, (bool, int, float, str)) else list(value)
 
 
-class MPxCommand:
+class MPxCommand(Display):
     """Base of the commands that plug-ins add; one object per call."""
 
     kLong, kDouble, kString, kNoArg = range(4)
@@ -116,18 +117,6 @@ class MPxCommand:
 
     def setHistoryOn(self, on):
         self._history = bool(on)
-
-    @staticmethod
-    def displayInfo(text):
-        _maya_host.show(_maya_host.INFO, text)
-
-    @staticmethod
-    def displayWarning(text, showLineNumber=False):
-        _maya_host.show(_maya_host.WARNING, text)
-
-    @staticmethod
-    def displayError(text, showLineNumber=False):
-        _maya_host.show(_maya_host.ERROR, text)
 
     @staticmethod
     def clearResult():

@@ -108,3 +108,9 @@ requires maya "2024"; fileInfo "product" "test"; createNode transform -n "g"; se
 fileInfo -q "product" => test
 listRelatives g => gShape
 select -ne :time1; setAttr ".o" 5; 
+
+== Procedures about names and parents
+group -em -n a; group -em -n b -p a; group -em -n c -p b; longNameOf c; => |a|b|c
+rootOf c => |a
+firstParentOf c => b
+"<" + firstParentOf("a") + longNameOf("none") + rootOf("none") + ">" => <>
