@@ -1,0 +1,1 @@
+// What compiles the headers that other targets use needs a file of its own.
