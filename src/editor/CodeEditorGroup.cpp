@@ -286,6 +286,7 @@ CodeEditor* CodeEditorGroup::RemoveCodeEditor(int index)
     disconnect(editor, nullptr, this, nullptr);
     m_stack->removeWidget(editor);
     m_tabBar->RemoveTab(index);
+    m_lastUsedPaths.removeAll(editor->GetFilePath());
     editor->setParent(nullptr);
     m_emptyHint->setVisible(GetCount() == 0);
     UpdateMiniToolbar();
@@ -411,7 +412,7 @@ void CodeEditorGroup::UpdateLastUsedEditorOrder()
     m_lastUsedPaths.prepend(editor->GetFilePath());
 }
 
-/// The editor keeps its place; an editor closed long ago may have had the new path.
+/// The editor keeps its place; what had the new path before gives its own up.
 void CodeEditorGroup::RenameLastUsedEditor(const QString& oldPath, const QString& newPath)
 {
     if (oldPath == newPath)

@@ -59,6 +59,7 @@ private Q_SLOTS:
 
 private:
     QString Tabs() const;
+    QStringList LastUsed() const;
     QStringList OpenMenu(QObject* sender, const QPoint& point);
     bool Drop(const QMimeData& payload, const QPoint& position);
 
@@ -95,6 +96,14 @@ QString CodeEditorGroupTest::Tabs() const
         labels += i == m_group->GetCurrentIndex() ? "[" + label + "]" : label;
     }
     return labels.join(' ');
+}
+
+QStringList CodeEditorGroupTest::LastUsed() const
+{
+    QStringList labels;
+    for (const CodeEditorProperties& properties : m_group->GetLastUsedEditors())
+        labels += properties.label;
+    return labels;
 }
 
 void CodeEditorGroupTest::TabsAndEditorsKeepStep()
@@ -136,10 +145,11 @@ void CodeEditorGroupTest::OrdersEditorsByTheirLastUse()
     m_group->SetCurrentIndex(2);
     m_group->SetCurrentIndex(0);
     m_group->InsertCodeEditor(-1, Script("d"), QString());
-    QStringList labels;
-    for (const CodeEditorProperties& properties : m_group->GetLastUsedEditors())
-        labels += properties.label;
-    QCOMPARE(labels, QStringList({"a", "c", "b", "d"}));
+    QCOMPARE(LastUsed(), QStringList({"a", "c", "b", "d"}));
+    // Nothing is kept of an editor that went: it comes back like any other.
+    m_group->DeleteCodeEditor(2);
+    m_group->InsertCodeEditor(-1, Script("c"), QString());
+    QCOMPARE(LastUsed(), QStringList({"a", "b", "d", "c"}));
 }
 
 void CodeEditorGroupTest::RelaysItsEditorsUntilTheyLeave()
@@ -246,10 +256,7 @@ void CodeEditorGroupTest::FollowsAFileToItsNewName()
     m_group->DeleteCodeEditor(2);
     m_group->SetProperties(2, Script("d"));
     m_group->SetProperties(0, Script("c")); // as the closed one was called
-    QStringList used;
-    for (const CodeEditorProperties& properties : m_group->GetLastUsedEditors())
-        used += properties.label;
-    QCOMPARE(used, QStringList({"d", "c", "b"}));
+    QCOMPARE(LastUsed(), QStringList({"d", "c", "b"}));
 }
 
 void CodeEditorGroupTest::MarksChangesOfFilesOnly()

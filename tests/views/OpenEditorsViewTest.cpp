@@ -116,10 +116,15 @@ void OpenEditorsViewTest::KeepsRowsThatStay()
     View()->SetEditors({File("/1.py"), File("/2.py"), File("/3.py"), File("/4.py")});
     const QTreeWidgetItem* const first = Tree()->topLevelItem(0);
     const QTreeWidgetItem* const third = Tree()->topLevelItem(2);
+    const auto picture = [this](int row) { return Tree()->topLevelItem(row)->icon(0).cacheKey(); };
+    const qint64 ofPython = picture(0);
     View()->SetEditors({File("/1.py"), File("/4.py"), File("/3.py", 0, true), File("/5.py")});
     QCOMPARE(Rows(*Tree()), (QStringList{"1.py", "4.py", "3.py*", "5.py"}));
     QCOMPARE(Tree()->topLevelItem(0), first);
     QCOMPARE(Tree()->topLevelItem(2), third);
+    // Each icon of its own would leave what it painted in the toolkit's cache.
+    QCOMPARE(picture(0), ofPython);
+    QCOMPARE(picture(3), ofPython);
 }
 
 void OpenEditorsViewTest::FollowsTheActiveEditor()

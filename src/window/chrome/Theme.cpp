@@ -142,6 +142,17 @@ QImage ScaledDown(const QString& name, int pixels)
     return image.scaled(pixels, pixels, Qt::KeepAspectRatio, Qt::SmoothTransformation);
 }
 
+QIcon LoadIcon(const QString& name)
+{
+    QIcon icon;
+    for (const int size : ICON_SIZES) {
+        const QString path = IconPath(name, size);
+        if (QFile::exists(path))
+            icon.addFile(path);
+    }
+    return icon;
+}
+
 QString Pixels(int length)
 {
     return QStringLiteral("%1px").arg(length);
@@ -219,13 +230,11 @@ QString Theme::PicturePath(const QString& name, int pixels)
 
 QIcon Theme::Icon(const QString& name)
 {
-    QIcon icon;
-    for (const int size : ICON_SIZES) {
-        const QString path = IconPath(name, size);
-        if (QFile::exists(path))
-            icon.addFile(path);
-    }
-    return icon;
+    // Shared: the toolkit caches what an icon paints for each icon that was made, not for each
+    // picture, and rows ask for theirs whenever they change.
+    static QHash<QString, QIcon> icons;
+    const auto known = icons.constFind(name);
+    return known != icons.constEnd() ? *known : *icons.insert(name, LoadIcon(name));
 }
 
 QPixmap Theme::Pixmap(const QString& name, int size, qreal ratio)
