@@ -2,6 +2,7 @@
 
 #include "plugin/Logger.h"
 #include "plugin/MayaUtil.h"
+#include "plugin/OutputQueue.h"
 #include "settings/ColorSettings.h"
 #include "settings/ExtraSettings.h"
 #include "settings/Settings.h"
@@ -9,10 +10,7 @@
 
 #include <maya/MArgDatabase.h>
 
-#include <QCoreApplication>
-#include <QEvent>
 #include <QFileInfo>
-#include <QThread>
 
 #include <atomic>
 #include <memory>
@@ -31,10 +29,14 @@ std::atomic<TarnwickEditor*> editor{nullptr};
 /// control stays as it is.
 bool isFirstInvocation = true;
 
-/// Lives on the interface thread from loading to unloading. What other threads print waits in its
-/// event queue, so that none of them touches a window that is being deleted; unloading drops it
-/// together with what still waits.
-std::unique_ptr<QObject> threadOutput;
+/// Lives from loading to unloading, so that no thread touches a window that is being deleted.
+std::unique_ptr<OutputQueue> threadOutput;
+
+void ShowOutput(const QString& text)
+{
+    if (TarnwickEditor* const window = editor)
+        window->AppendToOutputThreadSafe(text);
+}
 
 } // namespace
 
@@ -79,7 +81,7 @@ void TarnwickEditorCommand::Initialize()
     isFirstInvocation = true;
     Settings::ResetToDefaults();
 
-    threadOutput = std::make_unique<QObject>();
+    threadOutput = std::make_unique<OutputQueue>(ShowOutput);
     Settings::ReadUserConfig();
     ColorSettings::ReadUserConfig();
     ExtraSettings::ReadUserConfig();
@@ -130,19 +132,8 @@ bool TarnwickEditorCommand::GuiAvailable()
 
 void TarnwickEditorCommand::AppendToOutput(const QString& text)
 {
-    const auto append = [text] {
-        if (TarnwickEditor* const window = editor)
-            window->AppendToOutputThreadSafe(text);
-    };
-    if (!threadOutput)
-        return;
-    if (QThread::currentThread() != threadOutput->thread()) {
-        QMetaObject::invokeMethod(threadOutput.get(), append, Qt::QueuedConnection);
-        return;
-    }
-    // What other threads printed before this text comes before it, too.
-    QCoreApplication::sendPostedEvents(threadOutput.get(), QEvent::MetaCall);
-    append();
+    if (threadOutput)
+        threadOutput->Append(text);
 }
 
 MStatus TarnwickEditorCommand::GetVersion()

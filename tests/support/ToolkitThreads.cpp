@@ -29,6 +29,35 @@ Function Original(const char* name)
     return reinterpret_cast<Function>(dlsym(RTLD_NEXT, name));
 }
 
+/// Holds what is to be called on another thread. Sender and receiver each give it up when they are
+/// done, and the later one deletes it: the toolkit counts them unseen.
+class Slot : public QtPrivate::QSlotObjectBase
+{
+public:
+    explicit Slot(QSlotObjectBase* called)
+        : QSlotObjectBase(&Slot::Do)
+        , m_called(called)
+    {
+        __tsan_release(this);
+    }
+
+private:
+    static void Do(int operation, QSlotObjectBase* base, QObject* receiver, void** arguments, bool*)
+    {
+        auto* const slot = static_cast<Slot*>(base);
+        __tsan_acquire(slot);
+        if (operation == Call) {
+            slot->m_called->call(receiver, arguments);
+            __tsan_release(slot);
+        } else if (operation == Destroy) {
+            slot->m_called->destroyIfLastRef();
+            delete slot;
+        }
+    }
+
+    QSlotObjectBase* m_called;
+};
+
 } // namespace
 
 ToolkitThreads::EventScope::EventScope()
@@ -107,7 +136,7 @@ bool QMetaObject::invokeMethodImpl(
             "_ZN11QMetaObject16invokeMethodImplEP7QObjectPN9QtPrivate15QSlotObjectBaseEN2Qt14Connec"
             "tionTypeEPv");
     __tsan_release(&channel);
-    const bool invoked = original(object, slot, type, result);
+    const bool invoked = original(object, new Slot(slot), type, result);
     __tsan_acquire(&channel);
     return invoked;
 }
