@@ -161,21 +161,16 @@ Value LongItems(Element& element)
 }
 
 // clang-format off
-const Property OPTION_MENU[] = {
+const Property LABEL[] = {
     {"label",          SetOptionLabel, [](Element& e) -> Value { return Option(e)->label->text(); }},
-    {"deleteAllItems", DeleteItems, nullptr},
-    {"numberOfItems",  nullptr, [](Element& e) -> Value { return Option(e)->box->count(); }},
-    {"itemListShort",  nullptr, [](Element& e) -> Value { return ChildNames(MenuOf(e)); }},
-    {"itemListLong",   nullptr, LongItems},
-    {"maxVisibleItems", [](Edit& e) { Option(e.element)->box->setMaxVisibleItems(qMax(1, e.Int())); },
-                       [](Element& e) -> Value { return Option(e)->box->maxVisibleItems(); }},
-    {"select",         SelectOption, [](Element& e) -> Value { return Option(e)->box->currentIndex() + 1; }},
-    {"value",          SetOption, [](Element& e) -> Value { return Option(e)->box->currentText(); }},
 };
 
-const Property OPTION_GROUP[] = {
+const Property FILLING[] = {
     {"postMenuCommand", SetFilling, nullptr},
     {"postMenuCommandOnce", SetFillingOnce, nullptr},
+};
+
+const Property CHOICES[] = {
     {"deleteAllItems", DeleteItems, nullptr},
     {"numberOfItems",  nullptr, [](Element& e) -> Value { return Option(e)->box->count(); }},
     {"itemListShort",  nullptr, [](Element& e) -> Value { return ChildNames(MenuOf(e)); }},
@@ -186,15 +181,18 @@ const Property OPTION_GROUP[] = {
     {"value",          SetOption, [](Element& e) -> Value { return Option(e)->box->currentText(); }},
 };
 
+const char* const CHOICE_FLAGS
+    = "changeCommand/cc script ce; deleteAllItems/dai - e; itemListLong/ill - q; itemListShort/ils - q; maxVisibleItems/mvi int cqe;"
+      "numberOfItems/ni - q; postMenuCommand/pmc script ce; postMenuCommandOnce/pmo B cqe; select/sl int cqe; value/v str cqe;";
+const Family CHOICE_FAMILY{CHOICE_FLAGS, CHOICES};
+const Family GROUPED_CHOICE_FAMILY{CHOICE_FLAGS, CHOICES, &GROUP_FAMILY};
+
 const ControlRow ROWS[] = {
-    {"optionMenu", ControlKind, MakeOptionMenu, OPTION_MENU,
-        "alwaysCallChangeCommand/acc B cq; beforeShowPopup/bsp script ce; changeCommand/cc script ce; deleteAllItems/dai - e;"
-        "itemListLong/ill - q; itemListShort/ils - q; label/l str cqe; maxVisibleItems/mvi int cqe; numberOfItems/ni - q;"
-        "postMenuCommand/pmc script ce; postMenuCommandOnce/pmo B cqe; select/sl int cqe; value/v str cqe;"},
-    {"optionMenuGrp", ControlKind, MakeOptionGroup, OPTION_GROUP,
-        "changeCommand/cc script ce; deleteAllItems/dai - e; itemListLong/ill - q; itemListShort/ils - q; maxVisibleItems/mvi int cqe;"
-        "numberOfItems/ni - q; postMenuCommand/pmc script ce; postMenuCommandOnce/pmo B cqe; select/sl int cqe; value/v str cqe;",
-        nullptr, nullptr, CommonFlags::Control, &GROUP_FAMILY},
+    {"optionMenu", ControlKind, MakeOptionMenu, LABEL,
+        "alwaysCallChangeCommand/acc B cq; beforeShowPopup/bsp script ce; label/l str cqe;",
+        nullptr, nullptr, CommonFlags::Control, &CHOICE_FAMILY},
+    {"optionMenuGrp", ControlKind, MakeOptionGroup, FILLING, "",
+        nullptr, nullptr, CommonFlags::Control, &GROUPED_CHOICE_FAMILY},
 };
 // clang-format on
 
