@@ -108,7 +108,7 @@ void ShowText(fuzz::Input& input)
     while (!input.AtEnd()) {
         const auto type = static_cast<MCommandMessage::MessageType>(input.Number(7));
         const QString text
-            = framing.Frame(input.Text(REPEATED_LENGTH), type, false).value_or(QString());
+            = framing.Frame(input.Text(REPEATED_LENGTH), type).value_or(OutputText()).text;
         console.AppendText(text);
         Insert(plain, text);
     }

@@ -2,23 +2,21 @@
 
 namespace {
 
-QString Framed(const QString& pattern, bool isMel, const QString& text)
+OutputText Framed(const QString& pattern, bool isMel, const QString& text)
 {
-    return pattern.arg(isMel ? QStringLiteral("//") : QStringLiteral("#"), text);
+    return {pattern.arg(isMel ? QStringLiteral("//") : QStringLiteral("#"), text)};
 }
 
 } // namespace
 
-std::optional<QString> OutputFraming::Frame(
-    const QString& text, MCommandMessage::MessageType type, bool minimalTrace)
+std::optional<OutputText> OutputFraming::Frame(
+    const QString& text, MCommandMessage::MessageType type)
 {
     switch (type) {
     case MCommandMessage::kHistory:
     case MCommandMessage::kDisplay:
         m_isMel = text.endsWith(QLatin1String(";\n"));
-        if (type == MCommandMessage::kHistory && minimalTrace)
-            return std::nullopt;
-        return text;
+        return OutputText{text, type == MCommandMessage::kHistory};
     case MCommandMessage::kInfo: return Framed(QStringLiteral("%1 %2 %1\n"), m_isMel, text);
     case MCommandMessage::kWarning:
         return Framed(QStringLiteral("%1 Warning: %2 %1\n"), m_isMel, text);
@@ -28,5 +26,5 @@ std::optional<QString> OutputFraming::Frame(
     case MCommandMessage::kStackTrace: return std::nullopt;
     }
     // A kind that a later host may add.
-    return text;
+    return OutputText{text};
 }

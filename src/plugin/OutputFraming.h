@@ -1,5 +1,7 @@
 #pragma once
 
+#include "plugin/OutputText.h"
+
 #include <maya/MCommandMessage.h>
 
 #include <QString>
@@ -13,10 +15,8 @@
 class OutputFraming
 {
 public:
-    /// What to append for the message; nothing when it is not shown. With `minimalTrace` the
-    /// echoes of commands are not shown, but they still tell the language.
-    std::optional<QString> Frame(
-        const QString& text, MCommandMessage::MessageType type, bool minimalTrace);
+    /// What to append for the message; nothing when it is never shown.
+    std::optional<OutputText> Frame(const QString& text, MCommandMessage::MessageType type);
     /// Back to MEL, as before the first message.
     void Reset() { m_isMel = true; }
 

@@ -10,7 +10,7 @@ OutputQueue::OutputQueue(Show show)
     : m_show(std::move(show))
 { }
 
-void OutputQueue::Append(const QString& text)
+void OutputQueue::Append(const OutputText& text)
 {
     if (QThread::currentThread() != thread()) {
         QMetaObject::invokeMethod(

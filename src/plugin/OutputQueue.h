@@ -1,7 +1,8 @@
 #pragma once
 
+#include "plugin/OutputText.h"
+
 #include <QObject>
-#include <QString>
 
 #include <functional>
 
@@ -12,12 +13,12 @@ class OutputQueue : public QObject
 {
 public:
     /// Takes each text, in the order in which its thread printed it.
-    using Show = std::function<void(const QString&)>;
+    using Show = std::function<void(const OutputText&)>;
 
     explicit OutputQueue(Show show);
 
     /// Any thread, as long as the object lives.
-    void Append(const QString& text);
+    void Append(const OutputText& text);
 
 private:
     const Show m_show;

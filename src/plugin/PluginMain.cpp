@@ -33,10 +33,8 @@ void OnCommandOutputReceived(
 {
     if (Settings::traceHideAll || !TarnwickEditorCommand::GuiAvailable())
         return;
-    const auto text
-        = framing.Frame(MayaUtil::ToQString(message), type, Settings::outputMinimalTrace);
-    if (text)
-        TarnwickEditorCommand::AppendToOutput(*text);
+    if (const auto output = framing.Frame(MayaUtil::ToQString(message), type))
+        TarnwickEditorCommand::AppendToOutput(*output);
 }
 
 /// Both callbacks or none.

@@ -32,10 +32,12 @@ bool isFirstInvocation = true;
 /// Lives from loading to unloading, so that no thread touches a window that is being deleted.
 std::unique_ptr<OutputQueue> threadOutput;
 
-void ShowOutput(const QString& text)
+void ShowOutput(const OutputText& output)
 {
+    if (output.isEcho && Settings::outputMinimalTrace)
+        return;
     if (TarnwickEditor* const window = editor)
-        window->AppendToOutputThreadSafe(text);
+        window->AppendToOutputThreadSafe(output.text);
 }
 
 } // namespace
@@ -130,7 +132,7 @@ bool TarnwickEditorCommand::GuiAvailable()
     return editor != nullptr;
 }
 
-void TarnwickEditorCommand::AppendToOutput(const QString& text)
+void TarnwickEditorCommand::AppendToOutput(const OutputText& text)
 {
     if (threadOutput)
         threadOutput->Append(text);

@@ -3,7 +3,7 @@
 #include <maya/MPxCommand.h>
 #include <maya/MSyntax.h>
 
-class QString;
+struct OutputText;
 class QWidget;
 class TarnwickEditor;
 
@@ -27,7 +27,7 @@ public:
     /// Whether the window exists.
     static bool GuiAvailable();
     /// Shows the text in the console, if there is a window. Any thread.
-    static void AppendToOutput(const QString& text);
+    static void AppendToOutput(const OutputText& text);
 
 private:
     static MStatus GetVersion();

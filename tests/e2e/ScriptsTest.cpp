@@ -1,6 +1,7 @@
 #include "e2e/EditorSession.h"
 #include "support/TestMain.h"
 
+#include <QComboBox>
 #include <QFile>
 #include <QtTest>
 
@@ -15,6 +16,7 @@ private Q_SLOTS:
     void RunsAndShows();
     void ThreadsPrintInOrder();
     void AThreadThatHasEndedComesFirst();
+    void MinimalVerbosityLeavesOutWhatIsRun();
 
 private:
     static QString Script(const char* file);
@@ -116,6 +118,22 @@ void ScriptsTest::AThreadThatHasEndedComesFirst()
     QTRY_VERIFY(m_session.ConsoleText().contains("main 2\n"));
     QCOMPARE(m_session.ConsoleText().split('\n').filter(QRegularExpression("^(thread|main) \\d")),
         (QStringList{"thread 0", "main 0", "thread 1", "main 1", "thread 2", "main 2"}));
+}
+
+void ScriptsTest::MinimalVerbosityLeavesOutWhatIsRun()
+{
+    const auto console = m_session.Console();
+    QVERIFY(console);
+    QComboBox* const verbosity = console->window()->findChild<QComboBox*>("m_verbosity");
+    QVERIFY(verbosity);
+    const QString python = "print('text')\n40 + 2 # echoed\n";
+    for (const QString& mode : {QStringLiteral("Minimal"), QStringLiteral("Normal")}) {
+        QVERIFY(m_session.Mel("tarnwickEditor2 -clearOutput"));
+        verbosity->setCurrentIndex(verbosity->findText(mode));
+        m_session.Execute(m_session.Focus("Python"), python);
+        QTRY_VERIFY(m_session.ConsoleText().contains("text\n"));
+        QCOMPARE(m_session.ConsoleText().contains("# echoed"), mode == "Normal");
+    }
 }
 
 TE2_TEST(ScriptsTest)

@@ -117,7 +117,7 @@ class OutputFramingTest : public QObject
 private Q_SLOTS:
     void Frame_data();
     void Frame();
-    void MinimalTraceDropsOnlyTheEcho();
+    void OnlyHistoryIsAnEcho();
     void PrefixLastsUntilTheNextEchoOrPrint();
 };
 
@@ -149,30 +149,27 @@ void OutputFramingTest::Frame()
     QFETCH(Type, type);
     QFETCH(QString, text);
     OutputFraming framing;
-    framing.Frame(before, Type::kHistory, false);
-    QTEST(framing.Frame(text, type, false).value_or(QString()), "shown");
+    framing.Frame(before, Type::kHistory);
+    QTEST(framing.Frame(text, type).value_or(OutputText()).text, "shown");
 }
 
-void OutputFramingTest::MinimalTraceDropsOnlyTheEcho()
+void OutputFramingTest::OnlyHistoryIsAnEcho()
 {
     OutputFraming framing;
-    QVERIFY(!framing.Frame("import os\n", Type::kHistory, true));
+    QVERIFY(framing.Frame("import os\n", Type::kHistory)->isEcho);
     for (Type type : {Type::kDisplay, Type::kInfo, Type::kWarning, Type::kError, Type::kResult})
-        QVERIFY(framing.Frame("text", type, true));
-    // The echo was not shown, but it told the language.
-    framing.Frame("ls;\n", Type::kHistory, true);
-    QCOMPARE(*framing.Frame("a", Type::kResult, true), "// Result: a //\n");
+        QVERIFY(!framing.Frame("text", type)->isEcho);
 }
 
 void OutputFramingTest::PrefixLastsUntilTheNextEchoOrPrint()
 {
     OutputFraming framing;
-    QCOMPARE(*framing.Frame("a", Type::kInfo, false), "// a //\n");
-    framing.Frame("x\n", Type::kDisplay, false);
-    framing.Frame("e;\n", Type::kError, false);
-    QCOMPARE(*framing.Frame("a", Type::kInfo, false), "# a #\n");
+    QCOMPARE(framing.Frame("a", Type::kInfo)->text, "// a //\n");
+    framing.Frame("x\n", Type::kDisplay);
+    framing.Frame("e;\n", Type::kError);
+    QCOMPARE(framing.Frame("a", Type::kInfo)->text, "# a #\n");
     framing.Reset();
-    QCOMPARE(*framing.Frame("a", Type::kInfo, false), "// a //\n");
+    QCOMPARE(framing.Frame("a", Type::kInfo)->text, "// a //\n");
 }
 
 TE2_TEST(MelTextTest)

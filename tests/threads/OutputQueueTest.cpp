@@ -25,13 +25,13 @@ void OutputQueueTest::EveryTextIsShownInItsOrder()
     OutputFraming framing;
     QVector<QStringList> shown(THREADS + 1);
     QVector<QStringList> wanted(THREADS + 1);
-    OutputQueue queue([&shown](const QString& text) {
-        shown[text.section(' ', 0, 0).toInt()] += text; // by the one that printed it
+    OutputQueue queue([&shown](const OutputText& output) {
+        shown[output.text.section(' ', 0, 0).toInt()] += output.text; // by the one that printed it
     });
     const auto print = [&](int who, int number) {
         // The end of what is echoed tells the language of what follows.
         const QString text = QString("%1 %2%3\n").arg(who).arg(number).arg(number % 2 ? "" : ";");
-        queue.Append(*framing.Frame(text, MCommandMessage::kDisplay, false));
+        queue.Append(*framing.Frame(text, MCommandMessage::kDisplay));
         return text;
     };
 
@@ -56,10 +56,11 @@ void OutputQueueTest::EveryTextIsShownInItsOrder()
 void OutputQueueTest::WhatWaitsGoesWithTheQueue()
 {
     QStringList shown;
-    auto queue = std::make_unique<OutputQueue>([&shown](const QString& text) { shown += text; });
-    std::thread([&queue] { queue->Append("before"); }).join();
-    queue->Append("own");
-    std::thread([&queue] { queue->Append("too late"); }).join();
+    auto queue = std::make_unique<OutputQueue>(
+        [&shown](const OutputText& output) { shown += output.text; });
+    std::thread([&queue] { queue->Append({"before"}); }).join();
+    queue->Append({"own"});
+    std::thread([&queue] { queue->Append({"too late"}); }).join();
     queue.reset();
     QCoreApplication::processEvents();
     QCOMPARE(shown, (QStringList{"before", "own"}));
