@@ -11,12 +11,23 @@
 #include <QTextCursor>
 #include <QTextDocument>
 
+#include <utility>
+
 using fuzz::Expect;
 
 namespace {
 
 constexpr int MAXIMUM_EDITS = 20;
-constexpr int REPEATED_LENGTH = 2000;
+constexpr int REPEATED_LENGTH = 500;
+
+/// What is asked of a match reads its line up to there, and all of them may stand in one: of many
+/// only some are asked.
+bool IsAsked(int match)
+{
+    constexpr int FIRST = 50;
+    constexpr int STEP = 97;
+    return match < FIRST || match % STEP == 0;
+}
 
 void Edit(fuzz::Input& input, QTextDocument& document)
 {
@@ -34,11 +45,11 @@ void Edit(fuzz::Input& input, QTextDocument& document)
 QString Described(const DocumentSearch& search)
 {
     QString text = QStringLiteral("%1:").arg(search.GetTotal());
+    int match = 0;
     search.VisitAllMatches([&](const TextSpan& span, const QRegularExpressionMatch&) {
-        text += QStringLiteral(" %1-%2#%3")
-                    .arg(span.start)
-                    .arg(span.end)
-                    .arg(search.GetNumber(span.start));
+        text += QStringLiteral(" %1-%2").arg(span.start).arg(span.end);
+        if (IsAsked(match++))
+            text += QStringLiteral("#%1").arg(search.GetNumber(span.start));
     });
     for (const int block : search.GetHitBlocks())
         text += QStringLiteral(" b%1").arg(block);
@@ -48,17 +59,18 @@ QString Described(const DocumentSearch& search)
 void ExpectFindable(const DocumentSearch& search)
 {
     TextSpan last;
+    int match = 0;
     search.VisitAllMatches([&](const TextSpan& span, const QRegularExpressionMatch&) {
+        const TextSpan before = std::exchange(last, span);
         // Behind an empty match there may be a longer one at the same place.
-        const TextSpan next = search.FindNext(qMax(last.start + 1, last.end));
-        if (span.start == last.start)
+        if (span.start == before.start || !IsAsked(match++))
             return;
+        const TextSpan next = search.FindNext(qMax(before.start + 1, before.end));
         Expect(next.start == span.start && next.end == span.end && search.IsMatch(span),
             QStringLiteral("%1-%2 is found next, not %3")
                 .arg(span.start)
                 .arg(span.end)
                 .arg(next.start));
-        last = span;
     });
 }
 
