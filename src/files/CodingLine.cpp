@@ -40,11 +40,24 @@ QByteArray ToolkitName(QByteArray name)
     return name.startsWith("cp125") ? "windows-" + name.mid(2) : name;
 }
 
+/// Whether what can be typed in English is in the codec what it is everywhere. In no other could
+/// the declaration itself be read, or a "+" be typed without becoming something else.
+bool KeepsPlainText(const QTextCodec& codec)
+{
+    static const QByteArray PLAIN = [] {
+        QByteArray plain = QByteArrayLiteral("\t\n");
+        for (char character = ' '; character <= '~'; ++character)
+            plain += character;
+        return plain;
+    }();
+    return codec.fromUnicode(QString::fromLatin1(PLAIN)) == PLAIN
+        && codec.toUnicode(PLAIN) == QString::fromLatin1(PLAIN);
+}
+
 QByteArray CodecName(const QByteArray& declared)
 {
     const QTextCodec* const codec = QTextCodec::codecForName(ToolkitName(declared));
-    const QString sample = QStringLiteral("# coding:\n");
-    return codec && codec->fromUnicode(sample) == sample.toLatin1() ? codec->name() : QByteArray();
+    return codec && KeepsPlainText(*codec) ? codec->name() : QByteArray();
 }
 
 } // namespace

@@ -91,11 +91,12 @@ QString DecodeUnmarked(const QByteArray& bytes, const QTextCodec& chosen, TextFo
         : QTextCodec::codecForName(format.declared);
     QString text;
     const bool isChosen = TextBytes::DecodeExactly(bytes, chosen, text);
-    // Nothing has been said yet by a text that is the same in both.
-    if (declared
-        && (isChosen ? IsAscii(bytes) : TextBytes::DecodeExactly(bytes, *declared, text))) {
+    // Plain bytes say nothing against the declaration; some codecs have other characters in them.
+    QString declaredText;
+    if (declared && (!isChosen || IsAscii(bytes))
+        && TextBytes::DecodeExactly(bytes, *declared, declaredText)) {
         format.codec = format.declared;
-        return text;
+        return declaredText;
     }
     return isChosen ? text : DecodeOdd(bytes, chosen, format);
 }

@@ -69,6 +69,10 @@ void TextFormatTest::SaysHowATextStands_data()
     row("declared below code", "x\n# coding: latin-1\n", "x\n# coding: latin-1\n", "|");
     row("declared too late", "#\n\n# coding: latin-1\n", "#\n\n# coding: latin-1\n", "|");
     row("declared, not known", "# coding: rot13\n", "# coding: rot13\n", "|");
+    row("declared, but not for plain text", "# coding: utf-7\na + b\n",
+        "# coding: utf-7\na + b\n", "|");
+    row("declared, in plain bytes", "# coding: iso-2022-jp\n'\x1b$B4A\x1b(B'\n",
+        "# coding: iso-2022-jp\n'\xe6\xbc\xa2'\n", "ISO-2022-JP (declared)|");
     row("declared, not readable so", "# coding: utf-16\n", "# coding: utf-16\n", "|");
     // clang-format on
 }
