@@ -210,11 +210,10 @@ QString Reader::ReadVariable(const QRegularExpressionMatch& match)
 {
     const bool isPath = match.capturedLength(3) > 0;
     const QString value = isPath ? InModule(match.captured(4)) : match.captured(4);
-    if (match.capturedLength(2) > 0)
-        m_environment.Append(match.captured(1), value);
-    else
-        m_environment.Set(match.captured(1), value);
-    return {};
+    const QString name = match.captured(1);
+    const bool isSet = match.capturedLength(2) > 0 ? m_environment.Append(name, value)
+                                                   : m_environment.Set(name, value);
+    return isSet ? QString() : TooLongForEnvironment(name);
 }
 
 void Reader::Join(const SearchPath& path, const QString& folder, bool withSubfolders)
@@ -228,8 +227,9 @@ void Reader::Join(const SearchPath& path, const QString& folder, bool withSubfol
     }
     for (const QString& joined : qAsConst(folders)) {
         for (const char* variable : path.variables) {
-            if (variable)
-                m_environment.Append(QLatin1String(variable), joined + QLatin1String(path.suffix));
+            const QString entry = joined + QLatin1String(path.suffix);
+            if (variable && !m_environment.Append(QLatin1String(variable), entry))
+                return Complain(TooLongForEnvironment(QLatin1String(variable)));
         }
     }
 }

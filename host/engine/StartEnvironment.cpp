@@ -8,6 +8,7 @@ namespace host {
 namespace {
 
 constexpr QChar SEPARATOR = QLatin1Char(':');
+constexpr int LONGEST = 128 * 1024 - 1; // bytes, with the name: the kernel's own limit
 
 QString Expanded(QString text)
 {
@@ -28,6 +29,11 @@ QString Expanded(QString text)
 
 } // namespace
 
+QString TooLongForEnvironment(const QString& name)
+{
+    return QStringLiteral("The value of \"%1\" is too long.").arg(name);
+}
+
 QStringList EnvironmentEntries(const char* name)
 {
     return qEnvironmentVariable(name).split(SEPARATOR, Qt::SkipEmptyParts);
@@ -43,24 +49,28 @@ StartEnvironment::~StartEnvironment()
     }
 }
 
-void StartEnvironment::Set(const QString& name, const QString& value)
+bool StartEnvironment::Set(const QString& name, const QString& value)
 {
     const QByteArray key = name.toUtf8();
+    const QByteArray bytes = value.toUtf8();
+    if (key.size() + bytes.size() + 1 > LONGEST)
+        return false;
     if (!m_before.contains(key)) {
         m_before.insert(key,
             qEnvironmentVariableIsSet(key.constData()) ? "" + qgetenv(key.constData())
                                                        : QByteArray());
     }
-    qputenv(key.constData(), value.toUtf8());
+    qputenv(key.constData(), bytes);
+    return true;
 }
 
-void StartEnvironment::Append(const QString& name, const QString& entry)
+bool StartEnvironment::Append(const QString& name, const QString& entry)
 {
     QStringList entries = EnvironmentEntries(name.toUtf8().constData());
     if (entries.contains(entry))
-        return;
+        return true;
     entries += entry;
-    Set(name, entries.join(SEPARATOR));
+    return Set(name, entries.join(SEPARATOR));
 }
 
 QStringList StartEnvironment::ReadFile(const QString& path)
@@ -89,9 +99,9 @@ QString StartEnvironment::ReadLine(const QString& line)
     const QRegularExpressionMatch match = form.match(line);
     if (!match.hasMatch())
         return QStringLiteral("\"%1\" is not NAME = value.").arg(line);
-    if (!IsGiven(match.captured(1).toUtf8()))
-        Set(match.captured(1), Expanded(match.captured(2)));
-    return {};
+    const QString name = match.captured(1);
+    const bool isSet = IsGiven(name.toUtf8()) || Set(name, Expanded(match.captured(2)));
+    return isSet ? QString() : TooLongForEnvironment(name);
 }
 
 bool StartEnvironment::IsGiven(const QByteArray& name) const

@@ -17,9 +17,11 @@ public:
     StartEnvironment(const StartEnvironment&) = delete;
     StartEnvironment& operator=(const StartEnvironment&) = delete;
 
-    void Set(const QString& name, const QString& value);
+    /// False, and nothing changes, when the value is longer than any process may be given: none
+    /// could be started with it.
+    bool Set(const QString& name, const QString& value);
     /// Adds an entry behind those that are there (":" between), unless it is one of them.
-    void Append(const QString& name, const QString& entry);
+    bool Append(const QString& name, const QString& entry);
 
     /// Lines "NAME = value" of Maya.env; $NAME and ${NAME} in a value are variables. What the
     /// process was started with stays. Returns what is wrong with the file, a text for each line.
@@ -31,6 +33,9 @@ private:
 
     QHash<QByteArray, QByteArray> m_before; ///< null for a variable that was not there
 };
+
+/// What to say of a variable that could not be set.
+QString TooLongForEnvironment(const QString& name);
 
 /// The entries of a variable that holds a list.
 QStringList EnvironmentEntries(const char* name);

@@ -191,6 +191,12 @@ void ModulesTest::EnvironmentFile_data()
     Row("built upon others", "TE2_A=$TE2_GIVEN/a\nTE2_A=$TE2_A:${TE2_GIVEN}b\nTE2_B=$TE2_NONE$", "",
         "TE2_A=/given$TE2_B/a:/given$TE2_Bb TE2_B=$");
     Row("what is there stays", "TE2_GIVEN=other\nTE2_A=$TE2_GIVEN", "", "TE2_A=/given$TE2_B");
+    QString doubled = "TE2_A=x\n";
+    for (int i = 0; i < 17; ++i)
+        doubled += "TE2_A=$TE2_A$TE2_A\n";
+    Row("grown too long", doubled + "TE2_B=${TE2_A}",
+        "line 18: The value of \"TE2_A\" is too long.",
+        QString("TE2_A=%1 TE2_B=%1").arg(QString(1 << 16, 'x')));
     Row("no assignment", "TE2_A\nTE2_B=1", "line 1: \"TE2_A\" is not NAME = value.", "TE2_B=1");
 }
 
