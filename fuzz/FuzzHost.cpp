@@ -13,7 +13,9 @@ namespace fuzz {
 
 namespace {
 
-std::unique_ptr<FuzzHost> shared;
+/// Not destroyed when a process exits without closing it, as the fuzzer's does: what it needs for
+/// that may be gone by then.
+FuzzHost* shared = nullptr;
 
 } // namespace
 
@@ -41,13 +43,14 @@ FuzzHost::~FuzzHost()
 FuzzHost& FuzzHost::Get()
 {
     if (!shared)
-        shared.reset(new FuzzHost);
+        shared = new FuzzHost;
     return *shared;
 }
 
 void FuzzHost::Close()
 {
-    shared.reset();
+    delete shared;
+    shared = nullptr;
 }
 
 QString FuzzHost::PathOf(const QString& name) const
