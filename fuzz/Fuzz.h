@@ -3,6 +3,7 @@
 #include <QByteArray>
 #include <QString>
 
+#include <type_traits>
 #include <vector>
 
 /// What the fuzz targets share. A target is one function that takes an input, has the program read
@@ -60,6 +61,13 @@ void RunTarget(const Target& target, const QByteArray& bytes);
 
 /// Ends the process with that text when the property does not hold.
 void Expect(bool holds, const QString& text);
+/// The same in loops: the text is made only when it is needed.
+template <typename Describe, typename = std::enable_if_t<std::is_invocable_r_v<QString, Describe>>>
+void Expect(bool holds, const Describe& describe)
+{
+    if (!holds)
+        Expect(false, QString(describe()));
+}
 
 } // namespace fuzz
 

@@ -108,10 +108,11 @@ void ExpectSame(Script& edited, Script& fresh)
     for (QTextBlock block = edited.document.begin(); block.isValid(); block = block.next()) {
         const QString shown = Described(edited, block);
         const QString expected = Described(fresh, other);
-        Expect(shown == expected,
-            QStringLiteral("line %1 \"%2\"\nedited: %3\nfresh:  %4")
+        Expect(shown == expected, [&] {
+            return QStringLiteral("line %1 \"%2\"\nedited: %3\nfresh:  %4")
                 .arg(block.blockNumber())
-                .arg(block.text(), shown, expected));
+                .arg(block.text(), shown, expected);
+        });
         other = other.next();
     }
 }

@@ -47,8 +47,13 @@ void Tokens(const QString& text, mel::Lexer::Mode mode)
     int position = 0;
     while (true) {
         const mel::Token token = lexer.Next(position, mode);
-        Expect(position <= token.start && token.start <= token.end && token.end <= text.size(),
-            QStringLiteral("token %1-%2 behind %3").arg(token.start).arg(token.end).arg(position));
+        Expect(
+            position <= token.start && token.start <= token.end && token.end <= text.size(), [&] {
+                return QStringLiteral("token %1-%2 behind %3")
+                    .arg(token.start)
+                    .arg(token.end)
+                    .arg(position);
+            });
         if (token.kind == mel::TokenKind::End)
             return;
         Expect(token.end > position, QStringLiteral("every token moves on"));

@@ -21,13 +21,13 @@ void ExpectNested(const PythonSource& source, int lines)
         const PythonStatement& statement = statements.at(i);
         Expect(0 <= statement.firstLine && statement.firstLine <= statement.lastLine
                 && statement.lastLine < lines,
-            QStringLiteral("statement %1 has lines").arg(i));
+            [i] { return QStringLiteral("statement %1 has lines").arg(i); });
         Expect(statement.parent < i && statement.owner < i && statement.partner < i
                 && statement.end > i && statement.end <= statements.size(),
-            QStringLiteral("statement %1 stands below those before it").arg(i));
+            [i] { return QStringLiteral("statement %1 stands below those before it").arg(i); });
         Expect(0 <= statement.firstBinding && statement.firstBinding <= statement.endOfBindings
                 && statement.endOfBindings <= source.GetBindings().size(),
-            QStringLiteral("statement %1 has bindings").arg(i));
+            [i] { return QStringLiteral("statement %1 has bindings").arg(i); });
     }
     Expect(source.GetLineStatement() < statements.size(), QStringLiteral("its line has one"));
 }
@@ -53,7 +53,7 @@ void ExpectEscaped(const QString& text)
     bool isEscape = false;
     for (const QChar character : escaped) {
         Expect(character != QLatin1Char('\n') && (isEscape || character != QLatin1Char('"')),
-            QStringLiteral("one literal: %1").arg(escaped));
+            [&] { return QStringLiteral("one literal: %1").arg(escaped); });
         isEscape = !isEscape && character == QLatin1Char('\\');
     }
     Expect(!isEscape, QStringLiteral("with an end: %1").arg(escaped));

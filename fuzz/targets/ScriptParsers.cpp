@@ -33,7 +33,7 @@ QString Told(const QVector<ParserMessage>& messages, int length)
         // that is added.
         Expect(0 <= message.start && message.start <= length
                 && (message.end == -1 || message.start <= message.end) && message.end <= length + 1,
-            QStringLiteral("within %1: %2").arg(length).arg(text));
+            [&] { return QStringLiteral("within %1: %2").arg(length).arg(text); });
         told += text;
     }
     return told.join(QLatin1Char('\n'));
@@ -56,7 +56,7 @@ void ExpectMarked(const QVector<ParserMessage>& messages, const QTextDocument& d
     for (const CodeEditorMark& mark : marks.GetMarks(MarkSeverity::Info)) {
         Expect(0 <= mark.start && mark.start <= mark.end && mark.end < document.characterCount()
                 && mark.line < document.blockCount(),
-            QStringLiteral("marked at %1-%2").arg(mark.start).arg(mark.end));
+            [&] { return QStringLiteral("marked at %1-%2").arg(mark.start).arg(mark.end); });
     }
 }
 
@@ -73,7 +73,7 @@ QString Told(BaseParser& parser, const QString& script)
                                  .arg(item.level);
         Expect(0 <= item.position && item.position <= script.size() && item.level >= 0
                 && last <= item.position,
-            QStringLiteral("in order, within %1: %2").arg(script.size()).arg(text));
+            [&] { return QStringLiteral("in order, within %1: %2").arg(script.size()).arg(text); });
         Expect(StandsAt(item, script), QStringLiteral("at its place: %1").arg(text));
         last = item.position;
         told += text;

@@ -27,7 +27,7 @@ void ExpectWithin(const QVector<SearchResult>& hits, const QString& text)
     int end = 0;
     for (const SearchResult& hit : hits) {
         Expect(end <= hit.position && hit.length >= 0 && hit.position + hit.length <= text.size(),
-            QStringLiteral("hits are in order and in the text:\n%1").arg(Listed(hits)));
+            [&] { return QStringLiteral("hits are in order and in the text:\n") + Listed(hits); });
         end = hit.position + hit.length;
     }
 }
