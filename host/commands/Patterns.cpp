@@ -14,6 +14,15 @@ QString Literal(QChar character)
     return QRegularExpression::escape(QString(character));
 }
 
+/// True when the "]" behind the backslash at `position` belongs to the set: another one closes it
+/// before a new set begins. "[^/\\]*$", the custom for the last part of a path, ends at the first.
+bool EscapesSetEnd(const QString& pattern, int position)
+{
+    const int close = pattern.indexOf(QLatin1Char(']'), position + 2);
+    const int open = pattern.indexOf(QLatin1Char('['), position + 2);
+    return close >= 0 && (open < 0 || close < open);
+}
+
 /// Position of the "]" that closes the set opened at `open`, -1 when there is none. A "]" right
 /// after the opening belongs to the set.
 int SetEnd(const QString& pattern, int open, const QString& negations)
@@ -23,9 +32,10 @@ int SetEnd(const QString& pattern, int open, const QString& negations)
         ++position;
     ++position;
     while (position < pattern.size() && pattern.at(position) != QLatin1Char(']')) {
-        if (pattern.at(position) == QLatin1Char('\\') && position + 1 < pattern.size())
-            ++position;
-        ++position;
+        const bool escape = pattern.at(position) == QLatin1Char('\\')
+            && position + 1 < pattern.size()
+            && (pattern.at(position + 1) != QLatin1Char(']') || EscapesSetEnd(pattern, position));
+        position += escape ? 2 : 1;
     }
     return position < pattern.size() ? position : -1;
 }
@@ -56,6 +66,15 @@ QString Set(const QString& pattern, int open, int end, const QString& negations)
         ++position;
     }
     return set + QLatin1Char(']');
+}
+
+/// A "|" with nothing before or behind it separates nothing: in ".*|" it is that of a path.
+bool SeparatesAlternatives(const QString& pattern, int position)
+{
+    const bool left = position > 0 && pattern.at(position - 1) != QLatin1Char('(');
+    const bool right
+        = position + 1 < pattern.size() && pattern.at(position + 1) != QLatin1Char(')');
+    return left && right;
 }
 
 /// Two repeats in a row mean what the wider of them means; the library would read the second one as
@@ -92,7 +111,8 @@ QRegularExpression MakeMatchExpression(const QString& pattern)
             expression += QLatin1String("(?:");
         } else if (character == QLatin1Char('$')) {
             expression += QLatin1String("\\z"); // "$" would also match before a last line feed
-        } else if (QStringLiteral(".^)|[").contains(character)) {
+        } else if (QStringLiteral(".^)[").contains(character)
+            || (character == QLatin1Char('|') && SeparatesAlternatives(pattern, i))) {
             expression += character; // a "[" here is never closed: the library reports it
         } else {
             expression += Literal(character);

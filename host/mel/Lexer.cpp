@@ -219,11 +219,9 @@ Token Lexer::StringToken(int start) const
     while (end < m_size && At(end) != '"') {
         if (IsLineEnd(At(end)))
             return {TokenKind::UnterminatedString, start, end};
-        if (At(end) == '\\' && At(end + 1) == '\r' && At(end + 2) == '\n')
-            ++end;
-        if (At(end) == '\\')
-            ++end;
-        ++end;
+        const bool escape = At(end) == '\\';
+        const bool wideLineEnd = escape && At(end + 1) == '\r' && At(end + 2) == '\n';
+        end += wideLineEnd ? 3 : escape ? 2 : 1;
     }
     if (end >= m_size)
         return {TokenKind::UnterminatedString, start, m_size};

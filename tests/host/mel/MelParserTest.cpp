@@ -181,7 +181,7 @@ void MelParserTest::EveryLineEndCounts()
     QCOMPARE(source.LineText(4), "d");
 
     MelFixture fixture;
-    fixture.Run("// comment\rprint \"cr\";\rerror \"three\";");
+    fixture.Run("// comment\rprint \"c\\\r\nr\";error \"three\";");
     QCOMPARE(fixture.Printed(), "cr");
     QCOMPARE(fixture.Texts(MessageType::Error), QStringList{"line 3: three"});
 }
