@@ -11,6 +11,7 @@ Session::Session(Engine& engine)
     , scriptJobs(std::make_unique<ScriptJobs>(engine))
 {
     project.SetRoot(engine.paths.ApplicationDirectory() + QLatin1String("/projects/default"));
+    expressions.Serve(scene);
     m_clock.start();
 }
 

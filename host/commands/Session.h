@@ -9,6 +9,8 @@
 #include "commands/Random.h"
 #include "commands/RunTimeCommands.h"
 #include "commands/ScriptJobs.h"
+#include "commands/scene/Expressions.h"
+#include "commands/scene/KeySettings.h"
 #include "engine/Value.h"
 #include "scene/Scene.h"
 
@@ -43,9 +45,11 @@ public:
     QMap<QString, Value> optionDefaults;
     QMap<QString, QString> optionCategories;
     Deferred deferred;
+    Expressions expressions;
     HelpRequests helpRequests;
     HistoryFile historyFile;
     Hotkeys hotkeys;
+    KeySettings keys;
     Project project;
     RunTimeCommands runTimeCommands;
     std::unique_ptr<ScriptJobs> scriptJobs;

@@ -1,5 +1,6 @@
 #include "scene/Evaluation.h"
 
+#include "scene/AnimationCurve.h"
 #include "scene/Shapes.h"
 #include "scene/Transforms.h"
 
@@ -56,8 +57,7 @@ Value ComputeCurve(const Scene& scene, const Plug& plug)
         return {};
     const Plug input = plug.Sibling(QStringLiteral("input"));
     const double time = input.Incoming() ? scene.GetValue(input).ToFloat() : scene.EvaluationTime();
-    const Value keys = scene.GetStored(plug.Sibling(QStringLiteral("keyTimeValue")));
-    return CurveValue(keys.Get<FloatList>(), time);
+    return AnimationCurve::Of(scene, *plug.node).ValueAt(time);
 }
 
 double Calculated(int operation, double a, double b)
@@ -142,6 +142,23 @@ Value ComputeSum(const Scene& scene, const Plug& plug)
     return operation == 3 && !indices.isEmpty() ? sum / indices.size() : sum;
 }
 
+Value ComputeExpression(const Scene& scene, const Plug& plug)
+{
+    if (!scene.runExpression || !plug.key.startsWith(QLatin1String("output[")))
+        return {};
+    return scene.runExpression(*plug.node, plug.key.midRef(7, plug.key.size() - 8).toInt());
+}
+
+Value ComputeWeighted(const Scene& scene, const Plug& plug)
+{
+    double sum = 0;
+    for (const int index : plug.node->Indices(QStringLiteral("input"))) {
+        sum += Number(scene, plug, QStringLiteral("input[%1]").arg(index))
+            * Number(scene, plug, QStringLiteral("weight[%1]").arg(index));
+    }
+    return sum;
+}
+
 Value ComputeMatrix(const Scene& scene, const Plug& plug)
 {
     const NodeType& type = plug.node->GetType();
@@ -184,25 +201,6 @@ Value ComputeMatrix(const Scene& scene, const Plug& plug)
 
 } // namespace
 
-double CurveValue(const QVector<double>& keys, double time)
-{
-    if (keys.size() < 2)
-        return 0;
-    if (time <= keys[0])
-        return keys[1];
-    int low = 0;
-    int high = keys.size() / 2 - 1;
-    if (time >= keys[high * 2])
-        return keys[high * 2 + 1];
-    while (high - low > 1) {
-        const int middle = (low + high) / 2;
-        (keys[middle * 2] <= time ? low : high) = middle;
-    }
-    const double span = keys[high * 2] - keys[low * 2];
-    const double share = (time - keys[low * 2]) / span;
-    return keys[low * 2 + 1] + share * (keys[high * 2 + 1] - keys[low * 2 + 1]);
-}
-
 Value Computed(const Scene& scene, const Plug& plug)
 {
     const NodeType& type = plug.node->GetType();
@@ -219,6 +217,10 @@ Value Computed(const Scene& scene, const Plug& plug)
         return ComputeMatrix(scene, plug);
     if (plug.HasChildren())
         return {};
+    if (type.Is("expression"))
+        return ComputeExpression(scene, plug);
+    if (type.Is("blendWeighted"))
+        return ComputeWeighted(scene, plug);
     if (type.Is("plusMinusAverage"))
         return ComputeSum(scene, plug);
     if (type.Is("lambert") && plug.attribute->longName.startsWith(QLatin1String("outColor")))

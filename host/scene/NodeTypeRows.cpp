@@ -4,6 +4,8 @@
 
 namespace host::scene {
 
+QVector<NodeTypeRow> DeformerTypeRows();
+
 namespace {
 
 // clang-format off
@@ -35,7 +37,7 @@ const NodeTypeRow ROWS[] = {
         "jointOrient/jo double3:doubleAngle; segmentScaleCompensate/ssc bool =1; inverseScale/is double3 =1; radius/radi float b =1 0..;"
         "drawStyle/ds enum {Bone:Multi-child_as_Box:None}; side/sd enum {Center:Left:Right:None}; type/typ enum; otherType/otp string;"
         "preferredAngle/pa double3:doubleAngle; stiffness/st double3"},
-    {"ikHandle", "transform", "startJoint/hsj message; endEffector/hee message; ikBlend/ikb double k =1 0..1; twist/twi doubleAngle k;"
+    {"ikHandle", "transform", "startJoint/hsj message; endEffector/hee message; ikSolver/hsv message; inCurve/ic nurbsCurve; priority/hpr short =1; weight/wt double =1; stickiness/sti enum {Off:Sticky}; ikBlend/ikb double k =1 0..1; twist/twi doubleAngle k;"
         "poleVector/pv double3 k"},
     {"ikEffector", "transform", "handlePath/hp message m"},
     {"place3dTexture", "transform", ""},
@@ -84,7 +86,7 @@ const NodeTypeRow ROWS[] = {
     {"volumeLight", "pointLight", ""},
     {"imagePlane", "shape", "imageName/imn string; alphaGain/ag float =1"},
     {"annotationShape", "shape", "text/txt string; displayArrow/daro bool =1"},
-    {"lattice", "controlPoint", ""},
+    {"lattice", "controlPoint", "sDivisions/sd long =2 2..; tDivisions/td long =5 2..; uDivisions/ud long =2 2..; latticeOutput/lo lattice o"},
     {"follicle", "shape", ""},
     {"unknownDag", "dagNode", ""},
 
@@ -126,7 +128,7 @@ const NodeTypeRow ROWS[] = {
     {"renderLayer", "node", "identification/rlid short; renderable/rndr bool =1; global/g bool; displayOrder/do long"},
     {"script", "node", "before/b string; after/a string; scriptType/st enum =1 {Demand:Open/Close:GUI_Open/Close:UI_Configuration:Software_Render:Software_Frame_Render:Scene_Configuration:Time_Changed};"
         "sourceType/stp enum {MEL:Python}"},
-    {"expression", "node", "expression/ixp string; attributesTable/t string m; output/out double mo; time/tim time"},
+    {"expression", "node", "expression/ixp string; input/in double m; output/out double mo; time/tim time; alwaysEvaluate/aev bool h =1"},
     {"unknown", "node", ""},
     {"network", "node", "affectedBy/ab message m"},
     {"container", "containerBase", "isCollapsed/isc bool"},
@@ -185,6 +187,7 @@ const NodeTypeRow ROWS[] = {
     {"addDoubleLinear", "node", "input1/i1 doubleLinear; input2/i2 doubleLinear; output/o doubleLinear o"},
     {"multDoubleLinear", "node", "input1/i1 doubleLinear; input2/i2 doubleLinear; output/o doubleLinear o"},
     {"unitConversion", "node", "input/i double; output/o double o; conversionFactor/cf double =1"},
+    {"blendWeighted", "node", "input/i double mk; weight/w double m =1; current/c long; output/o double o"},
     {"blendTwoAttr", "node", "input/i double m; attributesBlender/ab double; current/c long; output/o double o"},
     {"pairBlend", "node", "weight/w double k 0..1; inTranslate1/it1 double3:doubleLinear; inTranslate2/it2 double3:doubleLinear; inRotate1/ir1 double3:doubleAngle;"
         "inRotate2/ir2 double3:doubleAngle; outTranslate/ot double3:doubleLinear o; outRotate/or double3:doubleAngle o"},
@@ -193,7 +196,8 @@ const NodeTypeRow ROWS[] = {
     {"decomposeMatrix", "node", "inputMatrix/imat matrix; inputRotateOrder/ro enum; outputTranslate/ot double3:doubleLinear o; outputRotate/or double3:doubleAngle o; outputScale/os double3 o"},
     {"composeMatrix", "node", "inputTranslate/it double3:doubleLinear; inputRotate/ir double3:doubleAngle; inputScale/is double3 =1; outputMatrix/omat matrix o"},
 
-    {"*animCurve", "node", "input/i time; output/o double o; keyTimeValue/ktv doubleArray h; preInfinity/pre enum {Constant:Linear}; postInfinity/pst enum {Constant:Linear};"
+    {"*animCurve", "node", "input/i time; output/o double o; keyTimeValue/ktv doubleArray h; keyTangents/ktn doubleArray h;"
+        "preInfinity/pre enum {Constant:Linear:Cycle=3:Cycle_with_Offset:Oscillate}; postInfinity/pst enum {Constant:Linear:Cycle=3:Cycle_with_Offset:Oscillate};"
         "tangentType/tan enum; weightedTangents/wgt bool"},
     {"animCurveTA", "animCurve", ""}, {"animCurveTL", "animCurve", ""}, {"animCurveTT", "animCurve", ""}, {"animCurveTU", "animCurve", ""},
     {"animCurveUA", "animCurve", ""}, {"animCurveUL", "animCurve", ""}, {"animCurveUT", "animCurve", ""}, {"animCurveUU", "animCurve", ""},
@@ -227,7 +231,8 @@ const NodeTypeRow ROWS[] = {
 
 const QVector<NodeTypeRow>& NodeTypeRows()
 {
-    static const QVector<NodeTypeRow> rows(std::begin(ROWS), std::end(ROWS));
+    static const QVector<NodeTypeRow> rows
+        = QVector<NodeTypeRow>(std::begin(ROWS), std::end(ROWS)) + DeformerTypeRows();
     return rows;
 }
 

@@ -1,5 +1,7 @@
 #include "scene/Plug.h"
 
+#include "scene/Scene.h"
+
 namespace host::scene {
 
 namespace {
@@ -28,6 +30,10 @@ Plug ChildOf(const Plug& plug, const Attribute& child)
 
 Plug Plug::Find(Node& node, const QString& path)
 {
+    const QString first = path.section(QLatin1Char('.'), 0, 0);
+    const QString aliased = node.GetAliases().value(first);
+    if (!aliased.isEmpty() && aliased != first)
+        return Find(node, aliased + path.mid(first.size()));
     QHash<QString, int> indices;
     const Attribute* attribute = nullptr;
     for (const QString& part : path.split(QLatin1Char('.'))) {
@@ -96,7 +102,7 @@ bool Plug::IsInChannelBox() const
 
 bool Plug::IsSettable() const
 {
-    return attribute->isWritable && !IsLocked() && !Incoming();
+    return attribute->isWritable && !IsLocked() && (!Incoming() || Scene::IsKeyedOnly(*this));
 }
 
 ConnectionPointer Plug::Incoming() const

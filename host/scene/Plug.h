@@ -26,7 +26,7 @@ struct Plug
     bool IsLocked() const;
     bool IsKeyable() const;
     bool IsInChannelBox() const;
-    /// Nobody else decides about its value.
+    /// Nobody else decides about its value, other than keys.
     bool IsSettable() const;
     /// The connection into it or into a compound around it; null when there is none.
     ConnectionPointer Incoming() const;

@@ -101,7 +101,10 @@ void Scene::Reset()
     m_names = NameIndex();
     m_byUuid.clear();
     m_nodes.clear();
+    m_counts.clear();
+    ++m_changes;
     lastHidden.clear();
+    m_held.clear();
     info.clear();
     viewCamera = QStringLiteral("persp");
     m_namespaces = QStringList{QStringLiteral("UI"), QStringLiteral("shared")};
@@ -318,8 +321,10 @@ void Scene::SetPlayback(const Playback& playback)
     if (playback == m_playback)
         return;
     const auto apply = [this](const Playback& value) {
-        if (value.time != m_playback.time)
+        if (value.time != m_playback.time) {
+            m_held.clear();
             watches.NoteEvent(QStringLiteral("timeChanged"));
+        }
         m_playback = value;
     };
     Change([apply, playback] { apply(playback); }, [apply, before = m_playback] { apply(before); });

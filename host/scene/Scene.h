@@ -70,6 +70,8 @@ public:
     Node& Root() const { return *m_root; }
     /// In the order in which they were made.
     QVector<Node*> Nodes() const;
+    /// How many nodes there are of just this kind.
+    int CountOf(const NodeType& type) const { return m_counts.value(&type); }
     const NameIndex& Names() const { return m_names; }
     /// All nodes that a name, path, pattern or unique id means. Patterns match one namespace unless
     /// they name others; `everyNamespace` lets them match all.
@@ -106,6 +108,8 @@ public:
     /// The value, coming from elsewhere where something flows into the attribute. A compound gives
     /// an array of its children's numbers.
     Value GetValue(const Plug& plug) const;
+    /// Nothing but keys decides about its value: a script may set it until time moves on.
+    static bool IsKeyedOnly(const Plug& plug);
     /// The value that was set, or the default, whatever flows into the attribute.
     Value GetStored(const Plug& plug) const;
     /// A value of another kind is converted.
@@ -121,6 +125,11 @@ public:
     void RemoveElement(const Plug& element);
     /// An empty alias takes away the one that is there.
     void SetAlias(const Plug& plug, const QString& alias);
+
+    /// Grows with whatever may change a value, other than time.
+    quint64 CountChanges() const { return m_changes; }
+    /// Works out what an expression node sets; by whoever can run it. May be empty.
+    std::function<Value(Node& expression, int output)> runExpression;
 
     // Connections
 
@@ -165,6 +174,8 @@ private:
     void ApplySelection(int position, const QVector<Item>& out, const QVector<Item>& in);
     void Change(Journal::Action redo, Journal::Action undo);
     void ReplaceValue(const Plug& plug, const Value& after);
+    void SetHeld(const Node& node, const QString& key, bool held);
+    void ReleaseDrivenBy(const Node& curve);
     void DropValues(Node& node, const QString& key);
     void DropConnections(Node& node, const QString& key);
     QVector<Node*> WithOrphans(const QVector<Node*>& nodes) const;
@@ -184,8 +195,12 @@ private:
     Playback m_playback;
     SceneUnits m_units;
     QStringList m_namespaces;
+    /// Keyed attributes that were set since their keys spoke last: serial of the node, and key.
+    QSet<QPair<quint64, QString>> m_held;
     bool m_importing = false;
     QHash<QString, NodePointer> m_imported; ///< by the path in the file
+    QHash<const NodeType*, int> m_counts; ///< of the nodes in the scene
+    quint64 m_changes = 0;
     quint64 m_lastSerial = 0;
     quint64 m_lastConnection = 0;
 };

@@ -82,7 +82,9 @@ Value Scene::GetValue(const Plug& plug) const
         Deeper() { ++depth; }
         ~Deeper() { --depth; }
     } const deeper;
-    if (depth > MAXIMUM_FLOW)
+    const bool isHeld = !askedTime && !m_held.isEmpty()
+        && m_held.contains(qMakePair(plug.node->m_serial, plug.key));
+    if (depth > MAXIMUM_FLOW || isHeld)
         return GetStored(plug);
     const Plug source = SourceOf(plug);
     if (source.IsValid()) {
@@ -121,7 +123,31 @@ void Scene::ApplyValue(Node& node, const QString& key, const std::optional<Value
         node.m_values.remove(key);
     }
     isModified = true;
+    ++m_changes;
+    if (node.m_type->Is("animCurve"))
+        ReleaseDrivenBy(node);
     NoteAttribute(node, key);
+}
+
+bool Scene::IsKeyedOnly(const Plug& plug)
+{
+    const ConnectionPointer connection = plug.node->IncomingTo(plug.key);
+    return connection && connection->source->m_type->Is("animCurve");
+}
+
+void Scene::SetHeld(const Node& node, const QString& key, bool held)
+{
+    const auto entry = qMakePair(node.m_serial, key);
+    if (held)
+        m_held.insert(entry);
+    else
+        m_held.remove(entry);
+}
+
+void Scene::ReleaseDrivenBy(const Node& curve)
+{
+    for (const auto& [serial, connection] : curve.m_outgoing)
+        SetHeld(*connection->destination, connection->destinationKey, false);
 }
 
 void Scene::NoteAttribute(Node& node, const QString& key)
@@ -154,8 +180,17 @@ void Scene::ReplaceValue(const Plug& plug, const Value& after)
     const NodePointer node = plug.node->shared_from_this();
     const Value* found = node->FindValue(plug.key);
     const auto before = found ? std::make_optional(*found) : std::nullopt;
-    Change([this, node, key = plug.key, after] { ApplyValue(*node, key, after); },
-        [this, node, key = plug.key, before] { ApplyValue(*node, key, before); });
+    const bool holds = IsKeyedOnly(plug);
+    const bool held = m_held.contains(qMakePair(node->m_serial, plug.key));
+    Change(
+        [this, node, key = plug.key, after, holds] {
+            ApplyValue(*node, key, after);
+            SetHeld(*node, key, holds);
+        },
+        [this, node, key = plug.key, before, held] {
+            ApplyValue(*node, key, before);
+            SetHeld(*node, key, held);
+        });
 }
 
 void Scene::ApplyState(Node& node, const QString& key, const PlugState& state)
@@ -307,6 +342,7 @@ void Scene::ApplyConnect(const ConnectionPointer& connection)
     destination.m_incoming.insert(connection->destinationKey, connection);
     destination.NoteIndex(connection->destinationKey);
     isModified = true;
+    ++m_changes;
     watches.Note(NodeChange::ConnectionChanged, source, connection->sourceKey);
     watches.Note(NodeChange::ConnectionChanged, destination, connection->destinationKey);
 }
@@ -319,6 +355,7 @@ void Scene::ApplyDisconnect(const ConnectionPointer& connection)
     if (destination.m_incoming.value(connection->destinationKey) == connection)
         destination.m_incoming.remove(connection->destinationKey);
     isModified = true;
+    ++m_changes;
     watches.Note(NodeChange::ConnectionChanged, source, connection->sourceKey);
     watches.Note(NodeChange::ConnectionChanged, destination, connection->destinationKey);
 }

@@ -16,7 +16,8 @@ bool IsFeeder(const Node& node)
 {
     const NodeType& type = node.GetType();
     return type.Is("abstractBaseCreate") || type.Is("animCurve") || type.Is("unitConversion")
-        || type.Is("groupId") || type.Is("groupParts");
+        || type.Is("groupId") || type.Is("groupParts") || type.Is("geometryFilter")
+        || type.Is("blendWeighted") || type.Is("expression");
 }
 
 QString NewUuid()
@@ -46,6 +47,8 @@ void Scene::Attach(const NodePointer& node, Node* parent, qint64 order)
     m_byUuid.insert(node->m_uuid, node.get());
     node->m_isInScene = true;
     isModified = true;
+    ++m_changes;
+    ++m_counts[&node->GetType()];
     if (node->IsDag())
         watches.NoteEvent(QStringLiteral("DagObjectCreated"));
 }
@@ -61,6 +64,8 @@ void Scene::Detach(const NodePointer& node)
     m_byUuid.remove(node->m_uuid);
     node->m_isInScene = false;
     isModified = true;
+    ++m_changes;
+    --m_counts[&node->GetType()];
     watches.Note(NodeChange::Deleted, *node);
 }
 
@@ -182,6 +187,7 @@ void Scene::MoveTo(Node& node, Node& parent, qint64 order, const QString& name)
     node.m_name = m_names.UniqueName(name, &parent);
     m_names.Add(node);
     isModified = true;
+    ++m_changes;
     watches.Note(NodeChange::ConnectionChanged, node);
 }
 

@@ -1,5 +1,6 @@
 #include "scene/Shapes.h"
 
+#include "scene/Deformers.h"
 #include "scene/Transforms.h"
 
 #include <algorithm>
@@ -209,7 +210,7 @@ Box Box::Mapped(const Matrix4& matrix) const
 Node* MakerOf(const Node& shape)
 {
     for (const char* input : {"inMesh", "create"}) {
-        if (const ConnectionPointer connection = shape.IncomingTo(QLatin1String(input)))
+        if (const auto connection = BehindDeformers(shape.IncomingTo(QLatin1String(input))))
             return connection->source;
     }
     return nullptr;

@@ -24,7 +24,7 @@ std::optional<Error> SettingError(const Plug& plug)
         return Error{QStringLiteral("setAttr: The attribute '%1' cannot be set: it is an output.")
                          .arg(NameOf(plug))};
     }
-    if (plug.IsLocked() || plug.Incoming()) {
+    if (plug.IsLocked() || (plug.Incoming() && !Scene::IsKeyedOnly(plug))) {
         return Error{QStringLiteral(
             "setAttr: The attribute '%1' is locked or connected and cannot be modified.")
                          .arg(NameOf(plug))};
@@ -296,15 +296,18 @@ Outcome SetAttribute(Call& call)
     return {};
 }
 
-/// One tuple per triple, as Python has it; MEL has the plain numbers.
+/// Python has the numbers of a compound as one tuple in a list, MEL has them plain.
 Value Presented(const Call& call, const Plug& plug, const Value& value)
 {
     if (value.GetKind() == Value::Kind::Matrix)
         return value.Get<Matrix>().cells;
-    const bool isTriple = plug.HasChildren() && value.Count() == 3;
-    if (!isTriple || call.GetLanguage() != Language::Python)
+    const bool isGroup = plug.HasChildren() && value.Count() > 1;
+    if (!isGroup || call.GetLanguage() != Language::Python)
         return value;
-    return VectorList{{value.At(0).ToFloat(), value.At(1).ToFloat(), value.At(2).ToFloat()}};
+    Matrix row{1, value.Count(), {}};
+    for (int i = 0; i < value.Count(); ++i)
+        row.cells += value.At(i).ToFloat();
+    return row;
 }
 
 /// "$HOME/x" and "${HOME}/x" with what the variables hold; those that are not set stay.

@@ -30,8 +30,9 @@ bool Fits(const Plug& source, const Plug& destination)
 {
     const AttributeType& from = *source.attribute->type;
     const AttributeType& to = *destination.attribute->type;
-    const bool generic = to.IsNamed("message") || to.IsNamed("generic");
-    if (generic)
+    // Who is meant, and what passes through deformers, may be anything.
+    const bool passes = from.IsNamed("generic") && to.storage == Storage::None;
+    if (passes || to.IsNamed("message") || to.IsNamed("generic"))
         return true;
     if (from.storage == Storage::Children || to.storage == Storage::Children)
         return source.Children().size() == destination.Children().size()

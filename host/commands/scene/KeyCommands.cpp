@@ -1,8 +1,7 @@
-// Keys on attributes, as curves of straight lines.
+// Keys on attributes are set, asked for, moved and taken away.
 
-#include "commands/scene/SceneCommands.h"
-#include "engine/Engine.h"
-#include "scene/Evaluation.h"
+#include "commands/Session.h"
+#include "commands/scene/KeyTargets.h"
 
 #include <algorithm>
 #include <cmath>
@@ -13,119 +12,9 @@ using namespace scene;
 
 namespace {
 
-using Keys = QMap<double, double>;
-
-Keys KeysOf(const Node& curve)
+double Now()
 {
-    const FloatList list
-        = Scene::Current()
-              .GetStored(Plug::Find(const_cast<Node&>(curve), QStringLiteral("keyTimeValue")))
-              .Get<FloatList>();
-    Keys keys;
-    for (int i = 0; i + 1 < list.size(); i += 2)
-        keys.insert(list[i], list[i + 1]);
-    return keys;
-}
-
-void SetKeys(Node& curve, const Keys& keys)
-{
-    FloatList list;
-    for (auto key = keys.begin(); key != keys.end(); ++key)
-        list += FloatList{key.key(), key.value()};
-    Scene::Current().SetValue(Plug::Find(curve, QStringLiteral("keyTimeValue")), list);
-}
-
-/// The curve that drives an attribute; null when none does.
-Node* CurveOf(const Plug& plug)
-{
-    const ConnectionPointer connection = plug.Incoming();
-    Node* source = connection ? connection->source : nullptr;
-    return source && source->GetType().Is("animCurve") ? source : nullptr;
-}
-
-const char* CurveType(const Plug& plug)
-{
-    if (plug.attribute->type->IsNamed("doubleAngle"))
-        return "animCurveTA";
-    return plug.attribute->type->IsNamed("doubleLinear") ? "animCurveTL" : "animCurveTU";
-}
-
-Node& CurveFor(const Plug& plug)
-{
-    if (Node* curve = CurveOf(plug))
-        return *curve;
-    Scene& scene = Scene::Current();
-    QString name = plug.node->GetName() + QLatin1Char('_') + plug.key;
-    name.replace(QLatin1Char('.'), QLatin1Char('_'));
-    Node& curve = scene.Create(*NodeType::Find(QLatin1String(CurveType(plug))),
-        scene.Names().UnusedName(NameIndex::LegalName(name)));
-    scene.Connect(Plug::Find(curve, QStringLiteral("output")), plug);
-    return curve;
-}
-
-/// What can be keyed of what is named: the attribute, or the keyable ones of the node.
-struct FoundPlugs
-{
-    QVector<Plug> plugs;
-    std::optional<Error> error;
-};
-
-void AppendLeaves(const Plug& plug, QVector<Plug>& plugs)
-{
-    const QVector<Plug> children = plug.Children();
-    for (const Plug& child : children)
-        AppendLeaves(child, plugs);
-    if (children.isEmpty() && plug.attribute->type->IsNumeric())
-        plugs += plug;
-}
-
-/// What the flag "hierarchy" adds to the objects: nodes below them.
-void AddHierarchy(const Call& call, QVector<Item>& items)
-{
-    const bool known = call.GetCommand().FindFlag(QStringLiteral("hierarchy"));
-    const QString extent = known ? call.Text("hierarchy") : QString();
-    if (extent != QLatin1String("below") && extent != QLatin1String("both"))
-        return;
-    const QVector<Item> tops = items;
-    for (const Item& item : tops) {
-        QVector<Node*> tree;
-        item.node->CollectTree(tree);
-        for (Node* node : tree.mid(1))
-            items += Item{node->shared_from_this(), {}, false};
-    }
-}
-
-FoundPlugs KeyablePlugs(const Call& call)
-{
-    FoundPlugs found;
-    FoundItems targets = Targets(call);
-    found.error = targets.error;
-    const QVector<Item> named = targets.items;
-    AddHierarchy(call, targets.items);
-    for (const Item& item : qAsConst(targets.items)) {
-        if (item.IsPlug()) {
-            AppendLeaves(Plug::FromKey(*item.node, item.part), found.plugs);
-            continue;
-        }
-        const QStringList names = call.Texts("attribute");
-        for (const QString& name : names) {
-            const QVector<Plug> plugs
-                = FindPlugs(Scene::Current().DisplayName(*item.node) + QLatin1Char('.') + name);
-            // What is only there because of its parent may do without the attribute.
-            if (plugs.isEmpty() && named.contains(item))
-                found.error = NoMatch(Scene::Current().DisplayName(item) + QLatin1Char('.') + name);
-            for (const Plug& plug : plugs)
-                AppendLeaves(plug, found.plugs);
-        }
-        if (!names.isEmpty())
-            continue;
-        for (const Attribute* attribute : item.node->AllAttributes()) {
-            const Plug plug = Plug::Find(*item.node, attribute->longName);
-            if (plug.IsKeyable() && attribute->type->IsNumeric() && !plug.IsWholeMulti())
-                found.plugs += plug;
-        }
-    }
-    return found;
+    return Scene::Current().GetPlayback().time;
 }
 
 QVector<double> TimesOf(const Call& call)
@@ -134,136 +23,131 @@ QVector<double> TimesOf(const Call& call)
     for (int use = 0; use < call.UseCount("time"); ++use)
         times += call.Float("time", 0, use);
     if (times.isEmpty())
-        times += Scene::Current().GetPlayback().time;
+        times += Now();
     return times;
+}
+
+struct FoundTangents
+{
+    Tangent in;
+    Tangent out;
+    std::optional<Error> error;
+};
+
+FoundTangents NewTangents(const Call& call)
+{
+    const KeySettings& usual = Session::Current().keys;
+    FoundTangents found{usual.inTangent, usual.outTangent, std::nullopt};
+    for (const char* flag : {"inTangentType", "outTangentType"}) {
+        const auto tangent = TangentNamed(call.Text(flag));
+        if (call.Has(flag) && !tangent)
+            found.error = Error{QStringLiteral("Unknown tangent type: %1").arg(call.Text(flag))};
+        if (tangent)
+            (qstrcmp(flag, "inTangentType") == 0 ? found.in : found.out) = *tangent;
+    }
+    // A step leads away from a key, never to it.
+    if (found.in == Tangent::Step || found.in == Tangent::StepNext)
+        found.in = Tangent::Auto;
+    return found;
 }
 
 Outcome SetKeyframe(Call& call)
 {
     const FoundPlugs found = KeyablePlugs(call);
-    if (found.error)
-        return *found.error;
+    const FoundTangents tangents = NewTangents(call);
+    if (found.error || tangents.error)
+        return found.error ? *found.error : *tangents.error;
+    const Scene& scene = Scene::Current();
     int count = 0;
     for (const Plug& plug : found.plugs) {
         const bool driven = plug.Incoming() && !CurveOf(plug);
         if (driven || plug.IsLocked() || !plug.attribute->isWritable)
             continue;
-        const double value
-            = call.Has("value") ? call.Float("value") : Scene::Current().GetValue(plug).ToFloat();
-        Node& curve = CurveFor(plug);
-        Keys keys = KeysOf(curve);
+        const double now = scene.GetValue(plug).ToFloat();
+        Node& node = CurveFor(plug);
+        AnimationCurve curve = AnimationCurve::Of(scene, node);
         for (const double time : TimesOf(call)) {
-            keys.insert(time, value);
+            // A key that is inserted leaves the values as they are.
+            const double value = call.Has("value")    ? call.Float("value")
+                : call.Has("insert") && curve.Count() ? curve.ValueAt(time)
+                                                      : now;
+            curve.Put({time, value, tangents.in, tangents.out});
             ++count;
         }
-        SetKeys(curve, keys);
+        curve.Store(Scene::Current(), node);
     }
     return count;
 }
 
-/// The pieces of time that the call is about: "3", "1:10", ":5", "5:", ":"; all without any.
-class TimeFilter
-{
-public:
-    explicit TimeFilter(const Call& call)
-    {
-        for (const QString& text : call.Texts("time")) {
-            const int colon = text.indexOf(QLatin1Char(':'));
-            const QString first = text.left(colon);
-            const QString last = colon < 0 ? text : text.mid(colon + 1);
-            m_ranges.append(qMakePair(first.isEmpty() ? -HUGE_VAL : first.toDouble(),
-                last.isEmpty() ? HUGE_VAL : last.toDouble()));
-        }
-    }
-
-    bool Passes(double time) const
-    {
-        return m_ranges.isEmpty()
-            || std::any_of(m_ranges.begin(), m_ranges.end(),
-                [&](const auto& range) { return time >= range.first && time <= range.second; });
-    }
-
-private:
-    QVector<QPair<double, double>> m_ranges;
-};
-
+/// What is cut can be pasted, unless it is only to go.
 Outcome CutKey(Call& call)
 {
-    const FoundPlugs found = KeyablePlugs(call);
-    if (found.error)
-        return *found.error;
-    const TimeFilter times(call);
+    std::optional<Error> error;
+    const QVector<Node*> curves = CurvesOf(call, error);
+    if (error)
+        return *error;
+    if (!call.Has("clear")) {
+        const FoundPlugs found = KeyablePlugs(call);
+        Session::Current().keys.Copy(found.plugs, KeyFilter(call));
+    }
+    const KeyFilter filter(call);
     int count = 0;
-    for (const Plug& plug : found.plugs) {
-        Node* curve = CurveOf(plug);
-        if (!curve)
-            continue;
-        Keys left;
-        const Keys keys = KeysOf(*curve);
-        for (auto key = keys.begin(); key != keys.end(); ++key) {
-            if (!times.Passes(key.key()))
-                left.insert(key.key(), key.value());
+    for (Node* node : curves) {
+        AnimationCurve curve = AnimationCurve::Of(Scene::Current(), *node);
+        const int before = curve.Count();
+        for (int i = before - 1; i >= 0; --i) {
+            if (filter.Passes(i, curve.Time(i)))
+                curve.Remove(i);
         }
-        count += keys.size() - left.size();
-        if (left.isEmpty())
-            Scene::Current().Delete({curve});
-        else
-            SetKeys(*curve, left);
+        count += before - curve.Count();
+        if (curve.IsEmpty())
+            Scene::Current().Delete({node});
+        else if (curve.Count() < before)
+            curve.Store(Scene::Current(), *node);
     }
     return count;
 }
 
-QVector<Node*> CurvesOf(const Call& call, std::optional<Error>& error)
+FloatList ValuesAt(const Call& call, const AnimationCurve& curve)
 {
-    QVector<Node*> curves;
-    const FoundItems targets = Targets(call);
-    error = targets.error;
-    for (const Item& item : targets.items) {
-        if (item.node->GetType().Is("animCurve"))
-            curves += item.node.get();
-    }
-    if (!curves.isEmpty() || error)
-        return curves;
-    const FoundPlugs found = KeyablePlugs(call);
-    error = found.error;
-    for (const Plug& plug : found.plugs) {
-        Node* curve = CurveOf(plug);
-        if (curve && !curves.contains(curve))
-            curves += curve;
-    }
-    return curves;
+    FloatList values;
+    const QStringList times = call.Texts("time") + call.Texts("float");
+    for (const QString& time : times)
+        values += curve.ValueAt(time.toDouble());
+    if (times.isEmpty())
+        values += curve.ValueAt(Now());
+    return values;
 }
 
 Outcome QueryKeys(const Call& call, const QVector<Node*>& curves)
 {
-    const TimeFilter times(call);
+    const KeyFilter filter(call);
     FloatList answers;
+    IntList indices;
     int count = 0;
-    for (const Node* curve : curves) {
-        const Keys keys = KeysOf(*curve);
+    const bool times = call.Has("timeChange") || call.Has("floatChange");
+    for (const Node* node : curves) {
+        const AnimationCurve curve = AnimationCurve::Of(Scene::Current(), *node);
         if (call.Has("eval")) {
-            Plug output = Plug::Find(const_cast<Node&>(*curve), QStringLiteral("output"));
-            FloatList list;
-            for (auto key = keys.begin(); key != keys.end(); ++key)
-                list += FloatList{key.key(), key.value()};
-            const bool asked = call.Has("time");
-            answers += CurveValue(
-                list, asked ? call.Text("time").toDouble() : Scene::Current().GetPlayback().time);
+            answers += ValuesAt(call, curve);
             continue;
         }
-        for (auto key = keys.begin(); key != keys.end(); ++key) {
-            if (!times.Passes(key.key()))
+        for (int i = 0; i < curve.Count(); ++i) {
+            if (!filter.Passes(i, curve.Time(i)))
                 continue;
             ++count;
-            if (call.Has("timeChange"))
-                answers += key.key();
+            indices += i;
+            if (times)
+                answers += curve.Time(i);
             if (call.Has("valueChange"))
-                answers += key.value();
+                answers += curve.Key(i).value;
         }
     }
     if (call.Has("name"))
         return DisplayNames(curves);
-    const bool lists = call.Has("timeChange") || call.Has("valueChange") || call.Has("eval");
+    if (call.Has("indexValue"))
+        return indices;
+    const bool lists = times || call.Has("valueChange") || call.Has("eval");
     return lists ? Outcome(answers) : Outcome(count);
 }
 
@@ -275,27 +159,26 @@ Outcome Keyframe(Call& call)
         return *error;
     if (call.IsQuery())
         return QueryKeys(call, curves);
-    const TimeFilter times(call);
     const bool relative = call.Has("relative");
-    int count = 0;
-    for (Node* curve : curves) {
-        Keys changed;
-        const Keys keys = KeysOf(*curve);
-        for (auto key = keys.begin(); key != keys.end(); ++key) {
-            double time = key.key();
-            double value = key.value();
-            if (times.Passes(time)) {
-                ++count;
-                if (call.Has("timeChange"))
-                    time = (relative ? time : 0) + call.Float("timeChange");
-                if (call.Has("valueChange"))
-                    value = (relative ? value : 0) + call.Float("valueChange");
-            }
-            changed.insert(time, value);
-        }
-        SetKeys(*curve, changed);
+    const char* when = call.Has("floatChange") ? "floatChange" : "timeChange";
+    return ChangeKeys(call, curves, [&](const AnimationCurve&, int, CurveKey& key) {
+        if (call.Has(when))
+            key.time = (relative ? key.time : 0) + call.Float(when);
+        if (call.Has("valueChange"))
+            key.value = (relative ? key.value : 0) + call.Float("valueChange");
+    });
+}
+
+/// Times of all keys of the curves.
+QVector<double> AllTimes(const QVector<Node*>& curves)
+{
+    QMap<double, bool> times;
+    for (const Node* node : curves) {
+        const AnimationCurve curve = AnimationCurve::Of(Scene::Current(), *node);
+        for (int i = 0; i < curve.Count(); ++i)
+            times.insert(curve.Time(i), true);
     }
-    return count;
+    return times.keys().toVector();
 }
 
 Outcome FindKeyframe(Call& call)
@@ -304,52 +187,92 @@ Outcome FindKeyframe(Call& call)
     const QVector<Node*> curves = CurvesOf(call, error);
     if (error)
         return *error;
-    Keys all;
-    for (const Node* curve : curves) {
-        const Keys keys = KeysOf(*curve);
-        for (auto key = keys.begin(); key != keys.end(); ++key)
-            all.insert(key.key(), key.value());
-    }
-    const double now = Scene::Current().GetPlayback().time;
-    if (all.isEmpty())
+    if (call.Has("curve"))
+        return DisplayNames(curves);
+    const double now = call.Has("time") ? call.Float("time") : Now();
+    const QVector<double> times = AllTimes(curves);
+    if (times.isEmpty())
         return now;
     const QString which = call.Has("which") ? call.Text("which") : QStringLiteral("next");
     if (which == QLatin1String("first"))
-        return all.firstKey();
+        return times.first();
     if (which == QLatin1String("last"))
-        return all.lastKey();
+        return times.last();
     if (which == QLatin1String("previous")) {
-        auto key = all.lowerBound(now);
-        return key == all.begin() ? all.lastKey() : (--key).key();
+        const auto key = std::lower_bound(times.begin(), times.end(), now);
+        return key == times.begin() ? times.last() : *(key - 1);
     }
-    const auto key = all.upperBound(now);
-    return key == all.end() ? all.firstKey() : key.key();
+    const auto key = std::upper_bound(times.begin(), times.end(), now);
+    return key == times.end() ? times.first() : *key;
 }
 
+Outcome ScaleKey(Call& call)
+{
+    std::optional<Error> error;
+    const QVector<Node*> curves = CurvesOf(call, error);
+    if (error)
+        return *error;
+    const auto number
+        = [&](const char* flag, double usual) { return call.Has(flag) ? call.Float(flag) : usual; };
+    const double timeScale = number("timeScale", number("floatScale", 1));
+    const double timePivot = number("timePivot", number("floatPivot", 0));
+    const double valueScale = number("valueScale", 1);
+    const double valuePivot = number("valuePivot", 0);
+    return ChangeKeys(call, curves, [&](const AnimationCurve&, int, CurveKey& key) {
+        key.time = timePivot + (key.time - timePivot) * timeScale;
+        key.value = valuePivot + (key.value - valuePivot) * valueScale;
+    });
+}
+
+Outcome SnapKey(Call& call)
+{
+    std::optional<Error> error;
+    const QVector<Node*> curves = CurvesOf(call, error);
+    const double timeStep = call.Has("timeMultiple") ? call.Float("timeMultiple") : 1;
+    const double valueStep = call.Has("valueMultiple") ? call.Float("valueMultiple") : 0;
+    if (!error && (timeStep < 0 || valueStep < 0))
+        error = Error{QStringLiteral("snapKey: Keys are snapped to multiples above 0.")};
+    if (error)
+        return *error;
+    const auto snapped = [](double number, double step) {
+        return step > 0 ? std::round(number / step) * step : number;
+    };
+    return ChangeKeys(call, curves, [&](const AnimationCurve&, int, CurveKey& key) {
+        key.time = snapped(key.time, timeStep);
+        key.value = snapped(key.value, valueStep);
+    });
+}
+
+// clang-format off
 const CommandRow COMMANDS[] = {
     {"setKeyframe", "int", "", "[String...]",
-        "attribute/at str cm; breakdown/bd B c; controlPoints/cp B c; hierarchy/hi str c;"
-        "inTangentType/itt str c; insert/i - c; outTangentType/ott str c;"
-        "shape/s B c; time/t time cm; value/v float c",
-        SetKeyframe},
-    {"cutKey", "int", "", "[String...]",
-        "attribute/at str cm; clear/cl - c; hierarchy/hi str c; option/o str c; shape/s B c;"
-        "time/t str cm",
-        CutKey},
+        "breakdown/bd B c; controlPoints/cp B c; inTangentType/itt str c; insert/i - c; outTangentType/ott str c; shape/s B c; time/t time cm; value/v float c;"
+        "attribute/at str cm; hierarchy/hi str c", SetKeyframe},
     {"keyframe", "any", "QE", "[String...]",
-        "absolute/a - ce; attribute/at str cqemv; controlPoints/cp B cqev; eval/ev - q;"
-        "keyframeCount/kc - q; name/n - q; option/o str ce; relative/r - ce; time/t str cqemv;"
-        "timeChange/tc time cqe; valueChange/vc float cqe",
-        Keyframe},
-    {"findKeyframe", "float", "", "[String...]",
-        "attribute/at str cm; hierarchy/hi str c; which/w str c", FindKeyframe},
+        "absolute/a - ce; attribute/at str cqemv; controlPoints/cp B cqev; eval/ev - q; float/f str cqemv; floatChange/fc float cqe; hierarchy/hi str cqev;"
+        "index/in str cqemv; indexValue/iv - q; keyframeCount/kc - q; name/n - q; option/o str ce; relative/r - ce; shape/s B cqev; time/t str cqemv;"
+        "timeChange/tc time cqe; valueChange/vc float cqe", Keyframe},
+    {"findKeyframe", "any", "", "[String...]",
+        "curve/c - c; hierarchy/hi str c; shape/s B c; time/t time c; which/w str c; attribute/at str cm", FindKeyframe},
 };
+
+const char* const KEY_FLAGS = "attribute/at str cm; controlPoints/cp B c; float/f str cm; hierarchy/hi str c; index/in str cm; shape/s B c; time/t str cm;";
+
+const CommandRow CHANGES[] = {
+    {"cutKey", "int", "", "[String...]", "clear/cl - c; option/o str c", CutKey},
+    {"scaleKey", "int", "", "[String...]",
+        "floatPivot/fp float c; floatScale/fs float c; timePivot/tp time c; timeScale/ts float c; valuePivot/vp float c; valueScale/vs float c", ScaleKey},
+    {"snapKey", "int", "", "[String...]", "timeMultiple/tm float c; valueMultiple/vm float c", SnapKey},
+};
+// clang-format on
 
 } // namespace
 
 void RegisterSceneKeys(CommandRegistry& registry)
 {
     RegisterSceneCommands(registry, COMMANDS);
+    for (const CommandRow& row : CHANGES)
+        RegisterSceneCommand(registry, row, KEY_FLAGS);
 }
 
 } // namespace host::commands

@@ -4,6 +4,7 @@
 #include "commands/scene/SceneCommands.h"
 #include "commands/scene/SetMembership.h"
 #include "engine/Engine.h"
+#include "scene/Deformers.h"
 #include "scene/Shapes.h"
 
 #include <algorithm>
@@ -77,11 +78,11 @@ QVector<Node*> HistoryOf(const QVector<Node*>& nodes)
         QVector<Node*> tree;
         node->CollectTree(tree);
         for (Node* below : qAsConst(tree)) {
-            Node* maker = MakerOf(*below);
-            if (!maker)
-                continue;
-            KeepForm(Scene::Current(), *below);
-            makers += maker;
+            if (Node* maker = MakerOf(*below)) {
+                KeepForm(Scene::Current(), *below);
+                makers += maker;
+            }
+            makers += DeformersOf(*below);
         }
     }
     return makers;
@@ -160,6 +161,19 @@ std::optional<Error> PartError(const QVector<Item>& items)
     return std::nullopt;
 }
 
+/// Deformers and what steers them go together.
+QVector<Node*> Partners(const QVector<Node*>& nodes)
+{
+    QVector<Node*> partners;
+    for (const Node* node : nodes) {
+        for (Node* partner : PartnersOf(*node)) {
+            partners += partner;
+            partners += PartnersOf(*partner);
+        }
+    }
+    return partners;
+}
+
 Outcome Delete(Call& call)
 {
     Scene& scene = Scene::Current();
@@ -187,9 +201,15 @@ Outcome Delete(Call& call)
     } else if (call.Has("hierarchy")) {
         nodes = InHierarchy(nodes, call.Text("hierarchy"));
     }
+    nodes += Partners(nodes);
     if (const auto error = LockedError(nodes))
         return *error;
-    scene.Delete(Deletable(nodes));
+    const QVector<Node*> deletable = Deletable(nodes);
+    for (Node* node : deletable) {
+        if (IsDeformer(*node))
+            BypassDeformer(scene, *node);
+    }
+    scene.Delete(deletable);
     return {};
 }
 

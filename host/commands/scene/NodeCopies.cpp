@@ -2,6 +2,7 @@
 
 #include "commands/scene/SceneCommands.h"
 #include "commands/scene/SetMembership.h"
+#include "scene/Deformers.h"
 #include "scene/Shapes.h"
 
 namespace host::commands {
@@ -54,13 +55,8 @@ void CopyMaker(Node& shape, Node& copy)
         return;
     Node& other = scene.Create(maker->GetType(), scene.Names().UnusedName(maker->GetName()));
     CopyValues(*maker, other);
-    for (const auto& [serial, connection] : maker->GetOutgoing()) {
-        if (connection->destination == &shape) {
-            scene.Connect(Plug::FromKey(other, connection->sourceKey),
-                Plug::FromKey(copy, connection->destinationKey));
-            return;
-        }
-    }
+    const ConnectionPointer made = BehindDeformers(shape.IncomingTo(FormInput(shape).key));
+    scene.Connect(Plug::FromKey(other, made->sourceKey), FormInput(copy));
 }
 
 void CopyForm(Node& shape, Node& copy, const CopyOptions& options)

@@ -1,5 +1,6 @@
 // Time and units.
 
+#include "commands/Session.h"
 #include "commands/scene/SceneCommands.h"
 
 namespace host::commands {
@@ -19,6 +20,7 @@ Outcome CurrentTime(Call& call)
     if (!isNumber)
         return Error{QStringLiteral("currentTime: '%1' is no time.").arg(call.ObjectText())};
     scene.SetPlayback(playback);
+    Session::Current().expressions.RunAll(scene);
     return playback.time;
 }
 
@@ -132,7 +134,31 @@ Outcome UpAxis(Call& call)
     return {};
 }
 
+/// Time moves when scripts set it, never by itself.
+Outcome Play(Call& call)
+{
+    if (call.IsQuery())
+        return call.Has("forward");
+    if (call.Has("state") && !call.Bool("state"))
+        return {};
+    return Error{QStringLiteral("play: This host does not play; use currentTime.")};
+}
+
+Outcome AutoKeyframe(Call& call)
+{
+    if (call.IsQuery())
+        return false;
+    if (call.Has("state") && call.Bool("state"))
+        return Error{QStringLiteral("autoKeyframe: Keys of this host are set by scripts alone.")};
+    return {};
+}
+
 const CommandRow COMMANDS[] = {
+    {"play", "any", "Q", "",
+        "forward/f B cq; playSound/ps B c; record/rec B c; sound/s str c; state/st B cq; wait/w - "
+        "c",
+        Play},
+    {"autoKeyframe", "any", "QE", "", "state/st B cqe", AutoKeyframe},
     {"currentTime", "float", "QE", "[Any]", "update/u B c", CurrentTime},
     {"playbackOptions", "any", "QE", "",
         "animationEndTime/aet time cqe; animationStartTime/ast time cqe; blockingAnim/ba B cq;"

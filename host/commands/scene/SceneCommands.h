@@ -76,9 +76,13 @@ void RegisterSceneCommands(CommandRegistry& registry, const CommandRow (&rows)[N
 void RegisterSceneAttributes(CommandRegistry& registry);
 void RegisterSceneAttributeEditing(CommandRegistry& registry);
 void RegisterSceneConnections(CommandRegistry& registry);
+void RegisterSceneDeformers(CommandRegistry& registry);
 void RegisterSceneDisplay(CommandRegistry& registry);
+void RegisterSceneExpressions(CommandRegistry& registry);
 void RegisterSceneFiles(CommandRegistry& registry);
 void RegisterSceneHierarchy(CommandRegistry& registry);
+void RegisterSceneDrivenKeys(CommandRegistry& registry);
+void RegisterSceneKeyCopies(CommandRegistry& registry);
 void RegisterSceneKeys(CommandRegistry& registry);
 void RegisterSceneLists(CommandRegistry& registry);
 void RegisterSceneNamespaces(CommandRegistry& registry);
@@ -87,6 +91,8 @@ void RegisterScenePlayback(CommandRegistry& registry);
 void RegisterScenePrimitives(CommandRegistry& registry);
 void RegisterSceneSelection(CommandRegistry& registry);
 void RegisterSceneSets(CommandRegistry& registry);
+void RegisterSceneSkins(CommandRegistry& registry);
+void RegisterSceneTangents(CommandRegistry& registry);
 void RegisterSceneTransforms(CommandRegistry& registry);
 
 } // namespace host::commands

@@ -38,7 +38,9 @@ keyframe -q -at tx -vc -t "5:20" pCube1 => 20
 keyframe -q -kc pCube1 => 2
 keyframe -e -at tx -t 11 -vc 40 pCube1; getAttr pCube1.tx => 20
 findKeyframe -w next pCube1 => 11
-setAttr pCube1.tx 1; => error: setAttr: The attribute 'pCube1.translateX' is locked or connected and cannot be modified.
+setAttr pCube1.tx 7; getAttr pCube1.tx => 7
+currentTime 1; currentTime 6; getAttr pCube1.tx => 20
+currentTime 21; setAttr pCube1.tx 8; setKeyframe -at tx pCube1; undo; undo; currentTime 6;
 cutKey -at tx -t 11 pCube1 => 1
 undo; keyframe -q -kc pCube1 => 2
 setKeyframe pCube1 => 10
