@@ -3,6 +3,7 @@
 #include "python/PythonCallable.h"
 #include "python/PythonValue.h"
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 
@@ -115,6 +116,15 @@ QString TypeWord(ArgumentType type)
     return {};
 }
 
+/// Pieces of time are texts such as "1:10"; Python has (1, 10) for them.
+bool TakesRanges(const Flag& flag)
+{
+    constexpr const char* NAMES[] = {"time", "float", "index"};
+    return flag.arguments == QVector<ArgumentType>{ArgumentType::String}
+    && std::any_of(std::begin(NAMES), std::end(NAMES),
+        [&](const char* name) { return flag.longName == QLatin1String(name); });
+}
+
 /// Reads the value of one flag. A flag the command does not have is left to the engine to refuse.
 class FlagReader
 {
@@ -129,11 +139,13 @@ public:
     {
         if (!IsList(value))
             return ReadUse(value, true);
+        if (IsRange(value))
+            return ReadRange(value);
         if (!m_flag || !m_flag->multiUse || IsOneUse(value))
             return ReadUse(value, false);
         for (Py_ssize_t i = 0; i < PySequence_Fast_GET_SIZE(value); ++i) {
             PyObject* element = PySequence_Fast_GET_ITEM(value, i);
-            if (!ReadUse(element, !IsList(element)))
+            if (IsRange(element) ? !ReadRange(element) : !ReadUse(element, !IsList(element)))
                 return false;
         }
         return true;
@@ -148,6 +160,26 @@ private:
             return false;
         const Py_ssize_t count = PySequence_Fast_GET_SIZE(list);
         return count > 0 && !IsList(PySequence_Fast_GET_ITEM(list, 0));
+    }
+
+    bool IsRange(PyObject* value) const
+    {
+        return m_flag && TakesRanges(*m_flag) && PyTuple_Check(value)
+            && PyTuple_GET_SIZE(value) == 2 && !IsList(PyTuple_GET_ITEM(value, 0));
+    }
+
+    bool ReadRange(PyObject* pair)
+    {
+        QStringList ends;
+        for (int i = 0; i < 2; ++i) {
+            Word word;
+            if (!ReadArgument(PyTuple_GET_ITEM(pair, i), word))
+                return Refuse(PyTuple_GET_ITEM(pair, i), i);
+            ends += word.value.IsFloat() ? QString::number(word.value.ToFloat(), 'g', 17)
+                                         : word.value.ToText();
+        }
+        m_keyword.uses += QVector<Word>{Word{ends.join(QLatin1Char(':')), {}, false, {}}};
+        return true;
     }
 
     bool ReadUse(PyObject* value, bool single)

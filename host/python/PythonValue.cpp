@@ -1,6 +1,7 @@
 #include "python/PythonValue.h"
 
 #include <limits>
+#include <numeric>
 #include <optional>
 
 namespace host::python {
@@ -103,6 +104,18 @@ PyObject* FromVector(const Vector& vector)
     return Py_BuildValue("(ddd)", vector.x, vector.y, vector.z);
 }
 
+/// A list of its rows.
+PyObject* FromMatrix(const Matrix& matrix)
+{
+    QVector<int> rows(matrix.rows);
+    std::iota(rows.begin(), rows.end(), 0);
+    return FromList(rows, [&](int row) {
+        const Reference cells = Reference::Take(
+            FromList(matrix.cells.mid(row * matrix.columns, matrix.columns), PyFloat_FromDouble));
+        return cells ? PyList_AsTuple(cells.Get()) : nullptr;
+    });
+}
+
 } // namespace
 
 QString ToText(PyObject* text)
@@ -150,7 +163,7 @@ PyObject* FromValue(const Value& value)
         const Vector vector = value.Get<Vector>();
         return Py_BuildValue("[ddd]", vector.x, vector.y, vector.z);
     }
-    case Value::Kind::Matrix: return FromList(value.Get<Matrix>().cells, PyFloat_FromDouble);
+    case Value::Kind::Matrix: return FromMatrix(value.Get<Matrix>());
     case Value::Kind::IntArray: return FromList(value.Get<IntList>(), PyLong_FromLong);
     case Value::Kind::FloatArray: return FromList(value.Get<FloatList>(), PyFloat_FromDouble);
     case Value::Kind::StringArray: return FromList(value.Get<StringList>(), FromText);

@@ -163,7 +163,7 @@ void PythonCommandsTest::ConvertsResultsAndErrors_data()
     TextRow("giveBack('text')", "'\xF0\x9F\x98\x80'");
     TextRow("giveBack('vector')", "[1.0, 2.0, 3.0]");
     TextRow("giveBack('vectors')", "[(1.0, 2.0, 3.0)]");
-    TextRow("giveBack('matrix')", "[4.0, 5.0]");
+    TextRow("giveBack('matrix')", "[(4.0, 5.0)]");
     TextRow("giveBack('ints')", "[1, 2]");
     TextRow("giveBack('empty')", "[]");
     TextRow("giveBack('empty', q=True)", "None");

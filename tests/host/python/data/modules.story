@@ -11,7 +11,7 @@ mel.createMelWrapper(join, retType="matrix") => error: 'matrix' is no type of a 
 
 == MEL's values arrive as Python's
 mel.eval("$v = <<1, 2, 3>>"), mel.eval("$f = {0.5}"), mel.eval("$i = 3"), mel.eval("int $n[]; $n = $n") => ([1.0, 2.0, 3.0], [0.5], 3, [])
-mel.eval("matrix $m[1][3] = <<1, 2, 3>>; $m = $m"), mel.eval("") => ([1.0, 2.0, 3.0], None)
+mel.eval("matrix $m[1][3] = <<1, 2, 3>>; $m = $m"), mel.eval("") => ([(1.0, 2.0, 3.0)], None)
 
 == Commands explain themselves
 import pydoc

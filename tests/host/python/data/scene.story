@@ -14,6 +14,11 @@ cmds.getAttr("box.tx") => 0.1234567890123
 cmds.addAttr("box", ln="notes", dt="string"); cmds.getAttr("box.notes")
 cmds.setAttr("box.notes", "text", type="string")
 cmds.getAttr("box.notes") => text
+cmds.shadingNode("place2dTexture", asUtility=True)
+cmds.getAttr("place2dTexture1.repeatUV") => [(1.0, 1.0)]
+cmds.setKeyframe("box", at="sx", t=[1, 5, 10]), cmds.keyframe("box", q=True, at="sx", t=(2, 10)) => (3, 2)
+cmds.cutKey("box", at="sx", t=(1, 5)), cmds.keyframe("box", q=True, at="sx", tc=True), cmds.cutKey("box") => (2, [10.0], 1)
+cmds.select("box")
 cmds.parent(cmds.polySphere()[0], "box"), cmds.ls(sl=True, l=True) => (['pSphere1'], ['|box|pSphere1'])
 cmds.select(["box", ["pSphere1"]])
 cmds.ls(sl=True) => ['box', 'pSphere1']
