@@ -140,7 +140,7 @@ const FunctionRow FUNCTIONS[] = {
 const CommandRow COMMANDS[] = {
     {"getFileList", "string[]", "", "", "filespec/fs str c; folder/fld str c", GetFileList},
     {"sysFile", "bool", "", "String",
-        "copy/cp str c; delete/delete - c; makeDir/md - c; move/mov str c; removeEmptyDir/red - c; "
+        "copy/cp str c; delete/del - c; makeDir/md - c; move/mov str c; removeEmptyDir/red - c; "
         "rename/ren str c",
         SysFile},
     {"filetest", "int", "", "String",

@@ -49,28 +49,19 @@ constexpr struct
 
 /// `array` with the element behind it. Anything that is no array of that kind starts a new one,
 /// whose first element it is when it is a scalar of the kind.
-Value Appended(const Value& array, const Value& element)
+Value Appended(Value array, const Value& element)
 {
     const Value::Kind kind = ArrayKindOf(element.GetKind());
-    Value list = Value::Default(kind);
-    const bool fits = array.GetKind() == kind || array.GetKind() == element.GetKind();
+    if (array.GetKind() == element.GetKind())
+        array = Appended(Value::Default(kind), array);
+    else if (array.GetKind() != kind)
+        array = Value::Default(kind);
     switch (kind) {
-    case Value::Kind::IntArray:
-        for (int i = 0; fits && i < array.Count(); ++i)
-            list.Get<IntList>() += array.At(i).ToInt();
-        list.Get<IntList>() += element.ToInt();
-        break;
-    case Value::Kind::FloatArray:
-        for (int i = 0; fits && i < array.Count(); ++i)
-            list.Get<FloatList>() += array.At(i).ToFloat();
-        list.Get<FloatList>() += element.ToFloat();
-        break;
-    default:
-        if (fits)
-            list.Get<StringList>() += array.ToTextList();
-        list.Get<StringList>() += element.ToText();
+    case Value::Kind::IntArray: array.Get<IntList>() += element.ToInt(); break;
+    case Value::Kind::FloatArray: array.Get<FloatList>() += element.ToFloat(); break;
+    default: array.Get<StringList>() += element.ToText();
     }
-    return list;
+    return array;
 }
 
 Value Converted(const Value& value, Value::Kind kind)
@@ -166,9 +157,12 @@ private:
             Apply(*row);
     }
 
+    /// Elements that go to one variable are gathered: each copies the array no second time.
     void Apply(const SettingRow& row)
     {
-        for (int use = 0; use < m_call.UseCount(row.flag); ++use) {
+        const int count = m_call.UseCount(row.flag);
+        Value array;
+        for (int use = 0; use < count; ++use) {
             const QString name = m_call.Text(row.flag, 0, use);
             const auto value = [&](int i) {
                 return Converted(m_call.Argument(row.flag, i + 1, use), row.element);
@@ -177,10 +171,15 @@ private:
                 Set(name, value(0));
                 continue;
             }
-            Value array = row.count == 0 ? Vars().Get(name) : Value();
+            const bool goesOn
+                = row.count == 0 && use > 0 && name == m_call.Text(row.flag, 0, use - 1);
+            if (!goesOn)
+                array = row.count == 0 ? Vars().Get(name) : Value();
             for (int i = 0; i < qMax(1, row.count); ++i)
-                array = Appended(array, value(i));
-            Set(name, array);
+                array = Appended(std::move(array), value(i));
+            const bool isLast = use + 1 == count || name != m_call.Text(row.flag, 0, use + 1);
+            if (row.count > 0 || isLast)
+                Set(name, array);
         }
     }
 

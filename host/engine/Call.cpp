@@ -256,9 +256,14 @@ bool CallReader::AddUse(const Flag& flag, QVector<Word> arguments, const QString
         return Fail(QStringLiteral("Flag '-%1' must be passed a %2 argument")
                         .arg(flag.longName, TypeText(type)));
     }
-    if (!m_read.call.m_given.contains(flag.longName))
-        m_read.call.m_given += flag.longName;
-    m_read.call.m_uses.append({flag.longName, std::move(arguments)});
+    Call& call = m_read.call;
+    int number = call.m_given.indexOf(flag.longName);
+    if (number < 0) {
+        number = call.m_given.size();
+        call.m_given += flag.longName;
+        call.m_uses.append(QVector<Call::Use>());
+    }
+    call.m_uses[number].append(std::move(arguments));
     return true;
 }
 
@@ -428,23 +433,24 @@ void CallReader::CheckObjects()
     }
 }
 
+const QVector<Call::Use>& Call::UsesOf(const char* flag) const
+{
+    static const QVector<Use> none;
+    const int number = m_given.indexOf(QLatin1String(flag));
+    return number < 0 ? none : m_uses.at(number);
+}
+
 const Word* Call::FindArgument(const char* flag, int index, int use) const
 {
     Q_ASSERT_X(m_command->FindFlag(QLatin1String(flag)), "Call", flag);
-    for (const Use& candidate : m_uses) {
-        if (candidate.flag != QLatin1String(flag) || use-- > 0)
-            continue;
-        return index < candidate.arguments.size() ? &candidate.arguments.at(index) : nullptr;
-    }
-    return nullptr;
+    const QVector<Use>& uses = UsesOf(flag);
+    const bool exists = use < uses.size() && index < uses.at(use).size();
+    return exists ? &uses.at(use).at(index) : nullptr;
 }
 
 int Call::UseCount(const char* flag) const
 {
-    int count = 0;
-    for (const Use& use : m_uses)
-        count += use.flag == QLatin1String(flag) ? 1 : 0;
-    return count;
+    return UsesOf(flag).size();
 }
 
 Value Call::Argument(const char* flag, int index, int use) const
@@ -485,10 +491,8 @@ Script Call::GetScript(const char* flag, int index, int use) const
 QStringList Call::Texts(const char* flag) const
 {
     QStringList texts;
-    for (const Use& use : m_uses) {
-        if (use.flag != QLatin1String(flag))
-            continue;
-        for (const Word& word : use.arguments)
+    for (const Use& use : UsesOf(flag)) {
+        for (const Word& word : use)
             texts += word.value.ToText();
     }
     return texts;

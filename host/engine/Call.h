@@ -70,18 +70,15 @@ public:
 private:
     friend class CallReader;
 
-    struct Use
-    {
-        QString flag;
-        QVector<Word> arguments;
-    };
+    using Use = QVector<Word>; ///< the arguments of one use of a flag
+    const QVector<Use>& UsesOf(const char* flag) const;
     const Word* FindArgument(const char* flag, int index, int use) const;
 
     const Command* m_command = nullptr;
     Mode m_mode = Create;
     Language m_language = Language::Mel;
-    QVector<Use> m_uses;
-    QStringList m_given;
+    QStringList m_given; ///< long names of flags in the order of their first uses
+    QVector<QVector<Use>> m_uses; ///< of each flag in m_given
     QVector<Value> m_objects;
     QHash<int, std::shared_ptr<Callable>> m_objectCallables; ///< by index in m_objects
     QVector<Word> m_words;

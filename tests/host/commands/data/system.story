@@ -111,6 +111,12 @@ optionVar -listModified => b
 optionVar -iva n 1 -iva n 2
 optionVar -arraySize n => 2
 
+== Elements for several arrays keep to their own
+optionVar -sva a 1 -sva a 2 -sva b 3 -sva a 4; optionVar -init -sva new x -sva new y
+optionVar -q a => 1 2 4
+optionVar -q b => 3
+optionVar -q new => x y
+
 == Initial values do not overwrite
 optionVar -iv old 1; optionVar -init -iv old 2 -iv new 3
 optionVar -q old => 1
