@@ -3,6 +3,7 @@
 #include "commands/PluginPreferences.h"
 #include "commands/Session.h"
 #include "commands/Tables.h"
+#include "commands/scene/RigTables.h"
 #include "commands/scene/SceneCommands.h"
 #include "engine/Engine.h"
 
@@ -46,6 +47,7 @@ void RegisterCommands(Engine& engine)
         RegisterRunTimeCommands,
         RegisterSceneAttributes,
         RegisterSceneAttributeEditing,
+        RegisterSceneChains,
         RegisterSceneConnections,
         RegisterSceneDeformers,
         RegisterSceneDisplay,
@@ -55,7 +57,9 @@ void RegisterCommands(Engine& engine)
         RegisterSceneDrivenKeys,
         RegisterSceneKeyCopies,
         RegisterSceneKeys,
+        RegisterSceneLayers,
         RegisterSceneLists,
+        RegisterSceneMeasures,
         RegisterSceneNamespaces,
         RegisterSceneNodes,
         RegisterScenePlayback,

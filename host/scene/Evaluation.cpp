@@ -22,6 +22,11 @@ double Number(const Scene& scene, const Plug& plug, const char* name)
     return Number(scene, plug, QString::fromLatin1(name));
 }
 
+double Component(const Vector& vector, QChar axis)
+{
+    return axis == QLatin1Char('X') ? vector.x : axis == QLatin1Char('Y') ? vector.y : vector.z;
+}
+
 Value ComputeDag(const Scene& scene, const Plug& plug)
 {
     const Node& node = *plug.node;
@@ -38,6 +43,13 @@ Value ComputeDag(const Scene& scene, const Plug& plug)
         return ParentMatrix(scene, node).ToMatrix();
     if (name == QLatin1String("parentInverseMatrix"))
         return ParentMatrix(scene, node).Inverted().ToMatrix();
+    if (name.startsWith(QLatin1String("worldPosition")) && !plug.HasChildren()) {
+        const Vector place = WorldMatrix(scene, node).Map(GetTriple(scene, node, "localPosition"));
+        return Component(place, name.at(name.size() - 1));
+    }
+    if (name == QLatin1String("distance")) {
+        return (GetTriple(scene, node, "endPoint") - GetTriple(scene, node, "startPoint")).Length();
+    }
     if (!name.startsWith(QLatin1String("boundingBox")) || plug.HasChildren())
         return {};
     const Box box = node.IsShape()
@@ -47,8 +59,7 @@ Value ComputeDag(const Scene& scene, const Plug& plug)
     const Vector& wanted = name.contains(QLatin1String("Min")) ? box.minimum
         : name.contains(QLatin1String("Max"))                  ? box.maximum
                                                                : size;
-    const QChar axis = name.at(name.size() - 1);
-    return axis == QLatin1Char('X') ? wanted.x : axis == QLatin1Char('Y') ? wanted.y : wanted.z;
+    return Component(wanted, name.at(name.size() - 1));
 }
 
 Value ComputeCurve(const Scene& scene, const Plug& plug)

@@ -85,7 +85,7 @@ const NodeTypeRow ROWS[] = {
     {"areaLight", "nonAmbientLightShapeNode", ""},
     {"volumeLight", "pointLight", ""},
     {"imagePlane", "shape", "imageName/imn string; alphaGain/ag float =1"},
-    {"annotationShape", "shape", "text/txt string; displayArrow/daro bool =1"},
+    {"annotationShape", "shape", "text/txt string; displayArrow/daro bool =1; dagObjectMatrix/dom matrix m"},
     {"lattice", "controlPoint", "sDivisions/sd long =2 2..; tDivisions/td long =5 2..; uDivisions/ud long =2 2..; latticeOutput/lo lattice o"},
     {"follicle", "shape", ""},
     {"unknownDag", "dagNode", ""},
@@ -125,7 +125,7 @@ const NodeTypeRow ROWS[] = {
         "levelOfDetail/lod enum {Full:Bounding_Box}; shading/s bool =1; texturing/t bool =1; playback/p bool =1; enabled/e bool =1; color/c byte 0..31;"
         "displayOrder/do long; hideOnPlayback/hpb bool"},
     {"renderLayerManager", "node", "renderLayerId/rlmi message m; currentRenderLayer/rlc short"},
-    {"renderLayer", "node", "identification/rlid short; renderable/rndr bool =1; global/g bool; displayOrder/do long"},
+    {"renderLayer", "node", "renderInfo/ri message m; identification/rlid short; renderable/rndr bool =1; global/g bool; displayOrder/do long"},
     {"script", "node", "before/b string; after/a string; scriptType/st enum =1 {Demand:Open/Close:GUI_Open/Close:UI_Configuration:Software_Render:Software_Frame_Render:Scene_Configuration:Time_Changed};"
         "sourceType/stp enum {MEL:Python}"},
     {"expression", "node", "expression/ixp string; input/in double m; output/out double mo; time/tim time; alwaysEvaluate/aev bool h =1"},

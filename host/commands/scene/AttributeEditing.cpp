@@ -224,6 +224,8 @@ Outcome AddAttribute(Call& call)
 {
     if (!call.IsCreate()) {
         const FoundPlug found = FindPlug(call.ObjectText());
+        if (call.IsQuery() && call.Has("exists"))
+            return !found.error;
         if (found.error)
             return *found.error;
         if (call.IsQuery())
@@ -338,7 +340,9 @@ const ListFilter LIST_FILTERS[] = {
     {"scalar", [](const Plug& plug) { return plug.attribute->type->IsNumeric(); }},
     {"settable", HasSettableState},
     {"visible", [](const Plug& plug) { return !plug.attribute->isHidden; }},
-    {"multi", [](const Plug& plug) { return plug.attribute->isMulti; }},
+    {"multi", [](const Plug& plug) { return !plug.IsWholeMulti(); }},
+    {"leaf", [](const Plug& plug) { return plug.attribute->children.isEmpty(); }},
+    {"readOnly", [](const Plug& plug) { return !plug.attribute->isWritable; }},
     {"array", [](const Plug& plug) { return plug.attribute->isMulti; }},
     {"read", [](const Plug& plug) { return plug.attribute->isReadable; }},
     {"write", [](const Plug& plug) { return plug.attribute->isWritable; }},
@@ -365,6 +369,29 @@ bool Passes(const Call& call, const Plug& plug)
            });
 }
 
+QVector<Plug> WithElements(const QVector<Plug>& plugs)
+{
+    QVector<Plug> all;
+    for (const Plug& plug : plugs) {
+        all += plug;
+        const bool expands = plug.IsWholeMulti();
+        for (const int index : expands ? plug.node->Indices(plug.key) : QVector<int>())
+            all += plug.Element(index);
+    }
+    return all;
+}
+
+/// Elements are called by their index, unless they have a name of their own.
+QString ListedName(const Call& call, const Plug& plug)
+{
+    const QString alias = plug.node->GetAliases().key(plug.key);
+    if (!alias.isEmpty())
+        return alias;
+    if (plug.attribute->isMulti && !plug.IsWholeMulti())
+        return plug.key;
+    return call.Has("shortNames") ? plug.attribute->shortName : plug.attribute->longName;
+}
+
 /// All attributes of a node, or the one that was named with its children.
 QVector<Plug> Listed(const Item& item)
 {
@@ -389,10 +416,10 @@ Outcome ListAttributes(Call& call)
         return *found.error;
     StringList names;
     for (const Item& item : found.items) {
-        for (const Plug& plug : Listed(item)) {
+        const QVector<Plug> plugs = Listed(item);
+        for (const Plug& plug : call.Has("multi") ? WithElements(plugs) : plugs) {
             if (Passes(call, plug))
-                names += call.Has("shortNames") ? plug.attribute->shortName
-                                                : plug.attribute->longName;
+                names += ListedName(call, plug);
         }
     }
     return names;
@@ -515,7 +542,10 @@ Outcome AttributeQuery(Call& call)
 
 const CommandRow COMMANDS[] = {
     {"addAttr", "any", "QE", "[String...]",
-        "attributeType/at str cq; category/ct str cqe; dataType/dt str cqm; defaultValue/dv float "
+        "attributeType/at str cq; cachedInternally/ci B c; category/ct str cqe; "
+        "disconnectBehaviour/dcb int c;"
+        "exists/ex - q; indexMatters/im B c; internalSet/is B c; usedAsFilename/uaf - c; "
+        "dataType/dt str cqm; defaultValue/dv float "
         "cqe;"
         "enumName/en str cqe; hasMaxValue/hxv B cqe; hasMinValue/hnv B cqe; hidden/h B cqe;"
         "keyable/k B cqe; longName/ln str cq; maxValue/max float cqe; minValue/min float cqe;"
@@ -531,7 +561,8 @@ const CommandRow COMMANDS[] = {
         "array/a - c; channelBox/cb - c; connectable/c - c; hasData/hd - c; inUse/iu - c; "
         "keyable/k "
         "- c;"
-        "locked/l - c; multi/m - c; output/o - c; read/r - c; scalar/s - c; settable/se - c;"
+        "leaf/lf - c; locked/l - c; multi/m - c; output/o - c; read/r - c; readOnly/ro - c; "
+        "scalar/s - c; settable/se - c;"
         "shortNames/sn - c; string/st str cm; unlocked/u - c; userDefined/ud - c; visible/v - c;"
         "write/w - c",
         ListAttributes},

@@ -136,6 +136,22 @@ Outcome ReferenceQuery(Call& call)
 
 // Constraints: nodes that say who follows whom. Following itself is for real hosts.
 
+/// What flags say about how to follow is kept under their names.
+void KeepSettings(const Call& call, Node& constraint)
+{
+    Scene& scene = Scene::Current();
+    for (const char* flag : {"offset", "aimVector", "upVector", "worldUpVector"}) {
+        const bool known = call.GetCommand().FindFlag(QLatin1String(flag));
+        if (known && call.Has(flag) && Plug::Find(constraint, QLatin1String(flag)).IsValid()) {
+            SetTriple(scene, constraint, flag,
+                {call.Float(flag, 0), call.Float(flag, 1), call.Float(flag, 2)});
+        }
+    }
+    const Plug type = Plug::Find(constraint, QStringLiteral("worldUpType"));
+    if (type.IsValid() && call.Has("worldUpType"))
+        scene.SetValue(type, type.attribute->EnumNumber(call.Text("worldUpType")).value_or(0));
+}
+
 Outcome CreateConstraint(const Call& call, const QVector<Node*>& nodes)
 {
     Scene& scene = Scene::Current();
@@ -146,6 +162,7 @@ Outcome CreateConstraint(const Call& call, const QVector<Node*>& nodes)
     if (name.error)
         return *name.error;
     Node& constraint = scene.Create(*NodeType::Find(type), name.name, follower);
+    KeepSettings(call, constraint);
     const Plug list = Plug::Find(constraint, QStringLiteral("target"));
     for (int i = 0; i + 1 < nodes.size(); ++i) {
         scene.Connect(Plug::Find(*nodes[i], QStringLiteral("message")), list.Element(i));

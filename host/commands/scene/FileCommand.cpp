@@ -285,6 +285,10 @@ const CommandRow COMMANDS[] = {
     {"file", "any", "Q", "[String]",
         "anyModified/amf - q; exists/ex - q; expandName/exn - q; exportAll/ea - c;"
         "exportSelected/es - c; force/f - c; ignoreVersion/iv - c; import/i - c; list/l - q;"
+        "channels/chn B c; constraints/con B c; constructionHistory/ch B c; defaultExtensions/de B "
+        "c;"
+        "expressions/exp B c; loadReferenceDepth/lrd str c; mergeNamespacesOnClash/mnc B c;"
+        "preserveReferences/pr - c; renameAll/ra B c; shader/sh B c; uiConfiguration/uc B c;"
         "location/loc - q; modified/mf B cq; namespace/ns str c; newFile/new - c; open/o - c;"
         "options/op str c; prompt/pmt B c; reference/r - cq; rename/rn str c;"
         "returnNewNodes/rnn - c; save/s - c; sceneName/sn - q; shortName/shn - q; type/typ str cq;"

@@ -2,6 +2,7 @@
 
 #include "commands/scene/SceneCommands.h"
 #include "commands/scene/SetMembership.h"
+#include "scene/Joints.h"
 #include "scene/Shapes.h"
 #include "scene/Transforms.h"
 
@@ -56,6 +57,8 @@ constexpr struct { const char* command; const char* flag; const char* attribute;
     {"polyPlane",    "subdivisionsY", "subdivisionsHeight"},
     {"polyTorus",    "subdivisionsX", "subdivisionsAxis"},
     {"polyTorus",    "subdivisionsY", "subdivisionsHeight"},
+    {"joint",        "orientation",   "jointOrient"},
+    {"joint",        "scaleCompensate", "segmentScaleCompensate"},
 };
 // clang-format on
 
@@ -292,6 +295,32 @@ Outcome RunThing(Call& call)
     return scene.DisplayName(row.givesShape ? shape : transform);
 }
 
+std::optional<Error> ChangeJoint(const Call& call, Node& joint)
+{
+    Scene& scene = Scene::Current();
+    if (!joint.GetType().Is("joint"))
+        return NoMatch(scene.DisplayName(joint));
+    if (const auto error = SetFromFlags(call, joint, nullptr))
+        return error;
+    if (call.Has("zeroScaleOrient"))
+        SetTriple(scene, joint, "rotateAxis", {});
+    QVector<Node*> joints{&joint};
+    if (call.Has("children")) {
+        joints.clear();
+        joint.CollectTree(joints);
+    }
+    for (Node* each : qAsConst(joints)) {
+        const bool orients = call.Has("orientJoint") && each->GetType().Is("joint");
+        if (orients
+            && !OrientJoint(
+                scene, *each, call.Text("orientJoint"), call.Text("secondaryAxisOrient"))) {
+            return Error{QStringLiteral("joint: Unknown axes: %1 %2")
+                             .arg(call.Text("orientJoint"), call.Text("secondaryAxisOrient"))};
+        }
+    }
+    return std::nullopt;
+}
+
 /// A joint goes below the joint that is selected.
 Outcome Joint(Call& call)
 {
@@ -308,8 +337,12 @@ Outcome Joint(Call& call)
                 WorldPivot(scene, node).x, WorldPivot(scene, node).y, WorldPivot(scene, node).z};
         if (call.IsQuery())
             return QueryFlag(call, node, nullptr);
-        const auto error = SetFromFlags(call, node, nullptr);
-        return error ? Outcome(*error) : Outcome();
+        for (Node* joint : found.Nodes()) {
+            const auto error = ChangeJoint(call, *joint);
+            if (error)
+                return *error;
+        }
+        return {};
     }
     Node* parent = nullptr;
     if (!scene.Selection().isEmpty() && scene.Selection().last().node->GetType().IsTransform())
@@ -475,8 +508,9 @@ const CommandRow COMMANDS[] = {
         "rotation/rot angle angle angle c", RunThing},
     {"spaceLocator", "any", "QE", "[String...]", "name/n str c; position/p length length length c; absolute/a - c; relative/r - c", RunThing},
     {"joint", "any", "QE", "[String...]",
-        "absolute/a - c; name/n str c; position/p length length length cq; radius/rad float cqe; relative/r - c;"
-        "segmentScaleCompensate/ssc B cqe", Joint},
+        "absolute/a - c; children/ch - e; name/n str c; orientJoint/oj str e; orientation/o angle angle angle cqe; position/p length length length cq;"
+        "radius/rad float cqe; relative/r - c; scaleCompensate/sc B cqe; secondaryAxisOrient/sao str e; segmentScaleCompensate/ssc B cqe;"
+        "zeroScaleOrient/zso - e", Joint},
     {"curve", "string", "", "",
         "degree/d float c; editPoint/ep length length length cm; knot/k float cm; name/n str c; objectSpace/os - c; periodic/per B c;"
         "point/p length length length cm; worldSpace/ws - c", Curve},
