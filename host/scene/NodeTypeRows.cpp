@@ -71,7 +71,8 @@ const NodeTypeRow ROWS[] = {
         "centerOfInterest/coi double k =5; orthographic/o bool; orthographicWidth/ow double =30; horizontalFilmAperture/hfa double k =1.41732;"
         "verticalFilmAperture/vfa double k =0.94488; cameraScale/cs double =1; filmFit/ff enum {Fill:Horizontal:Vertical:Overscan} =1;"
         "depthOfField/dof bool; fStop/fs double =5.6; focusDistance/fd double =5; shutterAngle/sa double =144; displayResolution/dr bool;"
-        "displayFilmGate/dfg bool; overscan/ovr double =1; imageName/imn string; depthName/den string; maskName/man string;"
+        "displayFilmGate/dfg bool; lensSqueezeRatio/lsr double =1; horizontalFilmOffset/hfo double; verticalFilmOffset/vfo double; motionBlur/mb bool;"
+        "panZoomEnabled/pze bool; horizontalPan/hpn double; verticalPan/vpn double; zoom/zom double =1; overscan/ovr double =1; imageName/imn string; depthName/den string; maskName/man string;"
         "backgroundColor/col float3 c; tumblePivot/tp double3; imagePlane/ip message m; worldToEyeMatrix/wtm matrix"},
     {"*light", "shape", "color/cl float3 kc =1; intensity/in float k =1; useRayTraceShadows/urs bool; useDepthMapShadows/dms bool; shadowColor/sc float3 kc;"
         "emitDiffuse/ed bool =1; emitSpecular/es bool =1"},
@@ -126,6 +127,7 @@ const NodeTypeRow ROWS[] = {
         "displayOrder/do long; hideOnPlayback/hpb bool"},
     {"renderLayerManager", "node", "renderLayerId/rlmi message m; currentRenderLayer/rlc short"},
     {"renderLayer", "node", "renderInfo/ri message m; identification/rlid short; renderable/rndr bool =1; global/g bool; displayOrder/do long"},
+    {"reference", "node", "fileNames/fn string m; locked/lk bool"},
     {"script", "node", "before/b string; after/a string; scriptType/st enum =1 {Demand:Open/Close:GUI_Open/Close:UI_Configuration:Software_Render:Software_Frame_Render:Scene_Configuration:Time_Changed};"
         "sourceType/stp enum {MEL:Python}"},
     {"expression", "node", "expression/ixp string; input/in double m; output/out double mo; time/tim time; alwaysEvaluate/aev bool h =1"},
@@ -217,7 +219,7 @@ const NodeTypeRow ROWS[] = {
     {"polyPlane", "polyPrimitive", "width/w double k =1 0..; height/h double k =1 0..; subdivisionsWidth/sw long k =10 1..; subdivisionsHeight/sh long k =10 1..; createUVs/cuv enum =2"},
     {"polyTorus", "polyPrimitive", "radius/r double k =1 0..; sectionRadius/sr double k =0.5 0..; twist/tw doubleAngle k; subdivisionsAxis/sa long k =20 3..; subdivisionsHeight/sh long k =20 3..;"
         "createUVs/cuv enum =1"},
-    {"*primitive", "abstractBaseCreate", "axis/ax double3; pivot/p double3; startSweep/ssw doubleAngle k; endSweep/esw doubleAngle k =360; outputSurface/os nurbsSurface o; outputCurve/oc nurbsCurve o"},
+    {"*primitive", "abstractBaseCreate", "axis/ax double3; pivot/p double3; startSweep/ssw doubleAngle k; endSweep/esw doubleAngle k =360; tolerance/tol double =0.01; useTolerance/ut bool; outputSurface/os nurbsSurface o; outputCurve/oc nurbsCurve o"},
     {"makeNurbSphere", "primitive", "radius/r double k =1 0..; sections/s long k =8; spans/nsp long k =4; degree/d long =3"},
     {"makeNurbCylinder", "primitive", "radius/r double k =1 0..; heightRatio/hr double k =2 0..; sections/s long k =8; spans/nsp long k =1; degree/d long =3"},
     {"makeNurbCone", "primitive", "radius/r double k =1 0..; heightRatio/hr double k =2 0..; sections/s long k =8; spans/nsp long k =1; degree/d long =3"},

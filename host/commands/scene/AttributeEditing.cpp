@@ -72,6 +72,10 @@ void ReadLimits(const Call& call, Attribute& attribute)
         attribute.minimum.reset();
     if (call.Has("hasMaxValue") && !call.Bool("hasMaxValue"))
         attribute.maximum.reset();
+    if (call.Has("hasSoftMinValue") && !call.Bool("hasSoftMinValue"))
+        attribute.softMinimum.reset();
+    if (call.Has("hasSoftMaxValue") && !call.Bool("hasSoftMaxValue"))
+        attribute.softMaximum.reset();
 }
 
 void SetDefault(Attribute& attribute, double number)
@@ -547,7 +551,8 @@ const CommandRow COMMANDS[] = {
         "exists/ex - q; indexMatters/im B c; internalSet/is B c; usedAsFilename/uaf - c; "
         "dataType/dt str cqm; defaultValue/dv float "
         "cqe;"
-        "enumName/en str cqe; hasMaxValue/hxv B cqe; hasMinValue/hnv B cqe; hidden/h B cqe;"
+        "enumName/en str cqe; hasMaxValue/hxv B cqe; hasMinValue/hnv B cqe; hasSoftMaxValue/hsx B "
+        "ce; hasSoftMinValue/hsn B ce; hidden/h B cqe;"
         "keyable/k B cqe; longName/ln str cq; maxValue/max float cqe; minValue/min float cqe;"
         "multi/m - cq; niceName/nn str cqe; numberOfChildren/nc int cq; parent/p str cq;"
         "readable/r B cqe; shortName/sn str cq; softMaxValue/smx float cqe; softMinValue/smn float "

@@ -317,7 +317,8 @@ const CommandRow COMMANDS[] = {
         "isExactSource/ies - c; isLocked/il - c; isSource/is - c; sourceFromDestination/sfd - c",
         ConnectionInfo},
     {"listHistory", "string[]", "", "[String...]",
-        "allConnections/ac - c; future/f B c; groupLevels/gl - c; interestLevel/il int c;"
+        "allConnections/ac - c; breadthFirst/bf - c; future/f B c; groupLevels/gl - c; "
+        "interestLevel/il int c;"
         "levels/lv int c; pruneDagObjects/pdo B c",
         ListHistory},
 };

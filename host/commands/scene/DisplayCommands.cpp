@@ -210,6 +210,50 @@ StringList WeightNames(const Node& constraint)
     return names;
 }
 
+Plug WeightPlug(Node& constraint, int index)
+{
+    return Plug::Find(constraint, QStringLiteral("w%1").arg(index));
+}
+
+/// Numbers of the targets among the nodes; of all targets when only the follower is named.
+QVector<int> TargetNumbers(Node& constraint, const QVector<Node*>& nodes)
+{
+    QVector<int> numbers;
+    for (const int index : constraint.Indices(QStringLiteral("target"))) {
+        const ConnectionPointer target
+            = constraint.IncomingTo(QStringLiteral("target[%1]").arg(index));
+        const bool counts = target && WeightPlug(constraint, index).IsValid();
+        if (counts && (nodes.size() < 2 || nodes.mid(0, nodes.size() - 1).contains(target->source)))
+            numbers += index;
+    }
+    return numbers;
+}
+
+Outcome Weights(Node& constraint, const QVector<Node*>& nodes)
+{
+    FloatList weights;
+    for (const int index : TargetNumbers(constraint, nodes))
+        weights += Scene::Current().GetValue(WeightPlug(constraint, index)).ToFloat();
+    return weights.size() == 1 ? Outcome(weights.first()) : Outcome(weights);
+}
+
+Outcome ChangeConstraint(const Call& call, Node& constraint, const QVector<Node*>& nodes)
+{
+    Scene& scene = Scene::Current();
+    KeepSettings(call, constraint);
+    for (const int index : TargetNumbers(constraint, nodes)) {
+        if (call.Has("weight"))
+            scene.SetValue(WeightPlug(constraint, index), call.Float("weight"));
+        if (!call.Has("remove"))
+            continue;
+        scene.RemoveAttribute(constraint, *WeightPlug(constraint, index).attribute);
+        scene.RemoveElement(Plug::Find(constraint, QStringLiteral("target")).Element(index));
+    }
+    if (TargetNumbers(constraint, {}).isEmpty())
+        scene.Delete({&constraint});
+    return {};
+}
+
 Outcome Constraint(Call& call)
 {
     const FoundItems found = Targets(call);
@@ -223,16 +267,13 @@ Outcome Constraint(Call& call)
             return call.IsQuery() ? Outcome() : Outcome(NoMatch(type));
         if (call.IsQuery() && call.Has("targetList"))
             return TargetNames(*constraint);
+        if (call.IsQuery() && call.Has("weight"))
+            return Weights(const_cast<Node&>(*constraint), nodes);
         if (call.IsQuery() && call.Has("weightAliasList"))
             return WeightNames(*constraint);
         if (call.IsQuery())
             return Scene::Current().DisplayName(*constraint);
-        for (const QString& weight : WeightNames(*constraint)) {
-            if (call.Has("weight"))
-                Scene::Current().SetValue(
-                    Plug::Find(const_cast<Node&>(*constraint), weight), call.Float("weight"));
-        }
-        return {};
+        return ChangeConstraint(call, const_cast<Node&>(*constraint), nodes);
     }
     for (const Node* node : nodes) {
         if (!node->GetType().IsTransform())
@@ -261,8 +302,8 @@ const CommandRow COMMANDS[] = {
 };
 
 const char* const CONSTRAINT_FLAGS
-    = "maintainOffset/mo - c; name/n str c; targetList/tl - q; weight/w float ce;"
-      "weightAliasList/wal - q; offset/o float float float c";
+    = "maintainOffset/mo - c; name/n str c; remove/rm - e; targetList/tl - q; weight/w float cqe;"
+      "weightAliasList/wal - q; offset/o float float float ce";
 
 const CommandRow CONSTRAINTS[] = {
     {"parentConstraint", "string[]", "QE", "[String...]",

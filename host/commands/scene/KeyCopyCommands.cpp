@@ -176,7 +176,8 @@ const CommandRow COMMANDS[] = {
     {"pasteKey", "int", "", "[String...]",
         "attribute/at str cm; copies/c int c; hierarchy/hi str c; option/o str c; shape/s B c; time/t str c; timeOffset/to time c; valueOffset/vo float c", PasteKey},
     {"bakeResults", "int", "", "[String...]",
-        "attribute/at str cm; controlPoints/cp B c; disableImplicitControl/dic B c; hierarchy/hi str c; minimizeRotation/mr B c; preserveOutsideKeys/pok B c;"
+        "attribute/at str cm; bakeOnOverrideLayer/bol B c; controlPoints/cp B c; disableImplicitControl/dic B c; oversamplingRate/osr int c;"
+        "removeBakedAnimFromLayer/rwl B c; removeBakedAttributeFromLayer/rba B c; hierarchy/hi str c; minimizeRotation/mr B c; preserveOutsideKeys/pok B c;"
         "sampleBy/sb time c; shape/s B c; simulation/sm B c; sparseAnimCurveBake/sac B c; time/t str c", BakeResults},
 };
 // clang-format on

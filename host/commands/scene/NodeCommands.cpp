@@ -88,6 +88,30 @@ QVector<Node*> HistoryOf(const QVector<Node*>& nodes)
     return makers;
 }
 
+/// Curves of keys over time, and of those that follow other attributes where these are meant, too.
+QVector<Node*> ChannelsOf(const Call& call, const QVector<Node*>& nodes)
+{
+    const bool overTime = !call.Has("timeAnimationCurves") || call.Bool("timeAnimationCurves");
+    const bool driven
+        = !call.Has("unitlessAnimationCurves") || call.Bool("unitlessAnimationCurves");
+    const QStringList names = call.Texts("attribute");
+    QVector<Node*> curves;
+    for (const Node* node : nodes) {
+        for (const ConnectionPointer& connection : node->GetIncoming()) {
+            const Attribute* attribute = node->FindAttribute(connection->destinationKey);
+            const bool named = names.isEmpty()
+                || (attribute
+                    && (names.contains(attribute->longName)
+                        || names.contains(attribute->shortName)));
+            const NodeType& type = connection->source->GetType();
+            const bool follows = type.GetName().startsWith(QLatin1String("animCurveU"));
+            if (named && type.Is("animCurve") && (follows ? driven : overTime))
+                curves += connection->source;
+        }
+    }
+    return curves;
+}
+
 QVector<Node*> ConstraintsBelow(const QVector<Node*>& nodes)
 {
     QVector<Node*> constraints;
@@ -192,7 +216,9 @@ Outcome Delete(Call& call)
         nodes = found.Nodes();
     }
     const bool parts = call.Has("constructionHistory") || call.Has("constraints");
-    if (parts) {
+    if (call.Has("channels")) {
+        nodes = ChannelsOf(call, nodes);
+    } else if (parts) {
         const QVector<Node*> owners = std::exchange(nodes, {});
         if (call.Has("constructionHistory"))
             nodes += HistoryOf(owners);
@@ -364,7 +390,10 @@ const CommandRow COMMANDS[] = {
     {"createNode", "string", "", "String",
         "name/n str c; parent/p str c; shared/s - c; skipSelect/ss - c", CreateNode},
     {"delete", "none", "", "[String...]",
-        "all/all - c; constraints/cn - c; constructionHistory/ch - c; hierarchy/hi str c", Delete},
+        "all/all - c; attribute/at str cm; channels/c - c; constraints/cn - c;"
+        "constructionHistory/ch - c; controlPoints/cp B c; hierarchy/hi str c; shape/s B c;"
+        "timeAnimationCurves/tac B c; unitlessAnimationCurves/uac B c",
+        Delete},
     {"rename", "string", "", "String [String]", "ignoreShape/ignoreShape - c; uuid/uid - c",
         Rename},
     {"nodeType", "any", "", "String",
@@ -376,7 +405,7 @@ const CommandRow COMMANDS[] = {
         "inputConnections/ic - c; name/n str cm; parentOnly/po - c; renameChildren/rc - c;"
         "returnRootsOnly/rr - c; smartTransform/st - c; upstreamNodes/un - c",
         Duplicate},
-    {"lockNode", "any", "Q", "[String...]", "lock/l B cq", LockNode},
+    {"lockNode", "any", "Q", "[String...]", "ignoreComponents/ic B c; lock/l B cq", LockNode},
     {"allNodeTypes", "string[]", "", "", "includeAbstract/ia - c", AllNodeTypes},
     {"listNodeTypes", "string[]", "", "String", "exclude/ex str c", ListNodeTypes},
 };

@@ -58,6 +58,8 @@ constexpr struct { const char* command; const char* flag; const char* attribute;
     {"polyTorus",    "subdivisionsX", "subdivisionsAxis"},
     {"polyTorus",    "subdivisionsY", "subdivisionsHeight"},
     {"joint",        "orientation",   "jointOrient"},
+    {"spotLight",    "dropOff",       "dropoff"},
+    {"spotLight",    "penumbra",      "penumbraAngle"},
     {"joint",        "scaleCompensate", "segmentScaleCompensate"},
 };
 // clang-format on
@@ -97,7 +99,9 @@ std::optional<Error> SetFromFlag(
         scene.SetValue(plug, numbers);
         return std::nullopt;
     }
-    const Value value = call.Argument(key.constData());
+    Value value = call.Argument(key.constData());
+    if (plug.attribute->type->IsNamed("enum") && value.IsString())
+        value = plug.attribute->EnumNumber(value.ToText()).value_or(value.ToInt());
     const double number = value.ToFloat();
     const auto& minimum = plug.attribute->minimum;
     if (minimum && number < *minimum) {
@@ -147,7 +151,12 @@ Outcome QueryFlag(const Call& call, Node& node, const FormRow* form)
     if (flag == QLatin1String("constructionHistory"))
         return true;
     const Plug plug = Plug::Find(node, AttributeFor(call.GetCommand().GetName(), flag, form));
-    return plug.IsValid() ? Outcome(Scene::Current().GetValue(plug)) : Outcome();
+    if (!plug.IsValid())
+        return {};
+    const Value value = Scene::Current().GetValue(plug);
+    const QVector<ArgumentType> types = call.GetCommand().FindFlag(flag)->arguments;
+    const bool isName = types == QVector<ArgumentType>{ArgumentType::String};
+    return isName ? Outcome(plug.attribute->EnumName(value.ToInt())) : Outcome(value);
 }
 
 Node& CreateShape(const char* type, Node& transform)
@@ -404,6 +413,7 @@ Outcome PolyEvaluate(Call& call)
         return *found.error;
     Scene& scene = Scene::Current();
     PartCounts sum;
+    int shells = 0; // every form is of one piece
     Box box;
     for (const Node* node : found.Nodes()) {
         QVector<Node*> tree;
@@ -412,6 +422,7 @@ Outcome PolyEvaluate(Call& call)
             if (!shape->GetType().Is("mesh"))
                 continue;
             const PartCounts counts = CountParts(scene, *shape);
+            shells += counts.faces > 0 ? 1 : 0;
             sum.vertices += counts.vertices;
             sum.edges += counts.edges;
             sum.faces += counts.faces;
@@ -431,6 +442,8 @@ Outcome PolyEvaluate(Call& call)
         {"uvcoord", &PartCounts::textureVertices},
         {"triangle", &PartCounts::triangles},
     };
+    if (call.Has("shell"))
+        return shells;
     IntList answers;
     for (const auto& row : COUNTS) {
         if (call.Has(row.flag))
@@ -469,21 +482,21 @@ const CommandRow FORM_COMMANDS[] = {
         "subdivisionsHeight/sh int cqe; subdivisionsX/sx int cqe; subdivisionsY/sy int cqe; twist/tw angle cqe", RunForm},
     {"sphere", "string[]", "QE", "[String...]",
         "axis/ax length length length cqe; degree/d int cqe; endSweep/esw angle cqe; pivot/p length length length cqe; radius/r length cqe; sections/s int cqe;"
-        "spans/nsp int cqe; startSweep/ssw angle cqe", RunForm},
+        "spans/nsp int cqe; startSweep/ssw angle cqe; tolerance/tol length cqe; useTolerance/ut B cqe", RunForm},
     {"cylinder", "string[]", "QE", "[String...]",
-        "axis/ax length length length cqe; degree/d int cqe; heightRatio/hr float cqe; pivot/p length length length cqe; radius/r length cqe; sections/s int cqe;"
-        "spans/nsp int cqe", RunForm},
+        "axis/ax length length length cqe; degree/d int cqe; endSweep/esw angle cqe; startSweep/ssw angle cqe; heightRatio/hr float cqe; pivot/p length length length cqe; radius/r length cqe; sections/s int cqe;"
+        "spans/nsp int cqe; tolerance/tol length cqe; useTolerance/ut B cqe", RunForm},
     {"cone", "string[]", "QE", "[String...]",
-        "axis/ax length length length cqe; degree/d int cqe; heightRatio/hr float cqe; pivot/p length length length cqe; radius/r length cqe; sections/s int cqe;"
-        "spans/nsp int cqe", RunForm},
+        "axis/ax length length length cqe; degree/d int cqe; endSweep/esw angle cqe; startSweep/ssw angle cqe; heightRatio/hr float cqe; pivot/p length length length cqe; radius/r length cqe; sections/s int cqe;"
+        "spans/nsp int cqe; tolerance/tol length cqe; useTolerance/ut B cqe", RunForm},
     {"torus", "string[]", "QE", "[String...]",
-        "axis/ax length length length cqe; degree/d int cqe; heightRatio/hr float cqe; pivot/p length length length cqe; radius/r length cqe; sections/s int cqe;"
-        "spans/nsp int cqe", RunForm},
+        "axis/ax length length length cqe; degree/d int cqe; endSweep/esw angle cqe; startSweep/ssw angle cqe; heightRatio/hr float cqe; pivot/p length length length cqe; radius/r length cqe; sections/s int cqe;"
+        "spans/nsp int cqe; tolerance/tol length cqe; useTolerance/ut B cqe", RunForm},
     {"nurbsPlane", "string[]", "QE", "[String...]",
         "axis/ax length length length cqe; degree/d int cqe; lengthRatio/lr float cqe; patchesU/u int cqe; patchesV/v int cqe; pivot/p length length length cqe;"
-        "width/w length cqe", RunForm},
+        "width/w length cqe; tolerance/tol length cqe; useTolerance/ut B cqe", RunForm},
     {"circle", "string[]", "QE", "[String...]",
-        "center/c length length length cqe; degree/d int cqe; normal/nr length length length cqe; radius/r length cqe; sections/s int cqe; sweep/sw angle cqe", RunForm},
+        "center/c length length length cqe; degree/d int cqe; normal/nr length length length cqe; radius/r length cqe; sections/s int cqe; sweep/sw angle cqe; tolerance/tol length cqe; useTolerance/ut B cqe", RunForm},
 };
 
 const char* const FORM_FLAGS = "constructionHistory/ch B cq; name/n str c; object/o B c";
@@ -496,14 +509,17 @@ const CommandRow COMMANDS[] = {
         "decayRate/d int cqe; intensity/i float cqe; name/n str c; position/pos length length length c; rgb/rgb float float float cqe; rotation/rot angle angle angle c;"
         "shadowColor/sc float float float cqe; useRayTraceShadows/rs B cqe", RunThing},
     {"spotLight", "any", "QE", "[String...]",
-        "coneAngle/ca angle cqe; decayRate/d int cqe; dropoff/do float cqe; intensity/i float cqe; name/n str c; penumbraAngle/p angle cqe;"
+        "coneAngle/ca angle cqe; decayRate/d int cqe; dropOff/do float cqe; intensity/i float cqe; name/n str c; penumbra/p angle cqe;"
         "position/pos length length length c; rgb/rgb float float float cqe; rotation/rot angle angle angle c; shadowColor/sc float float float cqe;"
         "useRayTraceShadows/rs B cqe", RunThing},
     {"ambientLight", "any", "QE", "[String...]",
         "ambientShade/as float cqe; intensity/i float cqe; name/n str c; position/pos length length length c; rgb/rgb float float float cqe;"
         "rotation/rot angle angle angle c", RunThing},
     {"camera", "any", "QE", "[String...]",
-        "centerOfInterest/coi length cqe; displayResolution/dr B cqe; farClipPlane/fcp length cqe; filmFit/ff int cqe; focalLength/fl float cqe; name/n str c;"
+        "cameraScale/cs float cqe; centerOfInterest/coi length cqe; displayResolution/dr B cqe; farClipPlane/fcp length cqe; filmFit/ff str cqe; focalLength/fl float cqe;"
+        "horizontalFilmAperture/hfa float cqe; horizontalFilmOffset/hfo float cqe; horizontalPan/hpn float cqe; lensSqueezeRatio/lsr float cqe; motionBlur/mb B cqe;"
+        "name/n str c; panZoomEnabled/pze B cqe; shutterAngle/sa angle cqe; verticalFilmAperture/vfa float cqe; verticalFilmOffset/vfo float cqe; verticalPan/vpn float cqe;"
+        "zoom/zom float cqe;"
         "nearClipPlane/ncp length cqe; orthographic/o B cqe; orthographicWidth/ow length cqe; overscan/ovr float cqe; position/p length length length c;"
         "rotation/rot angle angle angle c", RunThing},
     {"spaceLocator", "any", "QE", "[String...]", "name/n str c; position/p length length length c; absolute/a - c; relative/r - c", RunThing},
@@ -515,7 +531,7 @@ const CommandRow COMMANDS[] = {
         "degree/d float c; editPoint/ep length length length cm; knot/k float cm; name/n str c; objectSpace/os - c; periodic/per B c;"
         "point/p length length length cm; worldSpace/ws - c", Curve},
     {"polyEvaluate", "any", "", "[String...]",
-        "boundingBox/b - c; edge/e - c; face/f - c; format/fmt - c; triangle/t - c; uvcoord/uv - c; vertex/v - c", PolyEvaluate},
+        "boundingBox/b - c; edge/e - c; face/f - c; format/fmt - c; shell/s - c; triangle/t - c; uvcoord/uv - c; vertex/v - c", PolyEvaluate},
 };
 // clang-format on
 

@@ -24,6 +24,14 @@ QVector<Item> AllObjects()
     return items;
 }
 
+QVector<Item> EveryNode()
+{
+    QVector<Item> items;
+    for (Node* node : Scene::Current().Nodes())
+        items += Item{node->shared_from_this(), {}, false};
+    return items;
+}
+
 QVector<Item> WithHierarchy(const QVector<Item>& items)
 {
     QVector<Item> all;
@@ -93,7 +101,9 @@ Outcome Select(Call& call)
         return {};
     }
     FoundItems found;
-    if (call.Has("all"))
+    if (call.Has("allDependencyNodes"))
+        found.items = EveryNode();
+    else if (call.Has("all") || call.Has("allDagObjects"))
         found.items = AllObjects();
     else if (call.GetObjects().isEmpty())
         found.items = scene.Selection();
@@ -161,7 +171,8 @@ Outcome AcceptSelectMode(Call&)
 
 const CommandRow COMMANDS[] = {
     {"select", "none", "", "[String...]",
-        "add/add - c; addFirst/af - c; all/all - c; clear/cl - c; deselect/d - c; hierarchy/hi - c;"
+        "add/add - c; addFirst/af - c; all/all - c; allDagObjects/ado - c; allDependencyNodes/adn "
+        "- c; clear/cl - c; deselect/d - c; hierarchy/hi - c;"
         "noExpand/ne - c; replace/r - c; toggle/tgl - c",
         Select},
     {"pickWalk", "string[]", "", "[String...]", "direction/d str c; type/typ str c", PickWalk},

@@ -167,6 +167,11 @@ Outcome QuerySet(const Call& call)
         return set->GetType().Is("shadingEngine");
     if (call.Has("size"))
         return SetMembers(*set).size();
+    if (call.Has("nodesOnly")) {
+        FoundItems members;
+        members.items = SetMembers(*set);
+        return DisplayNames(members.Nodes());
+    }
     return MemberNames(*set);
 }
 
@@ -320,7 +325,8 @@ const CommandRow COMMANDS[] = {
     {"sets", "any", "QE", "[String...]",
         "addElement/add name ce; anyMember/anm name c; clear/cl name ce; empty/em - c;"
         "forceElement/fe name ce; include/in name ce; intersection/int - c; isMember/im name c;"
-        "name/n str c; noSurfaceShader/nss B c; remove/rm name ce; renderable/r B cq; size/s - q;"
+        "name/n str c; noSurfaceShader/nss B c; nodesOnly/no - q; remove/rm name ce; renderable/r "
+        "B cq; size/s - q;"
         "subtract/sub name ce; text/t str cq; union/un - c",
         Sets},
     {"listSets", "string[]", "", "",

@@ -109,6 +109,39 @@ constexpr AxisFlags ROTATE_AXES{
     {"rotateX", "rotateY", "rotateZ"}, {"rotateXY", "rotateXZ", "rotateYZ"}};
 constexpr AxisFlags SCALE_AXES{{"scaleX", "scaleY", "scaleZ"}, {"scaleXY", "scaleXZ", "scaleYZ"}};
 
+/// What is below a node that moves stays where it is in the world.
+class ChildKeeper
+{
+public:
+    ChildKeeper(const Call& call, const Node& node)
+    {
+        if (!call.Has("preserveChildPosition"))
+            return;
+        for (Node* child : node.Children()) {
+            if (child->GetType().IsTransform())
+                m_places += qMakePair(child, WorldMatrix(Scene::Current(), *child));
+        }
+    }
+    void Restore() const
+    {
+        for (const auto& [child, matrix] : m_places)
+            SetWorldMatrix(Scene::Current(), *child, matrix);
+    }
+
+private:
+    QVector<QPair<Node*, Matrix4>> m_places;
+};
+
+/// Moves the node so that what stood at the point (in the world) stands there again.
+void KeepPoint(Node& node, const Vector& point, const Matrix4& before)
+{
+    Scene& scene = Scene::Current();
+    const Vector moved = WorldMatrix(scene, node).Map(before.Inverted().Map(point));
+    SetTriple(scene, node, "translate",
+        GetTriple(scene, node, "translate")
+            + ParentMatrix(scene, node).Inverted().MapDirection(point - moved));
+}
+
 /// Calls `change(node, numbers)` for each of the transforms that are named, or selected.
 template <typename Change>
 Outcome ForEachTransform(const Call& call, const AxisFlags& flags, Change change)
@@ -119,8 +152,16 @@ Outcome ForEachTransform(const Call& call, const AxisFlags& flags, Change change
     const FoundTransforms found = TransformsOf(Targets(read.names));
     if (found.error)
         return *found.error;
-    for (Node* node : found.nodes)
+    const bool turns = call.GetCommand().FindFlag(QStringLiteral("pivot"));
+    for (Node* node : found.nodes) {
+        const ChildKeeper children(call, *node);
+        const Matrix4 before = WorldMatrix(Scene::Current(), *node);
         change(*node, read.numbers);
+        if (turns && call.Has("pivot"))
+            KeepPoint(*node,
+                {call.Float("pivot", 0), call.Float("pivot", 1), call.Float("pivot", 2)}, before);
+        children.Restore();
+    }
     return {};
 }
 
@@ -183,8 +224,9 @@ void RotateOne(const Call& call, Node& node, const Numbers& numbers)
     } else if (call.Has("euler")) {
         SetTriple(scene, node, "rotate", now + numbers.Else(0));
     } else {
-        const Matrix4 turned
-            = Matrix4::Rotation(numbers.Else(0), order) * Matrix4::Rotation(now, order);
+        const Matrix4 turned = Matrix4::Rotation(numbers.Else(0),
+                                   call.Has("forceOrderXYZ") ? RotateOrder::Xyz : order)
+            * Matrix4::Rotation(now, order);
         SetTriple(scene, node, "rotate", Decompose(turned, order).rotation);
     }
 }
@@ -251,6 +293,8 @@ Outcome QueryTransform(const Call& call, const Node& node)
         return ToList(world ? Decompose(matrix, RotateOrder::Xyz).scale : triple("scale"));
     if (call.Has("shear"))
         return ToList(triple("shear"));
+    if (call.Has("rotateAxis"))
+        return ToList(triple("rotateAxis"));
     if (call.Has("rotatePivot"))
         return pivot("rotatePivot");
     if (call.Has("scalePivot"))
@@ -359,6 +403,8 @@ void SetTransform(const Call& call, Node& node)
         SetRotation(call, node);
     if (call.Has("scale"))
         SetScale(call, node);
+    if (call.Has("rotateAxis"))
+        SetTriple(scene, node, "rotateAxis", VectorOf(call, "rotateAxis"));
     if (call.Has("shear"))
         SetTriple(scene, node, "shear", VectorOf(call, "shear"));
     if (call.Has("zeroTransformPivots")) {
@@ -443,15 +489,20 @@ const CommandRow COMMANDS[] = {
         "absolute/a - c; localSpace/ls - c; moveX/x - c; moveXY/xy - c; moveXYZ/xyz - c;"
         "moveXZ/xz - c; moveY/y - c; moveYZ/yz - c; moveZ/z - c; objectSpace/os - c; relative/r - "
         "c;"
+        "preserveChildPosition/pcp - c; rotatePivotRelative/rpr - c;"
         "worldSpace/ws - c; worldSpaceDistance/wd - c",
         Move},
     {"rotate", "none", "", "[Any...]",
-        "absolute/a - c; euler/eu - c; objectSpace/os - c; relative/r - c; rotateX/x - c;"
+        "absolute/a - c; euler/eu - c; forceOrderXYZ/fo - c; objectSpace/os - c;"
+        "pivot/p length length length c; preserveChildPosition/pcp - c; relative/r - c; rotateX/x "
+        "- c;"
         "rotateXY/xy - c; rotateXYZ/xyz - c; rotateXZ/xz - c; rotateY/y - c; rotateYZ/yz - c;"
         "rotateZ/z - c; worldSpace/ws - c",
         Rotate},
     {"scale", "none", "", "[Any...]",
-        "absolute/a - c; relative/r - c; scaleX/x - c; scaleXY/xy - c; scaleXYZ/xyz - c;"
+        "absolute/a - c; pivot/p length length length c; preserveChildPosition/pcp - c; relative/r "
+        "- c;"
+        "scaleX/x - c; scaleXY/xy - c; scaleXYZ/xyz - c;"
         "scaleXZ/xz - c; scaleY/y - c; scaleYZ/yz - c; scaleZ/z - c",
         Scale},
     {"xform", "any", "Q", "[String...]",
@@ -459,7 +510,8 @@ const CommandRow COMMANDS[] = {
         "matrix/m float float float float float float float float float float float float float "
         "float float float cq;"
         "objectSpace/os - cq; pivots/piv length length length cq; preserve/p B c; relative/r - c;"
-        "rotateOrder/roo str cq; rotatePivot/rp length length length cq;"
+        "rotateAxis/ra angle angle angle cq; rotateOrder/roo str cq; rotatePivot/rp length length "
+        "length cq;"
         "rotation/ro angle angle angle cq; scale/s float float float cq;"
         "scalePivot/sp length length length cq; shear/sh float float float cq;"
         "translation/t length length length cq; worldSpace/ws - cq; zeroTransformPivots/ztp - c",

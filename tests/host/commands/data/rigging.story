@@ -101,3 +101,12 @@ addAttr -ci true -sn "n" -ln "note" -dt "string" p; addAttr -q -ex p.note => 1
 addAttr -q -ex p.none => 0
 createNode transform -n a; createNode transform -n b; aimConstraint -aim 0 0 1 -o 10 0 0 -wut "object" a b; getAttr b_aimConstraint1.aimVector => 0 0 1
 getAttr -asString b_aimConstraint1.worldUpType => object
+
+== Constraints lose targets one by one
+createNode transform -n a; createNode transform -n b; createNode transform -n c; parentConstraint -w 0.5 a b c => c_parentConstraint1
+parentConstraint -e -w 0.25 b c; parentConstraint -q -w b c => 0.25
+parentConstraint -q -w c => 0.5 0.25
+parentConstraint -e -rm a c; parentConstraint -q -tl c => b
+parentConstraint -q -wal c => bW1
+undo; parentConstraint -q -tl c => a b
+parentConstraint -e -rm a b c; objExists c_parentConstraint1 => 0

@@ -116,3 +116,13 @@ group -em -n a; group -em -n b -p a; group -em -n c -p b; longNameOf c; => |a|b|
 rootOf c => |a
 firstParentOf c => b
 "<" + firstParentOf("a") + longNameOf("none") + rootOf("none") + ">" => <>
+
+== Turns and scales have pivots, and may leave children where they are
+polyCube; move 2 0 0; rotate -r -p 0 0 0 -os -fo 0 0 90 pCube1; xform -q -ws -t pCube1 => 0 2 0
+scale -r -p 0cm 0cm 0cm 2 2 2 pCube1; xform -q -ws -t pCube1 => 0 4 0
+polySphere; parent pSphere1 pCube1; move -pcp 5 5 5 pCube1; xform -q -ws -t pSphere1 => 0 0 0
+setKeyframe pCube1; setAttr pSphere1.rz 3; delete -channels -at tx pCube1; listConnections -d 0 pCube1.tx; =>
+delete -channels -unitlessAnimationCurves false pCube1; ls -type animCurve; =>
+polyEvaluate -s pCube1 => 2
+camera -ff "Overscan" -hfo 0.5; camera -q -ff camera1 => Overscan
+spotLight -do 2 -p 5; getAttr spotLight1.penumbraAngle => 5
