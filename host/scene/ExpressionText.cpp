@@ -19,8 +19,10 @@ struct Token
 class Scanner
 {
 public:
+    /// Half characters are replaced: looking for them again at each token would cost the square of
+    /// the length.
     explicit Scanner(const QString& text)
-        : m_text(text)
+        : m_text(QString::fromUtf8(text.toUtf8()))
     { }
 
     bool AtEnd() const { return m_position >= m_text.size(); }
@@ -36,7 +38,8 @@ public:
                            "\\d+\\])?)*)"),
             QRegularExpression::DotMatchesEverythingOption);
         const auto match = expression.match(m_text, m_position, QRegularExpression::NormalMatch,
-            QRegularExpression::AnchoredMatchOption);
+            QRegularExpression::AnchoredMatchOption
+                | QRegularExpression::DontCheckSubjectStringMatchOption);
         Token token{Kind::Other, m_text.mid(m_position, 1), m_position + 1};
         if (match.hasMatch()) {
             token.text = match.captured();
