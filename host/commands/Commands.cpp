@@ -33,6 +33,7 @@ void RegisterCommands(Engine& engine)
     void (*const themes[])(CommandRegistry&) = {
         RegisterAbout,
         RegisterArrays,
+        RegisterConditions,
         RegisterDisplayStrings,
         RegisterFileSystem,
         RegisterFiles,
@@ -62,6 +63,7 @@ void RegisterCommands(Engine& engine)
         RegisterSceneMeasures,
         RegisterSceneNamespaces,
         RegisterSceneNodes,
+        RegisterScenePlay,
         RegisterScenePlayback,
         RegisterScenePrimitives,
         RegisterSceneSelection,

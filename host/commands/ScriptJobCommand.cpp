@@ -46,9 +46,23 @@ Outcome Kill(const Call& call)
     return {};
 }
 
-Outcome Create(const Call& call)
+constexpr struct
+{
+    const char* flag;
+    std::optional<bool> state;
+} CONDITION_TRIGGERS[] = {
+    {"conditionChange", std::nullopt},
+    {"conditionFalse", false},
+    {"conditionTrue", true},
+};
+
+/// What the job waits for, and its script; a job without a script when nothing was named.
+ScriptJob JobFrom(const Call& call)
 {
     ScriptJob job;
+    job.endsWithScene = call.Has("killWithScene");
+    job.joinsUndo = call.Bool("compressUndo");
+    job.anyIndex = call.Has("disregardIndex");
     job.parent = call.Text("parent");
     job.runOnce = call.Bool("runOnce");
     job.isProtected = call.Has("protected");
@@ -69,6 +83,12 @@ Outcome Create(const Call& call)
         job.trigger = {JobTrigger::Kind::NodeChange, call.Text(row.flag), row.change};
         job.script = call.GetScript(row.flag, 1);
     }
+    for (const auto& row : CONDITION_TRIGGERS) {
+        if (!call.Has(row.flag))
+            continue;
+        job.trigger = {JobTrigger::Kind::Condition, call.Text(row.flag), {}, row.state};
+        job.script = call.GetScript(row.flag, 1);
+    }
     if (call.Has("timeChange")) {
         job.trigger = {JobTrigger::Kind::Event, QStringLiteral("timeChanged"), {}};
         job.script = call.GetScript("timeChange");
@@ -76,8 +96,18 @@ Outcome Create(const Call& call)
     // The event of that name comes as often as an idle job runs.
     if (job.trigger.kind == JobTrigger::Kind::Event && job.trigger.name == QLatin1String("idle"))
         job.trigger = {JobTrigger::Kind::Idle, {}, {}};
+    return job;
+}
+
+Outcome Create(const Call& call)
+{
+    const ScriptJob job = JobFrom(call);
+    if (call.Has("replacePrevious") && job.parent.isEmpty())
+        return Error{QStringLiteral("-replacePrevious needs -parent.")};
     if (job.script.IsEmpty())
         return Error{QStringLiteral("scriptJob needs something to wait for and a script.")};
+    if (call.Has("replacePrevious"))
+        Jobs().KillChildrenOf(job.parent);
     return Jobs().Add(job);
 }
 
@@ -87,6 +117,8 @@ Outcome RunScriptJob(Call& call)
         return Jobs().Contains(call.Int("exists"));
     if (call.Has("listEvents"))
         return Events::Names();
+    if (call.Has("listConditions"))
+        return Session::Current().conditions.Names();
     if (call.Has("listJobs"))
         return Jobs().Descriptions();
     if (call.Has("killAll")) {
@@ -98,13 +130,16 @@ Outcome RunScriptJob(Call& call)
 
 const CommandRow COMMANDS[] = {
     {"scriptJob", "any", "", "",
-        "attributeAdded/aa str script c; attributeChange/ac str script c;"
-        "attributeDeleted/ad str script c; connectionChange/con str script c;"
-        "nodeDeleted/nd str script c; nodeNameChanged/nnc str script c; timeChange/tc script c;"
-        "event/e str script c; exists/ex int c; force/f - c; idleEvent/ie script c; kill/k int cm;"
-        "killAll/ka - c; listEvents/le - c; listJobs/lj - c; optionVarChanged/ovc str script c;"
-        "parent/p str c; permanent/per - c; protected/pro - c; runOnce/ro B c;"
-        "uiDeleted/uid str script c",
+        "allChildren/alc - c; attributeAdded/aa str script c; attributeChange/ac str script c;"
+        "attributeDeleted/ad str script c; compressUndo/cu B c; conditionChange/cc str script c;"
+        "conditionFalse/cf str script c; conditionTrue/ct str script c;"
+        "connectionChange/con str script c; disregardIndex/dri - c; event/e str script c;"
+        "exists/ex int c; force/f - c; idleEvent/ie script c; kill/k int cm; killAll/ka - c;"
+        "killWithScene/kws - c; listConditions/lc - c; listEvents/le - c; listJobs/lj - c;"
+        "nodeDeleted/nd str script c; nodeNameChanged/nnc str script c;"
+        "optionVarChanged/ovc str script c; parent/p str c; permanent/per - c; protected/pro - c;"
+        "replacePrevious/rp - c; runOnce/ro B c; timeChange/tc script c; uiDeleted/uid str script "
+        "c",
         RunScriptJob},
 };
 

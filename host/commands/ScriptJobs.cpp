@@ -1,5 +1,6 @@
 #include "commands/ScriptJobs.h"
 
+#include "commands/Conditions.h"
 #include "commands/scene/SceneCommands.h"
 #include "engine/Engine.h"
 
@@ -37,6 +38,12 @@ QString FlagText(const JobTrigger& trigger)
         return QStringLiteral("\"-optionVarChanged\" ") + Quoted(trigger.name);
     case JobTrigger::Kind::UiDeleted:
         return QStringLiteral("\"-uiDeleted\" ") + Quoted(trigger.name);
+    case JobTrigger::Kind::Condition:
+        return QStringLiteral("\"-condition%1\" %2")
+            .arg(!trigger.state      ? QStringLiteral("Change")
+                    : *trigger.state ? QStringLiteral("True")
+                                     : QStringLiteral("False"),
+                Quoted(trigger.name));
     case JobTrigger::Kind::NodeChange:
         return QStringLiteral("\"-%1\" %2").arg(FlagName(trigger.change), Quoted(trigger.name));
     }
@@ -45,12 +52,15 @@ QString FlagText(const JobTrigger& trigger)
 
 } // namespace
 
-ScriptJobs::ScriptJobs(Engine& engine)
+ScriptJobs::ScriptJobs(Engine& engine, Conditions& conditions)
     : m_engine(engine)
+    , m_conditions(conditions)
 {
     m_idleTimer.setInterval(IDLE_INTERVAL_MS);
     connect(&m_idleTimer, &QTimer::timeout, this, &ScriptJobs::RunIdleJobs);
     m_engine.optionVars.changed = [this](const QString& name) { OnOptionVarChanged(name); };
+    for (const char* event : {"NewSceneOpened", "SceneOpened"})
+        m_engine.events.Add(QString::fromLatin1(event), [this] { OnSceneClosed(); });
 }
 
 ScriptJobs::~ScriptJobs()
@@ -72,7 +82,7 @@ QObject* ScriptJobs::FindElement(const QString& name) const
     return m_engine.ui->FindMenuItem(name);
 }
 
-std::optional<Error> ScriptJobs::Watch(Entry& entry, int number)
+std::optional<Error> ScriptJobs::WatchNode(Entry& entry, int number)
 {
     const JobTrigger& trigger = entry.job.trigger;
     const FoundItems found = FindAll({trigger.name});
@@ -84,43 +94,65 @@ std::optional<Error> ScriptJobs::Watch(Entry& entry, int number)
     if (isAttribute != item.IsPlug() && trigger.change != scene::NodeChange::AttributeAdded
         && trigger.change != scene::NodeChange::AttributeDeleted)
         return NoMatch(trigger.name);
+    const QString part = entry.job.anyIndex ? item.part.section(QLatin1Char('['), 0, 0) : item.part;
     entry.watchId = scene::Scene::Current().watches.Add(
-        trigger.change, *item.node, item.part, [this, number] { Run(number); });
+        trigger.change, *item.node, part, [this, number] { Run(number); });
+    return std::nullopt;
+}
+
+void ScriptJobs::WatchElement(Entry& entry, QObject* element, int number)
+{
+    entry.watched = connect(element, &QObject::destroyed, this, [this, number] {
+        const QPointer<ScriptJobs> jobs(this);
+        // The element is half gone: the script comes when it is gone for good.
+        m_engine.idle.Post([jobs, number] {
+            if (jobs)
+                jobs->Run(number);
+        });
+    });
+}
+
+std::optional<Error> ScriptJobs::Watch(Entry& entry, int number)
+{
+    const JobTrigger& trigger = entry.job.trigger;
+    switch (trigger.kind) {
+    case JobTrigger::Kind::Event:
+        entry.eventId = m_engine.events.Add(trigger.name, [this, number] { Run(number); });
+        if (entry.eventId == 0)
+            return Error{QStringLiteral("Invalid event name '%1'.").arg(trigger.name)};
+        break;
+    case JobTrigger::Kind::Idle: m_idleTimer.start(); break;
+    case JobTrigger::Kind::NodeChange: return WatchNode(entry, number);
+    case JobTrigger::Kind::UiDeleted:
+        if (QObject* element = FindElement(trigger.name))
+            WatchElement(entry, element, number);
+        else
+            return Error{QStringLiteral("Object '%1' not found.").arg(trigger.name)};
+        break;
+    case JobTrigger::Kind::Condition: {
+        if (!m_conditions.Contains(trigger.name))
+            return Error{QStringLiteral("Invalid condition name '%1'.").arg(trigger.name)};
+        entry.conditionId
+            = m_conditions.Watch(trigger.name, [this, number, wanted = trigger.state](bool state) {
+                  if (wanted.value_or(state) == state)
+                      Run(number);
+              });
+        break;
+    }
+    case JobTrigger::Kind::OptionVar: break;
+    }
     return std::nullopt;
 }
 
 Outcome ScriptJobs::Add(const ScriptJob& job)
 {
-    const auto missing = [](const QString& name) {
-        return Error{QStringLiteral("Object '%1' not found.").arg(name)};
-    };
     QObject* const parent = FindElement(job.parent);
     if (!job.parent.isEmpty() && !parent)
-        return missing(job.parent);
+        return Error{QStringLiteral("Object '%1' not found.").arg(job.parent)};
     const int number = m_lastNumber + 1;
-    Entry entry{job, 0, 0, {}, {}};
-    if (job.trigger.kind == JobTrigger::Kind::Event) {
-        entry.eventId = m_engine.events.Add(job.trigger.name, [this, number] { Run(number); });
-        if (entry.eventId == 0)
-            return Error{QStringLiteral("Invalid event name '%1'.").arg(job.trigger.name)};
-    } else if (job.trigger.kind == JobTrigger::Kind::Idle) {
-        m_idleTimer.start();
-    } else if (job.trigger.kind == JobTrigger::Kind::NodeChange) {
-        if (const auto error = Watch(entry, number))
-            return *error;
-    } else if (job.trigger.kind == JobTrigger::Kind::UiDeleted) {
-        QObject* const element = FindElement(job.trigger.name);
-        if (!element)
-            return missing(job.trigger.name);
-        entry.watched = connect(element, &QObject::destroyed, this, [this, number] {
-            const QPointer<ScriptJobs> jobs(this);
-            // The element is half gone: the script comes when it is gone for good.
-            m_engine.idle.Post([jobs, number] {
-                if (jobs)
-                    jobs->Run(number);
-            });
-        });
-    }
+    Entry entry{job, 0, 0, 0, {}, {}};
+    if (const auto error = Watch(entry, number))
+        return *error;
     if (parent) {
         entry.parentWatched
             = connect(parent, &QObject::destroyed, this, [this, number] { Kill(number, true); });
@@ -140,6 +172,8 @@ bool ScriptJobs::Kill(int number, bool force)
     m_engine.events.Remove(found->eventId);
     if (found->watchId != 0)
         scene::Scene::Current().watches.Remove(found->watchId);
+    if (found->conditionId != 0)
+        m_conditions.Unwatch(found->conditionId);
     disconnect(found->watched);
     disconnect(found->parentWatched);
     m_jobs.remove(number);
@@ -151,6 +185,22 @@ void ScriptJobs::KillAll(bool force)
     for (const int number : m_jobs.keys()) {
         if (force || !m_jobs.value(number).job.isPermanent)
             Kill(number, force);
+    }
+}
+
+void ScriptJobs::KillChildrenOf(const QString& parent)
+{
+    for (const int number : m_jobs.keys()) {
+        if (m_jobs.value(number).job.parent == parent)
+            Kill(number, true);
+    }
+}
+
+void ScriptJobs::OnSceneClosed()
+{
+    for (const int number : m_jobs.keys()) {
+        if (m_jobs.value(number).job.endsWithScene)
+            Kill(number, true);
     }
 }
 
@@ -166,6 +216,12 @@ QStringList ScriptJobs::Descriptions() const
             parts += QStringLiteral("\"-permanent\"");
         if (job.isProtected)
             parts += QStringLiteral("\"-protected\"");
+        if (job.endsWithScene)
+            parts += QStringLiteral("\"-killWithScene\"");
+        if (job.joinsUndo)
+            parts += QStringLiteral("\"-compressUndo\" 1");
+        if (job.anyIndex)
+            parts += QStringLiteral("\"-disregardIndex\"");
         if (!job.parent.isEmpty())
             parts += QStringLiteral("\"-parent\" ") + Quoted(job.parent);
         parts += FlagText(job.trigger);

@@ -13,14 +13,17 @@ class Engine;
 
 namespace host::commands {
 
+class Conditions;
+
 /// What a job waits for.
 struct JobTrigger
 {
-    enum class Kind { Event, Idle, OptionVar, UiDeleted, NodeChange };
+    enum class Kind { Event, Idle, OptionVar, UiDeleted, NodeChange, Condition };
 
     Kind kind = Kind::Event;
-    QString name; ///< of the event, option variable, interface element, node or attribute
+    QString name; ///< of the event, option variable, element, node, attribute or condition
     scene::NodeChange change = scene::NodeChange::AttributeChanged;
+    std::optional<bool> state = std::nullopt; ///< that a condition has to reach; none: any
 };
 
 struct ScriptJob
@@ -31,6 +34,9 @@ struct ScriptJob
     bool runOnce = false;
     bool isProtected = false;
     bool isPermanent = false;
+    bool endsWithScene = false;
+    bool joinsUndo = false; ///< kept for those who ask: each text is a step of its own here
+    bool anyIndex = false; ///< all elements of an attribute count
 };
 
 /// The scripts that wait for something to happen. Jobs run at once when it does, except those of
@@ -40,7 +46,7 @@ class ScriptJobs : public QObject
 {
     Q_OBJECT
 public:
-    explicit ScriptJobs(Engine& engine);
+    ScriptJobs(Engine& engine, Conditions& conditions);
     ~ScriptJobs() override;
 
     /// The job's number, from 1, or why it cannot be.
@@ -48,6 +54,8 @@ public:
     /// A protected job only falls to `force`. False when it stays; true also when there is none.
     bool Kill(int number, bool force);
     void KillAll(bool force);
+    /// Those that end with the interface element.
+    void KillChildrenOf(const QString& parent);
     bool Contains(int number) const { return m_jobs.contains(number); }
     /// One line per job: its number and the flags that made it.
     QStringList Descriptions() const;
@@ -61,17 +69,22 @@ private:
         ScriptJob job;
         int eventId = 0;
         int watchId = 0;
+        int conditionId = 0;
         QMetaObject::Connection watched;
         QMetaObject::Connection parentWatched;
     };
 
     std::optional<Error> Watch(Entry& entry, int number);
+    std::optional<Error> WatchNode(Entry& entry, int number);
+    void WatchElement(Entry& entry, QObject* element, int number);
     void Run(int number);
     void RunIdleJobs();
+    void OnSceneClosed();
     void OnOptionVarChanged(const QString& name);
     QObject* FindElement(const QString& name) const;
 
     Engine& m_engine;
+    Conditions& m_conditions;
     QMap<int, Entry> m_jobs;
     QTimer m_idleTimer;
     int m_lastNumber = 0;

@@ -8,7 +8,8 @@ Session::Session(Engine& engine)
     : scene(engine)
     , hotkeys(engine)
     , runTimeCommands(engine)
-    , scriptJobs(std::make_unique<ScriptJobs>(engine))
+    , conditions(engine)
+    , scriptJobs(std::make_unique<ScriptJobs>(engine, conditions))
 {
     project.SetRoot(engine.paths.ApplicationDirectory() + QLatin1String("/projects/default"));
     expressions.Serve(scene);

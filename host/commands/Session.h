@@ -1,5 +1,6 @@
 #pragma once
 
+#include "commands/Conditions.h"
 #include "commands/Deferred.h"
 #include "commands/HelpRequests.h"
 #include "commands/HistoryFile.h"
@@ -11,6 +12,7 @@
 #include "commands/ScriptJobs.h"
 #include "commands/scene/Expressions.h"
 #include "commands/scene/KeySettings.h"
+#include "commands/scene/Player.h"
 #include "engine/Value.h"
 #include "scene/Scene.h"
 
@@ -52,7 +54,11 @@ public:
     KeySettings keys;
     Project project;
     RunTimeCommands runTimeCommands;
+    Player player;
+    Conditions conditions;
     std::unique_ptr<ScriptJobs> scriptJobs;
+    /// Draws the view into a file; set by whoever shows one. False when it could not.
+    std::function<bool(const QString& path, const QString& format)> drawView;
     int waitCursors = 0; ///< requests not yet taken back
     bool suppressStackWindow = false; ///< kept for those who ask: there is no such window here
     bool refreshSuspended = false;

@@ -66,8 +66,21 @@ Outcome WaitCursor(Call& call)
     return {};
 }
 
+/// A picture of the view, for those who want to show what the scene looks like.
+Outcome DrawView(const QString& path, const QString& format)
+{
+    const auto draw = Session::Current().drawView;
+    if (!draw)
+        return Error{QStringLiteral("There is no view to draw.")};
+    if (!draw(path, format))
+        return Error{QStringLiteral("Cannot write a picture to \"%1\".").arg(path)};
+    return {};
+}
+
 Outcome Refresh(Call& call)
 {
+    if (call.Has("filename"))
+        return DrawView(call.Text("filename"), call.Text("fileExtension"));
     bool& suspended = Session::Current().refreshSuspended;
     if (call.Has("suspend"))
         suspended = call.Bool("suspend");
@@ -190,7 +203,10 @@ const CommandRow COMMANDS[] = {
     {"quit", "none", "", "", "abort/a - c; exitCode/ec int c; force/f - c", Quit},
     {"pause", "none", "", "", "seconds/sec int c", Pause},
     {"waitCursor", "int", "Q", "", "state/st B cq", WaitCursor},
-    {"refresh", "none", "", "", "currentView/cv - c; force/f - c; suspend/su B c", Refresh},
+    {"refresh", "none", "", "",
+        "currentView/cv - c; fileExtension/fe str c; filename/fn str c; force/f - c; suspend/su B "
+        "c",
+        Refresh},
     {"mayaDpiSetting", "any", "Q", "",
         "mode/m int cq; realScaleValue/rsv - q; scaleValue/sv float cq; systemDpi/sd - q",
         DpiSetting},

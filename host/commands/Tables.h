@@ -9,6 +9,7 @@ namespace host::commands {
 // Each theme's file ends in its tables and registers them here.
 void RegisterAbout(CommandRegistry& registry);
 void RegisterArrays(CommandRegistry& registry);
+void RegisterConditions(CommandRegistry& registry);
 void RegisterDisplayStrings(CommandRegistry& registry);
 void RegisterFileSystem(CommandRegistry& registry);
 void RegisterFiles(CommandRegistry& registry);

@@ -123,8 +123,8 @@ void Scene::Reset()
     isModified = false;
     if (wasSelected)
         watches.NoteEvent(QStringLiteral("SelectionChanged"));
-    if (watches.sceneChanged)
-        watches.sceneChanged();
+    ++m_treeRevision;
+    watches.NoteScene();
 }
 
 QVector<Node*> Scene::Nodes() const

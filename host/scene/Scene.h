@@ -72,6 +72,8 @@ public:
     QVector<Node*> Nodes() const;
     /// How many nodes there are of just this kind.
     int CountOf(const NodeType& type) const { return m_counts.value(&type); }
+    /// Another number whenever nodes came, went, moved or got another name.
+    quint64 TreeRevision() const { return m_treeRevision; }
     const NameIndex& Names() const { return m_names; }
     /// All nodes that a name, path, pattern or unique id means. Patterns match one namespace unless
     /// they name others; `everyNamespace` lets them match all.
@@ -201,6 +203,7 @@ private:
     QHash<QString, NodePointer> m_imported; ///< by the path in the file
     QHash<const NodeType*, int> m_counts; ///< of the nodes in the scene
     quint64 m_changes = 0;
+    quint64 m_treeRevision = 0;
     quint64 m_lastSerial = 0;
     quint64 m_lastConnection = 0;
 };

@@ -201,6 +201,7 @@ void Scene::ApplyState(Node& node, const QString& key, const PlugState& state)
     else
         node.m_states.insert(key, state);
     isModified = true;
+    watches.NoteScene();
 }
 
 void Scene::SetState(const Plug& plug, const PlugState& state)

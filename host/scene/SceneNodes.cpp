@@ -49,6 +49,8 @@ void Scene::Attach(const NodePointer& node, Node* parent, qint64 order)
     isModified = true;
     ++m_changes;
     ++m_counts[&node->GetType()];
+    ++m_treeRevision;
+    watches.NoteScene();
     if (node->IsDag())
         watches.NoteEvent(QStringLiteral("DagObjectCreated"));
 }
@@ -66,6 +68,7 @@ void Scene::Detach(const NodePointer& node)
     isModified = true;
     ++m_changes;
     --m_counts[&node->GetType()];
+    ++m_treeRevision;
     watches.Note(NodeChange::Deleted, *node);
 }
 
@@ -157,6 +160,7 @@ void Scene::ApplyName(Node& node, const QString& name)
     node.m_name = m_names.UniqueName(name, node.m_parent, &node);
     m_names.Add(node);
     isModified = true;
+    ++m_treeRevision;
     watches.Note(NodeChange::Renamed, node);
     watches.NoteEvent(QStringLiteral("NameChanged"));
 }
@@ -188,6 +192,7 @@ void Scene::MoveTo(Node& node, Node& parent, qint64 order, const QString& name)
     m_names.Add(node);
     isModified = true;
     ++m_changes;
+    ++m_treeRevision;
     watches.Note(NodeChange::ConnectionChanged, node);
 }
 
@@ -222,6 +227,8 @@ void Scene::Reorder(Node& parent, const QVector<Node*>& first)
             kept->m_children.emplace(child->m_order, child.get());
         }
         isModified = true;
+        ++m_treeRevision;
+        watches.NoteScene();
     };
     const auto share = [](const QVector<Node*>& nodes) {
         QVector<NodePointer> pointers;

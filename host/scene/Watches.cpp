@@ -42,13 +42,13 @@ void Watches::Note(NodeChange change, const Node& node, const QString& key)
 {
     if (silent)
         return;
-    if (sceneChanged)
-        sceneChanged();
+    NoteScene();
     for (auto watch = m_watches.constFind(&node);
          watch != m_watches.constEnd() && watch.key() == &node; ++watch) {
         const bool concerns = (*watch)->change == change
             && ((*watch)->key.isEmpty() || (*watch)->key == key
-                || key.startsWith((*watch)->key + QLatin1Char('.')));
+                || key.startsWith((*watch)->key + QLatin1Char('.'))
+                || key.startsWith((*watch)->key + QLatin1Char('[')));
         if (!concerns || m_toTell.contains(*watch))
             continue;
         m_toTell += *watch;
@@ -60,12 +60,28 @@ void Watches::NoteEvent(const QString& event)
 {
     if (silent)
         return;
-    if (sceneChanged)
-        sceneChanged();
+    NoteScene();
     if (m_events.contains(event))
         return;
     m_events += event;
     Post();
+}
+
+void Watches::NoteScene()
+{
+    if (silent)
+        return;
+    if (sceneChanged)
+        sceneChanged();
+    if (m_viewers.isEmpty() || std::exchange(m_viewersWait, true))
+        return;
+    Post();
+}
+
+int Watches::AddViewer(std::function<void()> told)
+{
+    m_viewers.insert(++m_lastId, std::move(told));
+    return m_lastId;
 }
 
 void Watches::Post()
@@ -93,6 +109,13 @@ void Watches::Tell()
     for (const QString& event : events) {
         if (*alive)
             m_engine.events.Fire(event);
+    }
+    if (!*alive || !std::exchange(m_viewersWait, false))
+        return;
+    for (const int id : m_viewers.keys()) {
+        const auto told = *alive ? m_viewers.value(id) : nullptr;
+        if (told)
+            told();
     }
 }
 

@@ -42,10 +42,16 @@ public:
     void Note(NodeChange change, const Node& node, const QString& key = {});
     /// One of the host's named events.
     void NoteEvent(const QString& event);
+    /// Something that can be seen changed, whatever it is.
+    void NoteScene();
     /// What happens meanwhile is nobody's concern: the scene makes the nodes it begins with.
     bool silent = false;
     /// Told at once when anything changed that can be seen; set by whoever draws the scene.
     std::function<void()> sceneChanged;
+    /// Who shows parts of the scene is told, when the host is idle, that anything changed. Id for
+    /// RemoveViewer, never 0.
+    int AddViewer(std::function<void()> told);
+    void RemoveViewer(int id) { m_viewers.remove(id); }
 
 private:
     struct Watch
@@ -65,6 +71,8 @@ private:
     QHash<int, const Node*> m_nodes; ///< by id of the watch
     QVector<std::shared_ptr<Watch>> m_toTell;
     QStringList m_events;
+    QMap<int, std::function<void()>> m_viewers;
+    bool m_viewersWait = false;
     std::shared_ptr<bool> m_alive = std::make_shared<bool>(true);
     bool m_posted = false;
     int m_lastId = 0;

@@ -87,6 +87,7 @@ void RegisterSceneKeys(CommandRegistry& registry);
 void RegisterSceneLists(CommandRegistry& registry);
 void RegisterSceneNamespaces(CommandRegistry& registry);
 void RegisterSceneNodes(CommandRegistry& registry);
+void RegisterScenePlay(CommandRegistry& registry);
 void RegisterScenePlayback(CommandRegistry& registry);
 void RegisterScenePrimitives(CommandRegistry& registry);
 void RegisterSceneSelection(CommandRegistry& registry);

@@ -41,6 +41,40 @@ scriptJob -uiDeleted win "print x" => error: Object 'win' not found.
 scriptJob -parent win -event Undo "print x" => error: Object 'win' not found.
 size(`scriptJob -listJobs`) => 0
 
+== Jobs wait for conditions
+scriptJob -conditionTrue SomethingSelected "print some"; scriptJob -cf SomethingSelected "print none"; condition -state 0 mine; scriptJob -cc mine "print(`isTrue mine`)"
+createNode transform -n a; condition -e -state 1 mine >> print: some1
+select -cl; condition -e -state 0 mine; isTrue SomethingSelected => 0 >> print: none0
+scriptJob -conditionTrue noSuch "print x" => error: Invalid condition name 'noSuch'.
+scriptJob -listConditions => RedoAvailable SomethingSelected UndoAvailable UndoOrRedoAvailable mine playingBack
+stringArrayContains("\"-conditionFalse\"", stringToStringArray(`scriptJob -lj`[1], " ")) => 1
+condition -delete mine; isTrue mine => error: Unknown condition: 'mine'.
+condition -state 1 playingBack => error: The condition 'playingBack' is the host's own.
+
+== A condition is worked out by its script
+int $n = 1; global proc int big() { global int $n; return $n > 3; }
+condition -initialize -d Undo -s "big" large; isTrue large => 0
+$n = 5; isTrue large => 0
+@fire Undo
+isTrue large => 1
+condition -s "big" -d nothing other => error: Unknown event or condition: 'nothing'.
+
+== Jobs end with their scene, and give way to the next one
+scriptJob -killWithScene -event Undo "print a"; scriptJob -event Undo "print b"; file -f -new
+@fire Undo >> print: b
+scriptJob -replacePrevious -event Undo "print x" => error: -replacePrevious needs -parent.
+
+== One job for all elements of an attribute
+createNode plusMinusAverage -n p; scriptJob -dri -ac "p.input1D[0]" "print any"; setAttr p.input1D[3] 2;
+@idle
+>> print: any
+
+== The scene is played
+playbackOptions -min 1 -max 5 -loop once; currentTime 3; play -wait; currentTime -q => 5
+currentTime 3; play -state 1; isTrue playingBack => 1
+@until int $stopped = !`play -q -state`
+currentTime -q => 5
+
 == Jobs end with the session
 scriptJob -event Undo "print x"; scriptJob -ovc v "print y"
 @restart
