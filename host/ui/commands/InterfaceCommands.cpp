@@ -39,6 +39,14 @@ const Registration REGISTRATIONS[] = {
     RegisterRadioCommands,
     RegisterChoiceGroupCommands,
     RegisterIconTextCommands,
+    RegisterAttributeGroupCommands,
+    RegisterAttributeNavigation,
+    RegisterConnectControl,
+    RegisterOutliner,
+    RegisterScriptTable,
+    RegisterFocusCommands,
+    RegisterHeadsUpDisplay,
+    RegisterDimWhen,
     RegisterTemplateCommands,
 };
 

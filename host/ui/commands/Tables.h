@@ -31,6 +31,16 @@ void RegisterSliderCommands(CommandRegistry& commands);
 void RegisterRadioCommands(CommandRegistry& commands);
 void RegisterChoiceGroupCommands(CommandRegistry& commands);
 void RegisterIconTextCommands(CommandRegistry& commands);
+void RegisterAttributeGroupCommands(CommandRegistry& commands);
+void RegisterAttributeNavigation(CommandRegistry& commands);
+void RegisterConnectControl(CommandRegistry& commands);
+void RegisterOutliner(CommandRegistry& commands);
+void RegisterScriptTable(CommandRegistry& commands);
+void RegisterToolBars(CommandRegistry& commands);
+void RegisterHeadsUpDisplay(CommandRegistry& commands);
+void RegisterNameAndTimeFields(CommandRegistry& commands);
+void RegisterFocusCommands(CommandRegistry& commands);
+void RegisterDimWhen(CommandRegistry& commands);
 void RegisterTemplateCommands(CommandRegistry& commands);
 
 /// Makes the templates that scripts take for granted. Call once the commands are registered.

@@ -93,6 +93,9 @@ void Element::RunCallback(const QString& flag, const QVector<Value>& arguments) 
 {
     // A copy, as the callback may delete this element.
     const Script script = m_callbacks.value(flag);
+    const auto before = calling;
+    if (before)
+        before(flag);
     script.Run(arguments);
 }
 

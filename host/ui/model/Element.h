@@ -84,6 +84,8 @@ public:
     std::function<void(Element& child)> placeChild;
     /// Called when children came, went or changed their label.
     std::function<void()> childrenChanged;
+    /// Called before a callback runs, whether or not there is one, with the long name of its flag.
+    std::function<void(const QString& flag)> calling;
     /// Called before the element goes; its widget may be gone already.
     std::function<void()> aboutToGo;
 

@@ -163,6 +163,11 @@ void HostWindow::Build()
     CreateElements();
     ApplyStoredSwitches();
     m_viewport->FollowScene();
+    commands::Session::Current().drawView = [view = QPointer<Viewport>(m_viewport)](
+                                                const QString& path, const QString& format) {
+        return view
+            && view->grab().save(path, format.isEmpty() ? nullptr : format.toLatin1().constData());
+    };
     FollowSceneName();
     QFile script(QStringLiteral(":/host/mainWindow.mel"));
     if (script.open(QIODevice::ReadOnly))

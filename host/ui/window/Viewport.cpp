@@ -2,6 +2,8 @@
 
 #include "engine/Engine.h"
 #include "scene/Scene.h"
+#include "ui/model/InterfaceModel.h"
+#include "ui/window/HeadsUp.h"
 #include "ui/window/HostColors.h"
 
 #include <QMouseEvent>
@@ -49,6 +51,7 @@ void Viewport::FollowScene()
         m_wires.Invalidate();
         update();
     };
+    connect(&HeadsUp::Current(), &HeadsUp::Changed, this, QOverload<>::of(&Viewport::update));
 }
 
 void Viewport::SetGridVisible(bool visible)
@@ -153,6 +156,29 @@ void Viewport::DrawAxis(QPainter& painter) const
     }
 }
 
+/// Five columns at the top and five at the bottom; the outer ones stand at the edges.
+void Viewport::DrawHeadsUp(QPainter& painter) const
+{
+    constexpr int COLUMNS = HeadsUp::SECTIONS / 2;
+    constexpr int MARGIN = 8;
+    const int lineHeight = painter.fontMetrics().height();
+    const int lowest = height() - MARGIN - lineHeight; // the camera's name stands there
+    for (const HeadsUp::Entry& entry : HeadsUp::Current().Entries()) {
+        if (!entry.isVisible)
+            continue;
+        const int column = entry.section % COLUMNS;
+        const int y = entry.section < COLUMNS ? MARGIN + entry.block * lineHeight
+                                              : lowest - (entry.block + 1) * lineHeight;
+        const int columnWidth = (width() - 2 * MARGIN) / COLUMNS;
+        const QRect place(MARGIN + column * columnWidth, y, columnWidth, lineHeight);
+        const int alignment = column == 0 ? Qt::AlignLeft
+            : column == COLUMNS - 1       ? Qt::AlignRight
+                                          : Qt::AlignHCenter;
+        painter.drawText(place, alignment | Qt::AlignVCenter | Qt::TextDontClip,
+            QStringLiteral("%1  %2").arg(entry.label, entry.data).trimmed());
+    }
+}
+
 void Viewport::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
@@ -166,6 +192,8 @@ void Viewport::paintEvent(QPaintEvent*)
     if (m_axisVisible)
         DrawAxis(painter);
     painter.setPen(colors::TEXT);
+    if (m_followsScene && InterfaceModel::Exists())
+        DrawHeadsUp(painter);
     painter.drawText(
         rect().adjusted(0, 0, 0, -8), Qt::AlignHCenter | Qt::AlignBottom, QStringLiteral("persp"));
 }

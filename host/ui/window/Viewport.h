@@ -52,6 +52,7 @@ private:
     void DrawGrid(QPainter& painter) const;
     void DrawScene(QPainter& painter);
     void DrawAxis(QPainter& painter) const;
+    void DrawHeadsUp(QPainter& painter) const;
     void Dolly(double steps);
 
     SceneWires m_wires;

@@ -2,6 +2,7 @@ set(HOST_UI_WINDOW_SOURCES
   window/CommandLine.cpp window/CommandLine.h
   window/CommandReference.cpp window/CommandReference.h
   window/EscapeWatcher.cpp window/EscapeWatcher.h
+  window/HeadsUp.cpp window/HeadsUp.h
   window/HistoryLineEdit.cpp window/HistoryLineEdit.h
   window/HostActionCommand.cpp
   window/HostIcons.cpp

@@ -222,8 +222,8 @@ const Family BUTTON_FAMILY{
     "changeCommand/cc script ce; changeCommand1/cc1 script ce; changeCommand2/cc2 script ce; changeCommand3/cc3 script ce;"
     "changeCommand4/cc4 script ce; enable1/en1 B cqe; enable2/en2 B cqe; enable3/en3 B cqe; enable4/en4 B cqe; label1/l1 str cqe;"
     "label2/l2 str cqe; label3/l3 str cqe; label4/l4 str cqe; labelArray2/la2 str str ce; labelArray3/la3 str str str ce;"
-    "labelArray4/la4 str str str str ce; offCommand/ofc script ce; offCommand1/of1 script ce; offCommand2/of2 script ce;"
-    "offCommand3/of3 script ce; offCommand4/of4 script ce; onCommand/onc script ce; onCommand1/on1 script ce; onCommand2/on2 script ce;"
+    "labelArray4/la4 str str str str ce; offCommand/of script ce; offCommand1/of1 script ce; offCommand2/of2 script ce;"
+    "offCommand3/of3 script ce; offCommand4/of4 script ce; onCommand/on script ce; onCommand1/on1 script ce; onCommand2/on2 script ce;"
     "onCommand3/on3 script ce; onCommand4/on4 script ce; vertical/vr - c;",
     BUTTONS, &GROUP_FAMILY};
 

@@ -288,6 +288,9 @@ const ControlRow ROWS[] = {
         "changeCommand/cc script ce; dragCommand/dc script ce; editable/ed B cqe; enterCommand/ec script ce; maxValue/max float cqe;"
         "minValue/min float cqe; precision/pre int cqe; receiveFocusCommand/rfc script ce; showTrailingZeros/tze B cqe;"
         "step/s float cqe; value/v float cqe;"},
+    {"timeField", ControlKind, MakeFloatField, FLOAT_FIELD,
+        "changeCommand/cc script ce; dragCommand/dc script ce; editable/ed B cqe; enterCommand/ec script ce; maxValue/max float cqe;"
+        "minValue/min float cqe; precision/pre int cqe; receiveFocusCommand/rfc script ce; step/s float cqe; value/v float cqe;"},
 };
 // clang-format on
 

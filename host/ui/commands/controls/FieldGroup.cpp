@@ -23,7 +23,8 @@ QLabel* NewLabel(QWidget* parent)
 } // namespace
 
 FieldGroup::FieldGroup(bool hasLabel)
-    : m_label(NewLabel(this))
+    : m_hasLabel(hasLabel)
+    , m_label(NewLabel(this))
     , m_extraLabel(NewLabel(this))
 {
     auto* box = new ColumnBox(this);
@@ -58,6 +59,19 @@ void FieldGroup::AddHidden(QWidget* field)
     m_fields += field;
     field->setParent(this);
     field->hide();
+}
+
+void FieldGroup::RemoveFields()
+{
+    for (QWidget* field : qAsConst(m_fields)) {
+        layout()->removeWidget(field);
+        field->hide();
+        field->deleteLater();
+    }
+    m_fields.clear();
+    layout()->removeWidget(m_extraLabel);
+    setFocusProxy(nullptr);
+    m_columnCount = m_hasLabel ? 1 : 0;
 }
 
 void FieldGroup::SetLabel(const QString& label)

@@ -19,6 +19,9 @@ public:
     void Add(QWidget* field, int width = 0);
     /// Adds a field that is not shown and has no column.
     void AddHidden(QWidget* field);
+    /// The columns behind the label are free again.
+    void RemoveFields();
+    bool HasLabel() const { return m_hasLabel; }
     template <typename T>
     T* Field(int index = 0) const
     {
@@ -35,6 +38,7 @@ public:
 private:
     void NameFields();
 
+    const bool m_hasLabel;
     QLabel* m_label;
     QLabel* m_extraLabel;
     QVector<QWidget*> m_fields;

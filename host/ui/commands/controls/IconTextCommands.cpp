@@ -111,6 +111,10 @@ ShelfButton* NewButton(Element& element, bool checkable)
         ConnectSwitch(element, button);
         QObject::connect(
             button, &QToolButton::toggled, &element, [&element] { ShowFace(element); });
+        button->switched = [alive = QPointer<Element>(&element)] {
+            if (alive && alive->GetWidget())
+                ShowFace(*alive);
+        };
     }
     return button;
 }
@@ -147,7 +151,6 @@ void MakeLabel(Element& element, const Call&)
 void SetSwitched(Edit& edit)
 {
     SwitchSilently(Button(edit.element), edit.Bool());
-    ShowFace(edit.element);
 }
 
 Value IsSwitched(Element& element)
@@ -209,7 +212,7 @@ const Property CHECK[] = {
 };
 
 const Property RADIO[] = {
-    {"select", [](Edit& e) { SwitchSilently(Button(e.element), true); ShowFace(e.element); }, IsSwitched},
+    {"select", [](Edit& e) { SwitchSilently(Button(e.element), true); }, IsSwitched},
 };
 
 const Property SYMBOL_CHECK[] = {

@@ -123,6 +123,11 @@ const ControlRow ROWS[] = {
         "numberOfFields/nf int cq; precision/pre int cqe; showTrailingZeros/tze B cqe; step/s float cqe;"
         "value/v float float float float cqe; value1/v1 float cqe; value2/v2 float cqe; value3/v3 float cqe; value4/v4 float cqe;",
         nullptr, nullptr, CommonFlags::Control, &GROUP_FAMILY},
+    {"timeFieldGrp", ControlKind, [](Element& e, const Call& call) { MakeNumbers(e, call, false); }, NUMBERS,
+        "changeCommand/cc script ce; dragCommand/dc script ce; enable1/en1 B cqe; enable2/en2 B cqe; enable3/en3 B cqe; enable4/en4 B cqe;"
+        "numberOfFields/nf int cq; precision/pre int cqe; step/s float cqe; value/v float float float float cqe; value1/v1 float cqe;"
+        "value2/v2 float cqe; value3/v3 float cqe; value4/v4 float cqe;",
+        nullptr, nullptr, CommonFlags::Control, &GROUP_FAMILY},
 };
 // clang-format on
 

@@ -3,6 +3,8 @@
 #include "ui/commands/controls/NumberBox.h"
 #include "ui/commands/controls/RangeSlider.h"
 
+#include <QPushButton>
+
 namespace host::ui {
 
 namespace {
@@ -114,7 +116,74 @@ Value NumberOf(const Element& element, double number)
     return Slider(element)->Number().IsInt() ? Value(qRound(number)) : Value(number);
 }
 
+void MakeSliderButton(Element& element, const Call& call)
+{
+    MakeSliderGroup(element, call, false);
+    auto* button = new QPushButton(element.GetName());
+    QObject::connect(button, &QPushButton::clicked, &element,
+        [&element] { element.RunCallback(QStringLiteral("buttonCommand")); });
+    Group(element)->Add(button);
+}
+
+QPushButton* ButtonOf(const Element& element)
+{
+    return Group(element)->Field<QPushButton>(2);
+}
+
+// Two sliders over one range
+
+template <int INDEX>
+RangeSlider* OneOf(const Element& element)
+{
+    return Group(element)->Field<RangeSlider>(INDEX);
+}
+
+void MakeTwoSliders(Element& element, const Call&)
+{
+    auto* group = new FieldGroup(false);
+    for (int i = 0; i < 2; ++i) {
+        auto* slider = new RangeSlider(false, group);
+        const QString number = QString::number(i + 1);
+        const auto tell = [&element, slider](const QString& flag) {
+            element.RunCallback(flag, {slider->Number()});
+        };
+        QObject::connect(slider, &RangeSlider::Dragged, &element,
+            [tell, number] { tell(QStringLiteral("positionControl") + number); });
+        QObject::connect(
+            slider, &RangeSlider::Changed, &element, [tell, number] { tell(CHANGE + number); });
+        group->Add(slider, SLIDER_WIDTH);
+    }
+    element.SetWidget(group);
+}
+
+void SetBothRanges(Edit& edit)
+{
+    const bool isLeast = qstrcmp(edit.flag, "minimum") == 0;
+    for (RangeSlider* slider : {OneOf<0>(edit.element), OneOf<1>(edit.element)})
+        slider->SetRange(isLeast ? edit.Float() : slider->GetLeast(),
+            isLeast ? slider->GetMost() : edit.Float());
+}
+
+template <int INDEX>
+void SetOneOf(Edit& edit)
+{
+    OneOf<INDEX>(edit.element)->SetNumber(edit.Float());
+}
+
+template <int INDEX>
+Value GetOneOf(Element& element)
+{
+    return OneOf<INDEX>(element)->Number();
+}
+
 // clang-format off
+const Property TWO_SLIDERS[] = {
+    {"minimum", SetBothRanges, [](Element& e) -> Value { return OneOf<0>(e)->GetLeast(); }},
+    {"maximum", SetBothRanges, [](Element& e) -> Value { return OneOf<0>(e)->GetMost(); }},
+    {"value1",  SetOneOf<0>, GetOneOf<0>},
+    {"value2",  SetOneOf<1>, GetOneOf<1>},
+};
+
 const Property SLIDER[] = {
     {"minValue",   SetSliderRange, [](Element& e) { return NumberOf(e, Slider(e)->GetLeast()); }},
     {"maxValue",   SetSliderRange, [](Element& e) { return NumberOf(e, Slider(e)->GetMost()); }},
@@ -136,6 +205,17 @@ const Property SLIDER_GROUP[] = {
     {"value",         SetValue, [](Element& e) { return Box(e)->Number(); }},
 };
 
+const Property SLIDER_BUTTON[] = {
+    {"buttonLabel",  [](Edit& e) { ButtonOf(e.element)->setText(e.Text()); }, [](Element& e) -> Value { return ButtonOf(e)->text(); }},
+    {"enableButton", [](Edit& e) { ButtonOf(e.element)->setEnabled(e.Bool()); }, [](Element& e) -> Value { return ButtonOf(e)->isEnabled(); }},
+};
+
+const char SLIDER_GROUP_FLAGS[] =
+    "changeCommand/cc script ce; dragCommand/dc script ce; field/f B cq; fieldMaxValue/fmx float cqe; fieldMinValue/fmn float cqe;"
+    "fieldStep/fs float cqe; maxValue/max float cqe; minValue/min float cqe; precision/pre int cqe; sliderStep/ss float cqe;"
+    "step/s float cqe; value/v float cqe;";
+const Family SLIDER_FAMILY{SLIDER_GROUP_FLAGS, SLIDER_GROUP, &GROUP_FAMILY};
+
 const ControlRow ROWS[] = {
     {"intSlider", ControlKind, [](Element& e, const Call&) { MakeSlider(e, true); }, SLIDER,
         "changeCommand/cc script cqe; dragCommand/dc script cqe; horizontal/hr B cqe; maxValue/max int cqe; minValue/min int cqe;"
@@ -143,15 +223,25 @@ const ControlRow ROWS[] = {
     {"floatSlider", ControlKind, [](Element& e, const Call&) { MakeSlider(e, false); }, SLIDER,
         "changeCommand/cc script cqe; dragCommand/dc script cqe; horizontal/hr B cqe; maxValue/max float cqe; minValue/min float cqe;"
         "step/s float cqe; value/v float cqe;"},
+    {"intScrollBar", ControlKind, [](Element& e, const Call&) { MakeSlider(e, true); }, SLIDER,
+        "changeCommand/cc script cqe; dragCommand/dc script cqe; horizontal/hr B cqe; largeValue/lv int cqe; maxValue/max int cqe; minValue/min int cqe;"
+        "step/s int cqe; value/v int cqe;"},
+    {"floatScrollBar", ControlKind, [](Element& e, const Call&) { MakeSlider(e, false); }, SLIDER,
+        "changeCommand/cc script cqe; dragCommand/dc script cqe; horizontal/hr B cqe; largeValue/lv float cqe; maxValue/max float cqe;"
+        "minValue/min float cqe; step/s float cqe; value/v float cqe;"},
+    {"floatSlider2", ControlKind, MakeTwoSliders, TWO_SLIDERS,
+        "changeCommand1/cc1 script cqe; changeCommand2/cc2 script cqe; maximum/max float cqe; minimum/min float cqe;"
+        "positionControl1/pc1 script cqe; positionControl2/pc2 script cqe;"
+        "value1/v1 float cqe; value2/v2 float cqe;"},
     {"intSliderGrp", ControlKind, [](Element& e, const Call& call) { MakeSliderGroup(e, call, true); }, SLIDER_GROUP,
         "changeCommand/cc script ce; dragCommand/dc script ce; field/f B cq; fieldMaxValue/fmx int cqe; fieldMinValue/fmn int cqe;"
         "fieldStep/fs int cqe; maxValue/max int cqe; minValue/min int cqe; sliderStep/ss int cqe; step/s int cqe; value/v int cqe;",
         nullptr, nullptr, CommonFlags::Control, &GROUP_FAMILY},
-    {"floatSliderGrp", ControlKind, [](Element& e, const Call& call) { MakeSliderGroup(e, call, false); }, SLIDER_GROUP,
-        "changeCommand/cc script ce; dragCommand/dc script ce; field/f B cq; fieldMaxValue/fmx float cqe; fieldMinValue/fmn float cqe;"
-        "fieldStep/fs float cqe; maxValue/max float cqe; minValue/min float cqe; precision/pre int cqe; sliderStep/ss float cqe;"
-        "step/s float cqe; value/v float cqe;",
-        nullptr, nullptr, CommonFlags::Control, &GROUP_FAMILY},
+    {"floatSliderGrp", ControlKind, [](Element& e, const Call& call) { MakeSliderGroup(e, call, false); }, {}, "",
+        nullptr, nullptr, CommonFlags::Control, &SLIDER_FAMILY},
+    {"floatSliderButtonGrp", ControlKind, MakeSliderButton, SLIDER_BUTTON,
+        "buttonCommand/bc script ce; buttonLabel/bl str cqe; enableButton/eb B cqe; symbolButtonCommand/sbc script ce; symbolButtonDisplay/sbd B cqe;",
+        nullptr, nullptr, CommonFlags::Control, &SLIDER_FAMILY},
 };
 // clang-format on
 

@@ -1,8 +1,8 @@
 #include "engine/Engine.h"
+#include "ui/commands/ProcedureCall.h"
 #include "ui/commands/Tables.h"
 
 #include <QHeaderView>
-#include <QRegularExpression>
 #include <QTreeWidget>
 
 namespace host::ui {
@@ -95,22 +95,6 @@ Tree* View(const Element& element)
 
 // Callbacks
 
-/// Scripts give the name of a procedure or a function; it gets the values as arguments.
-Outcome Ask(const Element& element, const QString& flag, const QVector<Value>& values)
-{
-    static const QRegularExpression name(QStringLiteral("\\A\\w+\\z"));
-    Script script = element.GetCallback(flag);
-    if (script.callable || !name.match(script.text).hasMatch())
-        return script.Run(values);
-    QStringList words;
-    for (int i = 0; i < values.size(); ++i) {
-        const QString marker = QStringLiteral("#%1").arg(i + 1);
-        words += values.at(i).IsString() ? QLatin1Char('"') + marker + QLatin1Char('"') : marker;
-    }
-    script.text += QStringLiteral("(%1)").arg(words.join(QStringLiteral(", ")));
-    return script.Run(values);
-}
-
 QStringList NamesAt(const QItemSelection& selection)
 {
     QStringList names;
@@ -132,7 +116,7 @@ void OnSelectionChanged(Element& element, const QItemSelection& on, const QItemS
     const QStringList left = NamesAt(off);
     for (const QString& name : left + selected) {
         if (alive && alive->HasCallback(flag))
-            Ask(*alive, flag, {name, selected.contains(name) ? 1 : 0});
+            CallProcedure(*alive, flag, {name, selected.contains(name) ? 1 : 0});
     }
     if (alive)
         alive->RunCallback(QStringLiteral("selectionChangedCommand"));
@@ -141,12 +125,13 @@ void OnSelectionChanged(Element& element, const QItemSelection& on, const QItemS
 void OnClicked(Element& element, QTreeWidgetItem* item, int column)
 {
     if (column > 0)
-        Ask(element, ITEM_PRESSED + QString::number(column), {Tree::NameOf(item), 1});
+        CallProcedure(element, ITEM_PRESSED + QString::number(column), {Tree::NameOf(item), 1});
 }
 
 void OnDoubleClicked(Element& element, QTreeWidgetItem* item)
 {
-    Ask(element, QStringLiteral("itemDblClickCommand"), {Tree::NameOf(item), item->text(0)});
+    CallProcedure(
+        element, QStringLiteral("itemDblClickCommand"), {Tree::NameOf(item), item->text(0)});
 }
 
 /// The callback may answer with another label; an empty one keeps the old.
@@ -161,7 +146,7 @@ void OnEdited(Element& element, QTreeWidgetItem* item, int column)
     const QPointer<Element> alive(&element);
     QString wanted = label;
     if (element.HasCallback(flag)) {
-        const Outcome outcome = Ask(element, flag, {name, label});
+        const Outcome outcome = CallProcedure(element, flag, {name, label});
         if (!alive)
             return;
         wanted = outcome.Ok() ? outcome.GetValue().ToText() : QString();
@@ -178,7 +163,8 @@ void MakeTree(Element& element, const Call&)
 {
     auto* tree = new Tree;
     const auto opened = [&element](QTreeWidgetItem* item, bool open) {
-        Ask(element, QStringLiteral("expandCollapseCommand"), {Tree::NameOf(item), open ? 1 : 0});
+        CallProcedure(
+            element, QStringLiteral("expandCollapseCommand"), {Tree::NameOf(item), open ? 1 : 0});
     };
     QObject::connect(tree->selectionModel(), &QItemSelectionModel::selectionChanged, &element,
         [&element](const QItemSelection& on, const QItemSelection& off) {
@@ -403,7 +389,10 @@ const Property TREE[] = {
 
 const ControlRow ROWS[] = {
     {"treeView", ControlKind, MakeTree, TREE,
-        "addItem/add str str cem; allowMultiSelection/ams B cqe; children/ch str qv; clearSelection/cs - ce; displayLabel/dl str str cqemvo;"
+        "addItem/add str str cem; allowDragAndDrop/adr B cqe; allowMultiSelection/ams B cqe; allowReparenting/arp B cqe; attachButtonRight/abr int cqe;"
+        "buttonStyle/bs str int str cem; contextMenuCommand/cmc script ce; dragAndDropCommand/dad script ce; enableKeys/ek B cqe; hideButtons/hb B cqe;"
+        "reverseTreeOrder/rto B cqe; selectionColor/slc str float float float cem;"
+        " children/ch str qv; clearSelection/cs - ce; displayLabel/dl str str cqemvo;"
         "editLabelCommand/elc script ce; enableLabel/enl str B cem; expandCollapseCommand/ecc script ce; expandItem/ei str B cem;"
         "fontFace/ff str int cem; image/i str int str cem; isItemExpanded/iie str qv; isLeaf/il str qv; itemAnnotation/ian str str cqemvo;"
         "itemDblClickCommand/idc script ce; itemExists/iex str qv; itemIndex/idx str qv; itemParent/ip str qv; itemSelected/is str qv;"

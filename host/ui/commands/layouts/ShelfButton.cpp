@@ -31,6 +31,13 @@ void ShelfButton::SetOverlayColor(const QColor& color)
     update();
 }
 
+void ShelfButton::checkStateSet()
+{
+    QToolButton::checkStateSet();
+    if (switched)
+        switched();
+}
+
 void ShelfButton::paintEvent(QPaintEvent* event)
 {
     QToolButton::paintEvent(event);

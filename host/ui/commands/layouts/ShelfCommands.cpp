@@ -181,9 +181,10 @@ const ControlRow ROWS[] = {
         "horizontal/hr B cqe; numberOfChildren/nch - q; position/pos str int cem; spacing/spa int cqe; style/st str cqe; version/ver str cqe;"},
     {"shelfButton", ControlKind, MakeShelfButton, SHELF_BUTTON,
         "command/c script cqe; commandRepeatable/rpt B cqe; doubleClickCommand/dcc script cqe; enableCommandRepeat/ecr B cqe;"
-        "image/i str cqe; image1/i1 str cqe; imageOverlayLabel/iol str cqe; label/l str cqe; menuItem/mi str str cem;"
-        "menuItemPython/mip int cem; noDefaultPopup/ndp - c; overlayLabelColor/olc float float float cqe; sourceType/stp str cqe;"
-        "style/st str cqe;"},
+        "align/al str cqe; flat/fla B cqe; font/fn str cqe; image/i str cqe; image1/i1 str cqe; image2/i2 str cqe; image3/i3 str cqe;"
+        "imageOverlayLabel/iol str cqe; label/l str cqe; labelOffset/lo int cqe; marginHeight/mh int cqe; marginWidth/mw int cqe;"
+        "menuItem/mi str str cem; menuItemPython/mip int cem; noDefaultPopup/ndp - c; overlayLabelBackColor/olb float float float float cqe;"
+        "overlayLabelColor/olc float float float cqe; sourceType/stp str cqe; style/st str cqe; version/ver str cqe;"},
     {"symbolButton", ControlKind, MakeSymbolButton, SYMBOL_BUTTON, "command/c script cqe; image/i str cqe;"},
 };
 // clang-format on

@@ -156,6 +156,8 @@ const Property TABS[] = {
 };
 
 const char TAB_FLAGS[] =
+    "doubleClickCommand/dcc script cqe; image/i int str cem; imageVisible/iv B cqe;"
+    "innerMarginHeight/imh int cqe; innerMarginWidth/imw int cqe; preSelectCommand/psc script cqe; tabTooltip/ttp str str cem;"
     "changeCommand/cc script ce; childArray/ca - q; childResizable/cr B cq; moveTab/mt int int e; numberOfChildren/nch - q;"
     "scrollable/scr B cq; selectCommand/sc script cqe; selectTab/st str cqe; selectTabIndex/sti int cqe; tabLabel/tl str str cqem;"
     "tabLabelIndex/tli int str cqem; tabsVisible/tv B cqe;";

@@ -52,7 +52,9 @@ Outcome FileDialog(Call& call)
 const CommandRow COMMANDS[] = {
     {"fileDialog2", "string[]", "", "",
         "buttonBoxOrientation/bbo int c; cancelCaption/cc str c; caption/cap str c; dialogStyle/ds int c; fileFilter/ff str c;"
-        "fileMode/fm int c; hideNameEdit/hne - c; objectName/on str c; okCaption/okc str c; returnFilter/rf B c;"
+        "fileMode/fm int c; fileTypeChanged/ftc str c; hideNameEdit/hne - c; objectName/on str c; okCaption/okc str c; optionsUICancel/oca str c;"
+        "optionsUICommit/ocm str c; optionsUICommit2/oc2 str c; optionsUICreate/ocr str c; optionsUIInit/oin str c; optionsUITitle/ott str c;"
+        "returnFilter/rf B c; selectionChanged/sc str c;"
         "selectFileFilter/sff str c; setProjectBtnEnabled/spe B c; startingDirectory/dir str c", FileDialog2},
     {"fileDialog", "string", "", "",
         "application/app - c; defaultFileName/dfn str c; directoryMask/dm str c; mode/m int c; title/t str c", FileDialog},

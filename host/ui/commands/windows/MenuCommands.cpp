@@ -404,7 +404,8 @@ const ControlRow ROWS[] = {
         "shiftModifier/sh B cqe;",
         nullptr, FindPopupOwner, CommonFlags::MenuPart},
     {"menuItem", MenuItemKind, MakeItem, MENU_ITEM,
-        "allowOptionBoxes/aob B cq; boldFont/bld B cq; checkBox/cb B cqe; collection/cl str cq; command/c script cqe; data/da int cqe;"
+        "allowOptionBoxes/aob B cq; altModifier/alt B cqe; boldFont/bld B cq; checkBox/cb B cqe; collection/cl str cq; command/c script cqe;"
+        "commandModifier/cmd B cqe; ctrlModifier/ctl B cqe; data/da int cqe; keyEquivalent/ke str cqe; optionModifier/opt B cqe; shiftModifier/sh B cqe;"
         "divider/d B cq; dividerLabel/dl str cqe; dragDoubleClickCommand/ddc script cqe; dragMenuCommand/dmc script cqe;"
         "echoCommand/ec B cqe; enableCommandRepeat/ecr B cqe; familyImage/fi str q; image/i str cqe; imageOverlayLabel/iol str cqe;"
         "insertAfter/ia str c; isCheckBox/icb - q; isOptionBox/iob - q; isRadioButton/irb - q; italicized/itl B cq; label/l str cqe;"

@@ -192,7 +192,7 @@ const CommandRow COMMANDS[] = {
         "endProgress/ep - c; isCancelled/ic - q; isInterruptable/ii B cqe; maxValue/max int cqe; minValue/min int cqe;"
         "progress/pr int cqe; status/st str cqe; step/s int e; title/t str cqe", ProgressWindow},
     {"inViewMessage", "none", "", "",
-        "assistMessage/amg str c; clear/cl str c; fade/f - c; fadeInTime/fit int c; fadeOutTime/fot int c; fadeStayTime/fst int c;"
+        "alpha/a float c; assistMessage/amg str c; backColor/bkc int c; clear/cl str c; clickKill/ck - c; dragKill/dk - c; fade/f - c; fontSize/fts int c; fadeInTime/fit int c; fadeOutTime/fot int c; fadeStayTime/fst int c;"
         "hide/hd - c; message/msg str c; position/pos str c; show/sh - c; statusMessage/smg str c", InViewMessage},
     {"headsUpMessage", "none", "", "String",
         "horizontalOffset/ho int c; object/o str c; selection/s - c; time/t float c; uvTextureEditor/uve - c;"

@@ -8,6 +8,7 @@ namespace host::ui {
 namespace {
 
 const QString MODEL_PANEL = QStringLiteral("modelPanel");
+const QString OUTLINER_PANEL = QStringLiteral("outlinerPanel");
 const QString USUAL_CAMERA = QStringLiteral("persp");
 
 // Views. There is one camera to look through, whatever its name.
@@ -36,15 +37,25 @@ void SetAxis(Edit& edit)
 
 // Which panels there are
 
-QVector<Element*> Panels()
+bool IsPanel(const Element& element)
 {
-    return InterfaceModel::Current().List(ANY_KIND, MODEL_PANEL);
+    return element.GetType() == MODEL_PANEL || element.GetType() == OUTLINER_PANEL;
 }
 
-StringList NamesOf(bool (*wanted)(const Element&))
+QVector<Element*> Panels(const QString& type = {})
+{
+    QVector<Element*> panels;
+    for (const QString& known : {MODEL_PANEL, OUTLINER_PANEL}) {
+        if (type.isEmpty() || type == known)
+            panels += InterfaceModel::Current().List(ANY_KIND, known);
+    }
+    return panels;
+}
+
+StringList NamesOf(bool (*wanted)(const Element&), const QString& type = {})
 {
     StringList names;
-    for (const Element* panel : Panels()) {
+    for (const Element* panel : Panels(type)) {
         if (wanted(*panel))
             names += panel->GetName();
     }
@@ -65,7 +76,7 @@ QString FocusedPanel()
 QString TypeOf(const QString& name)
 {
     const Element* element = InterfaceModel::Current().Find(name);
-    return element && element->GetType() == MODEL_PANEL ? MODEL_PANEL : QString();
+    return element && IsPanel(*element) ? element->GetType() : QString();
 }
 
 Outcome GetPanel(Call& call)
@@ -75,14 +86,14 @@ Outcome GetPanel(Call& call)
     if (call.Has("typeOf"))
         return TypeOf(call.Text("typeOf"));
     if (call.Has("allTypes"))
-        return StringList{MODEL_PANEL};
+        return StringList{MODEL_PANEL, OUTLINER_PANEL};
     if (call.Has("underPointer")) {
         const StringList under
             = NamesOf([](const Element& panel) { return panel.GetWidget()->underMouse(); });
         return under.value(0);
     }
-    if (call.Has("type") && call.Text("type") != MODEL_PANEL)
-        return StringList();
+    if (call.Has("type"))
+        return NamesOf([](const Element&) { return true; }, call.Text("type"));
     if (call.Has("visiblePanels"))
         return NamesOf([](const Element& panel) { return panel.GetWidget()->isVisible(); });
     if (call.Has("invisiblePanels"))
@@ -100,6 +111,7 @@ Outcome GetPanel(Call& call)
 // clang-format off
 const Property VIEW[] = {
     {"camera",      nullptr, [](Element& e) { return Stored(e, "camera", USUAL_CAMERA); }},
+    {"control",     nullptr, [](Element& e) -> Value { return e.FullName(); }},
     {"modelEditor", nullptr, [](Element& e) -> Value { return e.GetName(); }},
     {"grid",        [](Edit& e) { View(e.element)->SetGridVisible(e.Bool()); }, [](Element& e) -> Value { return View(e)->IsGridVisible(); }},
     {"headsUpDisplay", SetAxis, [](Element& e) -> Value { return View(e)->IsAxisVisible(); }},
@@ -110,9 +122,22 @@ const char VIEW_FLAGS[] =
     "displayTextures/dtx B cqe; grid/gr B cqe; headsUpDisplay/hud B cqe; joints/j B cqe; label/l str cqe; lights/lt B cqe; locators/lc B cqe;"
     "menuBarVisible/mbv B cqe; modelEditor/me - q; nurbsCurves/nc B cqe; nurbsSurfaces/ns B cqe; polymeshes/pm B cqe;"
     "selectionHiliteDisplay/sel B cqe; shadows/sdw B cqe; smoothWireframe/swf B cqe; useDefaultMaterial/udm B cqe; wireframeOnShaded/wos B cqe;"
-    "xray/xr B cqe;";
+    "xray/xr B cqe; addSelected/as - e; backfaceCulling/bfc B cqe; barLayout/bl - q; bufferMode/bfm str cqe; clipGhosts/cg B cqe;"
+    "control/ctl - q; controlVertices/cv B cqe; copy/cp str c; createString/cs - q; deformers/df B cqe; dimensions/dim B cqe;"
+    "dynamicConstraints/dc B cqe; dynamics/dy B cqe; editString/es - q; fluids/fl B cqe; follicles/fo B cqe; hairSystems/hs B cqe;"
+    "handles/ha B cqe; hulls/hu B cqe; ikHandles/ikh B cqe; imagePlane/imp B cqe; init/in - c; isUnique/iu B cqe; jointXray/jx B cqe;"
+    "manipulators/man B cqe; motionTrails/mt B cqe; nCloths/ncl B cqe; nParticles/npa B cqe; nRigids/nr B cqe; needsInit/ni B qe; pivots/pv B cqe;"
+    "planes/pl B cqe; pluginShapes/ps B cqe; rendererName/rnm str cqe; replacePanel/rp str e; stateString/sts - q; strokes/str B cqe;"
+    "subdivSurfaces/sds B cqe; tearOff/to - ce; textures/tx B cqe; twoSidedLighting/tsl B cqe; unParent/up - ce; viewSelected/vs B cqe;";
+
+const Property PANEL[] = {
+    {"control", nullptr, [](Element& e) -> Value { return e.FullName(); }},
+    {"type",    nullptr, [](Element& e) -> Value { return e.GetType(); }},
+};
 
 const ControlRow ROWS[] = {
+    {"panel",       ControlKind, nullptr, PANEL,
+        "control/ctl - q; label/l str qe; menuBarVisible/mbv B qe; popupMenuProcedure/pmp script qe; tearOff/to - qe; type/typ - q;", IsPanel},
     {"modelPanel",  ControlKind, MakeView, VIEW, VIEW_FLAGS},
     {"modelEditor", ControlKind, MakeView, VIEW, VIEW_FLAGS, IsView},
 };

@@ -227,6 +227,8 @@ QVector<Element*> ListedElements(const Call& call, bool& given)
     QStringList types = call.Texts("type");
     if (call.Has("workspaceControls"))
         types += QStringLiteral("workspaceControl");
+    if (call.Has("panels"))
+        types += QStringList{QStringLiteral("modelPanel"), QStringLiteral("outlinerPanel")};
     for (const QString& type : qAsConst(types)) {
         given = true;
         if (type == QLatin1String("control"))
@@ -241,8 +243,7 @@ QVector<Element*> ListedElements(const Call& call, bool& given)
 
 Outcome ListElements(Call& call)
 {
-    bool given = call.Has("panels") || call.Has("editors") || call.Has("contexts")
-        || call.Has("cmdTemplates");
+    bool given = call.Has("editors") || call.Has("contexts") || call.Has("cmdTemplates");
     const QVector<Element*> found = ListedElements(call, given);
     if (!given)
         return Error{QStringLiteral("Name at least one type of element to list.")};

@@ -1,9 +1,13 @@
 #include "host/ui/UiFixture.h"
 #include "support/Story.h"
 #include "support/TestMain.h"
+#include "ui/commands/controls/FieldGroup.h"
+#include "ui/commands/controls/RangeSlider.h"
 #include "ui/commands/windows/Prompts.h"
 
 #include <QAbstractButton>
+#include <QTableWidget>
+#include <QTreeWidget>
 #include <QtTest>
 
 using namespace host;
@@ -14,6 +18,13 @@ using namespace host;
 ///     @click NAME [N]      presses the control, or the Nth button inside of it
 ///     @type NAME TEXT      replaces the text of the field, or of the group's first field
 ///     @key NAME KEY        presses a key in the control, or in the field that has its focus
+///     @drag NAME N...      drags the slider over the numbers and lets it go
+///     @shows NAME [N]      what the control, or the Nth field of the group, shows
+///     @grey NAME [N]       1 when nobody can use it
+///     @idle                the host does what waits until it is idle
+///     @tree NAME           the rows of an outliner, children behind a "/"
+///     @open NAME ROW       opens a row of it; @mark selects one, @marked tells which are
+///     @cell NAME R C TEXT  types into a cell of a table
 ///     @access NAME         what assistive programs are told of the control
 ///     @escape NAME         wants the script to stop; 1 when it goes on instead
 ///     @until MEL           1 as soon as the text answers that
@@ -32,7 +43,10 @@ private Q_SLOTS:
 private:
     QString Run(const QString& text);
     void Click(const QString& name, int number);
+    void Drag(const QString& name, const QStringList& numbers);
+    QString UseTree(const QString& word, QTreeWidget* tree, const QString& row);
     QWidget* Focused(const QString& name);
+    QWidget* Field(const QString& name, int number);
 
     std::unique_ptr<UiFixture> m_host;
     QString m_asked;
@@ -78,8 +92,15 @@ QString InterfaceStoriesTest::Run(const QString& text)
         return QTest::qWaitFor([&] { return Run(text.section(' ', 1)) == "1"; }) ? "1" : "0";
     if (word == "@asked")
         return m_asked;
+    if (word == "@idle") {
+        m_host->GetEngine().idle.Drain();
+        return QString();
+    }
     if (!m_host->Find(name))
         return "error: no " + name;
+    if (auto* tree = m_host->Widget<QTreeWidget>(name);
+        tree && QStringList{"@tree", "@open", "@mark", "@marked"}.contains(word))
+        return UseTree(word, tree, rest);
     if (word == "@click") {
         Click(name, qMax(1, rest.toInt()));
     } else if (word == "@type") {
@@ -88,6 +109,17 @@ QString InterfaceStoriesTest::Run(const QString& text)
         QTest::keyClick(Focused(name), Qt::Key_Return);
     } else if (word == "@key") {
         QTest::keySequence(Focused(name), QKeySequence(rest));
+    } else if (word == "@cell") {
+        m_host->Widget<QTableWidget>(name)
+            ->item(rest.section(' ', 0, 0).toInt() - 1, rest.section(' ', 1, 1).toInt() - 1)
+            ->setText(rest.section(' ', 2));
+    } else if (word == "@drag") {
+        Drag(name, rest.split(' '));
+    } else if (word == "@shows") {
+        const QWidget* field = Field(name, qMax(1, rest.toInt()));
+        return field->property(field->inherits("QComboBox") ? "currentText" : "text").toString();
+    } else if (word == "@grey") {
+        return Field(name, qMax(1, rest.toInt()))->isEnabled() ? "0" : "1";
     } else if (word == "@access") {
         return Focused(name)->accessibleName();
     } else if (word == "@escape") {
@@ -106,6 +138,57 @@ void InterfaceStoriesTest::Click(const QString& name, int number)
     if (!button)
         button = widget->findChildren<QAbstractButton*>().value(number - 1);
     button->click();
+}
+
+namespace {
+
+QString TextOf(const QTreeWidgetItem* item)
+{
+    QStringList children;
+    for (int i = 0; i < item->childCount(); ++i)
+        children += TextOf(item->child(i));
+    return children.isEmpty() ? item->text(0) : item->text(0) + '/' + children.join(' ');
+}
+
+} // namespace
+
+QString InterfaceStoriesTest::UseTree(const QString& word, QTreeWidget* tree, const QString& row)
+{
+    QStringList texts;
+    if (word == "@tree") {
+        for (int i = 0; i < tree->topLevelItemCount(); ++i)
+            texts += TextOf(tree->topLevelItem(i));
+    } else if (word == "@marked") {
+        for (const QTreeWidgetItem* item : tree->selectedItems())
+            texts += item->text(0);
+    } else if (const auto found = tree->findItems(row, Qt::MatchRecursive); !found.isEmpty()) {
+        if (word == "@open")
+            found.first()->setExpanded(true);
+        else
+            tree->setCurrentItem(found.first());
+    } else {
+        return "error: no row " + row;
+    }
+    return texts.join(' ');
+}
+
+void InterfaceStoriesTest::Drag(const QString& name, const QStringList& numbers)
+{
+    auto* slider = m_host->Widget<ui::RangeSlider>(name);
+    slider->setSliderDown(true);
+    for (const QString& number : numbers) {
+        const double part
+            = (number.toDouble() - slider->GetLeast()) / (slider->GetMost() - slider->GetLeast());
+        slider->setValue(qRound(part * slider->maximum()));
+    }
+    slider->setSliderDown(false);
+}
+
+/// The control itself unless it is a group.
+QWidget* InterfaceStoriesTest::Field(const QString& name, int number)
+{
+    const auto* group = m_host->Widget<ui::FieldGroup>(name);
+    return group ? group->Field<QWidget>(number - 1) : m_host->Find(name)->GetWidget();
 }
 
 QWidget* InterfaceStoriesTest::Focused(const QString& name)
