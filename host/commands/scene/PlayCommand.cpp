@@ -76,7 +76,7 @@ Outcome Play(Call& call)
 
 const CommandRow COMMANDS[] = {
     {"play", "any", "Q", "",
-        "forward/f B cq; playSound/ps B cq; sound/s str cq; state/st B cq; wait/w - c", Play},
+        "forward/f B cq; playSound/ps B cq; sound/s str c; state/st B cq; wait/w - c", Play},
 };
 
 } // namespace

@@ -134,16 +134,6 @@ Outcome UpAxis(Call& call)
     return {};
 }
 
-/// Time moves when scripts set it, never by itself.
-Outcome Play(Call& call)
-{
-    if (call.IsQuery())
-        return call.Has("forward");
-    if (call.Has("state") && !call.Bool("state"))
-        return {};
-    return Error{QStringLiteral("play: This host does not play; use currentTime.")};
-}
-
 Outcome AutoKeyframe(Call& call)
 {
     if (call.IsQuery())
@@ -154,10 +144,6 @@ Outcome AutoKeyframe(Call& call)
 }
 
 const CommandRow COMMANDS[] = {
-    {"play", "any", "Q", "",
-        "forward/f B cq; playSound/ps B c; record/rec B c; sound/s str c; state/st B cq; wait/w - "
-        "c",
-        Play},
     {"autoKeyframe", "any", "QE", "", "state/st B cqe", AutoKeyframe},
     {"currentTime", "float", "QE", "[Any]", "update/u B c", CurrentTime},
     {"playbackOptions", "any", "QE", "",

@@ -40,8 +40,6 @@ connectAttr a.tx b.sx; bakeResults -t "1:3" -at sx b => 1
 keyframe -q -vc -at sx b => 1 3 5
 listConnections -p 1 -d 0 b.sx => b_scaleX.output
 bakeResults -t "1:3" -sb 0 b => error: bakeResults: There is nothing between 1 and 3.
-play -q -state => 0
-play -state on => error: play: This host does not play; use currentTime.
 
 == Keys may follow another attribute
 createNode transform -n a; createNode transform -n b; setDrivenKeyframe -cd a.tx -dv 0 -v 0 b.ry; setDrivenKeyframe -cd a.tx -dv 10 -v 90 b.ry => 1
