@@ -29,6 +29,13 @@ def unique_id(name):
     return ids[0]
 
 
+class _KindName(str):
+    """A text to read in the newer form; the older one calls for it, and both share their objects."""
+
+    def __call__(self):
+        return str(self)
+
+
 class MObject:
     """A handle to a node, one of its attributes or some of its components."""
 
@@ -78,7 +85,7 @@ class MObject:
 
     @property
     def apiTypeStr(self):
-        return _functions.name_of(self.apiType())
+        return _KindName(_functions.name_of(self.apiType()))
 
     def hasFn(self, kind):
         if self._id is None:

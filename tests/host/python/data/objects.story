@@ -85,7 +85,7 @@ it.getDagPath().partialPathName(), it.next(), it.isDone() => ('upper', None, Tru
 _ = cmds.polyCube(name="box"); cmds.move(1, 2, 3, "box"); cmds.select("box")
 sel = om1.MSelectionList(); om1.MGlobal.getActiveSelectionList(sel)
 path = om1.MDagPath(); node = om1.MObject(); sel.getDagPath(0, path); sel.getDependNode(0, node); path.extendToShape()
-path.fullPathName(), om1.MFnDependencyNode(node).name(), node.apiTypeStr => ('|box|boxShape', 'box', 'kTransform')
+path.fullPathName(), om1.MFnDependencyNode(node).name(), node.apiTypeStr() => ('|box|boxShape', 'box', 'kTransform')
 names = om1.MStringArray(); sel.getSelectionStrings(names)
 list(names) => ['box']
 fn = om1.MFnTransform(om1.MDagPath.getAPathTo(node)); util = om1.MScriptUtil(); util.createFromDouble(0, 0, 0); place = util.asDoublePtr(); fn.getScale(place)
