@@ -126,9 +126,11 @@ class MCommandResult:
         return _text(self._value)
 
     def getResult(self, target):
-        """Fills an array of the API or a pointer of MScriptUtil."""
+        """Fills a list, an array of the API or a pointer of MScriptUtil."""
         values = self._value if isinstance(self._value, list) else [self._value]
-        if hasattr(target, "copy"):
+        if isinstance(target, list):
+            target[:] = values
+        elif hasattr(target, "copy"):
             target.copy(values)
         else:
             target.setAll(values)

@@ -62,7 +62,7 @@ matrix = om1.MMatrix(); _ = om1.MScriptUtil.createMatrixFromList(range(16), matr
 matrix(1, 2) => 6.0
 result = om1.MCommandResult(); om1.MGlobal.executeCommand("$i = {1, 2}", result)
 result.resultType() == om1.MCommandResult.kIntArray => True
-numbers = om1.MIntArray(); result.getResult(numbers); print(list(numbers)) >> Display: [1, 2]
+numbers = om1.MIntArray(); result.getResult(numbers); plain = [0]; result.getResult(plain); print(list(numbers) == plain, plain) >> Display: True [1, 2]
 
 == What the API does not have is named
 om.MFnMesh => error: module 'maya.api.OpenMaya' has no attribute 'MFnMesh'
