@@ -13,6 +13,7 @@ void SetTime(double time)
     Playback playback = Scene::Current().GetPlayback();
     playback.time = time;
     Scene::Current().SetPlayback(playback);
+    Session::Current().expressions.RunAll(Scene::Current());
 }
 
 } // namespace

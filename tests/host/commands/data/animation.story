@@ -66,5 +66,7 @@ getAttr c.tz => 7
 catch(`expression -s "c.ty = ("`); ls -type expression; => e >> error: ...
 getAttr -t 24 a.tx => 7
 file -rename ($d + "e.ma"); file -save; file -f -o ($d + "e.ma"); expression -e -s "a.tz = time;" e; currentTime 48; getAttr a.tz => 2
+expression -e -s "setAttr c.sz (`getAttr c.sz` + 1);" e; setAttr c.sz 0; playbackOptions -min 1 -max 5; play -wait; getAttr c.sz => 5
+expression -e -s "a.tz = time;" e; currentTime 48;
 delete a; ls -type expression; =>
 undo; getAttr a.tz => 2
