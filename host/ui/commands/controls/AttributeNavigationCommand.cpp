@@ -119,7 +119,7 @@ const Property NAVIGATION[] = {
 const ControlRow ROWS[] = {
     {"attrNavigationControlGrp", ControlKind,
         [](Element& element, const Call&) { element.SetWidget(new NavigationGroup(element)); }, NAVIGATION,
-        "attrNavDecision/anad str str cqe; attribute/at str cqe; changeCommand/cc script cqe; connectAttrToDropped/cat script cqe;"
+        "attrNavDecision/anad str str cqe; attribute/at str cqe; changeCommand/cc script cqe; connectAttrToDropped/catd script cqe;"
         "connectNodeToDropped/cnd script cqe; connectToExisting/cte script cqe; createNew/cn script cqe; defaultTraversal/dtv script cqe;"
         "delete/del script cqe; disconnect/dis script cqe; ignore/ig script cqe; ignoreNotSupported/ins B cqe; noIgnorableMenu/nim B cqe;"
         "noKeyableMenu/nkm B cqe; relatedNodes/rln script cqe; unignore/uig script cqe;",

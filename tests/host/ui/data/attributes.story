@@ -97,6 +97,11 @@ floatFieldGrp -q -v r => 0 30 0
 radioButtonGrp -nrb 2 -da1 0 -da2 3 o; addAttr -ln mode -at long box; connectControl o box.mode
 @click o 2
 getAttr box.mode => 3
+addAttr -ln pick -at long box; optionMenu q; menuItem -label "four" -data 4; menuItem -label "seven" -data 7; connectControl q box.pick; setAttr box.pick 7
+@idle
+optionMenu -q -v q => seven
+@key q Up
+getAttr box.pick => 4
 symbolCheckBox -onImage "no.png" k; connectControl k box.v; setAttr box.v 0
 @idle
 symbolCheckBox -q -v k => 0
