@@ -114,9 +114,10 @@ function(te2_add_folder name)
   set_property(GLOBAL APPEND PROPERTY TE2_FOLDERS te2_${name})
 endfunction()
 
-# te2_set_test_environment(<test>): no screen, and what the toolkit keeps is no leak.
+# te2_set_test_environment(<test>): no screen, and what the toolkit keeps is no leak. The longest take
+# half a minute under a sanitizer, and several times that beside a build.
 function(te2_set_test_environment test)
-  set_tests_properties(${test} PROPERTIES TIMEOUT 120
+  set_tests_properties(${test} PROPERTIES TIMEOUT 300
     ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8;TE2_BUILD_DIR=${CMAKE_BINARY_DIR};UBSAN_OPTIONS=halt_on_error=1:print_stacktrace=1;LSAN_OPTIONS=print_suppressions=0:suppressions=${CMAKE_SOURCE_DIR}/tests/support/lsan.supp;TSAN_OPTIONS=second_deadlock_stack=1:suppressions=${CMAKE_SOURCE_DIR}/tests/support/tsan.supp")
 endfunction()
 
